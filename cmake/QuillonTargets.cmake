@@ -1,0 +1,24 @@
+# One library a folder under src/. The names after LINK are the folders that this one may use: these lines are the
+# architecture, and tests/architecture reads them.
+function(quillon_library name)
+  cmake_parse_arguments(arg "" "" "LINK;LIBRARIES" ${ARGN})
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+  add_library(quillon_${name} STATIC ${sources})
+  target_include_directories(quillon_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  list(TRANSFORM arg_LINK PREPEND quillon_)
+  target_link_libraries(quillon_${name} PUBLIC ${arg_LINK} ${arg_LIBRARIES})
+endfunction()
+
+# A program of tests from all files of a folder under tests/.
+function(quillon_test folder)
+  cmake_parse_arguments(arg "" "" "LINK" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/${folder}/*.cpp)
+  if(NOT sources)
+    return()
+  endif()
+  add_executable(test_${folder} ${sources})
+  list(TRANSFORM arg_LINK PREPEND quillon_)
+  target_link_libraries(test_${folder} PRIVATE ${arg_LINK} quillon_testkit GTest::gmock GTest::gtest_main)
+  target_compile_definitions(test_${folder} PRIVATE QUILLON_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+  gtest_discover_tests(test_${folder} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
+endfunction()

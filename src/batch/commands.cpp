@@ -1,0 +1,126 @@
+#include "batch/commands.h"
+
+#include <fmt/format.h>
+#include <sys/stat.h>
+
+#include <cstdio>
+
+#include "batch/session.h"
+#include "core/text.h"
+#include "core/vocabulary.h"
+#include "store/lifecycle/file_copy.h"
+
+namespace quillon::batch {
+
+namespace {
+
+void Fail(const std::string& text) { std::fprintf(stderr, "message: %s\n", text.c_str()); }
+
+std::string Escape(std::string_view text) {
+    std::string escaped;
+    for (const char c : text) {
+        switch (c) {
+            case '\t':
+                escaped += "\\t";
+                break;
+            case '\n':
+                escaped += "\\n";
+                break;
+            case '\r':
+                escaped += "\\r";
+                break;
+            case '\\':
+                escaped += "\\\\";
+                break;
+            default:
+                escaped += c;
+        }
+    }
+    return escaped;
+}
+
+// Exchange of values as the file has them: a Boolean is 0 or 1.
+std::string Field(const Value& value) {
+    if (value.IsNull()) return "\\N";
+    return value.IsBoolean() ? (value.AsBoolean() ? "1" : "0") : Escape(value.AsText());
+}
+
+void Print(const std::string& line) { std::fwrite(line.data(), 1, line.size(), stdout); }
+
+void PrintRows(store::Recordset& rows) {
+    std::string line;
+    for (std::size_t i = 0; i < rows.ColumnCount(); ++i) line += (i == 0 ? "" : "\t") + Escape(rows.ColumnName(i));
+    Print(line + "\n");
+    for (; !rows.Eof(); rows.MoveNext()) {
+        line.clear();
+        for (std::size_t i = 0; i < rows.ColumnCount(); ++i) line += (i == 0 ? "" : "\t") + Field(rows.At(i));
+        Print(line + "\n");
+    }
+}
+
+bool IsSelect(std::string_view query) { return EqualText(query.substr(0, 6), "select"); }
+
+bool Exists(const std::string& path) {
+    struct stat info {};
+    return lstat(path.c_str(), &info) == 0;
+}
+
+}  // namespace
+
+ExitStatus RunNew(const CommonOptions& options, const std::string& path) {
+    Session session(options);
+    session.state.gKingdomName = options.kingdom;
+    session.state.gPrefRank = "Kingdom";
+    if (KingdomIndex(options.kingdom) == 0) {
+        Fail(fmt::format("'{}' is no kingdom: it is one of {}.", options.kingdom, fmt::join(kKingdomNames, ", ")));
+        return ExitStatus::Usage;
+    }
+    if (Exists(path) && options.answer != Answer::Yes) {
+        Fail(fmt::format("The file {} exists; --yes overwrites it.", path));
+        return ExitStatus::Failed;
+    }
+    store::RefuseFileInUse(session.engine, path);
+    session.lifecycle.MakeDataSet(path);
+    session.lifecycle.CloseDataSet();
+    return ExitStatus::Done;
+}
+
+ExitStatus RunQuery(const CommonOptions& options, const std::string& path, const std::string& query,
+                    const std::vector<std::string>& parameters) {
+    Session session(options);
+    session.Open(path);
+    store::QueryDef def = IsSelect(query) ? session.state.gDatabase->CreateQueryDef("", query)
+                                          : session.state.gDatabase->OpenQueryDef(query);
+    for (const std::string& parameter : parameters) {
+        const std::size_t equals = parameter.find('=');
+        if (equals == std::string::npos) {
+            Fail(fmt::format("'{}' is not of the form PARAMETER=VALUE.", parameter));
+            return ExitStatus::Usage;
+        }
+        def.Set(parameter.substr(0, equals), parameter.substr(equals + 1));
+    }
+    if (def.IsSelect()) {
+        PrintRows(*def.OpenRecordset(store::RecordsetType::ForwardOnly));
+    } else {
+        const int rows = def.Execute();
+        Print(fmt::format("rows\n{}\n", rows));
+    }
+    session.lifecycle.CloseDataSet();
+    return ExitStatus::Done;
+}
+
+ExitStatus RunInfo(const CommonOptions& options, const std::string& path) {
+    Session session(options);
+    session.Open(path);
+    std::string version;
+    session.lifecycle.IsDataSetVersionValid(version);
+    Print(fmt::format("version\t{}\nkingdom\t{}\npath\t{}\n", Escape(version), Escape(session.state.gKingdomName), Escape(path)));
+    for (const store::TableDef& table : session.state.gDatabase->TableDefs()) {
+        const auto count = session.state.gDatabase->CreateSnapshot(fmt::format("SELECT count(*) FROM [{}]", table.name));
+        Print(fmt::format("{}\t{}\n", table.name, count->At(0).AsLong()));
+    }
+    session.lifecycle.CloseDataSet();
+    return ExitStatus::Done;
+}
+
+}  // namespace quillon::batch

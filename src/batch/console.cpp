@@ -1,0 +1,66 @@
+#include "batch/console.h"
+
+#include <signal.h>
+#include <unistd.h>
+
+#include <cstdio>
+
+namespace quillon::batch {
+
+namespace {
+
+volatile sig_atomic_t signalled = 0;
+
+void Note(int) { signalled = 1; }
+
+std::string OneLine(std::string_view text) {
+    std::string line;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') continue;
+        line += text[i] == '\r' || text[i] == '\n' ? ' ' : text[i];
+    }
+    return line;
+}
+
+}  // namespace
+
+void ConsolePrompter::Message(std::string_view text, std::string_view) {
+    std::fprintf(stderr, "message: %s\n", OneLine(text).c_str());
+}
+
+bool ConsolePrompter::AskYesNo(std::string_view text, std::string_view) {
+    const bool yes = answer_ == Answer::Yes;
+    std::fprintf(stderr, "question: %s [%s]\n", OneLine(text).c_str(), yes ? "Yes" : "No");
+    return yes;
+}
+
+std::optional<std::string> ConsolePrompter::FileToOpen(std::string_view, std::string_view) { return {}; }
+
+std::optional<std::string> ConsolePrompter::FileToSave(std::string_view, std::string_view, bool) { return {}; }
+
+SignalPump::SignalPump(ApplicationState& state) : state_(state) {
+    struct sigaction action {};
+    action.sa_handler = Note;
+    sigaction(SIGINT, &action, nullptr);
+    sigaction(SIGTERM, &action, nullptr);
+}
+
+void SignalPump::Yield() {
+    if (signalled != 0) state_.gBatchCancel = true;
+}
+
+ProgressLine::ProgressLine(bool wanted) : drawn_(wanted && isatty(STDERR_FILENO) == 1) {}
+
+ProgressLine::~ProgressLine() {
+    if (drawn_ && last_ >= 0) std::fprintf(stderr, "\n");
+}
+
+void ProgressLine::Show(double percent) {
+    const int whole = static_cast<int>(percent);
+    if (!drawn_ || whole == last_) return;
+    last_ = whole;
+    std::fprintf(stderr, "\r%3d%%", whole);
+    std::fflush(stderr);
+}
+
+}  // namespace quillon::batch

@@ -1,0 +1,87 @@
+// quillon-batch: every job of the program without a screen.
+
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "batch/commands.h"
+#include "store/error.h"
+
+namespace quillon::batch {
+
+namespace {
+
+struct Arguments {
+    CommonOptions common;
+    bool yes = false, no = false;
+    std::string dataSet, file, query, format = "tagged";
+    std::vector<std::string> parameters;
+};
+
+void AddCommon(CLI::App& command, Arguments& arguments) {
+    command.add_option("--work-dir", arguments.common.workDir, "Folder for logs and work files")->check(CLI::ExistingDirectory);
+    auto* yes = command.add_flag("--yes", arguments.yes, "Answer Yes to every question");
+    command.add_flag("--no", arguments.no, "Answer No to every question")->excludes(yes);
+    command.add_flag("--progress", arguments.common.progress, "Show a progress line on a terminal");
+    command.add_option("DATASET", arguments.dataSet, "The DataSet")->required();
+}
+
+void AddKingdom(CLI::App& command, Arguments& arguments) {
+    command.add_option("--kingdom", arguments.common.kingdom, "The preference kingdom; without it the DataSet's own");
+}
+
+ExitStatus Dispatch(const CLI::App& app, Arguments& arguments) {
+    arguments.common.answer = arguments.yes ? Answer::Yes : Answer::No;
+    if (app.got_subcommand("new")) return RunNew(arguments.common, arguments.dataSet);
+    if (app.got_subcommand("import")) return RunImport(arguments.common, arguments.dataSet, arguments.file);
+    if (app.got_subcommand("query"))
+        return RunQuery(arguments.common, arguments.dataSet, arguments.query, arguments.parameters);
+    return RunInfo(arguments.common, arguments.dataSet);
+}
+
+int Run(int argc, char** argv) {
+    CLI::App app("Taxonomic Quillon without a screen", "quillon-batch");
+    Arguments arguments;
+    app.set_version_flag("--version", QUILLON_VERSION);
+    app.require_subcommand(1);
+
+    CLI::App* make = app.add_subcommand("new", "Make a new DataSet for a kingdom");
+    AddCommon(*make, arguments);
+    make->add_option("--kingdom", arguments.common.kingdom, "The kingdom: Monera, Protozoa, Plantae, Fungi, Animalia or Chromista")
+        ->required();
+    CLI::App* import = app.add_subcommand("import", "Read an exchange file into a DataSet");
+    AddCommon(*import, arguments);
+    AddKingdom(*import, arguments);
+    import->add_option("FILE", arguments.file, "The file to import")->required();
+    import->add_option("--format", arguments.format, "The format of the file")->check(CLI::IsMember({"tagged"}));
+    CLI::App* query = app.add_subcommand("query", "Run a stored query, or a text beginning with select");
+    AddCommon(*query, arguments);
+    AddKingdom(*query, arguments);
+    query->add_option("QUERY", arguments.query, "The name of a query, or a select")->required();
+    query->add_option("PARAMETER=VALUE", arguments.parameters, "Values of parameters; one not given is Null");
+    CLI::App* info = app.add_subcommand("info", "Tell version, kingdom and the rows of each table");
+    AddCommon(*info, arguments);
+    AddKingdom(*info, arguments);
+
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        const int code = app.exit(error);
+        return code == 0 ? 0 : static_cast<int>(ExitStatus::Usage);
+    }
+    try {
+        return static_cast<int>(Dispatch(app, arguments));
+    } catch (const store::StoreError& error) {
+        std::fprintf(stderr, "message: %s\n", error.what());
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "message: The job failed: %s\n", error.what());
+    }
+    return static_cast<int>(ExitStatus::Failed);
+}
+
+}  // namespace
+
+}  // namespace quillon::batch
+
+int main(int argc, char** argv) { return quillon::batch::Run(argc, argv); }

@@ -1,0 +1,48 @@
+// The application-wide state: one object that main makes and hands down. Each member has one writer rule; a fresh one is
+// empty, zero or false throughout.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "core/current_taxon.h"
+
+namespace quillon {
+
+namespace store {
+class Database;
+}
+
+struct ApplicationState {
+    std::shared_ptr<store::Database> gDatabase;  // the open DataSet
+    bool gDataSetOpen = false;
+    std::string gDataSetPath;    // empty when none is open
+    bool gDataSetIsNew = false;  // created in this run; makes the first import a plain load
+    std::string gVersion;        // major.minor.revision of the program
+
+    std::string gKingdomName;     // the preference, until the open DataSet overrides it
+    std::string gOldKingdomName;  // what the override replaced
+    int gKingdomId = 0;
+    std::string gPrefRank;
+    std::string gOldPrefRank;
+    std::string gPrefDataSet;  // path opened at start
+    std::string gPrefAuthor, gPrefWarnings;
+    std::string gPrefSaveReferences, gPrefSaveAuthor, gPrefSaveParent, gPrefSaveComments, gPrefSaveOtherFields;
+    bool gPreferencesChanging = false;
+
+    bool RecordDirty = false;               // a taxon on the form has not been saved
+    std::vector<int> gNewChangeTrackIds;    // written for the record still on the form
+    bool gQuitRequested = false;
+    CurrentTaxon currentTaxon;              // CurrentTaxon, qb_id 0 when none
+    int gRankGenus = 0, gRankSpecies = 0;
+
+    // The run of a long job.
+    bool gBatchRunning = false;
+    bool gBatchCancel = false;
+
+    std::string gDownloadPage;  // shown when a DataSet is newer than the program
+    std::string title;          // of the main window
+};
+
+}  // namespace quillon

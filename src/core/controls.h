@@ -1,0 +1,355 @@
+// The control models of forms: what a form's controls hold and allow, without a widget in sight.
+//
+// A form is a struct whose first member is a Form and whose other members are controls named as the system
+// names them. The form's rules are procedures over that struct; a window shows it through the binder of
+// src/ui, and a test works it directly. The program sets controls with Set...; what the user does comes in
+// through User..., which a disabled or locked control ignores, and which runs the rules hung on with OnEdit
+// or OnClick.
+//
+// Changes are told once, when the outermost action ends: a user's action or a ChangeScope. Setting an equal
+// value is silent. A form and its controls stay where they are made: neither is copied or moved.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace quillon {
+
+class Control;
+
+class Form {
+public:
+    // `name` as the system names the form ("FrmImport").
+    explicit Form(std::string name) : name_(std::move(name)) {}
+    Form(const Form&) = delete;
+    Form& operator=(const Form&) = delete;
+
+    const std::string& Name() const { return name_; }
+    // In the order of declaration.
+    const std::vector<Control*>& Controls() const { return controls_; }
+    // nullptr when the form has no control of that name.
+    Control* Find(std::string_view name) const;
+
+    const std::string& Title() const { return title_; }
+    void SetTitle(std::string_view title);
+    // Asks whoever shows the form to close it, at once.
+    void Close();
+    // Run by the window when the user closes it; without a handler the form just closes. A handler decides by
+    // calling Close() or not.
+    void UserClose();
+    void OnUserClose(std::function<void()> rule) { closeRule_ = std::move(rule); }
+
+    // Tells what changed so far, in the midst of an action: for jobs that let the window repaint while they
+    // run.
+    void TellChanges();
+
+    // Told after an action that changed the title; told at each Close().
+    void OnTitle(std::function<void()> observer) { titleObserver_ = std::move(observer); }
+    void OnClosed(std::function<void()> observer) { closedObserver_ = std::move(observer); }
+
+private:
+    friend class Control;
+    friend class ChangeScope;
+    void Begin() { ++depth_; }
+    void End();
+
+    std::string name_;
+    std::string title_;
+    std::vector<Control*> controls_;
+    std::vector<Control*> changed_;
+    int depth_ = 0;
+    bool telling_ = false;
+    bool titleChanged_ = false;
+    std::function<void()> closeRule_, titleObserver_, closedObserver_;
+};
+
+// One action of the program on a form: what changes within the outermost scope is told once, at its end.
+// Observers must not throw.
+class ChangeScope {
+public:
+    explicit ChangeScope(Form& form) : form_(form) { form_.Begin(); }
+    ~ChangeScope() { form_.End(); }
+    ChangeScope(const ChangeScope&) = delete;
+    ChangeScope& operator=(const ChangeScope&) = delete;
+
+private:
+    Form& form_;
+};
+
+class Control {
+public:
+    virtual ~Control() = default;
+    Control(const Control&) = delete;
+    Control& operator=(const Control&) = delete;
+
+    const std::string& Name() const { return name_; }
+    bool Enabled() const { return enabled_; }
+    bool Visible() const { return visible_; }
+    // Shown and enabled as ever, but not to be changed by the user.
+    bool Locked() const { return locked_; }
+    // With the "&" of its access key.
+    const std::string& Caption() const { return caption_; }
+    void SetEnabled(bool enabled) { Assign(enabled_, enabled); }
+    void SetVisible(bool visible) { Assign(visible_, visible); }
+    void SetLocked(bool locked) { Assign(locked_, locked); }
+    void SetCaption(std::string_view caption) { Assign(caption_, std::string(caption)); }
+
+    // Told once after each outermost action in which anything of the control changed.
+    void Observe(std::function<void()> observer) { observers_.push_back(std::move(observer)); }
+    // A rule that follows a change by the user; it runs inside the action, before anything is told.
+    void OnEdit(std::function<void()> rule) { rules_.push_back(std::move(rule)); }
+
+protected:
+    Control(Form& form, std::string name);
+
+    template <typename T>
+    bool Assign(T& member, T value) {
+        if (member == value) return false;
+        member = std::move(value);
+        Touch();
+        return true;
+    }
+    void Touch();
+    bool AcceptsUser() const { return enabled_ && !locked_; }
+    // Runs `change` as the user's action; when it gives true the rules follow. False when it was not let
+    // through.
+    bool ByUser(const std::function<bool()>& change);
+
+    Form& form_;
+
+private:
+    friend class Form;
+    std::string name_;
+    std::string caption_;
+    bool enabled_ = true;
+    bool visible_ = true;
+    bool locked_ = false;
+    bool touched_ = false;
+    std::vector<std::function<void()>> observers_;
+    std::vector<std::function<void()>> rules_;
+};
+
+// A fixed text: a label, a panel of the status bar, a frame. Its text is its caption.
+class LabelControl : public Control {
+public:
+    LabelControl(Form& form, std::string name, std::string_view caption = {});
+};
+
+class TextControl : public Control {
+public:
+    // `maxLength` in characters bounds what the user types; 0 for none.
+    TextControl(Form& form, std::string name, std::size_t maxLength = 0);
+
+    const std::string& Text() const { return text_; }
+    std::size_t MaxLength() const { return maxLength_; }
+    void SetText(std::string_view text) { Assign(text_, std::string(text)); }
+    bool UserSetText(std::string_view text);
+
+private:
+    std::string text_;
+    std::size_t maxLength_;
+};
+
+class CheckControl : public Control {
+public:
+    CheckControl(Form& form, std::string name, std::string_view caption = {});
+
+    bool Value() const { return value_; }
+    void SetValue(bool value) { Assign(value_, value); }
+    bool UserSetValue(bool value);
+
+private:
+    bool value_ = false;
+};
+
+// One of a group of which at most one is chosen; the group is all option controls of the form with the same
+// group name.
+class OptionControl : public Control {
+public:
+    OptionControl(Form& form, std::string name, std::string group, std::string_view caption = {});
+
+    const std::string& Group() const { return group_; }
+    bool Value() const { return value_; }
+    // Choosing one lets go of the others.
+    void SetValue(bool value);
+    bool UserChoose();
+
+private:
+    std::string group_;
+    bool value_ = false;
+};
+
+// A push button, a toolbar button or a menu item.
+class ButtonControl : public Control {
+public:
+    ButtonControl(Form& form, std::string name, std::string_view caption = {});
+
+    // The rule that a click runs, inside one action; several run in the order they were hung on.
+    void OnClick(std::function<void()> rule) { OnEdit(std::move(rule)); }
+    bool UserClick();
+};
+
+// The choices that combo boxes and lists have in common. A choice is known by its place, from 0.
+class ChoiceControl : public Control {
+public:
+    struct Choice {
+        std::string text;
+        std::int64_t itemData = 0;
+        bool operator==(const Choice&) const = default;
+    };
+
+    const std::vector<Choice>& Choices() const { return choices_; }
+    std::size_t ListCount() const { return choices_.size(); }
+    // -1 when none is chosen.
+    int ListIndex() const { return listIndex_; }
+    // The item data of the choice; 0 when `index` is none.
+    std::int64_t ItemData(int index) const { return Has(index) ? At(index).itemData : 0; }
+    // -1 when no choice has exactly this text.
+    int FindText(std::string_view text) const;
+    int FindItemData(std::int64_t itemData) const;
+
+    void AddItem(std::string_view text, std::int64_t itemData = 0);
+    // Replaces all choices; nothing is chosen afterwards, but an editable combo keeps its text.
+    void SetChoices(std::vector<Choice> choices);
+    void SetTexts(const std::vector<std::string>& texts);
+    void RemoveItem(int index);
+    void Clear();
+
+protected:
+    using Control::Control;
+    bool Has(int index) const { return index >= 0 && static_cast<std::size_t>(index) < choices_.size(); }
+    const Choice& At(int index) const { return choices_[static_cast<std::size_t>(index)]; }
+
+    // The chosen one has been removed from the choices.
+    virtual void ChoiceLost() {}
+
+    std::vector<Choice> choices_;
+    int listIndex_ = -1;
+};
+
+// A text with choices to take it from. Of a list-only one the text is always a choice, or empty.
+class ComboControl : public ChoiceControl {
+public:
+    enum class Style { Editable, ListOnly };
+    ComboControl(Form& form, std::string name, Style style = Style::Editable, std::size_t maxLength = 0);
+
+    Style GetStyle() const { return style_; }
+    const std::string& Text() const { return text_; }
+    std::size_t MaxLength() const { return maxLength_; }
+    // Chooses the choice of exactly this text; an editable combo takes any other text too, a list-only one
+    // empties.
+    void SetText(std::string_view text);
+    // -1 empties the text.
+    void SetListIndex(int index);
+    bool UserChoose(int index);
+    bool UserSetText(std::string_view text);
+
+private:
+    void ChoiceLost() override;
+
+    Style style_;
+    std::string text_;
+    std::size_t maxLength_;
+};
+
+// A list of which one item may be selected.
+class ListControl : public ChoiceControl {
+public:
+    ListControl(Form& form, std::string name);
+
+    // The text of the selected item, empty for none.
+    std::string Text() const { return Has(listIndex_) ? At(listIndex_).text : std::string(); }
+    void SetListIndex(int index) { Assign(listIndex_, Has(index) ? index : -1); }
+    bool UserSelect(int index);
+    // A double click, or Return, on the selected item.
+    void OnActivate(std::function<void()> rule) { activateRule_ = std::move(rule); }
+    bool UserActivate(int index);
+
+private:
+    std::function<void()> activateRule_;
+};
+
+// Rows of texts under columns, some of them hidden (they hold the keys). Rows and columns count from 0.
+class GridControl : public Control {
+public:
+    struct Column {
+        std::string heading;
+        bool hidden = false;
+    };
+    using Row = std::vector<std::string>;
+    GridControl(Form& form, std::string name, std::initializer_list<Column> columns);
+
+    const std::vector<Column>& Columns() const { return columns_; }
+    void SetHeading(std::size_t column, std::string_view heading);
+    const std::vector<Row>& Rows() const { return rows_; }
+    const std::string& Cell(std::size_t row, std::size_t column) const { return rows_.at(row).at(column); }
+    // A row shorter than the columns is filled up with empty texts.
+    void AddRow(Row row);
+    void SetRows(std::vector<Row> rows);
+    void SetCell(std::size_t row, std::size_t column, std::string_view text);
+    void RemoveRow(std::size_t row);
+    void Clear() { SetRows({}); }
+
+    // -1 when no row is selected.
+    int SelectedRow() const { return selected_; }
+    void SetSelectedRow(int row) { Assign(selected_, HasRow(row) ? row : -1); }
+    bool UserSelectRow(int row);
+    void OnActivate(std::function<void()> rule) { activateRule_ = std::move(rule); }
+    bool UserActivateRow(int row);
+
+private:
+    bool HasRow(int row) const { return row >= 0 && static_cast<std::size_t>(row) < rows_.size(); }
+    std::vector<Column> columns_;
+    std::vector<Row> rows_;
+    int selected_ = -1;
+    std::function<void()> activateRule_;
+};
+
+// How far a job is. The value stays within the limits, whatever it is set to. A new value is told at once,
+// with all that changed before it.
+class GaugeControl : public Control {
+public:
+    GaugeControl(Form& form, std::string name, int minimum = 0, int maximum = 100);
+
+    int Min() const { return minimum_; }
+    int Max() const { return maximum_; }
+    int Value() const { return value_; }
+    void SetMin(int minimum);
+    void SetMax(int maximum);
+    void SetValue(int value);
+
+private:
+    int minimum_, maximum_, value_;
+};
+
+// Tabs known by key; the selected one by its place, from 1.
+class TabStripControl : public Control {
+public:
+    struct Tab {
+        std::string key;
+        std::string caption;
+    };
+    TabStripControl(Form& form, std::string name, std::initializer_list<Tab> tabs);
+
+    const std::vector<Tab>& Tabs() const { return tabs_; }
+    int SelectedIndex() const { return selected_; }
+    const std::string& SelectedKey() const { return tabs_[static_cast<std::size_t>(selected_ - 1)].key; }
+    // 0 when there is no such key.
+    int IndexOf(std::string_view key) const;
+    void SetSelectedIndex(int index);
+    // A click on the tab that is shown changes nothing.
+    bool UserSelect(int index);
+
+private:
+    bool HasTab(int index) const { return index >= 1 && static_cast<std::size_t>(index) <= tabs_.size(); }
+    std::vector<Tab> tabs_;
+    int selected_ = 1;
+};
+
+}  // namespace quillon

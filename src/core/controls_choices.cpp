@@ -1,0 +1,152 @@
+#include <algorithm>
+
+#include "core/controls.h"
+#include "core/text.h"
+
+namespace quillon {
+
+int ChoiceControl::FindText(std::string_view text) const {
+    const auto found = std::find_if(choices_.begin(), choices_.end(),
+                                    [&](const Choice& choice) { return choice.text == text; });
+    return found == choices_.end() ? -1 : static_cast<int>(found - choices_.begin());
+}
+
+int ChoiceControl::FindItemData(std::int64_t itemData) const {
+    const auto found = std::find_if(choices_.begin(), choices_.end(),
+                                    [&](const Choice& choice) { return choice.itemData == itemData; });
+    return found == choices_.end() ? -1 : static_cast<int>(found - choices_.begin());
+}
+
+void ChoiceControl::AddItem(std::string_view text, std::int64_t itemData) {
+    choices_.push_back({std::string(text), itemData});
+    Touch();
+}
+
+void ChoiceControl::SetChoices(std::vector<Choice> choices) {
+    ChangeScope scope(form_);
+    Assign(choices_, std::move(choices));
+    if (Assign(listIndex_, -1)) ChoiceLost();
+}
+
+void ChoiceControl::SetTexts(const std::vector<std::string>& texts) {
+    std::vector<Choice> choices;
+    for (const std::string& text : texts) choices.push_back({text, 0});
+    SetChoices(std::move(choices));
+}
+
+void ChoiceControl::RemoveItem(int index) {
+    if (!Has(index)) return;
+    ChangeScope scope(form_);
+    choices_.erase(choices_.begin() + index);
+    Touch();
+    if (listIndex_ > index) {
+        --listIndex_;
+    } else if (listIndex_ == index) {
+        listIndex_ = -1;
+        ChoiceLost();
+    }
+}
+
+void ChoiceControl::Clear() {
+    SetChoices(std::vector<Choice>{});
+}
+
+ComboControl::ComboControl(Form& form, std::string name, Style style, std::size_t maxLength)
+    : ChoiceControl(form, std::move(name)), style_(style), maxLength_(maxLength) {}
+
+void ComboControl::ChoiceLost() {
+    if (style_ == Style::ListOnly) Assign(text_, std::string());
+}
+
+void ComboControl::SetText(std::string_view text) {
+    ChangeScope scope(form_);
+    const int index = FindText(text);
+    Assign(listIndex_, index);
+    Assign(text_, index < 0 && style_ == Style::ListOnly ? std::string() : std::string(text));
+}
+
+void ComboControl::SetListIndex(int index) {
+    ChangeScope scope(form_);
+    Assign(listIndex_, Has(index) ? index : -1);
+    Assign(text_, Has(index) ? At(index).text : std::string());
+}
+
+bool ComboControl::UserChoose(int index) {
+    return ByUser([&] {
+        if (!Has(index) || (index == listIndex_ && At(index).text == text_)) return false;
+        SetListIndex(index);
+        return true;
+    });
+}
+
+bool ComboControl::UserSetText(std::string_view text) {
+    if (style_ == Style::ListOnly) return UserChoose(FindText(text));
+    if (maxLength_ != 0) text = LeftCharacters(text, maxLength_);
+    return ByUser([&] {
+        if (text == text_) return false;
+        SetText(text);
+        return true;
+    });
+}
+
+ListControl::ListControl(Form& form, std::string name) : ChoiceControl(form, std::move(name)) {}
+
+bool ListControl::UserSelect(int index) {
+    return ByUser([&] { return Has(index) && Assign(listIndex_, index); });
+}
+
+bool ListControl::UserActivate(int index) {
+    if (!AcceptsUser() || !Has(index)) return false;
+    ChangeScope scope(form_);
+    UserSelect(index);
+    if (activateRule_) activateRule_();
+    return true;
+}
+
+GridControl::GridControl(Form& form, std::string name, std::initializer_list<Column> columns)
+    : Control(form, std::move(name)), columns_(columns) {}
+
+void GridControl::SetHeading(std::size_t column, std::string_view heading) {
+    Assign(columns_.at(column).heading, std::string(heading));
+}
+
+void GridControl::AddRow(Row row) {
+    row.resize(columns_.size());
+    rows_.push_back(std::move(row));
+    Touch();
+}
+
+void GridControl::SetRows(std::vector<Row> rows) {
+    ChangeScope scope(form_);
+    for (Row& row : rows) row.resize(columns_.size());
+    Assign(rows_, std::move(rows));
+    Assign(selected_, -1);
+}
+
+void GridControl::SetCell(std::size_t row, std::size_t column, std::string_view text) {
+    Assign(rows_.at(row).at(column), std::string(text));
+}
+
+void GridControl::RemoveRow(std::size_t row) {
+    if (row >= rows_.size()) return;
+    ChangeScope scope(form_);
+    const int index = static_cast<int>(row);
+    rows_.erase(rows_.begin() + index);
+    if (selected_ == index) selected_ = -1;
+    if (selected_ > index) --selected_;
+    Touch();
+}
+
+bool GridControl::UserSelectRow(int row) {
+    return ByUser([&] { return HasRow(row) && Assign(selected_, row); });
+}
+
+bool GridControl::UserActivateRow(int row) {
+    if (!AcceptsUser() || !HasRow(row)) return false;
+    ChangeScope scope(form_);
+    UserSelectRow(row);
+    if (activateRule_) activateRule_();
+    return true;
+}
+
+}  // namespace quillon

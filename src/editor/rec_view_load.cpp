@@ -1,0 +1,111 @@
+#include "editor/rec_view_load.h"
+
+#include <fmt/format.h>
+
+#include "core/names.h"
+#include "store/engine.h"
+
+namespace quillon::editor {
+
+using store::Recordset;
+
+namespace {
+
+int IntOf(const Recordset& row, std::string_view column) {
+    return static_cast<int>(row[column].AsLong());
+}
+
+NameFields NameFieldsOf(const Recordset& row) {
+    return {row["unit_ind1"], row["unit_name1"], row["unit_ind2"], row["unit_name2"],
+            row["unit_ind3"], row["unit_name3"], row["unit_ind4"], row["unit_name4"]};
+}
+
+void TakeName(const Recordset& row, CurrentTaxon& taxon) {
+    taxon.unit_ind1 = row["unit_ind1"].AsText();
+    taxon.unit_name1 = row["unit_name1"].AsText();
+    taxon.unit_ind2 = row["unit_ind2"].AsText();
+    taxon.unit_name2 = row["unit_name2"].AsText();
+    taxon.unit_ind3 = row["unit_ind3"].AsText();
+    taxon.unit_name3 = row["unit_name3"].AsText();
+    taxon.unit_ind4 = row["unit_ind4"].AsText();
+    taxon.unit_name4 = row["unit_name4"].AsText();
+}
+
+void TakeRow(const Recordset& row, CurrentTaxon& taxon) {
+    taxon.qb_id = IntOf(row, "qb_id");
+    taxon.tsn = IntOf(row, "tsn");
+    TakeName(row, taxon);
+    taxon.unnamed_taxon_ind = row["unnamed_taxon_ind"].AsText();
+    taxon.usage = row["usage"].AsText();
+    taxon.unacceptability_reason = row["unacceptability_reason"].AsText();
+    taxon.taxonomic_credibility_rating = row["taxonomic_credibility_rating"].AsText();
+    taxon.taxonomic_completeness_rating = row["taxonomic_completeness_rating"].AsText();
+    taxon.currency_rating = row["currency_rating"].AsText();
+    taxon.phylo_sort_sequence = IntOf(row, "phylo_sort_sequence");
+    taxon.initial_time_stamp = row["initial_time_stamp"];
+    taxon.parent_tsn = IntOf(row, "parent_tsn");
+    taxon.parent_qb_id = IntOf(row, "parent_qb_id");
+    taxon.qb_taxon_author_id = IntOf(row, "qb_taxon_author_id");
+    taxon.hybrid_author_id = IntOf(row, "hybrid_author_id");
+    taxon.kingdom_id = IntOf(row, "kingdom_id");
+    taxon.rank_id = IntOf(row, "rank_id");
+    taxon.uncertain_parent_ind = IntOf(row, "uncertain_parent_ind");
+}
+
+std::unique_ptr<Recordset> OpenWith(store::Database& database, std::string_view query,
+                                    std::string_view parameter, int id) {
+    return database.OpenQueryDef(query).Set(parameter, id).CreateSnapshot();
+}
+
+void LoadRank(store::Database& database, CurrentTaxon& taxon) {
+    const auto rank = OpenWith(database, "Get Rank Info", "rank", taxon.rank_id);
+    if (rank->Eof()) return;
+    taxon.rank_name = rank->Get("rank_name").AsText();
+    taxon.direct_parent_rank_id = IntOf(*rank, "direct_parent_rank_id");
+    taxon.required_parent_rank_id = IntOf(*rank, "required_parent_rank_id");
+}
+
+std::string AuthorOf(store::Database& database, Prompter& prompter, int authorId) {
+    if (authorId == 0) return {};
+    const auto author = OpenWith(database, "Get Author Name", "authorid", authorId);
+    if (!author->Eof()) return author->Get("taxon_author").AsText();
+    prompter.Message(fmt::format("No Author name in dataset for author id '{}'!", authorId));
+    return {};
+}
+
+void LoadParent(store::Database& database, CurrentTaxon& taxon) {
+    if (taxon.parent_qb_id == 0) return;
+    const auto parent = OpenWith(database, "Get Parent Name", "Parent_id", taxon.parent_qb_id);
+    if (parent->Eof()) return;
+    taxon.parent_name = BuildSciName(NameFieldsOf(*parent));
+    const auto rank = OpenWith(database, "Get Rank Info", "rank", IntOf(*parent, "rank_id"));
+    if (!rank->Eof()) taxon.parent_rank_name = rank->Get("rank_name").AsText();
+}
+
+}  // namespace
+
+void LoadTaxon(ApplicationState& state, Prompter& prompter, int qb_id) {
+    store::Database& database = *state.gDatabase;
+    const auto row = database.OpenTable("qb_taxonomic_units");
+    row->SetIndex("PrimaryKey");
+    row->Seek("=", {Value(qb_id)});
+    if (row->NoMatch()) return prompter.Message(fmt::format("Not Found, qb_id: {}", qb_id));
+    CurrentTaxon taxon;
+    TakeRow(*row, taxon);
+    const auto nodc = OpenWith(database, "Get NODC Id", "ID", qb_id);
+    if (!nodc->Eof()) taxon.nodc_id = nodc->Get("nodc_id").AsText();
+    LoadRank(database, taxon);
+    taxon.taxon_author = AuthorOf(database, prompter, taxon.qb_taxon_author_id);
+    taxon.hybrid_author = AuthorOf(database, prompter, taxon.hybrid_author_id);
+    LoadParent(database, taxon);
+    state.currentTaxon = std::move(taxon);
+}
+
+std::string NameOf(const CurrentTaxon& taxon) {
+    return BuildSciName({Value::TextOrNull(taxon.unit_ind1), Value::TextOrNull(taxon.unit_name1),
+                         Value::TextOrNull(taxon.unit_ind2), Value::TextOrNull(taxon.unit_name2),
+                         Value::TextOrNull(taxon.unit_ind3), Value::TextOrNull(taxon.unit_name3),
+                         Value::TextOrNull(taxon.unit_ind4), Value::TextOrNull(taxon.unit_name4)});
+}
+
+}  // namespace quillon::editor

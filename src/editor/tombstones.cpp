@@ -1,0 +1,57 @@
+// The rows of db_tombstone, written and forgotten.
+#include "core/text.h"
+#include "editor/deletion.h"
+#include "editor/unit.h"
+
+namespace quillon::editor {
+
+namespace {
+
+// One column of the key in the condition that finds a tombstone again.
+std::string KeyCondition(std::string_view column, const Value& key) {
+    const std::string text = ReplaceText(Trim(key.AsText()), "'", "''");
+    return " AND strcomp( " + std::string(column) + ", '" + text + "', 0) = 0";
+}
+
+}  // namespace
+
+bool Deletion::TryWriteTombstone(std::string_view table_name, const Value& pk1,
+                                 const std::optional<Value>& pk2, const std::optional<Value>& pk3,
+                                 const std::optional<Value>& pk4) {
+    try {
+        Unit unit(engine_);
+        const auto tombstones = Db().OpenTable("db_tombstone");
+        tombstones->AddNew();
+        tombstones->Set("table_name", table_name);
+        tombstones->Set("pk1", Value::TextOrNull(pk1.AsText()));
+        if (pk2) tombstones->Set("pk2", Value::TextOrNull(pk2->AsText()));
+        if (pk2 && pk3) tombstones->Set("pk3", Value::TextOrNull(pk3->AsText()));
+        if (pk2 && pk3 && pk4) tombstones->Set("pk4", Value::TextOrNull(pk4->AsText()));
+        tombstones->Update();
+        unit.Commit();
+        return true;
+    } catch (const store::StoreError&) {
+        return false;
+    }
+}
+
+void Deletion::WriteTombstone(std::string_view table_name, const Value& pk1, const std::optional<Value>& pk2,
+                              const std::optional<Value>& pk3, const std::optional<Value>& pk4) {
+    TryWriteTombstone(table_name, pk1, pk2, pk3, pk4);
+}
+
+void Deletion::RemoveTombstone(std::string_view table_name, const Value& pk1, const std::optional<Value>& pk2,
+                               const std::optional<Value>& pk3, const std::optional<Value>& pk4) {
+    std::string sql = "DELETE FROM db_tombstone WHERE table_name = '" + std::string(table_name) + "'  " +
+                      KeyCondition("pk1", pk1);
+    if (pk2) sql += KeyCondition("pk2", *pk2);
+    if (pk3) sql += KeyCondition("pk3", *pk3);
+    if (pk4) sql += KeyCondition("pk4", *pk4);
+    try {
+        Db().Execute(sql);
+    } catch (const store::StoreError& error) {
+        prompter_.Message("Failed " + error.Description());
+    }
+}
+
+}  // namespace quillon::editor

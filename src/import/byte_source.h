@@ -1,0 +1,61 @@
+// Where an import reads its bytes: a file, or memory for tests and fuzzing. Nothing here knows of lines or
+// text.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace quillon::importing {
+
+// The source cannot be read; what() is a sentence for the user.
+class ReadError : public std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+class ByteSource {
+public:
+    virtual ~ByteSource() = default;
+    // Fills up to `size` bytes and gives how many; 0 only at the end. Throws ReadError.
+    virtual std::size_t Read(char* buffer, std::size_t size) = 0;
+    // Back to the first byte. Throws ReadError.
+    virtual void Rewind() = 0;
+    // All bytes of the source.
+    virtual std::int64_t Size() const = 0;
+};
+
+class FileSource : public ByteSource {
+public:
+    // Throws ReadError when the file cannot be opened.
+    explicit FileSource(const std::string& path);
+    std::size_t Read(char* buffer, std::size_t size) override;
+    void Rewind() override;
+    std::int64_t Size() const override { return size_; }
+
+private:
+    struct Closer {
+        void operator()(std::FILE* file) const { std::fclose(file); }
+    };
+    std::string path_;
+    std::unique_ptr<std::FILE, Closer> file_;
+    std::int64_t size_ = 0;
+};
+
+// The bytes must outlive the source.
+class MemorySource : public ByteSource {
+public:
+    explicit MemorySource(std::string_view bytes) : bytes_(bytes) {}
+    std::size_t Read(char* buffer, std::size_t size) override;
+    void Rewind() override { position_ = 0; }
+    std::int64_t Size() const override { return static_cast<std::int64_t>(bytes_.size()); }
+
+private:
+    std::string_view bytes_;
+    std::size_t position_ = 0;
+};
+
+}  // namespace quillon::importing

@@ -1,0 +1,42 @@
+// One line of an exchange file cut into its fields. Positions are bytes of the line's UTF-8; a delimiter
+// never lies inside a character.
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+namespace quillon::importing {
+
+inline constexpr std::string_view kTaggedDelimiter = "|";
+
+// The first four characters when the fourth is "]", otherwise the first five; the whole line when it is
+// shorter.
+std::string_view TagOfLine(std::string_view line);
+
+class FieldCutter {
+public:
+    // Stands before the field that begins at byte `begin`. The line and the delimiter, which is not empty,
+    // must outlive the cutter.
+    FieldCutter(std::string_view line, std::size_t begin, std::string_view delimiter = kTaggedDelimiter)
+        : line_(line), delimiter_(delimiter), start_(begin) {}
+
+    // True when a delimiter stands after the next character or later: a line without one holds no field to
+    // begin with. A delimiter as the next character itself is not looked at.
+    bool HasLaterDelimiter() const;
+    // Goes to the next field; false when no delimiter closes it.
+    bool NextField();
+    // Without the blanks at both ends.
+    std::string_view Field() const { return field_; }
+    // True when nothing stands after the delimiter of the current field.
+    bool AtEnd() const { return start_ >= line_.size(); }
+    // True when a delimiter closes one more field.
+    bool HasNext() const { return line_.find(delimiter_, start_) != std::string_view::npos; }
+
+private:
+    std::string_view line_;
+    std::string_view delimiter_;
+    std::size_t start_;
+    std::string_view field_;
+};
+
+}  // namespace quillon::importing

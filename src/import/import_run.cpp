@@ -1,0 +1,221 @@
+#include "import/import_run.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "core/text.h"
+
+namespace quillon::importing {
+
+namespace {
+
+constexpr std::string_view kDeleteTaxonRow =
+    "PARAMETERS theid Long; DELETE * FROM qb_taxonomic_units WHERE qb_id = theid;";
+constexpr std::string_view kKingdomRows =
+    "SELECT qb_id, rank_id, usage FROM qb_taxonomic_units WHERE (usage = 'valid' OR usage = 'accepted') "
+    "AND rank_id = ";
+constexpr std::string_view kAuthors =
+    "SELECT qb_taxon_author_id, taxon_author FROM qb_taxon_authors_lookup ORDER BY qb_taxon_author_id;";
+constexpr std::string_view kVernIdByName =
+    "PARAMETERS theid Long, thename Text, thehex Text; SELECT vern_id FROM qb_vernaculars "
+    "WHERE qb_id = theid AND vernacular_name = thename AND hex_vernacular_name = thehex ORDER BY qb_vern_id;";
+constexpr std::string_view kQbVernIdByVernId =
+    "PARAMETERS theid Long; SELECT qb_vern_id FROM qb_vernaculars WHERE vern_id = theid ORDER BY qb_vern_id;";
+
+// The statement cannot succeed for any other line either.
+bool ConcernsTheFile(const store::StoreError& error) {
+    using store::ErrorNumber;
+    static constexpr ErrorNumber fatal[] = {ErrorNumber::DiskFull,    ErrorNumber::DiskError,
+                                            ErrorNumber::CorruptFile, ErrorNumber::ReadOnly,
+                                            ErrorNumber::FileInUse,   ErrorNumber::ObjectClosed};
+    return std::any_of(std::begin(fatal), std::end(fatal),
+                       [&](ErrorNumber number) { return error.Is(number); });
+}
+
+}  // namespace
+
+RecordWriters::RecordWriters(store::Database& database)
+    : taxa(database, "qb_taxonomic_units",
+           {"qb_id",
+            "tsn",
+            "unit_ind1",
+            "unit_name1",
+            "unit_ind2",
+            "unit_name2",
+            "unit_ind3",
+            "unit_name3",
+            "unit_ind4",
+            "unit_name4",
+            "unnamed_taxon_ind",
+            "usage",
+            "unacceptability_reason",
+            "taxonomic_credibility_rating",
+            "taxonomic_completeness_rating",
+            "currency_rating",
+            "phylo_sort_sequence",
+            "initial_time_stamp",
+            "parent_tsn",
+            "parent_qb_id",
+            "qb_taxon_author_id",
+            "hybrid_author_id",
+            "kingdom_id",
+            "rank_id",
+            "uncertain_parent_ind"}),
+      authors(database, "qb_taxon_authors_lookup",
+              {"qb_taxon_author_id", "taxon_author_id", "taxon_author", "kingdom_id"}),
+      nodcIds(database, "qb_nodc_ids", {"nodc_id", "qb_id", "tsn"}),
+      vernaculars(database, "qb_vernaculars",
+                  {"qb_id", "qb_vern_id", "vern_id", "vernacular_name", "tsn", "language", "approved_ind",
+                   "hex_vernacular_name"}),
+      synonyms(database, "qb_synonym_links", {"qb_id", "qb_id_accepted", "tsn", "tsn_accepted"}),
+      divisions(database, "qb_geographic_division", {"qb_id", "geographic_value", "tsn"}),
+      jurisdictions(database, "qb_jurisdiction", {"qb_id", "jurisdiction_value", "origin", "tsn"}),
+      references(database, "qb_reference_links",
+                 {"qb_id", "qb_documentation_id_prefix", "qb_documentation_id", "tsn", "documentation_id",
+                  "original_desc_ind", "initial_orva_desc_ind", "qb_change_track_id"}),
+      vernReferences(database, "qb_vern_ref_links",
+                     {"qb_id", "qb_vern_id", "vern_id", "qb_documentation_id_prefix", "qb_documentation_id",
+                      "tsn", "documentation_id"}),
+      publications(database, "qb_publications",
+                   {"publication_id_prefix", "qb_publication_id", "publication_id", "reference_author",
+                    "title", "publication_name", "listed_pub_date", "actual_pub_date", "publisher",
+                    "pub_place", "isbn", "issn", "pages", "pub_comment"}),
+      experts(database, "qb_experts",
+              {"expert_id_prefix", "qb_expert_id", "expert_id", "expert", "exp_comment"}),
+      otherSources(database, "qb_other_sources",
+                   {"source_id_prefix", "qb_source_id", "source_id", "source_type", "source", "version",
+                    "acquisition_date", "source_comment"}),
+      comments(database, "qb_comments",
+               {"qb_comment_id", "comment_id", "commentator", "comment_detail", "comment_time_stamp"}),
+      commentLinks(database, "qb_tu_comments_link", {"qb_id", "qb_comment_id", "tsn", "comment_id"}),
+      changeTracks(database, "qb_change_tracks",
+                   {"qb_change_track_id", "change_track_id", "old_tsn", "change_reason", "change_initiator",
+                    "change_reviewer", "change_certifier", "change_time_stamp", "tsn", "qb_id"}),
+      changeOperations(database, "qb_change_operations",
+                       {"qb_change_track_id", "chg_op_id", "change_track_id"}),
+      changeComments(
+          database, "qb_change_comments",
+          {"qb_change_track_id", "qb_chg_cmt_id", "change_track_id", "chg_cmt_id", "change_detail"}) {}
+
+std::int32_t NextNumber::Get() {
+    if (number_ == 0) number_ = static_cast<std::int32_t>(load_.ReserveAutoNumber(table_));
+    return number_;
+}
+
+ImportRun::ImportRun(ApplicationState& theState, store::Engine& theEngine, store::BulkLoad& load,
+                     Prompter& thePrompter, FindingSink sink)
+    : state(theState),
+      engine(theEngine),
+      prompter(thePrompter),
+      deletion(theState, theEngine, thePrompter),
+      writers(*theState.gDatabase),
+      nextAuthor(load, "qb_taxon_authors_lookup"),
+      nextChangeComment(load, "qb_change_comments"),
+      load_(load),
+      sink_(std::move(sink)),
+      deleteTaxonRow_(Db().CreateQueryDef("", kDeleteTaxonRow)),
+      vernIdByName_(Db().CreateQueryDef("", kVernIdByName)),
+      qbVernIdByVernId_(Db().CreateQueryDef("", kQbVernIdByVernId)) {
+    ReadKingdom();
+    ReadAuthors();
+    ReadKingdomRows();
+}
+
+void ImportRun::ReadKingdom() {
+    store::QueryDef kingdom = Db().OpenQueryDef("Get Kingdom Index");
+    kingdom.Set("kingdom", Value::TextOrNull(state.gKingdomName));
+    const auto row = kingdom.CreateSnapshot();
+    const std::int64_t kingdomId = row->Eof() ? 0 : row->Get("kingdom_id").AsLong();
+    if (kingdomId >= 1 && kingdomId <= static_cast<std::int64_t>(kKingdomNames.size()))
+        family = FamilyOfKingdom(kKingdomNames[static_cast<std::size_t>(kingdomId - 1)]);
+
+    store::QueryDef rank = Db().OpenQueryDef("Get Rank ID");
+    rank.Set("rank", "Kingdom");
+    const auto rankRow = rank.CreateSnapshot();
+    if (!rankRow->Eof()) kingdomRank = static_cast<std::int32_t>(rankRow->Get("rank_id").AsLong());
+}
+
+void ImportRun::ReadAuthors() {
+    const auto rows = Db().OpenRecordset(kAuthors, store::RecordsetType::ForwardOnly);
+    for (; !rows->Eof(); rows->MoveNext())
+        authorTexts.Add(rows->At(1).AsText(), static_cast<std::int32_t>(rows->At(0).AsLong()));
+}
+
+void ImportRun::ReadKingdomRows() {
+    const auto rows = Db().OpenRecordset(std::string(kKingdomRows) + std::to_string(kingdomRank) + ";",
+                                         store::RecordsetType::ForwardOnly);
+    for (; !rows->Eof(); rows->MoveNext()) kingdomRows_.push_back(rows->At(0).AsLong());
+}
+
+void ImportRun::Report(std::string_view sentence, std::string_view line) {
+    importError_ = true;
+    sink_({std::string(sentence), std::string(line)});
+}
+
+std::int32_t ImportRun::ReserveId(std::string_view table) {
+    return static_cast<std::int32_t>(load_.ReserveAutoNumber(table));
+}
+
+RowPlace ImportRun::SeeTaxon(std::int32_t key) {
+    const RowPlace place = maps.taxa.Find(key);
+    if (place != kNoRow) return place;
+    return maps.taxa.Append(NewRow<TaxonRow>(key, ReserveId("qb_taxonomic_units")));
+}
+
+void ImportRun::TellFailure(const store::StoreError& error) {
+    if (ConcernsTheFile(error)) throw;
+    prompter.Message("Failed " + error.Description());
+}
+
+bool ImportRun::Store(store::RowWriter& writer) {
+    return Guarded([&] { writer.Insert(); });
+}
+
+bool ImportRun::StoreOwn(store::RowWriter& writer, Stored& stored) {
+    const bool replace = stored == Stored::Own;
+    const bool done = Guarded([&] { replace ? writer.InsertOrReplace() : writer.Insert(); });
+    if (done) stored = Stored::Own;
+    return done;
+}
+
+void ImportRun::DeleteKingdomRows() {
+    for (const std::int64_t qb_id : kingdomRows_) {
+        if (!Guarded([&] { deleteTaxonRow_.Set("theid", qb_id).Execute(); })) continue;
+        const RowPlace taxon = maps.FindTaxonByNewId(qb_id);
+        if (taxon == kNoRow) continue;
+        maps.taxa[taxon].stored = Stored::Gone;
+        maps.taxa[taxon].isKingdomRow = false;
+    }
+    kingdomRows_.clear();
+}
+
+void ImportRun::NoteKingdomRow(RowPlace taxon, std::string_view usage, std::int32_t rank_id) {
+    TaxonRow& row = maps.taxa[taxon];
+    // As the statement that deletes them compares: a rank of 0 is stored as Null and equals none.
+    const bool isOne =
+        rank_id != 0 && rank_id == kingdomRank && (EqualText(usage, "valid") || EqualText(usage, "accepted"));
+    if (isOne == row.isKingdomRow) return;
+    row.isKingdomRow = isOne;
+    if (isOne)
+        kingdomRows_.push_back(row.newId);
+    else
+        std::erase(kingdomRows_, row.newId);
+}
+
+std::optional<Value> ImportRun::FindVernId(std::int32_t qb_id, std::string_view vernacular_name) {
+    vernIdByName_.Set("theid", qb_id)
+        .Set("thename", vernacular_name)
+        .Set("thehex", HexString(vernacular_name));
+    const auto rows = vernIdByName_.OpenRecordset(store::RecordsetType::ForwardOnly);
+    if (rows->Eof()) return std::nullopt;
+    return rows->At(0);
+}
+
+std::optional<std::int32_t> ImportRun::FindQbVernId(std::int32_t vern_id) {
+    qbVernIdByVernId_.Set("theid", vern_id);
+    const auto rows = qbVernIdByVernId_.OpenRecordset(store::RecordsetType::ForwardOnly);
+    if (rows->Eof()) return std::nullopt;
+    return static_cast<std::int32_t>(rows->At(0).AsLong());
+}
+
+}  // namespace quillon::importing

@@ -1,0 +1,124 @@
+// The table of tags, and the handlers of what hangs on a taxon by its id alone.
+#include "import/record_handlers.h"
+
+#include "core/text.h"
+#include "import/record.h"
+
+namespace quillon::importing {
+
+namespace {
+
+struct TagHandler {
+    std::string_view tag;
+    void (*handle)(ImportRun& run, std::string_view line);
+};
+
+// Known, and not read: the program keeps no such records.
+void Ignore(ImportRun&, std::string_view) {}
+
+constexpr TagHandler kHandlers[] = {
+    {"[CT]", ReadChangeTrack},   {"[CO]", ReadChangeOperation},
+    {"[CC]", ReadChangeComment}, {"[CM]", ReadComment},
+    {"[CL]", ReadCommentLink},   {"[EX]", ReadExpert},
+    {"[GD]", ReadDivision},      {"[JR]", ReadJurisdiction},
+    {"[NO]", ReadNodcId},        {"[OS]", ReadOtherSource},
+    {"[PB]", ReadPublication},   {"[RF]", ReadReference},
+    {"[VL]", ReadVernReference}, {"[RV]", Ignore},
+    {"[SY]", ReadSynonymLink},   {"[TA]", ReadAuthor},
+    {"[TU]", ReadTaxon},         {"[VR]", ReadVernacular},
+    {"[CM-]", ReadDeletion},     {"[CL-]", ReadDeletion},
+    {"[EX-]", ReadDeletion},     {"[GD-]", ReadDeletion},
+    {"[JR-]", ReadDeletion},     {"[OS-]", ReadDeletion},
+    {"[PB-]", ReadDeletion},     {"[RF-]", ReadDeletion},
+    {"[VL-]", ReadDeletion},     {"[SY-]", ReadDeletion},
+    {"[TA-]", ReadDeletion},     {"[VR-]", ReadDeletion},
+};
+
+}  // namespace
+
+void HandleLine(ImportRun& run, std::string_view line) {
+    const std::string_view tag = TagOfLine(line);
+    for (const TagHandler& handler : kHandlers) {
+        if (handler.tag == tag) return handler.handle(run, line);
+    }
+    run.Report("Invalid Table Tag in the following line of import file!", line);
+}
+
+void ReadDivision(ImportRun& run, std::string_view line) {
+    Record record(run, line);
+    const std::int32_t qb_id = record.Number();
+    const std::string_view geographic_value = record.Text();
+    const std::int32_t tsn = record.Number();
+    if (!record.Good()) return;
+    if (geographic_value.empty()) return record.Refuse("No geographic_value is present");
+    const auto taxon = record.Taxon(qb_id, tsn);
+    if (!taxon) return;
+    run.Store(run.writers.divisions.Id(run.maps.taxa[*taxon].newId).Text(geographic_value).Id(tsn));
+}
+
+void ReadJurisdiction(ImportRun& run, std::string_view line) {
+    Record record(run, line);
+    const std::int32_t qb_id = record.Number();
+    const std::string_view jurisdiction_value = record.Text();
+    const std::string_view origin = record.Text();
+    const std::int32_t tsn = record.Number();
+    if (!record.Good()) return;
+    if (jurisdiction_value.empty()) return record.Refuse("No jurisdiction_value is present");
+    const auto taxon = record.Taxon(qb_id, tsn);
+    if (!taxon) return;
+    const std::int32_t newId = run.maps.taxa[*taxon].newId;
+    run.Store(run.writers.jurisdictions.Id(newId).Text(jurisdiction_value).Text(origin).Id(tsn));
+}
+
+void ReadNodcId(ImportRun& run, std::string_view line) {
+    Record record(run, line);
+    const std::string_view nodc_id = record.Text();
+    const std::int32_t tsn = record.Number();
+    const std::int32_t qb_id = record.Number();
+    if (!record.Good()) return;
+    if (nodc_id.empty()) return record.Refuse("There is no nodc_id present");
+    const auto taxon = record.Taxon(qb_id, tsn);
+    if (!taxon) return;
+    run.Store(run.writers.nodcIds.Text(nodc_id).Id(run.maps.taxa[*taxon].newId).Id(tsn));
+}
+
+void ReadSynonymLink(ImportRun& run, std::string_view line) {
+    Record record(run, line);
+    const std::int32_t qb_id = record.Number();
+    const std::int32_t qb_id_accepted = record.Number();
+    const std::int32_t tsn = record.Number();
+    const std::int32_t tsn_accepted = record.Number();
+    if (!record.Good()) return;
+    const auto taxon = record.Taxon(qb_id, tsn);
+    if (!taxon) return;
+    if (KeyOf(qb_id_accepted, tsn_accepted) == 0)
+        return record.Refuse("Neither qb_id_accepted nor tsn_accepted is present");
+    // -1 while the accepted name is unknown; the closing pass puts it right.
+    const std::int32_t accepted = qb_id_accepted != 0 ? qb_id_accepted : run.maps.MapTaxonId(tsn_accepted);
+    const std::int32_t newId = run.maps.taxa[*taxon].newId;
+    run.Store(run.writers.synonyms.Id(newId).Long(accepted).Id(tsn).Id(tsn_accepted));
+}
+
+void ReadVernacular(ImportRun& run, std::string_view line) {
+    Record record(run, line);
+    const std::int32_t qb_id = record.Number();
+    const std::int32_t qb_vern_id = record.Number();
+    const std::int32_t vern_id = record.Number();
+    const std::string_view vernacular_name = record.Text();
+    const std::int32_t tsn = record.Number();
+    const std::string_view language = record.Text();
+    const bool approved_ind = record.Indicator();
+    if (!record.Good()) return;
+    // The letters of another tag stand in this message.
+    const auto taxon = record.Taxon(qb_id, tsn, "RF");
+    if (!taxon) return;
+    const std::int32_t key = KeyOf(qb_vern_id, vern_id);
+    if (key == 0) return record.Refuse("Neither qb_vern_id nor vern_id is present");
+    VernacularRow& row = run.See(run.maps.vernaculars, "qb_vernaculars", key);
+    const std::string hex_vernacular_name = HexString(vernacular_name);
+    run.writers.vernaculars.Id(run.maps.taxa[*taxon].newId).Id(row.newId).Id(vern_id).Text(vernacular_name);
+    run.writers.vernaculars.Id(tsn).Text(language.empty() ? "unspecified" : language).Boolean(approved_ind);
+    run.StoreOwn(run.writers.vernaculars.Text(hex_vernacular_name), row.stored);
+}
+
+}  // namespace quillon::importing

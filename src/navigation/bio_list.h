@@ -1,0 +1,107 @@
+// One taxon as the explorer shows it: its identity, its display text, how many items stand below it, and how
+// to fetch them. The explorer keeps one for each node of the tree; it never reads the store itself.
+//
+// Nothing here is kept between runs. The DataSet is held only during a call. The class reports nothing: what
+// cannot be read leaves the object as it was, or gives an empty list.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "core/application_state.h"
+#include "navigation/explore_navigate.h"
+#include "store/engine.h"
+
+namespace quillon::navigation {
+
+// Where items read: the DataSet that is open, or another file by its path.
+struct BioListSource {
+    ApplicationState& state;
+    store::Engine& engine;
+};
+
+class cBioList : public IExploreNavigate {
+public:
+    using Collection = std::vector<std::shared_ptr<cBioList>>;
+    explicit cBioList(const BioListSource& source) : source_(&source) {}
+
+    // The path of the DataSet. Setting it fills the object with the root: the first valid or accepted taxon
+    // of the lowest rank_id that the DataSet has.
+    const std::string& dbname() const;
+    void SetDbname(const std::string& path);
+    // Setting it computes both counts.
+    int qb_id() const { return qb_id_; }
+    void SetQbId(int id);
+
+    // Children and synonyms together. The descendants are the same number as it stood when it was last
+    // computed: no subtree is walked.
+    std::int64_t NumChildren() const override { return numChildren_; }
+    void SetNumChildren(std::int64_t count) { numChildren_ = count; }
+    std::int64_t NumDescendants() const { return numDescendants_; }
+    std::int64_t NumTaxa() const { return 0; }
+
+    int rank() const { return rank_; }
+    void SetRank(int rank_id) { rank_ = rank_id; }
+    const std::string& Sciname() const { return sciname_; }
+    void SetSciname(std::string_view name) { sciname_ = name; }
+    // Empty when Null.
+    const std::string& usage() const { return usage_; }
+    void SetUsage(std::string_view usage) { usage_ = usage; }
+    // The item stands in the tree as a synonym of its parent node.
+    bool IsSyn() const { return isSyn_; }
+    void SetIsSyn(bool isSyn) { isSyn_ = isSyn; }
+    // For a synonym the qb_id of the accepted taxon under which it stands; 0 otherwise.
+    int accepted() const { return accepted_; }
+    void SetAccepted(int id) { accepted_ = id; }
+    // 0 when Null.
+    int tsn() const { return tsn_; }
+    void SetTsn(int tsn) { tsn_ = tsn; }
+
+    std::int64_t ID() const override { return qb_id_; }
+    std::string Text() const override { return sciname_; }
+
+    // The children by rank, sort sequence and name, then the synonyms by name. Refreshes the own NumChildren
+    // when there is a child.
+    Collection Children();
+    // Fills this object from one taxon; unchanged when there is none.
+    void GetOneRecord(int id);
+    // Taxa of the open DataSet that no parent and no synonym link reaches, other than the root.
+    Collection Orphans() const;
+
+    // The display text of a row of qb_taxonomic_units with TaxAuthor, with the mark "[Invalid] " or "[Not
+    // Accepted] ".
+    static std::string CalcNodeName(const store::Recordset& row);
+    // True for "invalid" and "not accepted", in any case.
+    static bool UsageIsInvalid(std::string_view usage);
+
+private:
+    using Counts = std::unordered_map<int, std::int64_t>;
+    class Connection;
+
+    static std::string CalcPlainNodeName(const store::Recordset& row);
+    static std::int64_t CountChildren(store::Database& database, int id);
+    std::int64_t CountDescendants() const { return numChildren_; }
+    void TakeRow(const store::Recordset& row, std::string sciname);
+    void TakeRoot(store::Database& database);
+    void AddChildrenProper(store::Database& database, Collection& items);
+    void AddSynonyms(store::Database& database, Collection& items);
+    std::shared_ptr<cBioList> NewItem(const store::Recordset& row, std::string sciname) const;
+    static void SetCounts(const Counts& counts, Collection::iterator first, Collection::iterator last);
+
+    const BioListSource* source_;
+    std::shared_ptr<const std::string> dbname_;  // shared by all items of a tree
+    int qb_id_ = 0;
+    int rank_ = 0;
+    int tsn_ = 0;
+    int accepted_ = 0;
+    bool isSyn_ = false;
+    std::int64_t numChildren_ = 0;
+    std::int64_t numDescendants_ = 0;
+    std::string usage_;
+    std::string sciname_;
+};
+
+}  // namespace quillon::navigation

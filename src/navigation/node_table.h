@@ -1,0 +1,46 @@
+// The link between the nodes of the tree and the items they stand for, in the order in which the nodes were
+// added.
+//
+// A taxon that is a synonym of several accepted taxa has a node under each, so that a node's identity is the
+// pair of qb_id and accepted. Every look-up takes constant time.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <unordered_map>
+#include <vector>
+
+#include "navigation/bio_list.h"
+#include "navigation/tree_control.h"
+
+namespace quillon::navigation {
+
+class NodeTable {
+public:
+    // A place in the table, from 1. Places grow and are not given anew when an entry goes.
+    using Place = std::int64_t;
+
+    void Add(TreeNode* node, std::shared_ptr<cBioList> item);
+    // nullptr when the node is not in the table.
+    std::shared_ptr<cBioList> ItemOf(const TreeNode* node) const;
+    // Gives an entry another item.
+    void Replace(TreeNode* node, std::shared_ptr<cBioList> item);
+    // The first node of the taxon at or after `place`, which moves there; with `accepted` given that must
+    // match too. nullptr when there is none, and `place` stays.
+    TreeNode* Find(int qb_id, Place& place, std::optional<int> accepted) const;
+    void Remove(TreeNode* node);
+    void Clear();
+    std::size_t Count() const { return entries_.size(); }
+
+private:
+    struct Entry {
+        std::shared_ptr<cBioList> item;
+        Place place;
+    };
+    std::unordered_map<const TreeNode*, Entry> entries_;
+    std::unordered_map<int, std::vector<std::pair<Place, TreeNode*>>> places_;  // by qb_id, ascending
+    Place last_ = 0;
+};
+
+}  // namespace quillon::navigation

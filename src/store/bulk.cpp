@@ -1,0 +1,129 @@
+#include "store/bulk.h"
+
+#include <fmt/format.h>
+#include <sqlite3.h>
+
+#include "store/coerce.h"
+#include "store/engine/connection.h"
+
+namespace quillon::store {
+
+BulkLoad::BulkLoad(Engine& engine, Database& database, bool deferIndexes)
+    : engine_(engine), connection_(database.Shared()), deferred_(deferIndexes) {
+    engine_.BeginJob();
+    if (deferred_) connection_->DropLookupIndexes();
+}
+
+BulkLoad::~BulkLoad() {
+    if (finished_) return;
+    try {
+        Finish();
+    } catch (const StoreError&) {
+        // The next opening builds what is missing.
+    }
+}
+
+std::int64_t BulkLoad::ReserveAutoNumber(std::string_view table) { return connection_->NextAutoNumber(table); }
+
+void BulkLoad::BuildIndexes() {
+    if (deferred_) connection_->BuildLookupIndexes();
+    deferred_ = false;
+}
+
+void BulkLoad::Finish() {
+    finished_ = true;
+    try {
+        BuildIndexes();
+    } catch (...) {
+        engine_.EndJob();
+        throw;
+    }
+    engine_.EndJob();
+}
+
+RowWriter::RowWriter(Database& database, std::string_view table, std::initializer_list<std::string_view> columns)
+    : connection_(database.Shared()), table_(connection_->RequireTable(table).def.name) {
+    std::string names, places;
+    for (const std::string_view column : columns) {
+        columns_.emplace_back(column);
+        names += (names.empty() ? "" : ", ") + QuoteName(column);
+        places += places.empty() ? "?" : ", ?";
+    }
+    const std::string rest = fmt::format("INTO {} ({}) VALUES ({})", QuoteName(table_), names, places);
+    insert_ = PrepareNative(connection_->Native(), "INSERT " + rest, true);
+    replace_ = PrepareNative(connection_->Native(), "INSERT OR REPLACE " + rest, true);
+    cells_.reserve(columns_.size());
+}
+
+RowWriter::~RowWriter() {
+    sqlite3_finalize(insert_);
+    sqlite3_finalize(replace_);
+}
+
+RowWriter& RowWriter::Text(std::string_view text) {
+    if (text.empty()) return Null();
+    cells_.push_back({Cell::Kind::Text, 0, text});
+    return *this;
+}
+
+RowWriter& RowWriter::Id(std::int64_t id) { return id == 0 ? Null() : Long(id); }
+
+RowWriter& RowWriter::Long(std::int64_t number) {
+    cells_.push_back({Cell::Kind::Integer, number, {}});
+    return *this;
+}
+
+RowWriter& RowWriter::Boolean(bool value) { return Long(value ? 1 : 0); }
+
+RowWriter& RowWriter::Null() {
+    cells_.push_back({});
+    return *this;
+}
+
+// The constraint that failed says the field; the field says what was wrong with the value.
+void RowWriter::Explain() {
+    const TableDef& def = connection_->RequireTable(table_).def;
+    for (std::size_t i = 0; i < cells_.size(); ++i) {
+        const FieldDef* field = def.Field(columns_[i]);
+        if (field == nullptr || cells_[i].kind == Cell::Kind::Null) continue;
+        Coerce(*field, cells_[i].kind == Cell::Kind::Text ? Value(cells_[i].text) : Value(cells_[i].number));
+    }
+}
+
+void RowWriter::Run(sqlite3_stmt* statement) {
+    connection_->BeforeWrite();
+    int place = 1;
+    for (const Cell& cell : cells_) {
+        if (cell.kind == Cell::Kind::Text) {
+            sqlite3_bind_text64(statement, place, cell.text.data(), cell.text.size(), SQLITE_STATIC, SQLITE_UTF8);
+        } else if (cell.kind == Cell::Kind::Integer) {
+            sqlite3_bind_int64(statement, place, cell.number);
+        } else {
+            sqlite3_bind_null(statement, place);
+        }
+        ++place;
+    }
+    const int code = sqlite3_step(statement);
+    sqlite3_reset(statement);
+    if (code != SQLITE_DONE) {
+        const StoreError error = ErrorOf(sqlite3_extended_errcode(connection_->Native()), sqlite3_errmsg(connection_->Native()));
+        connection_->WriteFailed();
+        if (error.Is(ErrorNumber::FieldTooSmall)) {
+            try {
+                Explain();
+            } catch (...) {
+                cells_.clear();
+                throw;
+            }
+        }
+        cells_.clear();
+        throw error;
+    }
+    cells_.clear();
+    connection_->AfterWrite();
+}
+
+void RowWriter::Insert() { Run(insert_); }
+void RowWriter::InsertOrReplace() { Run(replace_); }
+
+}  // namespace quillon::store

@@ -1,0 +1,76 @@
+// Writing many rows at once, for the import and the merge: prepared statements bound by column place, AutoNumbers given
+// ahead, and index building put off to the end.
+//
+// Types, sizes, required fields and keys hold as everywhere: a row that breaks one is not stored and Insert() throws.
+#pragma once
+
+#include <cstdint>
+#include <initializer_list>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "store/engine.h"
+
+struct sqlite3_stmt;
+
+namespace quillon::store {
+
+// A long job that fills `database`. With `deferIndexes` the indexes that only speed up look-ups are dropped at the start
+// and built by Finish(); keys are checked all the time. After a crash the next opening builds what is missing.
+class BulkLoad {
+public:
+    BulkLoad(Engine& engine, Database& database, bool deferIndexes);
+    ~BulkLoad();
+    // The next AutoNumber of a table; it counts as given even if no row takes it.
+    std::int64_t ReserveAutoNumber(std::string_view table);
+    // Builds the indexes that were put off. Look-ups by other than keys are slow before it.
+    void BuildIndexes();
+    // BuildIndexes, and makes everything durable.
+    void Finish();
+
+private:
+    Engine& engine_;
+    std::shared_ptr<Connection> connection_;
+    bool deferred_ = false;
+    bool finished_ = false;
+};
+
+// Inserts rows into one table. The columns are given once; then for each row one value a column, in that order, and
+// Insert(). Columns not named are Null (an AutoNumber must be named: see ReserveAutoNumber).
+class RowWriter {
+public:
+    RowWriter(Database& database, std::string_view table, std::initializer_list<std::string_view> columns);
+    ~RowWriter();
+    RowWriter(const RowWriter&) = delete;
+    RowWriter& operator=(const RowWriter&) = delete;
+
+    RowWriter& Text(std::string_view text);  // "" stores Null; the text must live until Insert()
+    RowWriter& Id(std::int64_t id);          // 0 stores Null
+    RowWriter& Long(std::int64_t number);
+    RowWriter& Boolean(bool value);
+    RowWriter& Null();
+    // Stores the row. On an error nothing is stored, and the writer is ready for the next row.
+    void Insert();
+    // As Insert, but puts the row in place of one with the same key.
+    void InsertOrReplace();
+
+private:
+    void Run(sqlite3_stmt* statement);
+    void Explain();
+
+    std::shared_ptr<Connection> connection_;
+    std::string table_;
+    std::vector<std::string> columns_;
+    sqlite3_stmt* insert_ = nullptr;
+    sqlite3_stmt* replace_ = nullptr;
+    struct Cell {
+        enum class Kind { Null, Integer, Text } kind = Kind::Null;
+        std::int64_t number = 0;
+        std::string_view text;
+    };
+    std::vector<Cell> cells_;
+};
+
+}  // namespace quillon::store

@@ -1,0 +1,124 @@
+// The store's front door: opens and makes DataSets, and holds the one level of transaction that all of them share.
+//
+// One process owns an open DataSet: a second process gets FileInUse. Inside the process any number of handles on the
+// same file work side by side. Every failure is a StoreError.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "store/error.h"
+#include "store/query_def.h"
+#include "store/recordset.h"
+#include "store/table_def.h"
+
+namespace quillon::store {
+
+class Connection;
+class Engine;
+struct Handle;
+
+inline constexpr std::string_view kLocale = ";LANGID=0x0809;CP=1252;COUNTRY=0";
+
+// One handle on a DataSet.
+class Database {
+public:
+    Database(std::shared_ptr<Connection> connection, std::string path);
+    ~Database();
+    Database(const Database&) = delete;
+    Database& operator=(const Database&) = delete;
+
+    // The path it was opened by.
+    const std::string& Name() const { return path_; }
+    // Every recordset and query of this handle fails with ObjectClosed afterwards. Closing twice is nothing.
+    void Close();
+    bool IsOpen() const;
+
+    // One action statement in the dialect; gives the rows affected.
+    int Execute(std::string_view sql);
+
+    QueryDef OpenQueryDef(std::string_view name);
+    // With a name the query is stored in the file (3012 when the name is taken); with "" it is temporary.
+    QueryDef CreateQueryDef(std::string_view name, std::string_view sql);
+    void DeleteQueryDef(std::string_view name);
+    // Name and text of every named query, in the order of creation.
+    std::vector<std::pair<std::string, std::string>> QueryDefs();
+
+    // A `source` is a table, a named query, or a text of SQL.
+    std::unique_ptr<Recordset> OpenTable(std::string_view table);
+    std::unique_ptr<Recordset> OpenRecordset(std::string_view source, RecordsetType type = RecordsetType::Dynaset);
+    std::unique_ptr<Recordset> CreateDynaset(std::string_view source) { return OpenRecordset(source); }
+    std::unique_ptr<Recordset> CreateSnapshot(std::string_view source) {
+        return OpenRecordset(source, RecordsetType::Snapshot);
+    }
+
+    // The tables in the order of creation, without the store's own.
+    std::vector<TableDef> TableDefs() const;
+    // nullptr when there is none; without regard to case. Valid until the schema changes.
+    const TableDef* FindTableDef(std::string_view name) const;
+    void AppendTable(const TableDef& table);
+    void DeleteTable(std::string_view name);
+
+    // The connection behind the handle, for the files of store/; ObjectClosed when closed.
+    std::shared_ptr<Connection> Shared() const;
+    const std::shared_ptr<Handle>& Hold() const { return handle_; }
+
+private:
+    std::shared_ptr<Handle> handle_;
+    std::string path_;
+};
+
+using DatabaseHandle = std::shared_ptr<Database>;
+
+class Engine {
+public:
+    Engine();
+    ~Engine();
+    Engine(const Engine&) = delete;
+    Engine& operator=(const Engine&) = delete;
+
+    // A new empty file; 3204 when the file exists.
+    DatabaseHandle CreateDatabase(const std::string& path, std::string_view locale = kLocale);
+    // A file on a read-only medium or without write permission opens for reading. 3024 no such file, 3343 not a DataSet,
+    // 3045 open in another process, 3049 damaged.
+    DatabaseHandle OpenDatabase(const std::string& path);
+
+    // One level, over every open DataSet; nesting is an error (3034 without a begin).
+    void BeginTrans();
+    void CommitTrans();
+    void Rollback();
+    bool InTransaction() const { return inTransaction_; }
+    bool IsJobRunning() const { return inJob_; }
+    // Finishes background work; called after closing.
+    void FreeLocks();
+
+    // Between BeginJob and EndJob committed units are gathered into durable commits at least twice a second: a crash
+    // costs the last second at most, and each unit stays whole.
+    void BeginJob();
+    void EndJob();
+
+private:
+    friend class Connection;
+    std::vector<std::weak_ptr<Connection>> connections_;
+    bool inTransaction_ = false;
+    bool inJob_ = false;
+    std::vector<std::shared_ptr<Connection>> Live();
+};
+
+// BeginJob and EndJob by scope.
+class Job {
+public:
+    explicit Job(Engine& engine) : engine_(engine) { engine_.BeginJob(); }
+    ~Job();
+    // Ends the job now, so that a failure to make it durable is told.
+    void End();
+
+private:
+    Engine& engine_;
+    bool ended_ = false;
+};
+
+}  // namespace quillon::store

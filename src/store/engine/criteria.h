@@ -1,0 +1,21 @@
+// Criteria of FindFirst and its like, run over one row in memory. The rules of comparison are those of the statements:
+// texts by the collation, Null makes a comparison neither true nor false.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "core/value.h"
+#include "store/dialect/ast.h"
+
+namespace quillon::store {
+
+using ColumnReader = std::function<Value(const std::string& column)>;
+
+// The value of an expression; a function that a search does not have is a SyntaxError.
+Value Evaluate(const dialect::Expression& expression, const ColumnReader& column);
+// -1, 0 or 1: Null before numbers before texts; texts by the collation.
+int CompareValues(const Value& left, const Value& right);
+
+}  // namespace quillon::store

@@ -1,0 +1,250 @@
+#include "store/engine/physical_table.h"
+
+#include <fmt/format.h>
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <map>
+
+#include "store/dialect/token_stream.h"
+#include "store/engine/native.h"
+
+namespace quillon::store {
+
+using dialect::SameWord;
+
+namespace {
+
+struct TypeWord {
+    FieldType type;
+    std::string_view word;
+    std::string_view check;  // the values that the type holds; {} is the column
+};
+
+constexpr std::array<TypeWord, 7> kTypeWords = {{
+    {FieldType::Boolean, "LOGICAL", "{} BETWEEN 0 AND 1"},
+    {FieldType::Byte, "BYTE", "{} BETWEEN 0 AND 255"},
+    {FieldType::Integer, "SHORT", "{} BETWEEN -32768 AND 32767"},
+    {FieldType::Long, "LONG", "{} BETWEEN -2147483648 AND 2147483647"},
+    {FieldType::DateTime, "DATETIME", "length({}) = 19"},
+    {FieldType::Text, "TEXT", "length({}) BETWEEN 1 AND {}"},
+    {FieldType::Memo, "LONGTEXT", "length({}) BETWEEN 1 AND 65535"},
+}};
+
+// Look-ups that the schema has no index for but that run at every click or row.
+struct LookupIndex {
+    std::string_view table, name, columns;
+    bool deferrable;
+};
+constexpr std::array<LookupIndex, 16> kLookups = {{
+    {"qb_taxonomic_units", "~parent", "parent_qb_id", true},
+    {"qb_taxonomic_units", "~rank", "rank_id", true},
+    {"qb_taxonomic_units", "~name",
+     "unit_name1 COLLATE QLN, unit_name2 COLLATE QLN, unit_name3 COLLATE QLN, unit_name4 COLLATE QLN", true},
+    {"qb_taxonomic_units", "~hybrid", "hybrid_author_id", true},
+    {"qb_taxon_authors_lookup", "~author", "taxon_author", true},
+    {"qb_synonym_links", "~accepted", "qb_id_accepted", true},
+    {"qb_vernaculars", "~taxon", "qb_id", false},
+    {"qb_vernaculars", "~vern_id", "vern_id", false},
+    {"qb_tu_comments_link", "~comment", "qb_comment_id", true},
+    {"qb_reference_links", "~document", "qb_documentation_id", true},
+    {"qb_vern_ref_links", "~document", "qb_documentation_id", true},
+    {"qb_nodc_ids", "~taxon", "qb_id", true},
+    {"qb_publications", "~id", "qb_publication_id", true},
+    {"qb_experts", "~id", "qb_expert_id", true},
+    {"qb_other_sources", "~id", "qb_source_id", true},
+    {"qb_change_tracks", "~taxon", "qb_id", true},
+}};
+
+const TypeWord& WordOf(FieldType type) {
+    return *std::find_if(kTypeWords.begin(), kTypeWords.end(), [&](const TypeWord& w) { return w.type == type; });
+}
+
+std::string CheckSql(const FieldDef& field) {
+    const std::string name = QuoteName(field.name);
+    const std::string_view check = WordOf(field.type).check;
+    return field.type == FieldType::Text ? fmt::format(fmt::runtime(check), name, field.size)
+                                         : fmt::format(fmt::runtime(check), name);
+}
+
+std::string Collated(const FieldDef& field) {
+    return QuoteName(field.name) + (HasText(field.type) ? " COLLATE QLN" : "");
+}
+
+bool ParseType(std::string_view declared, FieldDef& field) {
+    std::string_view word = declared.substr(0, declared.find('('));
+    if (SameWord(word, "COUNTER")) {
+        field.type = FieldType::Long;
+        field.autoIncrement = true;
+        return true;
+    }
+    const auto* found = std::find_if(kTypeWords.begin(), kTypeWords.end(),
+                                     [&](const TypeWord& w) { return SameWord(w.word, word); });
+    if (found == kTypeWords.end()) return false;
+    field.type = found->type;
+    if (field.type != FieldType::Text) return true;
+    if (word.size() == declared.size()) return false;
+    const char* digits = declared.data() + word.size() + 1;
+    std::from_chars(digits, declared.data() + declared.size(), field.size);
+    return field.size >= 1 && field.size <= 255;
+}
+
+void AddKey(PhysicalTable& table, const std::map<int, std::string>& keyParts) {
+    IndexDef key{"PrimaryKey", {}, true};
+    for (const auto& [place, name] : keyParts) key.fields.push_back(name);
+    if (!key.fields.empty()) table.def.indexes.push_back(std::move(key));
+}
+
+// False when the table is none of ours: an unknown type, a generated column.
+bool ReadColumns(sqlite3* db, PhysicalTable& table) {
+    NativeStatement columns(db, "SELECT name, type, \"notnull\", pk, hidden FROM pragma_table_xinfo(?1)");
+    columns.Bind(1, table.def.name);
+    std::map<int, std::string> keyParts;
+    while (columns.Step()) {
+        FieldDef field;
+        field.name = columns.Text(0);
+        if (columns.Long(4) != 0) return false;
+        const bool rowidKey = SameWord(columns.Text(1), "INTEGER") && columns.Long(3) == 1;
+        if (rowidKey) {
+            field.type = FieldType::Long;
+            field.autoIncrement = true;
+            table.key = KeyKind::Rowid;
+        } else if (!ParseType(columns.Text(1), field)) {
+            return false;
+        }
+        if (columns.Long(3) > 0) keyParts[static_cast<int>(columns.Long(3))] = field.name;
+        field.required = columns.Long(2) != 0 && columns.Long(3) == 0;
+        if (field.autoIncrement) table.autoField = field.name;
+        table.def.fields.push_back(std::move(field));
+    }
+    if (table.key == KeyKind::None && !keyParts.empty()) table.key = KeyKind::Clustered;
+    AddKey(table, keyParts);
+    return true;
+}
+
+void ReadIndexes(sqlite3* db, PhysicalTable& table) {
+    NativeStatement indexes(db, "SELECT name FROM sqlite_master WHERE type = 'index' AND tbl_name = ?1 "
+                                "AND sql IS NOT NULL ORDER BY rowid");
+    indexes.Bind(1, table.def.name);
+    const std::string prefix = table.def.name + ".";
+    while (indexes.Step()) {
+        const std::string name(indexes.Text(0));
+        if (name.compare(0, prefix.size(), prefix) != 0 || name == prefix + "PrimaryKey") continue;
+        IndexDef index{name.substr(prefix.size()), {}, false};
+        NativeStatement parts(db, "SELECT name FROM pragma_index_info(?1) ORDER BY seqno");
+        parts.Bind(1, name);
+        while (parts.Step()) index.fields.emplace_back(parts.Text(0));
+        table.def.indexes.push_back(std::move(index));
+    }
+}
+
+}  // namespace
+
+bool HasText(FieldType type) { return type == FieldType::Text || type == FieldType::Memo; }
+
+bool IsNumber(FieldType type) {
+    return type == FieldType::Byte || type == FieldType::Integer || type == FieldType::Long;
+}
+
+std::string QuoteName(std::string_view name) {
+    std::string quoted = "\"";
+    for (const char c : name) quoted.append(c == '"' ? 2 : 1, c);
+    return quoted += '"';
+}
+
+std::string QuoteLiteral(std::string_view text) {
+    std::string quoted = "'";
+    for (const char c : text) quoted.append(c == '\'' ? 2 : 1, c);
+    return quoted += '\'';
+}
+
+std::vector<std::string> PhysicalTable::KeyColumns() const {
+    if (key == KeyKind::Clustered) return def.PrimaryKey()->fields;
+    return {key == KeyKind::Rowid ? autoField : std::string("rowid")};
+}
+
+PhysicalTable PhysicalTableOf(const TableDef& def) {
+    PhysicalTable table;
+    table.def = def;
+    for (const FieldDef& field : def.fields)
+        if (field.autoIncrement) table.autoField = field.name;
+    if (const IndexDef* key = def.PrimaryKey()) {
+        const bool counted = key->fields.size() == 1 && SameWord(key->fields[0], table.autoField);
+        table.key = counted ? KeyKind::Rowid : KeyKind::Clustered;
+    }
+    return table;
+}
+
+std::string ColumnSql(const FieldDef& field, bool rowidKey) {
+    if (rowidKey) return QuoteName(field.name) + " INTEGER PRIMARY KEY";
+    std::string type(field.autoIncrement ? "COUNTER" : WordOf(field.type).word);
+    if (field.type == FieldType::Text) type += fmt::format("({})", field.size);
+    return fmt::format("{} {}{} CONSTRAINT {} CHECK ({})", QuoteName(field.name), type,
+                       field.required ? " NOT NULL" : "", QuoteName(field.name), CheckSql(field));
+}
+
+std::string CreateTableSql(const PhysicalTable& table, std::string_view name) {
+    std::string sql = fmt::format("CREATE TABLE {} (", QuoteName(name));
+    for (const FieldDef& field : table.def.fields) {
+        const bool rowidKey = table.key == KeyKind::Rowid && field.name == table.autoField;
+        sql += "\n  " + ColumnSql(field, rowidKey) + ",";
+    }
+    if (table.key != KeyKind::Clustered) {
+        sql.back() = ')';
+        return sql;
+    }
+    sql += "\n  PRIMARY KEY (";
+    for (const std::string& field : table.def.PrimaryKey()->fields) sql += QuoteName(field) + ", ";
+    sql.resize(sql.size() - 2);
+    return sql += ")) WITHOUT ROWID";
+}
+
+std::string IndexName(std::string_view table, std::string_view index) { return fmt::format("{}.{}", table, index); }
+
+std::vector<IndexSql> CreateIndexSql(const PhysicalTable& table) {
+    std::vector<IndexSql> statements;
+    const std::string on = QuoteName(table.def.name);
+    for (const IndexDef& index : table.def.indexes) {
+        std::string fields, guard;
+        for (const std::string& name : index.fields) {
+            const FieldDef* field = table.def.Field(name);
+            fields += (fields.empty() ? "" : ", ") + Collated(*field);
+            if (index.primary && guard.empty() && HasText(field->type)) guard = QuoteName(name);
+        }
+        if (index.primary && guard.empty()) continue;
+        const std::string name = IndexName(table.def.name, index.name);
+        if (index.primary) {
+            statements.push_back({name,
+                                  fmt::format("CREATE UNIQUE INDEX {} ON {} ({}) WHERE {} IS NOT NULL",
+                                              QuoteName(name), on, fields, guard),
+                                  false});
+        } else {
+            statements.push_back({name, fmt::format("CREATE INDEX {} ON {} ({})", QuoteName(name), on, fields), true});
+        }
+    }
+    for (const LookupIndex& lookup : kLookups) {
+        if (!SameWord(lookup.table, table.def.name)) continue;
+        const std::string name = fmt::format("{}{}", table.def.name, lookup.name);
+        statements.push_back({name, fmt::format("CREATE INDEX {} ON {} ({})", QuoteName(name), on, lookup.columns),
+                              lookup.deferrable});
+    }
+    return statements;
+}
+
+std::vector<PhysicalTable> ReadTables(sqlite3* db) {
+    std::vector<PhysicalTable> tables;
+    NativeStatement names(db, "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite\\_%' "
+                              "ESCAPE '\\' AND name NOT LIKE 'qln\\_%' ESCAPE '\\' ORDER BY rowid");
+    while (names.Step()) {
+        PhysicalTable table;
+        table.def.name = names.Text(0);
+        if (!ReadColumns(db, table)) continue;
+        ReadIndexes(db, table);
+        tables.push_back(std::move(table));
+    }
+    return tables;
+}
+
+}  // namespace quillon::store

@@ -1,0 +1,114 @@
+#include <fmt/format.h>
+
+#include "core/text.h"
+#include "core/vocabulary.h"
+#include "store/lifecycle/file_copy.h"
+#include "store/lifecycle/lifecycle.h"
+#include "store/queries/catalogue.h"
+#include "store/schema/schema.h"
+#include "store/schema/seed.h"
+
+namespace quillon::store {
+
+namespace {
+
+constexpr std::size_t kKingdomWidth = 10;  // the built-in names are padded to it, and the root keeps the padding
+
+void SeedKingdom(Database& database, int index, const std::string& name) {
+    const auto kingdoms = database.OpenTable("kingdoms");
+    kingdoms->AddNew();
+    kingdoms->Set("kingdom_id", index);
+    kingdoms->Set("kingdom_name", index == 0 ? Value() : Value::TextOrNull(name));
+    kingdoms->Update();
+}
+
+void SeedRanks(Database& database, int index, KingdomFamily family) {
+    const auto ranks = database.OpenTable("taxonomic_unit_types");
+    for (const Rank& rank : RanksOf(family)) {
+        ranks->AddNew();
+        ranks->Set("kingdom_id", index);
+        ranks->Set("rank_id", rank.rank_id);
+        ranks->Set("rank_name", rank.rank_name);
+        ranks->Set("direct_parent_rank_id", rank.direct_parent_rank_id);
+        ranks->Set("required_parent_rank_id", rank.required_parent_rank_id);
+        ranks->Update();
+    }
+}
+
+void SeedRoot(Database& database, int index, KingdomFamily family, std::string name) {
+    const auto taxa = database.OpenTable("qb_taxonomic_units");
+    taxa->AddNew();
+    if (const RootTaxon* root = RootTaxonOf(index)) {
+        name.resize(kKingdomWidth, ' ');
+        taxa->Set("qb_id", 1);
+        taxa->Set("parent_qb_id", 1);
+        taxa->Set("parent_tsn", 0);
+        taxa->Set("unit_name1", name);
+        taxa->Set("usage", AcceptedUsage(family));
+        taxa->Set("kingdom_id", index);
+        taxa->Set("rank_id", kKingdomRankId);
+        taxa->Set("uncertain_parent_ind", false);
+        taxa->Set("tsn", root->tsn);
+        taxa->Set("taxonomic_credibility_rating", root->credibility);
+        taxa->Set("taxonomic_completeness_rating", root->completeness);
+        taxa->Set("currency_rating", root->currency);
+        taxa->Set("initial_time_stamp", root->stamp);
+    }
+    taxa->Update();
+}
+
+void SeedChangeOperations(Database& database) {
+    const auto operations = database.OpenTable("change_operations_lookup");
+    int id = 0;
+    for (const std::string_view operation : ChangeOperations()) {
+        operations->AddNew();
+        operations->Set("chg_op_id", ++id);
+        operations->Set("change_operation", operation);
+        operations->Update();
+    }
+}
+
+}  // namespace
+
+void Lifecycle::CreateDataSetFile(const std::string& path) {
+    const DatabaseHandle database = engine_.CreateDatabase(path);
+    engine_.BeginTrans();
+    try {
+        for (const TableSpec& table : DataSetTables()) database->AppendTable(TableDefOf(table));
+        for (const NamedQuery& query : NamedQueryCatalogue()) database->CreateQueryDef(query.name, query.sql);
+        database->DeleteTable("taxunits");
+        database->DeleteTable("authors");
+        engine_.CommitTrans();
+        database->Close();
+    } catch (...) {
+        if (engine_.InTransaction()) engine_.Rollback();
+        database->Close();
+        RemoveFile(path);
+        throw;
+    }
+}
+
+void Lifecycle::SeedDataSet() {
+    Database& database = *state_.gDatabase;
+    const std::string name(Trim(state_.gKingdomName));
+    const int index = KingdomIndex(name);
+    const KingdomFamily family = FamilyOfKingdom(name);
+    engine_.BeginTrans();
+    try {
+        SeedKingdom(database, index, name);
+        if (index != 0) SeedRanks(database, index, family);
+        SeedRoot(database, index, family, name);
+        const auto control = database.OpenTable("db_control");
+        control->AddNew();
+        control->Set("attribute", "Version");
+        control->Set("value", state_.gVersion);
+        control->Update();
+        SeedChangeOperations(database);
+        engine_.CommitTrans();
+    } catch (...) {
+        if (engine_.InTransaction()) engine_.Rollback();
+        throw;
+    }
+}
+
+}  // namespace quillon::store

@@ -1,0 +1,23 @@
+// The library of 146 stored queries that every DataSet carries, as text in the dialect.
+//
+// Creating a DataSet stores them all, in this order; the upgrade of an older one takes single texts from here
+// by name. Names, parameter names and column names are an interface between the program and every DataSet on
+// disk: the program opens a query by name and binds by name. Nothing here runs or reads a query.
+#pragma once
+
+#include <span>
+#include <string_view>
+
+namespace quillon::store {
+
+struct NamedQuery {
+    std::string_view name;
+    std::string_view sql;
+};
+
+// All queries in the order of creation. The texts live as long as the program.
+std::span<const NamedQuery> NamedQueryCatalogue();
+// The text by the name exactly as it stands; empty when the catalogue has no such query.
+std::string_view NamedQueryText(std::string_view name);
+
+}  // namespace quillon::store

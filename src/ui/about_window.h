@@ -1,0 +1,15 @@
+// FrmAbout, the box of Help, About.
+#pragma once
+
+#include "editor/rec_view_form.h"
+#include "ui/form_dialog.h"
+
+namespace quillon::ui {
+
+class AboutWindow : public FormDialog {
+    Q_OBJECT
+public:
+    AboutWindow(editor::FrmAbout& form, QWidget* parent);
+};
+
+}  // namespace quillon::ui

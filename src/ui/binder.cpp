@@ -1,0 +1,273 @@
+#include "ui/binder.h"
+
+#include <QtWidgets>
+
+#include "ui/text_convert.h"
+
+namespace quillon::ui {
+
+namespace {
+
+template <typename Target>
+Target* Partner(const QWidget& window, const Control& control) {
+    return window.findChild<Target*>(ToQt(control.Name()));
+}
+
+void ShowCommon(const Control& control, QWidget& widget) {
+    widget.setEnabled(control.Enabled());
+    widget.setVisible(control.Visible());
+}
+
+// Shows the control now and after each change, as long as the widget lives. A widget is silent meanwhile, so
+// that what the program shows is not taken for the user's doing; an action must be heard by its menus, and
+// tells the user's doing apart by itself.
+template <typename Model, typename Target, typename Show>
+void Mirror(Model& control, Target& target, Show show) {
+    show(control, target);
+    control.Observe([&control, guard = QPointer<Target>(&target), show] {
+        if (!guard) return;
+        const bool silent = guard->blockSignals(guard->isWidgetType());
+        show(control, *guard);
+        if (guard) guard->blockSignals(silent);
+    });
+}
+
+void BindButton(ButtonControl& control, const QWidget& window) {
+    if (auto* action = Partner<QAction>(window, control)) {
+        Mirror(control, *action, [](const ButtonControl& model, QAction& shown) {
+            shown.setText(ToQt(model.Caption()));
+            shown.setEnabled(model.Enabled());
+            shown.setVisible(model.Visible());
+        });
+        QObject::connect(action, &QAction::triggered, action, [&control] { control.UserClick(); });
+    } else if (auto* button = Partner<QAbstractButton>(window, control)) {
+        Mirror(control, *button, [](const ButtonControl& model, QAbstractButton& shown) {
+            shown.setText(ToQt(model.Caption()));
+            ShowCommon(model, shown);
+        });
+        QObject::connect(button, &QAbstractButton::clicked, button, [&control] { control.UserClick(); });
+    }
+}
+
+// An option or a check: both are on or off. `take` hands the user's choice to the model.
+template <typename Model, typename Take>
+void BindToggle(Model& control, const QWidget& window, Take take) {
+    if (auto* action = Partner<QAction>(window, control)) {
+        Mirror(control, *action, [](const Model& model, QAction& shown) {
+            shown.setText(ToQt(model.Caption()));
+            shown.setEnabled(model.Enabled());
+            shown.setChecked(model.Value());
+        });
+        QObject::connect(action, &QAction::triggered, action, [&control, action, take](bool checked) {
+            take(control, checked);
+            action->setChecked(control.Value());
+        });
+    } else if (auto* button = Partner<QAbstractButton>(window, control)) {
+        Mirror(control, *button, [](const Model& model, QAbstractButton& shown) {
+            shown.setText(ToQt(model.Caption()));
+            ShowCommon(model, shown);
+            shown.setChecked(model.Value());
+        });
+        QObject::connect(button, &QAbstractButton::clicked, button, [&control, button, take](bool checked) {
+            take(control, checked);
+            button->setChecked(control.Value());
+        });
+    }
+}
+
+void BindLabel(LabelControl& control, const QWidget& window) {
+    auto* widget = Partner<QWidget>(window, control);
+    if (widget == nullptr) return;
+    Mirror(control, *widget, [](const LabelControl& model, QWidget& shown) {
+        shown.setEnabled(model.Enabled());
+        if (auto* label = qobject_cast<QLabel*>(&shown)) {
+            label->setText(ToQt(model.Caption()));
+            label->setVisible(model.Visible());
+        } else if (auto* box = qobject_cast<QGroupBox*>(&shown)) {
+            box->setTitle(ToQt(model.Caption()));
+        }
+    });
+}
+
+void BindText(TextControl& control, const QWidget& window) {
+    if (auto* edit = Partner<QLineEdit>(window, control)) {
+        Mirror(control, *edit, [](const TextControl& model, QLineEdit& shown) {
+            ShowCommon(model, shown);
+            shown.setReadOnly(model.Locked());
+            if (shown.text() == ToQt(model.Text())) return;
+            shown.setText(ToQt(model.Text()));
+            if (model.Locked()) shown.setCursorPosition(0);
+        });
+        QObject::connect(edit, &QLineEdit::textEdited, edit, [&control, edit](const QString& text) {
+            control.UserSetText(FromQt(text));
+            if (edit->text() != ToQt(control.Text())) edit->setText(ToQt(control.Text()));
+        });
+    } else if (auto* box = Partner<QPlainTextEdit>(window, control)) {
+        Mirror(control, *box, [](const TextControl& model, QPlainTextEdit& shown) {
+            ShowCommon(model, shown);
+            shown.setReadOnly(model.Locked());
+            if (shown.toPlainText() != ToQt(model.Text())) shown.setPlainText(ToQt(model.Text()));
+        });
+        QObject::connect(box, &QPlainTextEdit::textChanged, box,
+                         [&control, box] { control.UserSetText(FromQt(box->toPlainText())); });
+    }
+}
+
+void ShowCombo(const ComboControl& model, QComboBox& shown) {
+    ShowCommon(model, shown);
+    shown.setEnabled(model.Enabled() && !model.Locked());
+    shown.clear();
+    for (const auto& choice : model.Choices()) shown.addItem(ToQt(choice.text));
+    shown.setCurrentIndex(model.ListIndex());
+    if (shown.isEditable()) shown.setEditText(ToQt(model.Text()));
+}
+
+void BindCombo(ComboControl& control, const QWidget& window) {
+    auto* combo = Partner<QComboBox>(window, control);
+    if (combo == nullptr) return;
+    combo->setEditable(control.GetStyle() == ComboControl::Style::Editable);
+    Mirror(control, *combo, ShowCombo);
+    QObject::connect(combo, &QComboBox::activated, combo,
+                     [&control](int index) { control.UserChoose(index); });
+    if (combo->lineEdit() == nullptr) return;
+    QObject::connect(combo->lineEdit(), &QLineEdit::textEdited, combo,
+                     [&control, combo](const QString& text) {
+                         const int cursor = combo->lineEdit()->cursorPosition();
+                         control.UserSetText(FromQt(text));
+                         combo->lineEdit()->setCursorPosition(cursor);
+                     });
+}
+
+void BindGauge(GaugeControl& control, const QWidget& window) {
+    auto* bar = Partner<QProgressBar>(window, control);
+    if (bar == nullptr) return;
+    Mirror(control, *bar, [](const GaugeControl& model, QProgressBar& shown) {
+        ShowCommon(model, shown);
+        shown.setRange(model.Min(), model.Max());
+        shown.setValue(model.Value());
+    });
+}
+
+void BindList(ListControl& control, const QWidget& window) {
+    auto* list = Partner<QListWidget>(window, control);
+    if (list == nullptr) return;
+    Mirror(control, *list, [](const ListControl& model, QListWidget& shown) {
+        ShowCommon(model, shown);
+        shown.clear();
+        for (const auto& choice : model.Choices()) shown.addItem(ToQt(choice.text));
+        shown.setCurrentRow(model.ListIndex());
+    });
+    QObject::connect(list, &QListWidget::currentRowChanged, list,
+                     [&control](int row) { control.UserSelect(row); });
+    QObject::connect(list, &QListWidget::itemActivated, list,
+                     [&control, list](QListWidgetItem* item) { control.UserActivate(list->row(item)); });
+}
+
+void ShowGrid(const GridControl& model, QTableWidget& shown) {
+    ShowCommon(model, shown);
+    const auto& columns = model.Columns();
+    shown.setColumnCount(static_cast<int>(columns.size()));
+    shown.setRowCount(static_cast<int>(model.Rows().size()));
+    for (int column = 0; column < shown.columnCount(); ++column) {
+        const auto at = static_cast<std::size_t>(column);
+        shown.setHorizontalHeaderItem(column, new QTableWidgetItem(ToQt(columns[at].heading)));
+        shown.setColumnHidden(column, columns[at].hidden);
+        for (int row = 0; row < shown.rowCount(); ++row) {
+            const std::string& cell = model.Cell(static_cast<std::size_t>(row), at);
+            shown.setItem(row, column, new QTableWidgetItem(ToQt(cell)));
+        }
+    }
+    shown.selectRow(model.SelectedRow());
+}
+
+void BindGrid(GridControl& control, const QWidget& window) {
+    auto* table = Partner<QTableWidget>(window, control);
+    if (table == nullptr) return;
+    Mirror(control, *table, ShowGrid);
+    QObject::connect(table, &QTableWidget::currentCellChanged, table,
+                     [&control](int row, int, int, int) { control.UserSelectRow(row); });
+    QObject::connect(table, &QTableWidget::cellActivated, table,
+                     [&control](int row, int) { control.UserActivateRow(row); });
+}
+
+void BindTabs(TabStripControl& control, const QWidget& window) {
+    auto* tabs = Partner<QTabBar>(window, control);
+    if (tabs == nullptr) return;
+    const QSignalBlocker quiet(tabs);
+    while (tabs->count() > 0) tabs->removeTab(0);
+    for (const auto& tab : control.Tabs()) tabs->addTab(ToQt(tab.caption));
+    Mirror(control, *tabs, [](const TabStripControl& model, QTabBar& shown) {
+        ShowCommon(model, shown);
+        shown.setCurrentIndex(model.SelectedIndex() - 1);
+    });
+    QObject::connect(tabs, &QTabBar::currentChanged, tabs,
+                     [&control](int index) { control.UserSelect(index + 1); });
+}
+
+void BindOne(Control& control, const QWidget& window) {
+    if (auto* button = dynamic_cast<ButtonControl*>(&control)) return BindButton(*button, window);
+    if (auto* option = dynamic_cast<OptionControl*>(&control)) {
+        return BindToggle(*option, window, [](OptionControl& model, bool) { model.UserChoose(); });
+    }
+    if (auto* check = dynamic_cast<CheckControl*>(&control)) {
+        return BindToggle(*check, window, [](CheckControl& model, bool on) { model.UserSetValue(on); });
+    }
+    if (auto* label = dynamic_cast<LabelControl*>(&control)) return BindLabel(*label, window);
+    if (auto* text = dynamic_cast<TextControl*>(&control)) return BindText(*text, window);
+    if (auto* combo = dynamic_cast<ComboControl*>(&control)) return BindCombo(*combo, window);
+    if (auto* gauge = dynamic_cast<GaugeControl*>(&control)) return BindGauge(*gauge, window);
+    if (auto* list = dynamic_cast<ListControl*>(&control)) return BindList(*list, window);
+    if (auto* grid = dynamic_cast<GridControl*>(&control)) return BindGrid(*grid, window);
+    if (auto* tabs = dynamic_cast<TabStripControl*>(&control)) return BindTabs(*tabs, window);
+}
+
+bool HasPartner(const Control& control, const QWidget& window) {
+    const auto is = [&]<typename Model>(Model*) { return dynamic_cast<const Model*>(&control) != nullptr; };
+    const auto action = [&] { return Partner<QAction>(window, control) != nullptr; };
+    const auto button = [&] { return Partner<QAbstractButton>(window, control) != nullptr; };
+    if (is(static_cast<ButtonControl*>(nullptr)) || is(static_cast<OptionControl*>(nullptr)) ||
+        is(static_cast<CheckControl*>(nullptr))) {
+        return action() || button();
+    }
+    if (is(static_cast<TextControl*>(nullptr))) {
+        return Partner<QLineEdit>(window, control) || Partner<QPlainTextEdit>(window, control);
+    }
+    if (is(static_cast<ComboControl*>(nullptr))) return Partner<QComboBox>(window, control) != nullptr;
+    if (is(static_cast<GaugeControl*>(nullptr))) return Partner<QProgressBar>(window, control) != nullptr;
+    if (is(static_cast<ListControl*>(nullptr))) return Partner<QListWidget>(window, control) != nullptr;
+    if (is(static_cast<GridControl*>(nullptr))) return Partner<QTableWidget>(window, control) != nullptr;
+    if (is(static_cast<TabStripControl*>(nullptr))) return Partner<QTabBar>(window, control) != nullptr;
+    return Partner<QWidget>(window, control) != nullptr;
+}
+
+bool TakesInput(const QObject* object) {
+    if (const auto* action = qobject_cast<const QAction*>(object)) return !action->isSeparator();
+    return qobject_cast<const QAbstractButton*>(object) || qobject_cast<const QLineEdit*>(object) ||
+           qobject_cast<const QComboBox*>(object) || qobject_cast<const QPlainTextEdit*>(object) ||
+           qobject_cast<const QProgressBar*>(object) || qobject_cast<const QTabBar*>(object);
+}
+
+}  // namespace
+
+void Bind(Form& form, QWidget& window) {
+    window.setWindowTitle(ToQt(form.Title()));
+    form.OnTitle([&form, guard = QPointer<QWidget>(&window)] {
+        if (guard) guard->setWindowTitle(ToQt(form.Title()));
+    });
+    for (Control* control : form.Controls()) BindOne(*control, window);
+}
+
+QStringList NamesWithoutPartner(const Form& form, const QWidget& window) {
+    QStringList names;
+    for (const Control* control : form.Controls()) {
+        if (!HasPartner(*control, window)) names << ToQt(control->Name());
+    }
+    for (const QObject* object : window.findChildren<QObject*>()) {
+        const QString name = object->objectName();
+        if (name.isEmpty() || name.startsWith("qt_") || !TakesInput(object)) continue;
+        if (form.Find(FromQt(name)) == nullptr) names << name;
+    }
+    return names;
+}
+
+}  // namespace quillon::ui

@@ -1,0 +1,27 @@
+// Connects the control models of a form with the widgets and actions of a window that bear the same
+// objectName. What the model says is shown; what the user does goes to the model as the user's action. No
+// rule stands here.
+//
+//     ButtonControl    QAction, QAbstractButton        LabelControl   QLabel, any other widget for enabled
+//     and visible OptionControl    QAction, QAbstractButton        TextControl    QLineEdit, QPlainTextEdit
+//     CheckControl     QAction, QAbstractButton        ComboControl   QComboBox
+//     ListControl      QListWidget                     GridControl    QTableWidget
+//     GaugeControl     QProgressBar                    TabStripControl QTabBar
+#pragma once
+
+#include <QObject>
+#include <QStringList>
+
+#include "core/controls.h"
+
+namespace quillon::ui {
+
+// Binds every control of the form. `window` owns the connections; the form must live as long as the window is
+// shown.
+void Bind(Form& form, QWidget& window);
+
+// The names of controls without a partner of a fitting kind in the window, and of actions and input widgets
+// with a name but without a control. Empty when the two fit.
+QStringList NamesWithoutPartner(const Form& form, const QWidget& window);
+
+}  // namespace quillon::ui

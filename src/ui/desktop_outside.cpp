@@ -1,0 +1,124 @@
+#include "ui/desktop_outside.h"
+
+#include <QtWidgets>
+
+#include "ui/text_convert.h"
+
+namespace quillon::ui {
+
+namespace {
+
+constexpr qint64 kMillisecondsBetweenEvents = 20;
+const QString kProgram = QStringLiteral("Taxonomic Quillon");
+
+// Plain text with the line ends of the program's messages.
+QString MessageText(std::string_view text) {
+    return ToQt(text).replace("\r\n", "\n").replace('\r', '\n');
+}
+
+void SetUp(QMessageBox& box, std::string_view text, std::string_view title) {
+    box.setTextFormat(Qt::PlainText);
+    box.setText(MessageText(text));
+    box.setWindowTitle(title.empty() ? kProgram : ToQt(title));
+}
+
+// A dialog shows the arrow while it waits for the user, whatever the job behind it shows.
+class ArrowCursor {
+public:
+    ArrowCursor() { QApplication::setOverrideCursor(Qt::ArrowCursor); }
+    ~ArrowCursor() { QApplication::restoreOverrideCursor(); }
+    ArrowCursor(const ArrowCursor&) = delete;
+    ArrowCursor& operator=(const ArrowCursor&) = delete;
+};
+
+std::optional<std::string> Chosen(QFileDialog& dialog) {
+    const ArrowCursor arrow;
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+    return FromQt(QDir::toNativeSeparators(dialog.selectedFiles().constFirst()));
+}
+
+}  // namespace
+
+DesktopPrompter::~DesktopPrompter() {
+    WaitCursor(false);
+}
+
+QWidget* DesktopPrompter::Above() const {
+    QWidget* modal = QApplication::activeModalWidget();
+    return modal != nullptr ? modal : window_.data();
+}
+
+void DesktopPrompter::Register(std::string_view formName, std::function<void(QWidget*)> show) {
+    forms_.insert(ToQt(formName), std::move(show));
+}
+
+void DesktopPrompter::Message(std::string_view text, std::string_view title) {
+    const ArrowCursor arrow;
+    QMessageBox box(QMessageBox::Information, {}, {}, QMessageBox::Ok, Above());
+    SetUp(box, text, title);
+    box.exec();
+}
+
+bool DesktopPrompter::AskYesNo(std::string_view text, std::string_view title) {
+    const ArrowCursor arrow;
+    QMessageBox box(QMessageBox::Question, {}, {}, QMessageBox::Yes | QMessageBox::No, Above());
+    SetUp(box, text, title);
+    box.setEscapeButton(QMessageBox::No);
+    return box.exec() == QMessageBox::Yes;
+}
+
+std::optional<std::string> DesktopPrompter::FileToOpen(std::string_view title, std::string_view filter) {
+    QFileDialog dialog(Above(), ToQt(title), {}, ToolkitFilter(filter));
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    return Chosen(dialog);
+}
+
+std::optional<std::string> DesktopPrompter::FileToSave(std::string_view title, std::string_view filter,
+                                                       bool overwritePrompt) {
+    QFileDialog dialog(Above(), ToQt(title), {}, ToolkitFilter(filter));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite, !overwritePrompt);
+    return Chosen(dialog);
+}
+
+void DesktopPrompter::ShowModal(std::string_view formName) {
+    const auto show = forms_.value(ToQt(formName));
+    if (!show) return;
+    const ArrowCursor arrow;
+    show(Above());
+}
+
+void DesktopPrompter::WaitCursor(bool on) {
+    if (on == waiting_) return;
+    waiting_ = on;
+    if (on) {
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    } else {
+        QApplication::restoreOverrideCursor();
+    }
+}
+
+QString ToolkitFilter(std::string_view filter) {
+    const QStringList parts = ToQt(filter).split('|');
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        QString pattern = parts[i + 1].toLower();
+        if (pattern == "*.*") {
+            pattern = "*";
+        } else {
+            pattern += " " + pattern.toUpper();
+        }
+        const QString name = parts[i].left(parts[i].indexOf('(')).trimmed();
+        filters << name + " (" + pattern + ")";
+    }
+    return filters.join(";;");
+}
+
+void DesktopPump::Yield() {
+    if (since_.isValid() && since_.elapsed() < kMillisecondsBetweenEvents) return;
+    QCoreApplication::processEvents();
+    since_.start();
+}
+
+}  // namespace quillon::ui

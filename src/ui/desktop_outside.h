@@ -1,0 +1,52 @@
+// The outside of the desktop program: message boxes, file dialogs, the wait cursor, modal forms and the event
+// loop.
+#pragma once
+
+#include <QElapsedTimer>
+#include <QHash>
+#include <QPointer>
+#include <QWidget>
+#include <functional>
+
+#include "core/outside.h"
+
+namespace quillon::ui {
+
+class DesktopPrompter : public Prompter {
+public:
+    ~DesktopPrompter() override;
+    // The window that boxes and dialogs belong to.
+    void SetWindow(QWidget* window) { window_ = window; }
+    // How the form of that name is shown until it closes; `parent` is the window above it.
+    void Register(std::string_view formName, std::function<void(QWidget* parent)> show);
+
+    void Message(std::string_view text, std::string_view title) override;
+    bool AskYesNo(std::string_view text, std::string_view title) override;
+    std::optional<std::string> FileToOpen(std::string_view title, std::string_view filter) override;
+    std::optional<std::string> FileToSave(std::string_view title, std::string_view filter,
+                                          bool overwritePrompt) override;
+    void ShowModal(std::string_view formName) override;
+    void WaitCursor(bool on) override;
+
+private:
+    // The modal window on top, or the main window.
+    QWidget* Above() const;
+
+    QPointer<QWidget> window_;
+    QHash<QString, std::function<void(QWidget*)>> forms_;
+    bool waiting_ = false;
+};
+
+// The filter of the toolkit for "Name (*.x)|*.x|...": upper and lower case extensions alike.
+QString ToolkitFilter(std::string_view filter);
+
+// Lets events through at most every 20 ms.
+class DesktopPump : public EventPump {
+public:
+    void Yield() override;
+
+private:
+    QElapsedTimer since_;
+};
+
+}  // namespace quillon::ui

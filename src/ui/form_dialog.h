@@ -1,0 +1,26 @@
+// A dialog over a form: closing it asks the form, and the form closes it.
+#pragma once
+
+#include <QDialog>
+
+#include "core/controls.h"
+
+namespace quillon::ui {
+
+class FormDialog : public QDialog {
+    Q_OBJECT
+public:
+    // The form must outlive the dialog, which bears the form's name.
+    FormDialog(Form& form, QWidget* parent);
+    // Escape and the window's own button.
+    void reject() override { form_.UserClose(); }
+
+protected:
+    // Connects the widgets with the controls, once they are made.
+    void BindAll();
+
+private:
+    Form& form_;
+};
+
+}  // namespace quillon::ui

@@ -1,0 +1,71 @@
+#include "ui/import_window.h"
+
+#include <QtWidgets>
+
+namespace quillon::ui {
+
+namespace {
+
+template <typename Widget>
+Widget* Named(QWidget* parent, const char* name) {
+    auto* widget = new Widget(parent);
+    widget->setObjectName(name);
+    return widget;
+}
+
+// A label above the list of symbols that it names.
+QLayout* Symbols(QWidget* parent, const char* label, const char* combo) {
+    auto* layout = new QVBoxLayout;
+    auto* caption = Named<QLabel>(parent, label);
+    auto* symbols = Named<QComboBox>(parent, combo);
+    caption->setBuddy(symbols);
+    layout->addWidget(caption);
+    layout->addWidget(symbols);
+    return layout;
+}
+
+}  // namespace
+
+ImportWindow::ImportWindow(importing::FrmImport& form, QWidget* parent) : FormDialog(form.form, parent) {
+    auto* format = Named<QGroupBox>(this, "fraFormat");
+    auto* formats = new QVBoxLayout(format);
+    formats->addWidget(Named<QRadioButton>(format, "OptAscii"));
+    formats->addWidget(Named<QRadioButton>(format, "OptORVA"));
+    auto* symbols = new QHBoxLayout;
+    symbols->addLayout(Symbols(this, "lblDelimiter", "cboDelimiter"));
+    symbols->addLayout(Symbols(this, "lblEnclosure", "cboEnclosure"));
+    auto* buttons = new QHBoxLayout;
+    auto* ok = Named<QPushButton>(this, "cmdOK");
+    ok->setDefault(true);
+    buttons->addStretch();
+    buttons->addWidget(ok);
+    buttons->addWidget(Named<QPushButton>(this, "cmdCancel"));
+    auto* layout = new QVBoxLayout(this);
+    layout->setSpacing(12);
+    layout->addWidget(Named<QLabel>(this, "lblImport"));
+    layout->addWidget(format);
+    layout->addLayout(symbols);
+    layout->addWidget(Named<QProgressBar>(this, "Gauge1"));
+    layout->addLayout(buttons);
+    BindAll();
+}
+
+ImportErrorWindow::ImportErrorWindow(importing::FrmIError& form, QWidget* parent)
+    : FormDialog(form.form, parent) {
+    auto* log = Named<QPlainTextEdit>(this, "txtError");
+    log->setLineWrapMode(QPlainTextEdit::NoWrap);
+    log->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    log->setAccessibleName(tr("Import Error Log"));
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(Named<QPushButton>(this, "cmdSave"));
+    buttons->addWidget(Named<QPushButton>(this, "cmdOK"));
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(log);
+    layout->addLayout(buttons);
+    BindAll();
+    const int character = fontMetrics().averageCharWidth();
+    resize(character * 100, character * 60);
+}
+
+}  // namespace quillon::ui

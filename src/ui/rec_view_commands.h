@@ -1,0 +1,37 @@
+// The commands of the main window as menus and toolbars have them: name, key of the toolbar, icon, keyboard
+// shortcut. The captions come from the form.
+#pragma once
+
+#include <QString>
+#include <span>
+
+class QAction;
+class QMainWindow;
+
+namespace quillon::ui {
+
+struct CommandSpec {
+    const char* name;      // objectName, as the form names it
+    const char* key;       // of the toolbar button; empty for a command without one
+    const char* icon;      // file under :/icons, without its ending; empty for none
+    const char* shortcut;  // in the toolkit's portable text; empty for none
+};
+
+struct MenuSpec {
+    const char* caption;
+    std::span<const char* const>
+        commands;  // "-" for a separator, ">name caption" begins and "<" ends a submenu
+};
+
+std::span<const CommandSpec> Commands();
+std::span<const MenuSpec> Menus();
+// The buttons of the toolbar TBar, and of TBarNavigate; "-" for a separator.
+std::span<const char* const> ToolButtons();
+std::span<const char* const> NavigateButtons();
+
+// Makes the actions of all commands, the menus and the two toolbars.
+void BuildCommands(QMainWindow& window);
+// The tool tip of an action: its caption and its keyboard shortcut.
+QString ToolTipOf(const QAction& action);
+
+}  // namespace quillon::ui

@@ -1,0 +1,41 @@
+#include "ui/screenshot.h"
+
+#include <QtWidgets>
+
+#include "ui/desktop_program.h"
+
+namespace quillon::ui {
+
+namespace {
+
+constexpr int kLevels = 12;
+
+bool IsGenusOrBelow(DesktopProgram& program, const navigation::TreeNode* node) {
+    const auto item = program.Explorer().GetNodeData(node);
+    return item && program.State().gRankGenus != 0 && item->rank() >= program.State().gRankGenus;
+}
+
+// Down the first branch until a genus stands open and one of its species is there to choose.
+navigation::TreeNode* OpenFirstBranch(DesktopProgram& program) {
+    auto& explorer = program.Explorer();
+    navigation::TreeNode* node = explorer.TreeV().TopCount() > 0 ? explorer.TreeV().Top(0) : nullptr;
+    for (int level = 0; node != nullptr && node->ChildCount() > 0 && level < kLevels; ++level) {
+        const bool isGenus = IsGenusOrBelow(program, node);
+        explorer.ExpandNode(node);
+        if (node->ChildCount() > 0) node = node->Child(0);
+        if (isGenus) break;
+    }
+    return node;
+}
+
+}  // namespace
+
+bool SaveScreenshot(DesktopProgram& program, const QString& path) {
+    program.Explorer().ListV().LoadAll();
+    if (navigation::TreeNode* node = OpenFirstBranch(program)) program.Explorer().NodeClick(node);
+    QCoreApplication::processEvents();
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    return program.Window().grab().save(path, "PNG");
+}
+
+}  // namespace quillon::ui

@@ -1,0 +1,17 @@
+// UTF-8 of the program to and from the text of the toolkit.
+#pragma once
+
+#include <QString>
+#include <string>
+#include <string_view>
+
+namespace quillon::ui {
+
+inline QString ToQt(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+inline std::string FromQt(const QString& text) {
+    return text.toStdString();
+}
+
+}  // namespace quillon::ui

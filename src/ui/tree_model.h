@@ -1,0 +1,49 @@
+// The explorer's tree as an item model: it mirrors a TreeControl and keeps nothing of its own.
+#pragma once
+
+#include <QAbstractItemModel>
+#include <functional>
+
+#include "navigation/tree_control.h"
+
+namespace quillon::ui {
+
+class TreeModel : public QAbstractItemModel, public navigation::TreeObserver {
+    Q_OBJECT
+public:
+    // The tree must outlive the model.
+    explicit TreeModel(navigation::TreeControl& tree, QObject* parent = nullptr);
+    ~TreeModel() override;
+
+    navigation::TreeNode* NodeOf(const QModelIndex& index) const;
+    // Invalid for nullptr.
+    QModelIndex IndexOf(navigation::TreeNode* node) const;
+    // True while nodes come or go: what the view then says of its current row is not the user's doing.
+    bool IsChanging() const { return changing_; }
+
+    QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
+    QModelIndex parent(const QModelIndex& child) const override;
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex&) const override { return 1; }
+    QVariant data(const QModelIndex& index, int role) const override;
+
+signals:
+    void NodeExpanded(const QModelIndex& index, bool expanded);
+    void NodeSelected(const QModelIndex& index);
+
+private:
+    void BeforeInsert(navigation::TreeNode* parent, std::size_t first, std::size_t last) override;
+    void AfterInsert() override;
+    void BeforeRemove(navigation::TreeNode* parent, std::size_t first, std::size_t last) override;
+    void AfterRemove() override;
+    void BeforeClear() override;
+    void AfterClear() override;
+    void TextChanged(navigation::TreeNode* node) override;
+    void ExpandedChanged(navigation::TreeNode* node) override;
+    void SelectionChanged(navigation::TreeNode* node) override;
+
+    navigation::TreeControl& tree_;
+    bool changing_ = false;
+};
+
+}  // namespace quillon::ui

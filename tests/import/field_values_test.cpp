@@ -1,0 +1,54 @@
+// Numbers, indicators and dates as a tagged file has them.
+#include <gtest/gtest.h>
+
+#include "import/record.h"
+
+namespace quillon::importing {
+namespace {
+
+TEST(ReadNumber, TakesWholeNumbersOf32Bits) {
+    EXPECT_EQ(ReadNumber("0"), 0);
+    EXPECT_EQ(ReadNumber("3000014"), 3000014);
+    EXPECT_EQ(ReadNumber("-7"), -7);
+    EXPECT_EQ(ReadNumber("+7"), 7);
+    EXPECT_EQ(ReadNumber("007"), 7);
+    EXPECT_EQ(ReadNumber("2147483647"), 2147483647);
+    EXPECT_EQ(ReadNumber("-2147483648"), -2147483647 - 1);
+}
+
+TEST(ReadNumber, RoundsAFraction) {
+    EXPECT_EQ(ReadNumber("1.6"), 2);
+    EXPECT_EQ(ReadNumber("2.5"), 2);
+    EXPECT_EQ(ReadNumber("1e3"), 1000);
+}
+
+TEST(ReadNumber, TakesAnythingElseForNone) {
+    for (const std::string_view text :
+         {"", "abc", "12abc", "1 2", "-", "+", "+-5", "nan", "inf", "2147483648", "-2147483649", "1e300",
+          "99999999999999999999", "\u0661"})
+        EXPECT_EQ(ReadNumber(text), 0) << text;
+}
+
+TEST(ReadIndicator, IsTrueForYesAndYInAnyCase) {
+    for (const std::string_view text : {"Yes", "YES", "yes", "Y", "y"})
+        EXPECT_TRUE(ReadIndicator(text)) << text;
+    for (const std::string_view text : {"", "No", "True", "1", "-1", "Ye", "Yess", "Y e"})
+        EXPECT_FALSE(ReadIndicator(text)) << text;
+}
+
+TEST(DateFromImport, PutsTheDayFirst) {
+    EXPECT_EQ(DateFromImport("12/31/1999", ImportDate::Day), "31/12/1999");
+    EXPECT_EQ(DateFromImport("1999-12-31 23:59:58", ImportDate::Stamp), "31121999235958");
+}
+
+TEST(DateFromImport, TestsNothingButTheLength) {
+    EXPECT_EQ(DateFromImport("abcdefghij", ImportDate::Day), "defabcghij");
+    EXPECT_EQ(DateFromImport("\u00e9b/d\u00e9/ghij", ImportDate::Day), "d\u00e9/\u00e9b/ghij");
+    for (const std::string_view text : {"1/1/1999", "12/31/19999", "1999-12-31 23:59:58"})
+        EXPECT_EQ(DateFromImport(text, ImportDate::Day), std::nullopt) << text;
+    for (const std::string_view text : {"1999-12-31", "1999-12-31 23:59:589"})
+        EXPECT_EQ(DateFromImport(text, ImportDate::Stamp), std::nullopt) << text;
+}
+
+}  // namespace
+}  // namespace quillon::importing

@@ -1,0 +1,102 @@
+#include "testkit/testkit.h"
+
+#include <gtest/gtest.h>
+#include <stdlib.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+namespace quillon::testkit {
+
+ScriptedPrompter::~ScriptedPrompter() = default;
+
+void ScriptedPrompter::Message(std::string_view text, std::string_view title) {
+    messages.emplace_back(text);
+    titles.emplace_back(title);
+}
+
+bool ScriptedPrompter::AskYesNo(std::string_view text, std::string_view title) {
+    questions.emplace_back(text);
+    titles.emplace_back(title);
+    if (yesNo.empty()) {
+        ADD_FAILURE() << "unexpected question: " << text;
+        return false;
+    }
+    const bool answer = yesNo.front();
+    yesNo.pop_front();
+    return answer;
+}
+
+std::optional<std::string> ScriptedPrompter::FileToOpen(std::string_view title, std::string_view filter) {
+    fileTitles.emplace_back(title);
+    fileFilters.emplace_back(filter);
+    if (filesToOpen.empty()) {
+        ADD_FAILURE() << "unexpected file dialog: " << title;
+        return {};
+    }
+    const auto answer = filesToOpen.front();
+    filesToOpen.pop_front();
+    return answer;
+}
+
+std::optional<std::string> ScriptedPrompter::FileToSave(std::string_view title, std::string_view filter, bool) {
+    fileTitles.emplace_back(title);
+    fileFilters.emplace_back(filter);
+    if (filesToSave.empty()) {
+        ADD_FAILURE() << "unexpected file dialog: " << title;
+        return {};
+    }
+    const auto answer = filesToSave.front();
+    filesToSave.pop_front();
+    return answer;
+}
+
+TempDir::TempDir() {
+    std::string pattern = std::filesystem::temp_directory_path() / "quillon-XXXXXX";
+    path_ = mkdtemp(pattern.data());
+}
+
+TempDir::~TempDir() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+}
+
+std::string TempDir::File(std::string_view name) const { return std::filesystem::path(path_) / name; }
+
+void DataSetFixture::Make(const std::string& kingdom, std::string_view file) {
+    state.gKingdomName = kingdom;
+    state.gPrefRank = "Kingdom";
+    prompter.filesToSave.push_back(dir.File(file));
+    ASSERT_TRUE(lifecycle.NewDataSet());
+    prompter.fileTitles.clear();
+    prompter.fileFilters.clear();
+}
+
+std::string DumpRows(store::Recordset& rows) {
+    std::string text;
+    for (; !rows.Eof(); rows.MoveNext()) {
+        for (std::size_t i = 0; i < rows.ColumnCount(); ++i) {
+            const Value value = rows.At(i);
+            text += (i == 0 ? "" : "\t") + (value.IsNull() ? "\\N" : value.AsText());
+        }
+        text += '\n';
+    }
+    return text;
+}
+
+std::string DataSetFixture::Dump(std::string_view sql) {
+    const auto rows = db().CreateSnapshot(sql);
+    return DumpRows(*rows);
+}
+
+std::string ReadFile(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+void WriteFile(const std::string& path, std::string_view content) {
+    std::ofstream(path, std::ios::binary).write(content.data(), static_cast<std::streamsize>(content.size()));
+}
+
+}  // namespace quillon::testkit

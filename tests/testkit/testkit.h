@@ -1,0 +1,80 @@
+// What the tests of every folder share: scripted answers in place of a user, a temporary folder, and a new DataSet in it.
+#pragma once
+
+#include <deque>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/application_state.h"
+#include "core/outside.h"
+#include "store/engine.h"
+#include "store/lifecycle/lifecycle.h"
+
+namespace quillon::testkit {
+
+// Answers from queues, and remembers what was said. A question with no answer left fails the test and counts as No.
+class ScriptedPrompter : public Prompter {
+public:
+    ~ScriptedPrompter() override;
+
+    std::deque<bool> yesNo;
+    std::deque<std::optional<std::string>> filesToOpen, filesToSave;
+
+    std::vector<std::string> messages;   // the texts of message boxes
+    std::vector<std::string> titles;     // of message boxes and questions, in order
+    std::vector<std::string> questions;  // the texts of Yes or No questions
+    std::vector<std::string> fileTitles, fileFilters;
+    std::vector<std::string> forms;  // shown modally
+
+    void Message(std::string_view text, std::string_view title) override;
+    bool AskYesNo(std::string_view text, std::string_view title) override;
+    std::optional<std::string> FileToOpen(std::string_view title, std::string_view filter) override;
+    std::optional<std::string> FileToSave(std::string_view title, std::string_view filter, bool overwritePrompt) override;
+    void ShowModal(std::string_view formName) override { forms.emplace_back(formName); }
+    void WaitCursor(bool on) override { waitCursor = on; }
+
+    bool waitCursor = false;
+};
+
+class NullPump : public EventPump {
+public:
+    void Yield() override { ++yields; }
+    int yields = 0;
+};
+
+// A folder that goes with the object.
+class TempDir {
+public:
+    TempDir();
+    ~TempDir();
+    TempDir(const TempDir&) = delete;
+    TempDir& operator=(const TempDir&) = delete;
+
+    const std::string& path() const { return path_; }
+    std::string File(std::string_view name) const;
+
+private:
+    std::string path_;
+};
+
+// A new DataSet, open, as the New command leaves it.
+struct DataSetFixture {
+    TempDir dir;
+    ApplicationState state;
+    store::Engine engine;
+    ScriptedPrompter prompter;
+    store::Lifecycle lifecycle{state, engine, prompter};
+
+    void Make(const std::string& kingdom = "Animalia", std::string_view file = "test.mdb");
+    store::Database& db() { return *state.gDatabase; }
+    // The rows of a select, tab-separated, Null as \N, one line each.
+    std::string Dump(std::string_view sql);
+};
+
+std::string DumpRows(store::Recordset& rows);
+std::string ReadFile(const std::string& path);
+void WriteFile(const std::string& path, std::string_view content);
+
+}  // namespace quillon::testkit
