@@ -1,7 +1,15 @@
 #include "ui/desktop_program.h"
 
+#include <QDir>
+
 #include "ui/about_window.h"
 #include "ui/import_window.h"
+
+// The icons stand in a static library, where nobody takes them in unasked. The macro must stand outside any
+// namespace.
+static void TakeInIcons() {
+    Q_INIT_RESOURCE(icons);
+}
 
 namespace quillon::ui {
 
@@ -11,6 +19,7 @@ DesktopProgram::DesktopProgram(Prompter* prompter, std::string workDirectory)
       lifecycle_(state_, engine_, prompter_),
       explorer_(state_, engine_, prompter_),
       recView_(state_, prompter_, progress_, lifecycle_) {
+    TakeInIcons();
     state_.gVersion = store::kProgramVersion;
     Connect();
     RegisterForms();

@@ -35,7 +35,8 @@ struct TaxonLine {
 
 class ImportTest : public ::testing::Test {
 protected:
-    void SetUp() override { set.Make(); }
+    explicit ImportTest(std::string kingdom = "Animalia") : kingdom_(std::move(kingdom)) {}
+    void SetUp() override { set.Make(kingdom_); }
 
     // Each line is closed by CR LF.
     void Import(std::initializer_list<std::string> lines) {
@@ -50,23 +51,21 @@ protected:
     void ImportFrom(ByteSource& source) {
         findings.clear();
         gauge.clear();
-        TaggedImport import(set.state, set.engine, set.prompter, pump,
+        const FindingSink keep = [this](const Finding& finding) { findings.push_back(finding); };
+        TaggedImport tagged(set.state, set.engine, set.prompter, pump,
                             [this](double done) { gauge.push_back(done); });
-        import.ReadTaggedFile(source, [this](const Finding& finding) { findings.push_back(finding);
-    });
-} std::string Dump(std::string_view sql) {
-    return set.Dump(sql);
-}
-// "" for no finding.
-std::string FirstSentence() const {
-    return findings.empty() ? "" : findings.front().sentence;
-}
+        tagged.ReadTaggedFile(source, keep);
+    }
+    std::string Dump(std::string_view sql) { return set.Dump(sql); }
 
-testkit::DataSetFixture set;
-testkit::NullPump pump;
-std::vector<Finding> findings;
-std::vector<double> gauge;
-};  // namespace quillon::importing
+    testkit::DataSetFixture set;
+    testkit::NullPump pump;
+    std::vector<Finding> findings;
+    std::vector<double> gauge;
+
+private:
+    std::string kingdom_;
+};
 
 using Findings = std::vector<Finding>;
 

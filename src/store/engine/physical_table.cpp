@@ -58,9 +58,8 @@ constexpr std::array<LookupIndex, 16> kLookups = {{
     {"qb_change_tracks", "~taxon", "qb_id", true},
 }};
 
-const TypeWord& WordOf(FieldType type) {
-    return *std::find_if(kTypeWords.begin(), kTypeWords.end(), [&](const TypeWord& w) { return w.type == type; });
-}
+// The table stands in the order of the types.
+const TypeWord& WordOf(FieldType type) { return kTypeWords.at(static_cast<std::size_t>(type)); }
 
 std::string CheckSql(const FieldDef& field) {
     const std::string name = QuoteName(field.name);
