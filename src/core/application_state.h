@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/current_taxon.h"
@@ -40,6 +41,17 @@ struct ApplicationState {
     // The run of a long job.
     bool gBatchRunning = false;
     bool gBatchCancel = false;
+    std::string gRecordFilter = "none";  // "none", "journal", or ` WHERE <column> <operator> "<value>"`
+    bool gValidatingForExport = false;
+    int gRecordsDone = 0, gRecordsTotal = 0, gValidatedTotal = 0;
+    bool gErrorsOccurred = false;        // at least one finding was logged
+    bool gRecordHeaderPending = false;   // the row at hand has not had its heading written
+    int gLogQbId = 0;                    // the taxon under validation
+    std::vector<int> gRejectedTaxa;      // refused in a run for export
+    std::vector<std::pair<std::string, int>> gRejectedDocs;  // prefix and id, refused in a run for export
+    std::string gExportPath;  // the DataSet to export
+    std::string gExportFile;
+    int gExportedCount = 0;   // lines written
 
     std::string gDownloadPage;  // shown when a DataSet is newer than the program
     std::string title;          // of the main window

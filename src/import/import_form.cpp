@@ -72,9 +72,9 @@ void FrmImport::RunImport() {
 }
 
 void FrmImport::ImportFile(const std::string& path) {
-    TaggedImport import(state_, engine_, prompter_, events_,
-                        [this](double done) { Gauge1.SetValue(static_cast<int>(done)); });
-    const ImportResult result = import.Run(path, workDirectory_);
+    TaggedImport job(state_, engine_, prompter_, events_,
+                     [this](double done) { Gauge1.SetValue(static_cast<int>(done)); });
+    const ImportResult result = job.Run(path, workDirectory_);
     if (!result.found) return;
     if (result.completed)
         TellCompleted(result);

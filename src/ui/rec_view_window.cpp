@@ -33,7 +33,7 @@ RecViewWindow::RecViewWindow(editor::RecView& recView, navigation::cExplorer& ex
     ConnectForm();
     ShowView();
     const int character = fontMetrics().averageCharWidth();
-    resize(character * 150, character * 90);
+    resize(character * 170, character * 105);
 }
 
 // The explorer and the form outlive the window and must not call it any more.
@@ -76,7 +76,7 @@ void RecViewWindow::BuildBody() {
     splitter->addWidget(explorer);
     splitter->addWidget(editor);
     splitter->setStretchFactor(1, 1);
-    splitter->setSizes({character * 50, character * 100});
+    splitter->setSizes({character * 66, character * 104});
     setCentralWidget(splitter);
 }
 
@@ -87,6 +87,9 @@ QWidget* RecViewWindow::BuildExplorer() {
     tree_->setAccessibleName(tr("Hierarchy"));
     tree_->setHeaderHidden(true);
     tree_->setUniformRowHeights(true);
+    tree_->header()->setStretchLastSection(false);
+    tree_->header()->setResizeContentsPrecision(0);  // as wide as the rows on show
+    tree_->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     tree_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     list_ = new AlphaView(views_);
     list_->setObjectName("AlphaView");
