@@ -14,7 +14,9 @@ namespace quillon::batch {
 
 namespace {
 
-void Fail(const std::string& text) { std::fprintf(stderr, "message: %s\n", text.c_str()); }
+void Fail(const std::string& text) {
+    std::fprintf(stderr, "message: %s\n", text.c_str());
+}
 
 std::string Escape(std::string_view text) {
     std::string escaped;
@@ -45,11 +47,14 @@ std::string Field(const Value& value) {
     return value.IsBoolean() ? (value.AsBoolean() ? "1" : "0") : Escape(value.AsText());
 }
 
-void Print(const std::string& line) { std::fwrite(line.data(), 1, line.size(), stdout); }
+void Print(const std::string& line) {
+    std::fwrite(line.data(), 1, line.size(), stdout);
+}
 
 void PrintRows(store::Recordset& rows) {
     std::string line;
-    for (std::size_t i = 0; i < rows.ColumnCount(); ++i) line += (i == 0 ? "" : "\t") + Escape(rows.ColumnName(i));
+    for (std::size_t i = 0; i < rows.ColumnCount(); ++i)
+        line += (i == 0 ? "" : "\t") + Escape(rows.ColumnName(i));
     Print(line + "\n");
     for (; !rows.Eof(); rows.MoveNext()) {
         line.clear();
@@ -58,7 +63,9 @@ void PrintRows(store::Recordset& rows) {
     }
 }
 
-bool IsSelect(std::string_view query) { return EqualText(query.substr(0, 6), "select"); }
+bool IsSelect(std::string_view query) {
+    return EqualText(query.substr(0, 6), "select");
+}
 
 bool Exists(const std::string& path) {
     struct stat info {};
@@ -72,7 +79,8 @@ ExitStatus RunNew(const CommonOptions& options, const std::string& path) {
     session.state.gKingdomName = options.kingdom;
     session.state.gPrefRank = "Kingdom";
     if (KingdomIndex(options.kingdom) == 0) {
-        Fail(fmt::format("'{}' is no kingdom: it is one of {}.", options.kingdom, fmt::join(kKingdomNames, ", ")));
+        Fail(fmt::format("'{}' is no kingdom: it is one of {}.", options.kingdom,
+                         fmt::join(kKingdomNames, ", ")));
         return ExitStatus::Usage;
     }
     if (Exists(path) && options.answer != Answer::Yes) {
@@ -114,9 +122,11 @@ ExitStatus RunInfo(const CommonOptions& options, const std::string& path) {
     session.Open(path);
     std::string version;
     session.lifecycle.IsDataSetVersionValid(version);
-    Print(fmt::format("version\t{}\nkingdom\t{}\npath\t{}\n", Escape(version), Escape(session.state.gKingdomName), Escape(path)));
+    Print(fmt::format("version\t{}\nkingdom\t{}\npath\t{}\n", Escape(version),
+                      Escape(session.state.gKingdomName), Escape(path)));
     for (const store::TableDef& table : session.state.gDatabase->TableDefs()) {
-        const auto count = session.state.gDatabase->CreateSnapshot(fmt::format("SELECT count(*) FROM [{}]", table.name));
+        const auto count =
+            session.state.gDatabase->CreateSnapshot(fmt::format("SELECT count(*) FROM [{}]", table.name));
         Print(fmt::format("{}\t{}\n", table.name, count->At(0).AsLong()));
     }
     session.lifecycle.CloseDataSet();

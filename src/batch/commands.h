@@ -1,4 +1,5 @@
-// The jobs of quillon-batch: each fills in what the form of the job would hold, and calls what the form's button calls.
+// The jobs of quillon-batch: each fills in what the form of the job would hold, and calls what the form's
+// button calls.
 #pragma once
 
 #include <string>

@@ -11,7 +11,9 @@ namespace {
 
 volatile sig_atomic_t signalled = 0;
 
-void Note(int) { signalled = 1; }
+void Note(int) {
+    signalled = 1;
+}
 
 std::string OneLine(std::string_view text) {
     std::string line;
@@ -34,9 +36,13 @@ bool ConsolePrompter::AskYesNo(std::string_view text, std::string_view) {
     return yes;
 }
 
-std::optional<std::string> ConsolePrompter::FileToOpen(std::string_view, std::string_view) { return {}; }
+std::optional<std::string> ConsolePrompter::FileToOpen(std::string_view, std::string_view) {
+    return {};
+}
 
-std::optional<std::string> ConsolePrompter::FileToSave(std::string_view, std::string_view, bool) { return {}; }
+std::optional<std::string> ConsolePrompter::FileToSave(std::string_view, std::string_view, bool) {
+    return {};
+}
 
 SignalPump::SignalPump(ApplicationState& state) : state_(state) {
     struct sigaction action {};

@@ -1,5 +1,5 @@
-// The outside of quillon-batch: messages and questions as lines on standard error, answers from the command line, and
-// SIGINT as the Cancel button.
+// The outside of quillon-batch: messages and questions as lines on standard error, answers from the command
+// line, and SIGINT as the Cancel button.
 #pragma once
 
 #include <optional>
@@ -23,7 +23,8 @@ public:
     bool AskYesNo(std::string_view text, std::string_view title) override;
     // There is nobody to choose a file or to look at a form: the answer is Cancel.
     std::optional<std::string> FileToOpen(std::string_view title, std::string_view filter) override;
-    std::optional<std::string> FileToSave(std::string_view title, std::string_view filter, bool overwritePrompt) override;
+    std::optional<std::string> FileToSave(std::string_view title, std::string_view filter,
+                                          bool overwritePrompt) override;
     void ShowModal(std::string_view) override {}
     void WaitCursor(bool) override {}
 

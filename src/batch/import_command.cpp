@@ -30,7 +30,8 @@ ExitStatus RunImport(const CommonOptions& options, const std::string& path, cons
         return ExitStatus::Failed;
     }
     session.state.gDataSetIsNew = HoldsOnlySeedRows(*session.state.gDatabase);
-    if (!session.state.gDataSetIsNew && !session.prompter.AskYesNo(kNotEmpty, kNotEmptyTitle)) return ExitStatus::Failed;
+    if (!session.state.gDataSetIsNew && !session.prompter.AskYesNo(kNotEmpty, kNotEmptyTitle))
+        return ExitStatus::Failed;
     ProgressLine progress(options.progress);
     importing::TaggedImport import(session.state, session.engine, session.prompter, session.pump,
                                    [&](double percent) { progress.Show(percent); });
@@ -40,7 +41,8 @@ ExitStatus RunImport(const CommonOptions& options, const std::string& path, cons
         if (result.canceled) session.prompter.Message(importing::kImportCanceled, "");
         return ExitStatus::Failed;
     }
-    session.prompter.Message(result.errors ? "Import Complete -- Errors Occurred." : importing::kImportComplete, "");
+    session.prompter.Message(
+        result.errors ? "Import Complete -- Errors Occurred." : importing::kImportComplete, "");
     return result.errors ? ExitStatus::Findings : ExitStatus::Done;
 }
 

@@ -20,7 +20,8 @@ struct Arguments {
 };
 
 void AddCommon(CLI::App& command, Arguments& arguments) {
-    command.add_option("--work-dir", arguments.common.workDir, "Folder for logs and work files")->check(CLI::ExistingDirectory);
+    command.add_option("--work-dir", arguments.common.workDir, "Folder for logs and work files")
+        ->check(CLI::ExistingDirectory);
     auto* yes = command.add_flag("--yes", arguments.yes, "Answer Yes to every question");
     command.add_flag("--no", arguments.no, "Answer No to every question")->excludes(yes);
     command.add_flag("--progress", arguments.common.progress, "Show a progress line on a terminal");
@@ -28,7 +29,8 @@ void AddCommon(CLI::App& command, Arguments& arguments) {
 }
 
 void AddKingdom(CLI::App& command, Arguments& arguments) {
-    command.add_option("--kingdom", arguments.common.kingdom, "The preference kingdom; without it the DataSet's own");
+    command.add_option("--kingdom", arguments.common.kingdom,
+                       "The preference kingdom; without it the DataSet's own");
 }
 
 ExitStatus Dispatch(const CLI::App& app, Arguments& arguments) {
@@ -48,13 +50,15 @@ int Run(int argc, char** argv) {
 
     CLI::App* make = app.add_subcommand("new", "Make a new DataSet for a kingdom");
     AddCommon(*make, arguments);
-    make->add_option("--kingdom", arguments.common.kingdom, "The kingdom: Monera, Protozoa, Plantae, Fungi, Animalia or Chromista")
+    make->add_option("--kingdom", arguments.common.kingdom,
+                     "The kingdom: Monera, Protozoa, Plantae, Fungi, Animalia or Chromista")
         ->required();
     CLI::App* import = app.add_subcommand("import", "Read an exchange file into a DataSet");
     AddCommon(*import, arguments);
     AddKingdom(*import, arguments);
     import->add_option("FILE", arguments.file, "The file to import")->required();
-    import->add_option("--format", arguments.format, "The format of the file")->check(CLI::IsMember({"tagged"}));
+    import->add_option("--format", arguments.format, "The format of the file")
+        ->check(CLI::IsMember({"tagged"}));
     CLI::App* query = app.add_subcommand("query", "Run a stored query, or a text beginning with select");
     AddCommon(*query, arguments);
     AddKingdom(*query, arguments);
@@ -84,4 +88,6 @@ int Run(int argc, char** argv) {
 
 }  // namespace quillon::batch
 
-int main(int argc, char** argv) { return quillon::batch::Run(argc, argv); }
+int main(int argc, char** argv) {
+    return quillon::batch::Run(argc, argv);
+}

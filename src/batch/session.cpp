@@ -7,15 +7,20 @@
 namespace quillon::batch {
 
 Session::Session(const CommonOptions& commonOptions)
-    : prompter(commonOptions.answer), pump(state), lifecycle(state, engine, prompter), options(commonOptions) {}
+    : prompter(commonOptions.answer),
+      pump(state),
+      lifecycle(state, engine, prompter),
+      options(commonOptions) {}
 
 void Session::Open(const std::string& path) {
     state.gDataSetPath = lifecycle.OpenDataSetFile(path);
-    if (!state.gDataSetOpen) throw store::StoreError(store::ErrorNumber::CannotOpenFile, lifecycle.LastOpenError());
+    if (!state.gDataSetOpen)
+        throw store::StoreError(store::ErrorNumber::CannotOpenFile, lifecycle.LastOpenError());
     std::string version;
     if (!lifecycle.IsDataSetVersionValid(version) || lifecycle.CompareDataSetVersion(version) != "EQ")
-        throw store::StoreError(store::ErrorNumber::UnrecognizedFormat,
-                                fmt::format("Dataset {} is incompatible with this version of the QLN!", path));
+        throw store::StoreError(
+            store::ErrorNumber::UnrecognizedFormat,
+            fmt::format("Dataset {} is incompatible with this version of the QLN!", path));
     const auto kingdom = state.gDatabase->CreateSnapshot("SELECT * FROM kingdoms;");
     state.gKingdomName = options.kingdom;
     if (options.kingdom.empty() && !kingdom->Eof())

@@ -1,5 +1,5 @@
-// The application-wide state: one object that main makes and hands down. Each member has one writer rule; a fresh one is
-// empty, zero or false throughout.
+// The application-wide state: one object that main makes and hands down. Each member has one writer rule; a
+// fresh one is empty, zero or false throughout.
 #pragma once
 
 #include <memory>
@@ -29,13 +29,14 @@ struct ApplicationState {
     std::string gOldPrefRank;
     std::string gPrefDataSet;  // path opened at start
     std::string gPrefAuthor, gPrefWarnings;
-    std::string gPrefSaveReferences, gPrefSaveAuthor, gPrefSaveParent, gPrefSaveComments, gPrefSaveOtherFields;
+    std::string gPrefSaveReferences, gPrefSaveAuthor, gPrefSaveParent, gPrefSaveComments,
+        gPrefSaveOtherFields;
     bool gPreferencesChanging = false;
 
-    bool RecordDirty = false;               // a taxon on the form has not been saved
-    std::vector<int> gNewChangeTrackIds;    // written for the record still on the form
+    bool RecordDirty = false;             // a taxon on the form has not been saved
+    std::vector<int> gNewChangeTrackIds;  // written for the record still on the form
     bool gQuitRequested = false;
-    CurrentTaxon currentTaxon;              // CurrentTaxon, qb_id 0 when none
+    CurrentTaxon currentTaxon;  // CurrentTaxon, qb_id 0 when none
     int gRankGenus = 0, gRankSpecies = 0;
 
     // The run of a long job.
@@ -44,14 +45,14 @@ struct ApplicationState {
     std::string gRecordFilter = "none";  // "none", "journal", or ` WHERE <column> <operator> "<value>"`
     bool gValidatingForExport = false;
     int gRecordsDone = 0, gRecordsTotal = 0, gValidatedTotal = 0;
-    bool gErrorsOccurred = false;        // at least one finding was logged
-    bool gRecordHeaderPending = false;   // the row at hand has not had its heading written
-    int gLogQbId = 0;                    // the taxon under validation
-    std::vector<int> gRejectedTaxa;      // refused in a run for export
+    bool gErrorsOccurred = false;       // at least one finding was logged
+    bool gRecordHeaderPending = false;  // the row at hand has not had its heading written
+    int gLogQbId = 0;                   // the taxon under validation
+    std::vector<int> gRejectedTaxa;     // refused in a run for export
     std::vector<std::pair<std::string, int>> gRejectedDocs;  // prefix and id, refused in a run for export
-    std::string gExportPath;  // the DataSet to export
+    std::string gExportPath;                                 // the DataSet to export
     std::string gExportFile;
-    int gExportedCount = 0;   // lines written
+    int gExportedCount = 0;  // lines written
 
     std::string gDownloadPage;  // shown when a DataSet is newer than the program
     std::string title;          // of the main window

@@ -1,7 +1,8 @@
 // CP1252, the code page of exchange files, to and from the UTF-8 of memory.
 //
-// The five bytes that the code page leaves open (81, 8D, 8F, 90, 9D) become the control characters of the same number
-// (U+0081 ...), as the platform's own conversion does, and go back to the same bytes, so nothing is lost on a round trip.
+// The five bytes that the code page leaves open (81, 8D, 8F, 90, 9D) become the control characters of the
+// same number (U+0081 ...), as the platform's own conversion does, and go back to the same bytes, so nothing
+// is lost on a round trip.
 #pragma once
 
 #include <optional>

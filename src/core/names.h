@@ -1,7 +1,8 @@
-// The compositions of a scientific name. They differ in blanks, in what they drop and in what Null does, and the
-// differences decide matches and are seen by users: each procedure keeps its own output.
+// The compositions of a scientific name. They differ in blanks, in what they drop and in what Null does, and
+// the differences decide matches and are seen by users: each procedure keeps its own output.
 //
-// The procedures take the eight fields as a NameFields, filled by whoever holds the row; none reads the store.
+// The procedures take the eight fields as a NameFields, filled by whoever holds the row; none reads the
+// store.
 #pragma once
 
 #include <string>
@@ -19,15 +20,15 @@ struct NameFields {
 // Each run of blanks and tabs becomes one blank; then trimmed at both ends.
 std::string CompressSpacesAndTrim(std::string_view text);
 
-// The plain composition, for everything but the merge. It stops at the first of units 2 and 3 whose mark and name are
-// both Null, so later units are lost; blanks inside a field survive.
+// The plain composition, for everything but the merge. It stops at the first of units 2 and 3 whose mark and
+// name are both Null, so later units are lost; blanks inside a field survive.
 std::string BuildSciName(const NameFields& name);
 
 // The composition of the merge: as BuildSciName with the first two units trimmed, then compressed.
 std::string ConcatSName(const NameFields& name);
 
-// The line of a tree node without the usage mark: all units whatever they hold, each mark and name after a blank, then
-// two blanks and the author. `taxonAuthor` may be Null.
+// The line of a tree node without the usage mark: all units whatever they hold, each mark and name after a
+// blank, then two blanks and the author. `taxonAuthor` may be Null.
 std::string CalcPlainNodeName(const NameFields& name, const Value& taxonAuthor);
 // What CalcPlainNodeName gives for no row at all: one blank.
 std::string CalcPlainNodeNameOfNoRow();
@@ -37,7 +38,8 @@ struct EditedName {
     std::string unit_ind1, unit_name1, unit_ind2, unit_name2, unit_ind3, unit_name3, unit_ind4, unit_name4;
     std::string cboName1, txtName1, cboName2, txtName2, txtName3;
 };
-// The name of the taxon on the form: from the record when one of its first three units is given, else from the controls.
+// The name of the taxon on the form: from the record when one of its first three units is given, else from
+// the controls.
 std::string CurrentTaxonName(const EditedName& name);
 
 }  // namespace quillon

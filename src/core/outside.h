@@ -1,5 +1,5 @@
-// The outside as the program's logic sees it: questions, progress, events, time. Nothing here shows anything itself; the
-// desktop program, the batch program and the tests each hand in their own.
+// The outside as the program's logic sees it: questions, progress, events, time. Nothing here shows anything
+// itself; the desktop program, the batch program and the tests each hand in their own.
 #pragma once
 
 #include <optional>
@@ -17,7 +17,8 @@ public:
     virtual void Message(std::string_view text, std::string_view title = {}) = 0;
     // A question with Yes and No; true for Yes.
     virtual bool AskYesNo(std::string_view text, std::string_view title) = 0;
-    // A file to open, or nothing when the user cancels. The filter is "Name (*.x)|*.x|..." with pairs split by bars.
+    // A file to open, or nothing when the user cancels. The filter is "Name (*.x)|*.x|..." with pairs split
+    // by bars.
     virtual std::optional<std::string> FileToOpen(std::string_view title, std::string_view filter) = 0;
     // A file to save. With `overwritePrompt` the dialog itself asks before an existing file is taken.
     virtual std::optional<std::string> FileToSave(std::string_view title, std::string_view filter,

@@ -1,10 +1,10 @@
 // Text as the program handles it: UTF-8 in memory, measured in characters, compared without regard to case.
 //
-// Every comparison of names in the program goes through CompareText or EqualText, so that memory and store agree. The
-// order is fixed here and the same on every machine: trailing blanks do not count; then the base letters of the whole
-// text are compared, punctuation before digits before letters; then, only between texts whose base letters are all
-// equal, the accents. Case never counts. Invalid UTF-8 is compared byte by byte as characters of its own, after all
-// letters, and never fails.
+// Every comparison of names in the program goes through CompareText or EqualText, so that memory and store
+// agree. The order is fixed here and the same on every machine: trailing blanks do not count; then the base
+// letters of the whole text are compared, punctuation before digits before letters; then, only between texts
+// whose base letters are all equal, the accents. Case never counts. Invalid UTF-8 is compared byte by byte as
+// characters of its own, after all letters, and never fails.
 #pragma once
 
 #include <cstddef>
@@ -15,13 +15,16 @@ namespace quillon {
 
 // Negative, 0 or positive as left stands before, equals or stands after right.
 int CompareText(std::string_view left, std::string_view right);
-inline bool EqualText(std::string_view left, std::string_view right) { return CompareText(left, right) == 0; }
+inline bool EqualText(std::string_view left, std::string_view right) {
+    return CompareText(left, right) == 0;
+}
 // A byte string whose plain byte order is the order of CompareText, and equal exactly where that gives 0.
 std::string SortKey(std::string_view text);
-// The binary comparison (mode 0 of the dialect's StrComp): -1, 0 or 1 by character code, blanks and case included.
+// The binary comparison (mode 0 of the dialect's StrComp): -1, 0 or 1 by character code, blanks and case
+// included.
 int CompareBinary(std::string_view left, std::string_view right);
-// The dialect's Like: `*` any run, `?` one character, `#` one digit, `[a-z]` and `[!a-z]` sets; case does not count,
-// accents do, trailing blanks count. A pattern with an open bracket matches nothing.
+// The dialect's Like: `*` any run, `?` one character, `#` one digit, `[a-z]` and `[!a-z]` sets; case does not
+// count, accents do, trailing blanks count. A pattern with an open bracket matches nothing.
 bool LikeText(std::string_view text, std::string_view pattern);
 
 // Characters, not bytes; each invalid byte counts as one.
@@ -42,7 +45,8 @@ std::string QuoteSQL(std::string_view text);
 std::string QuoteDoubleQuotes(std::string_view text);
 // Two upper-case hexadecimal digits for the code in CP1252 of each character; "3F" where CP1252 has none.
 std::string HexString(std::string_view text);
-// "12", "-3", " 1.5 " and the like: a number as the platform's text to number conversion takes it, blanks allowed.
+// "12", "-3", " 1.5 " and the like: a number as the platform's text to number conversion takes it, blanks
+// allowed.
 bool IsNumericText(std::string_view text);
 
 }  // namespace quillon

@@ -1,7 +1,9 @@
-// One value of a field, a parameter or a form: Null, a Boolean, a whole number, a number with a fraction, or a text.
+// One value of a field, a parameter or a form: Null, a Boolean, a whole number, a number with a fraction, or
+// a text.
 //
-// Everything that passes between the store and the procedures above it is a Value. It converts only where asked, and
-// the readers below give what the program takes for "none" when the value is Null: 0, false, the empty text.
+// Everything that passes between the store and the procedures above it is a Value. It converts only where
+// asked, and the readers below give what the program takes for "none" when the value is Null: 0, false, the
+// empty text.
 #pragma once
 
 #include <cstdint>
@@ -14,14 +16,14 @@ namespace quillon {
 class Value {
 public:
     Value() = default;
-    Value(std::nullptr_t) {}                                     // NOLINT(google-explicit-constructor)
-    Value(bool value) : content_(value) {}                       // NOLINT(google-explicit-constructor)
-    Value(int value) : content_(std::int64_t{value}) {}          // NOLINT(google-explicit-constructor)
-    Value(std::int64_t value) : content_(value) {}               // NOLINT(google-explicit-constructor)
-    Value(double value) : content_(value) {}                     // NOLINT(google-explicit-constructor)
-    Value(std::string value) : content_(std::move(value)) {}     // NOLINT(google-explicit-constructor)
+    Value(std::nullptr_t) {}                                         // NOLINT(google-explicit-constructor)
+    Value(bool value) : content_(value) {}                           // NOLINT(google-explicit-constructor)
+    Value(int value) : content_(std::int64_t{value}) {}              // NOLINT(google-explicit-constructor)
+    Value(std::int64_t value) : content_(value) {}                   // NOLINT(google-explicit-constructor)
+    Value(double value) : content_(value) {}                         // NOLINT(google-explicit-constructor)
+    Value(std::string value) : content_(std::move(value)) {}         // NOLINT(google-explicit-constructor)
     Value(std::string_view value) : content_(std::string(value)) {}  // NOLINT(google-explicit-constructor)
-    Value(const char* value) : content_(std::string(value)) {}   // NOLINT(google-explicit-constructor)
+    Value(const char* value) : content_(std::string(value)) {}       // NOLINT(google-explicit-constructor)
 
     // Null for the empty text and for 0, which in memory stand for "none".
     static Value TextOrNull(std::string_view text) { return text.empty() ? Value() : Value(text); }

@@ -1,7 +1,8 @@
 // The words that a DataSet holds, each list once: kingdoms, ranks, usages, reasons, ratings, places, origins.
 //
-// The editor's lists, validation, import and export draw from here; nothing else spells these words. The lists are in
-// the order in which the program shows them. Words compare as they stand unless a procedure says otherwise.
+// The editor's lists, validation, import and export draw from here; nothing else spells these words. The
+// lists are in the order in which the program shows them. Words compare as they stand unless a procedure says
+// otherwise.
 #pragma once
 
 #include <array>
@@ -30,7 +31,8 @@ struct Rank {
 };
 // The ranks that a family has, in ascending rank_id.
 std::span<const Rank> RanksOf(KingdomFamily family);
-// One of the 27 rows of the built-in rank table (gRankTable), from 1; a row that the family lacks is named "Error".
+// One of the 27 rows of the built-in rank table (gRankTable), from 1; a row that the family lacks is named
+// "Error".
 Rank RankRow(KingdomFamily family, int row);
 
 inline constexpr int kKingdomRankId = 10;
@@ -66,15 +68,15 @@ std::span<const OriginWord> OriginWords();
 // The six kinds of tracked change (gChangeOperationTable); the place in the list, from 1, is the chg_op_id.
 std::span<const std::string_view> ChangeOperations();
 
-// The rank name that the form takes for the parent when a rank (in any case) is chosen and no parent rank is set; empty
-// for a text that is no rank.
+// The rank name that the form takes for the parent when a rank (in any case) is chosen and no parent rank is
+// set; empty for a text that is no rank.
 std::string_view DefaultParentRank(std::string_view rankName, KingdomFamily family);
 
 // A reason of an older file in today's words, as the import rewrites it.
 struct OldReason {
-    std::string reason;             // the reason to store; empty when it goes away
-    bool unnamed = false;           // the taxon becomes an unnamed one
-    std::string finding;            // the sentence for the log; empty for none
+    std::string reason;    // the reason to store; empty when it goes away
+    bool unnamed = false;  // the taxon becomes an unnamed one
+    std::string finding;   // the sentence for the log; empty for none
 };
 // `usage` and `reason` as in the file; the comparison is on the lower-cased reason.
 OldReason RewriteOldReason(KingdomFamily family, std::string_view usage, std::string_view reason);

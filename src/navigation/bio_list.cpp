@@ -90,7 +90,10 @@ void cBioList::TakeRoot(store::Database& database) {
     top->MoveLast();
     if (top->RecordCount() != 1 || top->Get("TopRank").IsNull()) return;
     const auto row = OpenWithId(database, kRootSql, IdOf(*top, "TopRank"));
-    if (row->Eof()) return;
+    if (row->Eof()) {
+        sciname_ = CalcPlainNodeNameOfNoRow();
+        return;
+    }
     TakeRow(*row, CalcPlainNodeName(*row));
     numChildren_ = CountChildren(database, qb_id_);
     numDescendants_ = CountDescendants();

@@ -23,7 +23,9 @@ BulkLoad::~BulkLoad() {
     }
 }
 
-std::int64_t BulkLoad::ReserveAutoNumber(std::string_view table) { return connection_->NextAutoNumber(table); }
+std::int64_t BulkLoad::ReserveAutoNumber(std::string_view table) {
+    return connection_->NextAutoNumber(table);
+}
 
 void BulkLoad::BuildIndexes() {
     if (deferred_) connection_->BuildLookupIndexes();
@@ -41,7 +43,8 @@ void BulkLoad::Finish() {
     engine_.EndJob();
 }
 
-RowWriter::RowWriter(Database& database, std::string_view table, std::initializer_list<std::string_view> columns)
+RowWriter::RowWriter(Database& database, std::string_view table,
+                     std::initializer_list<std::string_view> columns)
     : connection_(database.Shared()), table_(connection_->RequireTable(table).def.name) {
     std::string names, places;
     for (const std::string_view column : columns) {
@@ -66,14 +69,18 @@ RowWriter& RowWriter::Text(std::string_view text) {
     return *this;
 }
 
-RowWriter& RowWriter::Id(std::int64_t id) { return id == 0 ? Null() : Long(id); }
+RowWriter& RowWriter::Id(std::int64_t id) {
+    return id == 0 ? Null() : Long(id);
+}
 
 RowWriter& RowWriter::Long(std::int64_t number) {
     cells_.push_back({Cell::Kind::Integer, number, {}});
     return *this;
 }
 
-RowWriter& RowWriter::Boolean(bool value) { return Long(value ? 1 : 0); }
+RowWriter& RowWriter::Boolean(bool value) {
+    return Long(value ? 1 : 0);
+}
 
 RowWriter& RowWriter::Null() {
     cells_.push_back({});
@@ -95,7 +102,8 @@ void RowWriter::Run(sqlite3_stmt* statement) {
     int place = 1;
     for (const Cell& cell : cells_) {
         if (cell.kind == Cell::Kind::Text) {
-            sqlite3_bind_text64(statement, place, cell.text.data(), cell.text.size(), SQLITE_STATIC, SQLITE_UTF8);
+            sqlite3_bind_text64(statement, place, cell.text.data(), cell.text.size(), SQLITE_STATIC,
+                                SQLITE_UTF8);
         } else if (cell.kind == Cell::Kind::Integer) {
             sqlite3_bind_int64(statement, place, cell.number);
         } else {
@@ -106,7 +114,8 @@ void RowWriter::Run(sqlite3_stmt* statement) {
     const int code = sqlite3_step(statement);
     sqlite3_reset(statement);
     if (code != SQLITE_DONE) {
-        const StoreError error = ErrorOf(sqlite3_extended_errcode(connection_->Native()), sqlite3_errmsg(connection_->Native()));
+        const StoreError error =
+            ErrorOf(sqlite3_extended_errcode(connection_->Native()), sqlite3_errmsg(connection_->Native()));
         connection_->WriteFailed();
         if (error.Is(ErrorNumber::FieldTooSmall)) {
             try {
@@ -123,7 +132,11 @@ void RowWriter::Run(sqlite3_stmt* statement) {
     connection_->AfterWrite();
 }
 
-void RowWriter::Insert() { Run(insert_); }
-void RowWriter::InsertOrReplace() { Run(replace_); }
+void RowWriter::Insert() {
+    Run(insert_);
+}
+void RowWriter::InsertOrReplace() {
+    Run(replace_);
+}
 
 }  // namespace quillon::store

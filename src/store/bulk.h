@@ -1,7 +1,8 @@
-// Writing many rows at once, for the import and the merge: prepared statements bound by column place, AutoNumbers given
-// ahead, and index building put off to the end.
+// Writing many rows at once, for the import and the merge: prepared statements bound by column place,
+// AutoNumbers given ahead, and index building put off to the end.
 //
-// Types, sizes, required fields and keys hold as everywhere: a row that breaks one is not stored and Insert() throws.
+// Types, sizes, required fields and keys hold as everywhere: a row that breaks one is not stored and Insert()
+// throws.
 #pragma once
 
 #include <cstdint>
@@ -17,8 +18,9 @@ struct sqlite3_stmt;
 
 namespace quillon::store {
 
-// A long job that fills `database`. With `deferIndexes` the indexes that only speed up look-ups are dropped at the start
-// and built by Finish(); keys are checked all the time. After a crash the next opening builds what is missing.
+// A long job that fills `database`. With `deferIndexes` the indexes that only speed up look-ups are dropped
+// at the start and built by Finish(); keys are checked all the time. After a crash the next opening builds
+// what is missing.
 class BulkLoad {
 public:
     BulkLoad(Engine& engine, Database& database, bool deferIndexes);
@@ -37,8 +39,8 @@ private:
     bool finished_ = false;
 };
 
-// Inserts rows into one table. The columns are given once; then for each row one value a column, in that order, and
-// Insert(). Columns not named are Null (an AutoNumber must be named: see ReserveAutoNumber).
+// Inserts rows into one table. The columns are given once; then for each row one value a column, in that
+// order, and Insert(). Columns not named are Null (an AutoNumber must be named: see ReserveAutoNumber).
 class RowWriter {
 public:
     RowWriter(Database& database, std::string_view table, std::initializer_list<std::string_view> columns);

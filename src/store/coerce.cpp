@@ -21,7 +21,8 @@ struct Range {
 
 Range RangeOf(FieldType type) {
     if (type == FieldType::Byte) return {0, 255};
-    if (type == FieldType::Integer) return {std::numeric_limits<std::int16_t>::min(), std::numeric_limits<std::int16_t>::max()};
+    if (type == FieldType::Integer)
+        return {std::numeric_limits<std::int16_t>::min(), std::numeric_limits<std::int16_t>::max()};
     return {std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()};
 }
 
@@ -33,12 +34,14 @@ Range RangeOf(FieldType type) {
 Value CoerceText(const FieldDef& field, const Value& value) {
     std::string text = value.AsText();
     if (text.empty())
-        throw StoreError(ErrorNumber::EmptyText, fmt::format("The field '{}' can't be a zero-length text.", field.name));
+        throw StoreError(ErrorNumber::EmptyText,
+                         fmt::format("The field '{}' can't be a zero-length text.", field.name));
     const std::size_t size = field.type == FieldType::Memo ? kMemoSize : static_cast<std::size_t>(field.size);
     if (text.size() > size && CharacterCount(text) > size)
-        throw StoreError(ErrorNumber::FieldTooSmall,
-                         fmt::format("The field '{}' is too small to accept the text: it holds {} characters.",
-                                     field.name, size));
+        throw StoreError(
+            ErrorNumber::FieldTooSmall,
+            fmt::format("The field '{}' is too small to accept the text: it holds {} characters.", field.name,
+                        size));
     return text;
 }
 
@@ -103,8 +106,9 @@ Value Coerce(const FieldDef& field, const Value& value) {
 
 StoreError RequiredError(const FieldDef& field, bool inKey) {
     if (inKey)
-        return {ErrorNumber::KeyIsNull,
-                fmt::format("The primary key can't contain a Null value: the field '{}' needs one.", field.name)};
+        return {
+            ErrorNumber::KeyIsNull,
+            fmt::format("The primary key can't contain a Null value: the field '{}' needs one.", field.name)};
     return {ErrorNumber::FieldIsRequired,
             fmt::format("The field '{}' can't contain a Null value because it is required.", field.name)};
 }

@@ -34,7 +34,9 @@ Database::~Database() {
     }
 }
 
-bool Database::IsOpen() const { return handle_->open; }
+bool Database::IsOpen() const {
+    return handle_->open;
+}
 
 std::shared_ptr<Connection> Database::Shared() const {
     handle_->Require();
@@ -50,12 +52,15 @@ void Database::Close() {
     if (--connection->handles == 0) connection->Close();
 }
 
-int Database::Execute(std::string_view sql) { return handle_->Require().ExecuteText(sql); }
+int Database::Execute(std::string_view sql) {
+    return handle_->Require().ExecuteText(sql);
+}
 
 QueryDef Database::OpenQueryDef(std::string_view name) {
     std::shared_ptr<Compiled> compiled = handle_->Require().CompileQuery(name);
     if (compiled == nullptr)
-        throw StoreError(ErrorNumber::ItemNotFound, fmt::format("There is no query '{}' in the DataSet.", name));
+        throw StoreError(ErrorNumber::ItemNotFound,
+                         fmt::format("There is no query '{}' in the DataSet.", name));
     return {handle_, name, std::move(compiled)};
 }
 
@@ -67,16 +72,20 @@ QueryDef Database::CreateQueryDef(std::string_view name, std::string_view sql) {
     return OpenQueryDef(name);
 }
 
-void Database::DeleteQueryDef(std::string_view name) { handle_->Require().DropQuery(name); }
+void Database::DeleteQueryDef(std::string_view name) {
+    handle_->Require().DropQuery(name);
+}
 
-std::vector<std::pair<std::string, std::string>> Database::QueryDefs() { return handle_->Require().Queries(); }
+std::vector<std::pair<std::string, std::string>> Database::QueryDefs() {
+    return handle_->Require().Queries();
+}
 
 std::unique_ptr<Recordset> Database::OpenTable(std::string_view table) {
     Connection& connection = handle_->Require();
     const std::string& name = connection.RequireTable(table).def.name;
     auto compiled = connection.Compile(fmt::format("SELECT * FROM [{}];", name));
-    return std::make_unique<Recordset>(
-        std::make_shared<ResultSet>(handle_, std::move(compiled), std::vector<Value>(), RecordsetType::Table));
+    return std::make_unique<Recordset>(std::make_shared<ResultSet>(
+        handle_, std::move(compiled), std::vector<Value>(), RecordsetType::Table));
 }
 
 std::unique_ptr<Recordset> Database::OpenRecordset(std::string_view source, RecordsetType type) {
@@ -98,8 +107,12 @@ const TableDef* Database::FindTableDef(std::string_view name) const {
     return table == nullptr ? nullptr : &table->def;
 }
 
-void Database::AppendTable(const TableDef& table) { handle_->Require().AppendTable(table); }
-void Database::DeleteTable(std::string_view name) { handle_->Require().DeleteTable(name); }
+void Database::AppendTable(const TableDef& table) {
+    handle_->Require().AppendTable(table);
+}
+void Database::DeleteTable(std::string_view name) {
+    handle_->Require().DeleteTable(name);
+}
 
 Engine::Engine() = default;
 Engine::~Engine() = default;
@@ -124,7 +137,8 @@ DatabaseHandle Engine::CreateDatabase(const std::string& path, std::string_view)
 DatabaseHandle Engine::OpenDatabase(const std::string& path) {
     struct stat info {};
     if (stat(path.c_str(), &info) == 0) {
-        const FileIdentity identity{static_cast<std::uint64_t>(info.st_dev), static_cast<std::uint64_t>(info.st_ino)};
+        const FileIdentity identity{static_cast<std::uint64_t>(info.st_dev),
+                                    static_cast<std::uint64_t>(info.st_ino)};
         for (const auto& connection : Live()) {
             if (!(connection->Identity() == identity)) continue;
             ++connection->handles;
@@ -157,14 +171,19 @@ void Engine::CommitTrans() {
 }
 
 void Engine::Rollback() {
-    if (!inTransaction_) throw StoreError(ErrorNumber::NoTransaction, "There is no transaction to roll back.");
+    if (!inTransaction_)
+        throw StoreError(ErrorNumber::NoTransaction, "There is no transaction to roll back.");
     inTransaction_ = false;
     for (const auto& connection : Live()) connection->RollbackUnit();
 }
 
-void Engine::FreeLocks() { Live(); }
+void Engine::FreeLocks() {
+    Live();
+}
 
-void Engine::BeginJob() { inJob_ = true; }
+void Engine::BeginJob() {
+    inJob_ = true;
+}
 
 void Engine::EndJob() {
     inJob_ = false;

@@ -1,7 +1,8 @@
-// The store's front door: opens and makes DataSets, and holds the one level of transaction that all of them share.
+// The store's front door: opens and makes DataSets, and holds the one level of transaction that all of them
+// share.
 //
-// One process owns an open DataSet: a second process gets FileInUse. Inside the process any number of handles on the
-// same file work side by side. Every failure is a StoreError.
+// One process owns an open DataSet: a second process gets FileInUse. Inside the process any number of handles
+// on the same file work side by side. Every failure is a StoreError.
 #pragma once
 
 #include <memory>
@@ -49,7 +50,8 @@ public:
 
     // A `source` is a table, a named query, or a text of SQL.
     std::unique_ptr<Recordset> OpenTable(std::string_view table);
-    std::unique_ptr<Recordset> OpenRecordset(std::string_view source, RecordsetType type = RecordsetType::Dynaset);
+    std::unique_ptr<Recordset> OpenRecordset(std::string_view source,
+                                             RecordsetType type = RecordsetType::Dynaset);
     std::unique_ptr<Recordset> CreateDynaset(std::string_view source) { return OpenRecordset(source); }
     std::unique_ptr<Recordset> CreateSnapshot(std::string_view source) {
         return OpenRecordset(source, RecordsetType::Snapshot);
@@ -82,8 +84,8 @@ public:
 
     // A new empty file; 3204 when the file exists.
     DatabaseHandle CreateDatabase(const std::string& path, std::string_view locale = kLocale);
-    // A file on a read-only medium or without write permission opens for reading. 3024 no such file, 3343 not a DataSet,
-    // 3045 open in another process, 3049 damaged.
+    // A file on a read-only medium or without write permission opens for reading. 3024 no such file, 3343 not
+    // a DataSet, 3045 open in another process, 3049 damaged.
     DatabaseHandle OpenDatabase(const std::string& path);
 
     // One level, over every open DataSet; nesting is an error (3034 without a begin).
@@ -95,8 +97,8 @@ public:
     // Finishes background work; called after closing.
     void FreeLocks();
 
-    // Between BeginJob and EndJob committed units are gathered into durable commits at least twice a second: a crash
-    // costs the last second at most, and each unit stays whole.
+    // Between BeginJob and EndJob committed units are gathered into durable commits at least twice a second:
+    // a crash costs the last second at most, and each unit stays whole.
     void BeginJob();
     void EndJob();
 

@@ -1,4 +1,5 @@
-// The one exception of the store. A procedure above catches it at its border and shows the description as it stands.
+// The one exception of the store. A procedure above catches it at its border and shows the description as it
+// stands.
 #pragma once
 
 #include <stdexcept>

@@ -19,7 +19,9 @@ void Call(sqlite3_context* context, int, sqlite3_value** values) {
     if (const auto result = function(sqlite3_value_int64(values[0]))) sqlite3_result_int64(context, *result);
 }
 
-void Destroy(void* function) { std::unique_ptr<MapFunction>(static_cast<MapFunction*>(function)); }
+void Destroy(void* function) {
+    std::unique_ptr<MapFunction>(static_cast<MapFunction*>(function));
+}
 
 }  // namespace
 
@@ -27,8 +29,8 @@ void RegisterMapFunction(Database& database, std::string_view name, MapFunction 
     const std::shared_ptr<Connection> connection = database.Shared();
     auto owned = std::make_unique<MapFunction>(std::move(function));
     const int code = sqlite3_create_function_v2(connection->Native(), std::string(name).c_str(), 1,
-                                                SQLITE_UTF8 | SQLITE_DIRECTONLY, owned.release(), Call, nullptr,
-                                                nullptr, Destroy);
+                                                SQLITE_UTF8 | SQLITE_DIRECTONLY, owned.release(), Call,
+                                                nullptr, nullptr, Destroy);
     if (code != SQLITE_OK) ThrowNative(connection->Native(), code);
 }
 

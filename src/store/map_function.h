@@ -1,5 +1,5 @@
-// Work on a whole table in one statement of SQLite's own SQL, with values that only the program's memory knows. For the
-// closing pass of the import; everything else speaks the dialect.
+// Work on a whole table in one statement of SQLite's own SQL, with values that only the program's memory
+// knows. For the closing pass of the import; everything else speaks the dialect.
 #pragma once
 
 #include <cstdint>
@@ -11,8 +11,8 @@
 
 namespace quillon::store {
 
-// A function of one whole number for statements run by ExecuteNative. Null gives Null without a call; nothing gives Null.
-// It stays until it is registered again or the file is closed.
+// A function of one whole number for statements run by ExecuteNative. Null gives Null without a call; nothing
+// gives Null. It stays until it is registered again or the file is closed.
 void RegisterMapFunction(Database& database, std::string_view name,
                          std::function<std::optional<std::int64_t>(std::int64_t)> function);
 

@@ -10,9 +10,14 @@
 namespace quillon::store {
 
 QueryDef::QueryDef(std::shared_ptr<Handle> handle, std::string_view name, std::shared_ptr<Compiled> compiled)
-    : handle_(std::move(handle)), name_(name), compiled_(std::move(compiled)), values_(compiled_->parameterNames.size()) {}
+    : handle_(std::move(handle)),
+      name_(name),
+      compiled_(std::move(compiled)),
+      values_(compiled_->parameterNames.size()) {}
 
-const std::string& QueryDef::SQL() const { return compiled_->text; }
+const std::string& QueryDef::SQL() const {
+    return compiled_->text;
+}
 
 void QueryDef::SetSQL(std::string_view sql) {
     Connection& connection = handle_->Require();
@@ -31,12 +36,17 @@ QueryDef& QueryDef::Set(std::string_view parameter, const Value& value) {
         values_[i] = value;
         return *this;
     }
-    throw StoreError(ErrorNumber::ItemNotFound, fmt::format("The query '{}' has no parameter '{}'.", name_, parameter));
+    throw StoreError(ErrorNumber::ItemNotFound,
+                     fmt::format("The query '{}' has no parameter '{}'.", name_, parameter));
 }
 
-const std::vector<std::string>& QueryDef::Parameters() const { return compiled_->parameterNames; }
+const std::vector<std::string>& QueryDef::Parameters() const {
+    return compiled_->parameterNames;
+}
 
-bool QueryDef::IsSelect() const { return compiled_->translation.kind == dialect::StatementKind::Select; }
+bool QueryDef::IsSelect() const {
+    return compiled_->translation.kind == dialect::StatementKind::Select;
+}
 
 int QueryDef::Execute() {
     // The statement is kept alive here: a change of the schema lets go of the connection's own.
@@ -51,6 +61,8 @@ std::unique_ptr<Recordset> QueryDef::OpenRecordset(RecordsetType type) {
     return std::make_unique<Recordset>(std::make_shared<ResultSet>(handle_, compiled_, values_, type));
 }
 
-void QueryDef::Close() { values_.assign(values_.size(), Value()); }
+void QueryDef::Close() {
+    values_.assign(values_.size(), Value());
+}
 
 }  // namespace quillon::store

@@ -1,5 +1,5 @@
-// A query ready to run, stored under a name in the DataSet or made on the spot. Parameters are bound by name, without
-// regard to case; one that is not set is Null.
+// A query ready to run, stored under a name in the DataSet or made on the spot. Parameters are bound by name,
+// without regard to case; one that is not set is Null.
 #pragma once
 
 #include <memory>

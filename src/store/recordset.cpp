@@ -11,7 +11,9 @@ namespace quillon::store {
 
 namespace {
 
-[[noreturn]] void FailNoRecord() { throw StoreError(ErrorNumber::NoCurrentRecord, "No current record."); }
+[[noreturn]] void FailNoRecord() {
+    throw StoreError(ErrorNumber::NoCurrentRecord, "No current record.");
+}
 
 [[noreturn]] void FailKind() {
     throw StoreError(ErrorNumber::NotInThisKind, "Operation is not supported for this type of object.");
@@ -40,7 +42,9 @@ bool Recordset::Bof() const {
 // From `row` on in the direction of `step` to the first row that still exists.
 bool Recordset::LandOn(std::ptrdiff_t row, std::ptrdiff_t step) {
     pending_ = Pending::None;
-    while (row >= 0 && rows_->Has(static_cast<std::size_t>(row)) && rows_->IsDeleted(static_cast<std::size_t>(row))) row += step;
+    while (row >= 0 && rows_->Has(static_cast<std::size_t>(row)) &&
+           rows_->IsDeleted(static_cast<std::size_t>(row)))
+        row += step;
     position_ = row;
     if (row < 0 || !rows_->Has(static_cast<std::size_t>(row))) return false;
     visited_ = std::max(visited_, static_cast<std::size_t>(row) + 1);
@@ -71,9 +75,13 @@ void Recordset::MovePrevious() {
     LandOn(position_ - 1, -1);
 }
 
-std::size_t Recordset::RecordCount() const { return visited_; }
+std::size_t Recordset::RecordCount() const {
+    return visited_;
+}
 
-std::ptrdiff_t Recordset::AbsolutePosition() const { return Bof() || Eof() ? -1 : position_; }
+std::ptrdiff_t Recordset::AbsolutePosition() const {
+    return Bof() || Eof() ? -1 : position_;
+}
 
 Recordset::RowBookmark Recordset::Bookmark() const {
     RequireRow();
@@ -81,7 +89,8 @@ Recordset::RowBookmark Recordset::Bookmark() const {
 }
 
 void Recordset::SetBookmark(RowBookmark bookmark) {
-    if (bookmark < 0 || !rows_->Has(static_cast<std::size_t>(bookmark)) || rows_->IsDeleted(static_cast<std::size_t>(bookmark)))
+    if (bookmark < 0 || !rows_->Has(static_cast<std::size_t>(bookmark)) ||
+        rows_->IsDeleted(static_cast<std::size_t>(bookmark)))
         FailNoRecord();
     LandOn(bookmark, 1);
 }
@@ -107,7 +116,9 @@ void Recordset::Find(std::string_view criteria, std::ptrdiff_t from, std::ptrdif
     for (std::ptrdiff_t row = from; row >= 0 && rows_->Has(static_cast<std::size_t>(row)); row += step) {
         const auto place = static_cast<std::size_t>(row);
         if (rows_->IsDeleted(place)) continue;
-        const auto read = [&](const std::string& column) { return rows_->At(place, rows_->ColumnPlace(column)); };
+        const auto read = [&](const std::string& column) {
+            return rows_->At(place, rows_->ColumnPlace(column));
+        };
         if (!Evaluate(*condition, read).AsBoolean()) continue;
         noMatch_ = false;
         LandOn(row, 1);
@@ -115,9 +126,15 @@ void Recordset::Find(std::string_view criteria, std::ptrdiff_t from, std::ptrdif
     }
 }
 
-void Recordset::FindFirst(std::string_view criteria) { Find(criteria, 0, 1); }
-void Recordset::FindNext(std::string_view criteria) { Find(criteria, position_ + 1, 1); }
-void Recordset::FindPrevious(std::string_view criteria) { Find(criteria, position_ - 1, -1); }
+void Recordset::FindFirst(std::string_view criteria) {
+    Find(criteria, 0, 1);
+}
+void Recordset::FindNext(std::string_view criteria) {
+    Find(criteria, position_ + 1, 1);
+}
+void Recordset::FindPrevious(std::string_view criteria) {
+    Find(criteria, position_ - 1, -1);
+}
 
 void Recordset::SetIndex(std::string_view indexName) {
     rows_->UseIndex(indexName);
@@ -131,9 +148,13 @@ void Recordset::Seek(std::string_view comparison, const std::vector<Value>& key)
     if (!noMatch_) LandOn(row, 1);
 }
 
-bool Recordset::NoMatch() const { return noMatch_; }
+bool Recordset::NoMatch() const {
+    return noMatch_;
+}
 
-Value Recordset::Get(std::string_view column) const { return At(rows_->ColumnPlace(column)); }
+Value Recordset::Get(std::string_view column) const {
+    return At(rows_->ColumnPlace(column));
+}
 
 Value Recordset::At(std::size_t column) const {
     rows_->RequireOpen();
@@ -142,9 +163,13 @@ Value Recordset::At(std::size_t column) const {
     return rows_->At(static_cast<std::size_t>(position_), column);
 }
 
-std::size_t Recordset::ColumnCount() const { return rows_->Columns().size(); }
+std::size_t Recordset::ColumnCount() const {
+    return rows_->Columns().size();
+}
 
-const std::string& Recordset::ColumnName(std::size_t column) const { return rows_->Columns()[column].name; }
+const std::string& Recordset::ColumnName(std::size_t column) const {
+    return rows_->Columns()[column].name;
+}
 
 void Recordset::AddNew() {
     const PhysicalTable& table = rows_->BaseTable();
@@ -157,18 +182,21 @@ void Recordset::Edit() {
     rows_->BaseTable();
     RequireRow();
     staged_.clear();
-    for (std::size_t i = 0; i < ColumnCount(); ++i) staged_.push_back(rows_->At(static_cast<std::size_t>(position_), i));
+    for (std::size_t i = 0; i < ColumnCount(); ++i)
+        staged_.push_back(rows_->At(static_cast<std::size_t>(position_), i));
     pending_ = Pending::Edit;
 }
 
 void Recordset::Set(std::string_view column, const Value& value) {
     const std::size_t place = rows_->ColumnPlace(column);
-    if (pending_ == Pending::None) throw StoreError(ErrorNumber::NoEditStarted, "A value is set between AddNew or Edit, and Update.");
+    if (pending_ == Pending::None)
+        throw StoreError(ErrorNumber::NoEditStarted, "A value is set between AddNew or Edit, and Update.");
     staged_[place] = value;
 }
 
 void Recordset::Update() {
-    if (pending_ == Pending::None) throw StoreError(ErrorNumber::NoEditStarted, "Update comes after AddNew or Edit.");
+    if (pending_ == Pending::None)
+        throw StoreError(ErrorNumber::NoEditStarted, "Update comes after AddNew or Edit.");
     const Pending kind = pending_;
     pending_ = Pending::None;
     if (kind == Pending::Add) {
@@ -181,7 +209,9 @@ void Recordset::Update() {
     rows_->UpdateRow(row, staged_, changed);
 }
 
-void Recordset::CancelUpdate() { pending_ = Pending::None; }
+void Recordset::CancelUpdate() {
+    pending_ = Pending::None;
+}
 
 void Recordset::Delete() {
     rows_->BaseTable();
@@ -196,6 +226,8 @@ void Recordset::Requery() {
     position_ = 0;
 }
 
-void Recordset::Close() { rows_->Close(); }
+void Recordset::Close() {
+    rows_->Close();
+}
 
 }  // namespace quillon::store

@@ -1,8 +1,10 @@
-// The rows that a table or a query gives, walked one at a time, and written where the rows come from one table.
+// The rows that a table or a query gives, walked one at a time, and written where the rows come from one
+// table.
 //
-// A recordset stands on its first row after opening, or has both Bof() and Eof() when there is none. It shows the rows
-// as they were when it was opened: what another handle writes appears after Requery(), never before. A dynaset sees its
-// own Update() at once. Rows are read as they are visited, so opening a large result costs nothing until it is walked.
+// A recordset stands on its first row after opening, or has both Bof() and Eof() when there is none. It shows
+// the rows as they were when it was opened: what another handle writes appears after Requery(), never before.
+// A dynaset sees its own Update() at once. Rows are read as they are visited, so opening a large result costs
+// nothing until it is walked.
 #pragma once
 
 #include <cstddef>
@@ -49,7 +51,8 @@ public:
     // A second position on the same rows, standing on none until moved; it shares later Update()s.
     std::unique_ptr<Recordset> Clone() const;
 
-    // Criteria in the dialect, as after WHERE. NoMatch() tells the result; without a match the position stays.
+    // Criteria in the dialect, as after WHERE. NoMatch() tells the result; without a match the position
+    // stays.
     void FindFirst(std::string_view criteria);
     void FindNext(std::string_view criteria);
     void FindPrevious(std::string_view criteria);
@@ -58,15 +61,16 @@ public:
     void Seek(std::string_view comparison, const std::vector<Value>& key);
     bool NoMatch() const;
 
-    // By name without regard to case; 3265 for no such column, 3021 without a current row. While AddNew() or Edit() is
-    // pending they give what has been set.
+    // By name without regard to case; 3265 for no such column, 3021 without a current row. While AddNew() or
+    // Edit() is pending they give what has been set.
     Value Get(std::string_view column) const;
     Value operator[](std::string_view column) const { return Get(column); }
     Value At(std::size_t column) const;  // by place, from 0
     std::size_t ColumnCount() const;
     const std::string& ColumnName(std::size_t column) const;
 
-    // AddNew gives an AutoNumber field its value at once. Update stores; a failed Update leaves the row as it was.
+    // AddNew gives an AutoNumber field its value at once. Update stores; a failed Update leaves the row as it
+    // was.
     void AddNew();
     void Edit();
     void Set(std::string_view column, const Value& value);

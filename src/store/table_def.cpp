@@ -10,8 +10,8 @@ namespace {
 
 template <typename Item>
 const Item* Find(const std::vector<Item>& items, std::string_view name) {
-    const auto found =
-        std::find_if(items.begin(), items.end(), [&](const Item& item) { return dialect::SameWord(item.name, name); });
+    const auto found = std::find_if(items.begin(), items.end(),
+                                    [&](const Item& item) { return dialect::SameWord(item.name, name); });
     return found == items.end() ? nullptr : &*found;
 }
 
@@ -33,11 +33,16 @@ std::string IndexDef::FieldList() const {
     return list;
 }
 
-const FieldDef* TableDef::Field(std::string_view fieldName) const { return Find(fields, fieldName); }
-const IndexDef* TableDef::Index(std::string_view indexName) const { return Find(indexes, indexName); }
+const FieldDef* TableDef::Field(std::string_view fieldName) const {
+    return Find(fields, fieldName);
+}
+const IndexDef* TableDef::Index(std::string_view indexName) const {
+    return Find(indexes, indexName);
+}
 
 const IndexDef* TableDef::PrimaryKey() const {
-    const auto found = std::find_if(indexes.begin(), indexes.end(), [](const IndexDef& index) { return index.primary; });
+    const auto found =
+        std::find_if(indexes.begin(), indexes.end(), [](const IndexDef& index) { return index.primary; });
     return found == indexes.end() ? nullptr : &*found;
 }
 
@@ -45,7 +50,8 @@ TableDef TableDefOf(const TableSpec& spec) {
     TableDef def;
     def.name = spec.name;
     for (const FieldSpec& field : spec.fields)
-        def.fields.push_back({std::string(field.name), field.type, field.size, field.autoIncrement, field.required});
+        def.fields.push_back(
+            {std::string(field.name), field.type, field.size, field.autoIncrement, field.required});
     for (const IndexSpec& index : spec.indexes)
         def.indexes.push_back({std::string(index.name), SplitFieldList(index.fields), index.primary});
     return def;

@@ -1,5 +1,5 @@
-// What a table of a DataSet looks like: its fields and keys under the schema's names. A description only; changing it
-// changes nothing in the file (Database::AppendTable and the dialect's ALTER TABLE do that).
+// What a table of a DataSet looks like: its fields and keys under the schema's names. A description only;
+// changing it changes nothing in the file (Database::AppendTable and the dialect's ALTER TABLE do that).
 #pragma once
 
 #include <string>

@@ -18,6 +18,15 @@ constexpr int kEditorMinimum = 44;
 constexpr int kModeWidth = 48;  // 720 twips
 constexpr std::chrono::milliseconds kTypedTextEnds(1500);
 
+// A little air between the lines of the explorer.
+class AiryLines : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, option.fontMetrics.height() / 3);
+    }
+};
+
 }  // namespace
 
 RecViewWindow::RecViewWindow(editor::RecView& recView, navigation::cExplorer& explorer)
@@ -33,7 +42,7 @@ RecViewWindow::RecViewWindow(editor::RecView& recView, navigation::cExplorer& ex
     ConnectForm();
     ShowView();
     const int character = fontMetrics().averageCharWidth();
-    resize(character * 170, character * 105);
+    resize(character * 196, character * 115);
 }
 
 // The explorer and the form outlive the window and must not call it any more.
@@ -76,7 +85,7 @@ void RecViewWindow::BuildBody() {
     splitter->addWidget(explorer);
     splitter->addWidget(editor);
     splitter->setStretchFactor(1, 1);
-    splitter->setSizes({character * 66, character * 104});
+    splitter->setSizes({character * 68, character * 128});
     setCentralWidget(splitter);
 }
 
@@ -94,6 +103,8 @@ QWidget* RecViewWindow::BuildExplorer() {
     list_ = new AlphaView(views_);
     list_->setObjectName("AlphaView");
     list_->setAccessibleName(tr("Alphabetical List"));
+    tree_->setItemDelegate(new AiryLines(tree_));
+    list_->setItemDelegate(new AiryLines(list_));
     views_->addWidget(tree_);
     views_->addWidget(list_);
     return views_;

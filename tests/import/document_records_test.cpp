@@ -33,7 +33,8 @@ TEST_F(DocumentRecords, APublicationIsStoredUnderItsOwnPrefix) {
 
 TEST_F(DocumentRecords, ExpertsAndOtherSourcesAreStoredUnderTheirOwnPrefixes) {
     Import({taxon, "[EX]|7|70|Smith|note|", "[OS]|8|80|book|Source|1|12/31/1999|comment|",
-            "[RF]5|EXP|7|||||||", "[RF]5||8||SRC|80||||||"});
+            "[RF]5|EXP|7||||||||", "[RF]5||8||SRC|80|||||"});
+    EXPECT_EQ(findings, Findings{});
     EXPECT_EQ(Dump("SELECT * FROM qb_experts"), "EXP\t1\t70\tSmith\tnote\n");
     EXPECT_EQ(Dump("SELECT * FROM qb_other_sources"), "SRC\t1\t80\tbook\tSource\t1\t31/12/1999\tcomment\n");
 }

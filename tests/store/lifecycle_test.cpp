@@ -16,15 +16,18 @@ TEST(NewDataSet, SeedsTheKingdomsRows) {
     EXPECT_EQ(f.Dump("SELECT count(*) FROM taxonomic_unit_types WHERE kingdom_id = 5"), "21\n");
     EXPECT_EQ(f.Dump("SELECT * FROM taxonomic_unit_types WHERE rank_id >= 190"),
               "5\t190\tSubgenus\t180\t180\n5\t220\tSpecies\t190\t180\n5\t230\tSubspecies\t220\t180\n");
-    EXPECT_EQ(f.Dump("SELECT qb_id, tsn, unit_name1, usage, taxonomic_credibility_rating, taxonomic_completeness_rating, "
+    EXPECT_EQ(f.Dump("SELECT qb_id, tsn, unit_name1, usage, taxonomic_credibility_rating, "
+                     "taxonomic_completeness_rating, "
                      "currency_rating, initial_time_stamp, parent_tsn, parent_qb_id, kingdom_id, rank_id, "
                      "uncertain_parent_ind, unit_name2, phylo_sort_sequence FROM qb_taxonomic_units"),
-              "1\t202423\tAnimalia  \tvalid\tKSP standards met\tunknown\tunknown\t1996-06-13 14:51:08\t0\t1\t5\t10\tFalse\t"
+              "1\t202423\tAnimalia  \tvalid\tKSP standards met\tunknown\tunknown\t1996-06-13 "
+              "14:51:08\t0\t1\t5\t10\tFalse\t"
               "\\N\t\\N\n");
     EXPECT_EQ(f.Dump("SELECT * FROM db_control"), "Version\t4.0.6\n");
-    EXPECT_EQ(f.Dump("SELECT * FROM change_operations_lookup"),
-              "1\tAuthority Change\n2\tHybrid Authority Change\n3\tName Change\n4\tParent Change\n5\tRank Change\n"
-              "6\tUsage Change\n");
+    EXPECT_EQ(
+        f.Dump("SELECT * FROM change_operations_lookup"),
+        "1\tAuthority Change\n2\tHybrid Authority Change\n3\tName Change\n4\tParent Change\n5\tRank Change\n"
+        "6\tUsage Change\n");
     EXPECT_TRUE(f.state.gDataSetIsNew);
     EXPECT_EQ(f.state.gKingdomId, 5);
     EXPECT_EQ(f.state.title, "Taxonomic Quillon - " + f.dir.File("test.mdb"));
@@ -48,7 +51,8 @@ TEST(NewDataSet, OfNoKnownKingdomHasEmptyRowsAndNoRanks) {
     ASSERT_TRUE(f.lifecycle.NewDataSet());
     EXPECT_EQ(f.Dump("SELECT kingdom_id, kingdom_name FROM kingdoms"), "0\t\\N\n");
     EXPECT_EQ(f.Dump("SELECT count(*) FROM taxonomic_unit_types"), "0\n");
-    EXPECT_EQ(f.Dump("SELECT unit_name1, usage, rank_id, parent_qb_id FROM qb_taxonomic_units"), "\\N\t\\N\t\\N\t\\N\n");
+    EXPECT_EQ(f.Dump("SELECT unit_name1, usage, rank_id, parent_qb_id FROM qb_taxonomic_units"),
+              "\\N\t\\N\t\\N\t\\N\n");
 }
 
 TEST(NewDataSet, SeedingTwiceFailsOnTheKeys) {
@@ -68,7 +72,8 @@ TEST(NewDataSet, RefusesTheNameOfTheOpenOneAndAsksAgain) {
     f.Make();
     f.prompter.filesToSave = {f.dir.File("test.mdb"), std::nullopt};
     EXPECT_FALSE(f.lifecycle.NewDataSet());
-    EXPECT_EQ(f.prompter.messages, std::vector<std::string>{"New DataSet cannot have same name as the current one!"});
+    EXPECT_EQ(f.prompter.messages,
+              std::vector<std::string>{"New DataSet cannot have same name as the current one!"});
     EXPECT_EQ(f.prompter.fileTitles.size(), 2U);
     EXPECT_TRUE(f.state.gDataSetOpen);
 }
@@ -90,9 +95,8 @@ TEST(NewDataSet, SaysWhenThePreferenceRankIsUnknown) {
     const std::string path = f.dir.File("rank.mdb");
     f.prompter.filesToSave = {path};
     ASSERT_TRUE(f.lifecycle.NewDataSet());
-    EXPECT_EQ(f.prompter.messages,
-              std::vector<std::string>{"The 'Preference' rank is not valid for the " + path +
-                                       " dataset!  Defaulting to 'Kingdom'."});
+    EXPECT_EQ(f.prompter.messages, std::vector<std::string>{"The 'Preference' rank is not valid for the " +
+                                                            path + " dataset!  Defaulting to 'Kingdom'."});
     EXPECT_EQ(f.state.gPrefRank, "Kingdom");
     EXPECT_EQ(f.state.gOldPrefRank, "Variety");
 }
@@ -134,7 +138,8 @@ TEST(DataSetVersion, IsValidWhenItBeginsWithADigitOrGamma) {
     EXPECT_EQ(version, "4.0.6");
     const auto with = [&](std::string_view text) {
         f.db().Execute("DELETE * FROM db_control");
-        f.db().Execute("INSERT INTO db_control (attribute, [value]) SELECT 'Version', '" + std::string(text) + "'");
+        f.db().Execute("INSERT INTO db_control (attribute, [value]) SELECT 'Version', '" + std::string(text) +
+                       "'");
         return f.lifecycle.IsDataSetVersionValid(version);
     };
     EXPECT_TRUE(with("Gamma 1"));
@@ -169,10 +174,12 @@ TEST(OpenDataSet, ReopensTheOldOneAfterARefusal) {
     f.prompter.filesToOpen = {first, second};
     ASSERT_TRUE(f.lifecycle.OpenDataSet());
     EXPECT_FALSE(f.lifecycle.OpenDataSet());
-    EXPECT_EQ(f.prompter.messages,
-              std::vector<std::string>{"Dataset " + second + " is incompatible with this version of the QLN!"});
+    EXPECT_EQ(
+        f.prompter.messages,
+        std::vector<std::string>{"Dataset " + second + " is incompatible with this version of the QLN!"});
     EXPECT_EQ(f.state.gDataSetPath, first);
-    EXPECT_EQ(f.prompter.fileTitles, (std::vector<std::string>{"Open Taxonomic DataSet File", "Open Taxonomic DataSet File"}));
+    EXPECT_EQ(f.prompter.fileTitles,
+              (std::vector<std::string>{"Open Taxonomic DataSet File", "Open Taxonomic DataSet File"}));
     EXPECT_EQ(f.prompter.fileFilters[0], "Taxonomic Files (*.MDB)|*.mdb|All Files (*.*)|*.*");
 }
 
@@ -186,8 +193,9 @@ TEST(OpenDataSet, AsksToUpdateAnOlderOne) {
     f.prompter.yesNo = {false};
     EXPECT_FALSE(f.lifecycle.OpenDataSet());
     EXPECT_EQ(f.prompter.questions,
-              std::vector<std::string>{"Dataset " + path +
-                                       " is incompatible with this version of the QLN.  Do you wish to update the Dataset?"});
+              std::vector<std::string>{
+                  "Dataset " + path +
+                  " is incompatible with this version of the QLN.  Do you wish to update the Dataset?"});
     EXPECT_EQ(f.prompter.titles.back(), "Update Dataset");
     EXPECT_FALSE(f.state.gDataSetOpen);
     EXPECT_EQ(f.state.title, "Taxonomic Quillon - No Open DataSet");
@@ -225,7 +233,8 @@ TEST(SaveDataSetAs, AsksBeforeOverwriting) {
     f.prompter.filesToSave = {other};
     f.prompter.yesNo = {false};
     f.lifecycle.SaveDataSetAs();
-    EXPECT_EQ(f.prompter.questions, std::vector<std::string>{"DataSet '" + other + "' already exists.  Overwrite?"});
+    EXPECT_EQ(f.prompter.questions,
+              std::vector<std::string>{"DataSet '" + other + "' already exists.  Overwrite?"});
     EXPECT_EQ(f.prompter.titles.back(), "Duplicate DataSet Name");
     EXPECT_EQ(testkit::ReadFile(other), "keep me");
 }
@@ -238,13 +247,15 @@ TEST(DiscardUnsavedRecord, RemovesWhatTheTrackWrote) {
     f.db().Execute("INSERT INTO qb_change_comments (qb_change_track_id, change_detail) SELECT 7, 'x'");
     f.db().Execute("INSERT INTO qb_change_operations (qb_change_track_id, chg_op_id) SELECT 7, 3");
     f.db().Execute("INSERT INTO qb_publications (publication_id_prefix, qb_publication_id) SELECT 'PUB', 4");
-    f.db().Execute("INSERT INTO qb_reference_links (qb_id, qb_documentation_id_prefix, qb_documentation_id, "
-                   "qb_change_track_id) SELECT 1, 'PUB', 4, 7");
+    f.db().Execute(
+        "INSERT INTO qb_reference_links (qb_id, qb_documentation_id_prefix, qb_documentation_id, "
+        "qb_change_track_id) SELECT 1, 'PUB', 4, 7");
     f.state.currentTaxon.qb_id = 1;
     f.state.gNewChangeTrackIds = {7};
     f.lifecycle.DiscardUnsavedRecord();
     EXPECT_EQ(f.Dump("SELECT qb_change_track_id FROM qb_change_tracks"), "8\n");
-    for (const std::string table : {"qb_change_comments", "qb_change_operations", "qb_publications", "qb_reference_links"})
+    for (const std::string table :
+         {"qb_change_comments", "qb_change_operations", "qb_publications", "qb_reference_links"})
         EXPECT_EQ(f.Dump("SELECT count(*) FROM " + table), "0\n") << table;
     EXPECT_TRUE(f.state.gNewChangeTrackIds.empty());
 }
@@ -252,8 +263,9 @@ TEST(DiscardUnsavedRecord, RemovesWhatTheTrackWrote) {
 TEST(DiscardUnsavedRecord, StopsAtAnUnknownPrefix) {
     DataSetFixture f;
     f.Make();
-    f.db().Execute("INSERT INTO qb_reference_links (qb_id, qb_documentation_id_prefix, qb_documentation_id, "
-                   "qb_change_track_id) SELECT 1, 'ODD', 4, 7");
+    f.db().Execute(
+        "INSERT INTO qb_reference_links (qb_id, qb_documentation_id_prefix, qb_documentation_id, "
+        "qb_change_track_id) SELECT 1, 'ODD', 4, 7");
     f.state.currentTaxon.qb_id = 1;
     f.state.gNewChangeTrackIds = {7};
     f.lifecycle.DiscardUnsavedRecord();

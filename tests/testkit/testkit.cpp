@@ -40,7 +40,8 @@ std::optional<std::string> ScriptedPrompter::FileToOpen(std::string_view title, 
     return answer;
 }
 
-std::optional<std::string> ScriptedPrompter::FileToSave(std::string_view title, std::string_view filter, bool) {
+std::optional<std::string> ScriptedPrompter::FileToSave(std::string_view title, std::string_view filter,
+                                                        bool) {
     fileTitles.emplace_back(title);
     fileFilters.emplace_back(filter);
     if (filesToSave.empty()) {
@@ -62,7 +63,9 @@ TempDir::~TempDir() {
     std::filesystem::remove_all(path_, ignored);
 }
 
-std::string TempDir::File(std::string_view name) const { return std::filesystem::path(path_) / name; }
+std::string TempDir::File(std::string_view name) const {
+    return std::filesystem::path(path_) / name;
+}
 
 void DataSetFixture::Make(const std::string& kingdom, std::string_view file) {
     state.gKingdomName = kingdom;

@@ -1,4 +1,5 @@
-// What the tests of every folder share: scripted answers in place of a user, a temporary folder, and a new DataSet in it.
+// What the tests of every folder share: scripted answers in place of a user, a temporary folder, and a new
+// DataSet in it.
 #pragma once
 
 #include <deque>
@@ -14,7 +15,8 @@
 
 namespace quillon::testkit {
 
-// Answers from queues, and remembers what was said. A question with no answer left fails the test and counts as No.
+// Answers from queues, and remembers what was said. A question with no answer left fails the test and counts
+// as No.
 class ScriptedPrompter : public Prompter {
 public:
     ~ScriptedPrompter() override;
@@ -31,7 +33,8 @@ public:
     void Message(std::string_view text, std::string_view title) override;
     bool AskYesNo(std::string_view text, std::string_view title) override;
     std::optional<std::string> FileToOpen(std::string_view title, std::string_view filter) override;
-    std::optional<std::string> FileToSave(std::string_view title, std::string_view filter, bool overwritePrompt) override;
+    std::optional<std::string> FileToSave(std::string_view title, std::string_view filter,
+                                          bool overwritePrompt) override;
     void ShowModal(std::string_view formName) override { forms.emplace_back(formName); }
     void WaitCursor(bool on) override { waitCursor = on; }
 

@@ -1,5 +1,5 @@
-// A statement of the dialect as a small tree. Plain data: the parser makes it, the emitter and the criteria of
-// recordsets read it.
+// A statement of the dialect as a small tree. Plain data: the parser makes it, the emitter and the criteria
+// of recordsets read it.
 #pragma once
 
 #include <cstddef>
@@ -45,8 +45,8 @@ struct Expression {
 };
 
 struct SelectItem {
-    bool star = false;       // * or qualifier.*
-    std::string qualifier;   // of the star
+    bool star = false;      // * or qualifier.*
+    std::string qualifier;  // of the star
     ExpressionPtr expression;
     std::string alias;
 };
@@ -79,7 +79,7 @@ struct Select {
     ExpressionPtr having;
     std::unique_ptr<Select> unionWith;  // the next select of a UNION
     bool unionAll = false;
-    std::vector<OrderItem> orderBy;     // of the whole union when there is one
+    std::vector<OrderItem> orderBy;  // of the whole union when there is one
 };
 
 enum class StatementKind { Select, Insert, Update, Delete, AddColumn, DropColumn, CreateIndex, DropIndex };
@@ -95,8 +95,8 @@ struct Statement {
     std::unique_ptr<Select> select;  // of a select, or what an insert takes
     std::string table;               // of every other kind
     std::vector<std::string> columns;
-    std::vector<ExpressionPtr> values;                     // INSERT ... VALUES
-    std::unique_ptr<TableRef> target;                      // of an update
+    std::vector<ExpressionPtr> values;  // INSERT ... VALUES
+    std::unique_ptr<TableRef> target;   // of an update
     std::vector<std::pair<ExpressionPtr, ExpressionPtr>> assignments;
     ExpressionPtr where;
     std::string name;        // of a column or an index

@@ -15,7 +15,8 @@ std::string AutoNumberSql(const PhysicalTable& table, const std::string& value) 
 
 }  // namespace
 
-const FieldDef& Emitter::RequireField(const PhysicalTable& table, std::string_view name, std::size_t place) const {
+const FieldDef& Emitter::RequireField(const PhysicalTable& table, std::string_view name,
+                                      std::size_t place) const {
     const FieldDef* field = table.def.Field(name);
     if (field == nullptr) Fail(place, fmt::format("The table has no field '{}':", name));
     return *field;
@@ -29,7 +30,8 @@ std::string Emitter::EmitAssigned(const Expression& expression, const FieldDef& 
         return fmt::format("?{}", AddSlot(std::move(slot)));
     }
     const bool name = expression.kind == ExpressionKind::Column && expression.qualifier.empty();
-    if (name && FindColumn(scope, "", expression.name).column == nullptr && ParameterPlace(expression.name) >= 0) {
+    if (name && FindColumn(scope, "", expression.name).column == nullptr &&
+        ParameterPlace(expression.name) >= 0) {
         Slot slot;
         slot.parameter = ParameterPlace(expression.name);
         slot.field = field;
@@ -58,8 +60,8 @@ void Emitter::EmitInsert(const Statement& statement) {
 
     Scope scope;
     const Select* select = statement.select.get();
-    const bool plain = select == nullptr || (!select->unionWith && !select->distinct && !select->distinctRow &&
-                                             !IsAggregate(*select));
+    const bool plain = select == nullptr || (!select->unionWith && !select->distinct &&
+                                             !select->distinctRow && !IsAggregate(*select));
     if (!plain) Fail(statement.place, "Only a plain select can be inserted into");
     if (select != nullptr)
         for (const auto& ref : select->from) DeclareSources(*ref, scope);
@@ -136,15 +138,16 @@ void Emitter::EmitUpdate(const Statement& statement) {
     }
     std::string others, where;
     for (const TableRef* ref : tables)
-        if (!SameWord(ref->Alias(), target->alias)) others += (others.empty() ? " FROM " : ", ") + EmitSource(*ref, scope);
+        if (!SameWord(ref->Alias(), target->alias))
+            others += (others.empty() ? " FROM " : ", ") + EmitSource(*ref, scope);
     const auto addCondition = [&](const Expression& condition) {
         where += (where.empty() ? " WHERE " : " AND ") + EmitExpression(condition, &scope).sql;
     };
     for (const Expression* condition : conditions) addCondition(*condition);
     if (statement.where != nullptr) addCondition(*statement.where);
     out_.table = target->table->def.name;
-    out_.sql = fmt::format("UPDATE {} AS {} SET {}{}{}", QuoteName(target->table->def.name), QuoteName(target->alias),
-                           assignments, others, where);
+    out_.sql = fmt::format("UPDATE {} AS {} SET {}{}{}", QuoteName(target->table->def.name),
+                           QuoteName(target->alias), assignments, others, where);
 }
 
 void Emitter::EmitDelete(const Statement& statement) {

@@ -1,5 +1,7 @@
 #include <fmt/format.h>
 
+#include <algorithm>
+
 #include "store/dialect/emitter.h"
 #include "store/dialect/token_stream.h"
 #include "store/error.h"
@@ -8,11 +10,24 @@ namespace quillon::store::dialect {
 
 namespace {
 
-bool MayBeText(ValueType type) { return type == ValueType::Text || type == ValueType::Any; }
+bool MayBeText(ValueType type) {
+    return type == ValueType::Text || type == ValueType::Any;
+}
 
 bool IsZero(const Expression& expression) {
     return expression.kind == ExpressionKind::Literal && expression.value.IsInteger() &&
            expression.value.AsLong() == 0;
+}
+
+// The members of a chain of one operator, which the parser nests to the left, in the order in which they stand.
+std::vector<const Expression*> MembersOf(const Expression& chain) {
+    std::vector<const Expression*> members;
+    const Expression* left = &chain;
+    for (; left->kind == ExpressionKind::Binary && left->name == chain.name; left = left->arguments[0].get())
+        members.push_back(left->arguments[1].get());
+    members.push_back(left);
+    std::reverse(members.begin(), members.end());
+    return members;
 }
 
 // The dialect's True is -1, the file's is 1.
@@ -68,14 +83,15 @@ Emitted Emitter::EmitColumn(const Expression& expression, const Scope* scope) {
                 if (SameWord(alias, expression.name)) return {QuoteName(alias), ValueType::Any};
     }
     const std::string dotted = expression.qualifier.empty() ? "" : expression.qualifier + ".";
-    throw StoreError(ErrorNumber::TooFewParameters,
-                     fmt::format("Too few parameters: '{}{}' is no field of the statement's tables and no parameter.",
-                                 dotted, expression.name));
+    throw StoreError(
+        ErrorNumber::TooFewParameters,
+        fmt::format("Too few parameters: '{}{}' is no field of the statement's tables and no parameter.",
+                    dotted, expression.name));
 }
 
 Emitted Emitter::EmitConcatenation(const Expression& expression, const Scope* scope) {
     std::string sql = "(";
-    for (const ExpressionPtr& argument : expression.arguments) {
+    for (const Expression* argument : MembersOf(expression)) {
         const Emitted part = EmitExpression(*argument, scope);
         const std::string text = part.type == ValueType::Boolean ? fmt::format("(-{})", part.sql) : part.sql;
         const bool literal = argument->kind == ExpressionKind::Literal && !argument->value.IsNull();
@@ -84,10 +100,18 @@ Emitted Emitter::EmitConcatenation(const Expression& expression, const Scope* sc
     return {sql + ")", ValueType::Text};
 }
 
+Emitted Emitter::EmitJunction(const Expression& expression, const Scope* scope) {
+    std::string sql = "(";
+    for (const Expression* member : MembersOf(expression))
+        sql += (sql.size() > 1 ? fmt::format(" {} ", expression.name) : "") + EmitExpression(*member, scope).sql;
+    return {sql + ")", ValueType::Boolean};
+}
+
 bool Emitter::EmitExactComparison(const Expression& expression, const Scope* scope, Emitted& result) {
     const Expression& call = *expression.arguments[0];
     const bool exact = call.kind == ExpressionKind::Call && SameWord(call.name, "StrComp") &&
-                       call.arguments.size() == 3 && IsZero(*call.arguments[2]) && IsZero(*expression.arguments[1]);
+                       call.arguments.size() == 3 && IsZero(*call.arguments[2]) &&
+                       IsZero(*expression.arguments[1]);
     if (!exact || expression.name != "=") return false;
     const Emitted left = EmitExpression(*call.arguments[0], scope);
     const Emitted right = EmitExpression(*call.arguments[1], scope);
@@ -110,11 +134,10 @@ Emitted Emitter::EmitComparison(const Expression& expression, const Scope* scope
 Emitted Emitter::EmitBinary(const Expression& expression, const Scope* scope) {
     const std::string& name = expression.name;
     if (name == "&") return EmitConcatenation(expression, scope);
+    if (name == "and" || name == "or") return EmitJunction(expression, scope);
     if (name[0] == '<' || name[0] == '>' || name[0] == '=') return EmitComparison(expression, scope);
     const Emitted left = EmitExpression(*expression.arguments[0], scope);
     const Emitted right = EmitExpression(*expression.arguments[1], scope);
-    if (name == "and" || name == "or")
-        return {fmt::format("({} {} {})", left.sql, name, right.sql), ValueType::Boolean};
     const bool text = name == "+" && (left.type == ValueType::Text || right.type == ValueType::Text);
     if (text) return {fmt::format("({} || {})", left.sql, right.sql), ValueType::Text};
     if (name == "/") return {fmt::format("({} / CAST({} AS REAL))", left.sql, right.sql), ValueType::Number};
@@ -132,7 +155,8 @@ Emitted Emitter::EmitBetween(const Expression& expression, const Scope* scope) {
     const Emitted value = EmitExpression(*expression.arguments[0], scope);
     const Emitted low = EmitExpression(*expression.arguments[1], scope);
     const Emitted high = EmitExpression(*expression.arguments[2], scope);
-    return {fmt::format("({} {}BETWEEN {} AND {})", Collate(value), expression.negated ? "NOT " : "", low.sql, high.sql),
+    return {fmt::format("({} {}BETWEEN {} AND {})", Collate(value), expression.negated ? "NOT " : "", low.sql,
+                        high.sql),
             ValueType::Boolean};
 }
 
@@ -160,9 +184,11 @@ Emitted Emitter::EmitExpression(const Expression& expression, const Scope* scope
         case ExpressionKind::Star:
             return {"*", ValueType::Any};
         case ExpressionKind::Not:
-            return {fmt::format("(NOT {})", EmitExpression(*expression.arguments[0], scope).sql), ValueType::Boolean};
+            return {fmt::format("(NOT {})", EmitExpression(*expression.arguments[0], scope).sql),
+                    ValueType::Boolean};
         case ExpressionKind::Negate:
-            return {fmt::format("(-{})", EmitExpression(*expression.arguments[0], scope).sql), ValueType::Number};
+            return {fmt::format("(-{})", EmitExpression(*expression.arguments[0], scope).sql),
+                    ValueType::Number};
         case ExpressionKind::Binary:
             return EmitBinary(expression, scope);
         case ExpressionKind::IsNull:
@@ -178,11 +204,14 @@ Emitted Emitter::EmitExpression(const Expression& expression, const Scope* scope
         case ExpressionKind::Call:
             return EmitCall(expression, scope);
         case ExpressionKind::Subselect:
-            return {fmt::format("({})", EmitSelect(*expression.select, scope, Use::Nested).sql), ValueType::Any};
+            return {fmt::format("({})", EmitSelect(*expression.select, scope, Use::Nested).sql),
+                    ValueType::Any};
     }
     Fail(expression.place, "Cannot translate");
 }
 
-void Emitter::Fail(std::size_t place, std::string_view what) const { FailAt(text_, place, what); }
+void Emitter::Fail(std::size_t place, std::string_view what) const {
+    FailAt(text_, place, what);
+}
 
 }  // namespace quillon::store::dialect

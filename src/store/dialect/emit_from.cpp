@@ -12,6 +12,7 @@ namespace quillon::store::dialect {
 namespace {
 
 constexpr int kDeepestQuery = 20;  // stored queries that select from stored queries
+constexpr int kMostQueries = 100;  // in one statement: each may name another twice, and so on
 
 Source TableSource(const TableRef& ref, const PhysicalTable& table) {
     Source source{ref.Alias(), {}, &table};
@@ -25,9 +26,10 @@ Source TableSource(const TableRef& ref, const PhysicalTable& table) {
 const PhysicalTable& Emitter::RequireTable(std::string_view name, std::size_t place) const {
     const PhysicalTable* table = schema_.Table(name);
     if (table == nullptr)
-        throw StoreError(ErrorNumber::UnknownTable,
-                         fmt::format("There is no table or query '{}' in the DataSet (place {} of the statement).", name,
-                                     place + 1));
+        throw StoreError(
+            ErrorNumber::UnknownTable,
+            fmt::format("There is no table or query '{}' in the DataSet (place {} of the statement).", name,
+                        place + 1));
     return *table;
 }
 
@@ -35,9 +37,10 @@ Source Emitter::SourceOf(const TableRef& ref) {
     if (const PhysicalTable* table = schema_.Table(ref.table)) return TableSource(ref, *table);
     const std::string* query = schema_.Query(ref.table);
     if (query == nullptr) RequireTable(ref.table, ref.place);
-    if (depth_ >= kDeepestQuery) Fail(ref.place, "Queries select from each other without end in");
+    if (depth_ >= kDeepestQuery || ++expanded_ > kMostQueries) Fail(ref.place, "Queries select from each other without end in");
     const Statement statement = ParseStatement(*query);
-    if (statement.kind != StatementKind::Select) Fail(ref.place, "Only a select query can be selected from in");
+    if (statement.kind != StatementKind::Select)
+        Fail(ref.place, "Only a select query can be selected from in");
     for (const Declaration& declaration : statement.parameters)
         if (ParameterPlace(declaration.name) < 0) out_.parameters.push_back(declaration);
     ++depth_;
@@ -58,7 +61,8 @@ void Emitter::DeclareSources(const TableRef& ref, Scope& scope) {
         DeclareSources(*ref.right, scope);
         return;
     }
-    if (FindSource(scope, ref.Alias()) != nullptr) Fail(ref.place, "The same table twice without another name in");
+    if (FindSource(scope, ref.Alias()) != nullptr)
+        Fail(ref.place, "The same table twice without another name in");
     scope.sources.push_back(SourceOf(ref));
 }
 
@@ -73,11 +77,12 @@ std::string Emitter::EmitSource(const TableRef& ref, Scope& scope) {
     Fail(ref.place, "Cannot translate");
 }
 
-// Joins associate to the left in SQLite: a right join is turned round, and an inner join onto a joined group is put behind
-// the group, so that parentheses, which would hide indexes, are rarely needed.
+// Joins associate to the left in SQLite: a right join is turned round, and an inner join onto a joined group
+// is put behind the group, so that parentheses, which would hide indexes, are rarely needed.
 std::string Emitter::EmitTableRef(const TableRef& ref, Scope& scope) {
     if (!ref.isJoin) return EmitSource(ref, scope);
-    const bool turned = ref.join == JoinKind::Right || (ref.join == JoinKind::Inner && ref.right->isJoin && !ref.left->isJoin);
+    const bool turned = ref.join == JoinKind::Right ||
+                        (ref.join == JoinKind::Inner && ref.right->isJoin && !ref.left->isJoin);
     const TableRef& first = turned ? *ref.right : *ref.left;
     const TableRef& second = turned ? *ref.left : *ref.right;
     std::string sql = EmitTableRef(first, scope);

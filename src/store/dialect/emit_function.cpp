@@ -35,7 +35,8 @@ constexpr std::array<Function, 12> kFunctions = {{
 constexpr std::array<std::string_view, 5> kAggregates = {"count", "min", "max", "sum", "avg"};
 
 bool IsAggregateName(std::string_view name) {
-    return std::any_of(kAggregates.begin(), kAggregates.end(), [&](std::string_view a) { return SameWord(a, name); });
+    return std::any_of(kAggregates.begin(), kAggregates.end(),
+                       [&](std::string_view a) { return SameWord(a, name); });
 }
 
 bool HoldsAggregate(const Expression& expression) {
@@ -47,9 +48,10 @@ bool HoldsAggregate(const Expression& expression) {
 }  // namespace
 
 bool IsAggregate(const Select& select) {
-    return !select.groupBy.empty() || std::any_of(select.items.begin(), select.items.end(), [](const SelectItem& item) {
-        return item.expression != nullptr && HoldsAggregate(*item.expression);
-    });
+    return !select.groupBy.empty() ||
+           std::any_of(select.items.begin(), select.items.end(), [](const SelectItem& item) {
+               return item.expression != nullptr && HoldsAggregate(*item.expression);
+           });
 }
 
 std::string Emitter::EmitArguments(const Expression& expression, const Scope* scope) {
@@ -67,7 +69,8 @@ Emitted Emitter::EmitIIf(const Expression& expression, const Scope* scope) {
     Emitted no{"NULL", ValueType::Any};
     if (expression.arguments.size() == 3) no = EmitExpression(*expression.arguments[2], scope);
     const bool missing = no.sql == "NULL" || yes.sql == "NULL";
-    const ValueType type = yes.type == no.type || missing ? (yes.sql == "NULL" ? no.type : yes.type) : ValueType::Any;
+    const ValueType type =
+        yes.type == no.type || missing ? (yes.sql == "NULL" ? no.type : yes.type) : ValueType::Any;
     return {fmt::format("(CASE WHEN {} THEN {} ELSE {} END)", condition.sql, yes.sql, no.sql), type};
 }
 
@@ -85,15 +88,18 @@ Emitted Emitter::EmitCall(const Expression& expression, const Scope* scope) {
         if (SameWord(aggregate, expression.name)) return EmitAggregate(expression, scope, aggregate);
     const std::size_t count = expression.arguments.size();
     if (SameWord(expression.name, "IsNull") && count == 1)
-        return {fmt::format("({} IS NULL)", EmitExpression(*expression.arguments[0], scope).sql), ValueType::Boolean};
+        return {fmt::format("({} IS NULL)", EmitExpression(*expression.arguments[0], scope).sql),
+                ValueType::Boolean};
     if (SameWord(expression.name, "Left") && count == 2) {
         const Emitted text = EmitExpression(*expression.arguments[0], scope);
-        return {fmt::format("substr({}, 1, {})", text.sql, EmitExpression(*expression.arguments[1], scope).sql),
-                ValueType::Text};
+        return {
+            fmt::format("substr({}, 1, {})", text.sql, EmitExpression(*expression.arguments[1], scope).sql),
+            ValueType::Text};
     }
     for (const Function& function : kFunctions) {
         if (!SameWord(function.name, expression.name)) continue;
-        if (count < function.least || count > function.most) Fail(expression.place, "Wrong number of arguments in");
+        if (count < function.least || count > function.most)
+            Fail(expression.place, "Wrong number of arguments in");
         return {fmt::format("{}({})", function.native, EmitArguments(expression, scope)), function.type};
     }
     Fail(expression.place, "The dialect has no such function:");

@@ -13,8 +13,8 @@ namespace {
 constexpr int kFirstUnnamed = 1000;  // the engine names a column without a name EXPR1000, EXPR1001 ...
 
 bool IsOneTable(const Select& select, const Scope& scope) {
-    return scope.sources.size() == 1 && scope.sources[0].table != nullptr && !select.distinct && !select.unionWith &&
-           !IsAggregate(select);
+    return scope.sources.size() == 1 && scope.sources[0].table != nullptr && !select.distinct &&
+           !select.unionWith && !IsAggregate(select);
 }
 
 void CollectSources(const Expression& expression, const Scope& scope, std::vector<const Source*>& used) {
@@ -63,12 +63,14 @@ void Emitter::AddStar(const SelectItem& item, const Scope& scope, bool collated,
         any = true;
         for (const OutputColumn& column : source.columns) {
             const Emitted emitted{Qualified(source, column.name), column.type};
-            list += fmt::format("{}{} AS {}", list.empty() ? "" : ", ", collated ? Collate(emitted) : emitted.sql,
-                                QuoteName(column.name));
+            list += fmt::format("{}{} AS {}", list.empty() ? "" : ", ",
+                                collated ? Collate(emitted) : emitted.sql, QuoteName(column.name));
             result.columns.push_back(column);
         }
     }
-    if (!any) throw StoreError(ErrorNumber::UnknownTable, fmt::format("There is no table '{}' in the statement.", item.qualifier));
+    if (!any)
+        throw StoreError(ErrorNumber::UnknownTable,
+                         fmt::format("There is no table '{}' in the statement.", item.qualifier));
 }
 
 void Emitter::AddItem(const SelectItem& item, const Scope& scope, bool collated, SelectText& result,
@@ -79,7 +81,8 @@ void Emitter::AddItem(const SelectItem& item, const Scope& scope, bool collated,
     if (output.name.empty())
         output.name = column ? item.expression->name
                              : fmt::format("EXPR{}", kFirstUnnamed + static_cast<int>(result.columns.size()));
-    const FoundColumn found = column ? FindColumn(&scope, item.expression->qualifier, item.expression->name) : FoundColumn{};
+    const FoundColumn found =
+        column ? FindColumn(&scope, item.expression->qualifier, item.expression->name) : FoundColumn{};
     if (found.column != nullptr) output.field = found.column->field;
     list += fmt::format("{}{} AS {}", list.empty() ? "" : ", ", collated ? Collate(emitted) : emitted.sql,
                         QuoteName(output.name));
@@ -94,9 +97,11 @@ std::string Emitter::RowIdentity(const Select& select, const Scope& scope) {
     for (const Source* source : used) {
         const auto add = [&](const Emitted& column) { list += (list.empty() ? "" : ", ") + Collate(column); };
         if (source->table != nullptr) {
-            for (const std::string& key : source->table->KeyColumns()) add({Qualified(*source, key), ValueType::Number});
+            for (const std::string& key : source->table->KeyColumns())
+                add({Qualified(*source, key), ValueType::Number});
         } else {
-            for (const OutputColumn& column : source->columns) add({Qualified(*source, column.name), column.type});
+            for (const OutputColumn& column : source->columns)
+                add({Qualified(*source, column.name), column.type});
         }
     }
     return list;
@@ -119,12 +124,16 @@ Emitter::SelectText Emitter::EmitCore(const Select& select, const Scope* outer, 
     for (const auto& ref : select.from) DeclareSources(*ref, scope);
     std::string list;
     for (const SelectItem& item : select.items)
-        item.star ? AddStar(item, scope, collated, result, list) : AddItem(item, scope, collated, result, list);
+        item.star ? AddStar(item, scope, collated, result, list)
+                  : AddItem(item, scope, collated, result, list);
     std::vector<std::string> sources;
     for (const SelectItem& item : select.items) {
-        const bool plain = !item.star && item.alias.empty() && item.expression->kind == ExpressionKind::Column;
-        if (item.star) sources.resize(result.columns.size());
-        else sources.push_back(plain ? item.expression->qualifier : "");
+        const bool plain =
+            !item.star && item.alias.empty() && item.expression->kind == ExpressionKind::Column;
+        if (item.star)
+            sources.resize(result.columns.size());
+        else
+            sources.push_back(plain ? item.expression->qualifier : "");
     }
     sources.resize(result.columns.size());
     TellApart(result.columns, sources);
@@ -144,7 +153,8 @@ Emitter::SelectText Emitter::EmitCore(const Select& select, const Scope* outer, 
     return result;
 }
 
-// Without an order of its own a select from one table comes in the order of its key, a DISTINCT in that of its columns.
+// Without an order of its own a select from one table comes in the order of its key, a DISTINCT in that of
+// its columns.
 std::string Emitter::EmitOrderBy(const Select& select, const Scope& scope, const SelectText& text) {
     std::string list;
     const auto add = [&](const std::string& item) { list += (list.empty() ? " ORDER BY " : ", ") + item; };
@@ -167,10 +177,11 @@ std::string Emitter::EmitOrderBy(const Select& select, const Scope& scope, const
 std::string Emitter::EmitUnionOrderBy(const Select& select, const SelectText& text) {
     std::string list;
     for (const OrderItem& item : select.orderBy) {
-        const auto found = std::find_if(text.columns.begin(), text.columns.end(), [&](const OutputColumn& column) {
-            return SameWord(column.name, item.expression->name);
-        });
-        if (found == text.columns.end()) Fail(item.expression->place, "A union is ordered by its own columns only in");
+        const auto found = std::find_if(
+            text.columns.begin(), text.columns.end(),
+            [&](const OutputColumn& column) { return SameWord(column.name, item.expression->name); });
+        if (found == text.columns.end())
+            Fail(item.expression->place, "A union is ordered by its own columns only in");
         list += fmt::format("{}{}{}", list.empty() ? " ORDER BY " : ", ",
                             Collate({fmt::format("{}", found - text.columns.begin() + 1), found->type}),
                             item.descending ? " DESC" : "");
@@ -189,7 +200,8 @@ Emitter::SelectText Emitter::EmitSelect(const Select& select, const Scope* outer
         Scope partScope;
         const SelectText next = EmitCore(*part->unionWith, outer, partScope, true, false);
         if (next.columns.size() != result.columns.size())
-            throw StoreError(ErrorNumber::SyntaxError, "The selects of a union differ in their number of columns.");
+            throw StoreError(ErrorNumber::SyntaxError,
+                             "The selects of a union differ in their number of columns.");
         result.sql += (part->unionAll ? " UNION ALL SELECT " : " UNION SELECT ") +
                       std::string(part->unionWith->distinct ? "DISTINCT " : "") + next.sql;
     }

@@ -1,5 +1,5 @@
-// The work behind Translate: one object a statement, which gathers the slots in the order in which they stand in the
-// SQLite text. Only the files of this folder use it.
+// The work behind Translate: one object a statement, which gathers the slots in the order in which they stand
+// in the SQLite text. Only the files of this folder use it.
 #pragma once
 
 #include <string>
@@ -38,6 +38,7 @@ private:
     Emitted EmitLiteral(const Value& value);
     Emitted EmitBinary(const Expression& expression, const Scope* scope);
     Emitted EmitConcatenation(const Expression& expression, const Scope* scope);
+    Emitted EmitJunction(const Expression& expression, const Scope* scope);
     Emitted EmitComparison(const Expression& expression, const Scope* scope);
     bool EmitExactComparison(const Expression& expression, const Scope* scope, Emitted& result);
     Emitted EmitLike(const Expression& expression, const Scope* scope);
@@ -55,8 +56,10 @@ private:
     // emit_select.cpp
     SelectText EmitSelect(const Select& select, const Scope* outer, Use use);
     SelectText EmitCore(const Select& select, const Scope* outer, Scope& scope, bool collated, bool withKey);
-    void AddItem(const SelectItem& item, const Scope& scope, bool collated, SelectText& result, std::string& list);
-    void AddStar(const SelectItem& item, const Scope& scope, bool collated, SelectText& result, std::string& list);
+    void AddItem(const SelectItem& item, const Scope& scope, bool collated, SelectText& result,
+                 std::string& list);
+    void AddStar(const SelectItem& item, const Scope& scope, bool collated, SelectText& result,
+                 std::string& list);
     std::string EmitOrderBy(const Select& select, const Scope& scope, const SelectText& text);
     std::string EmitUnionOrderBy(const Select& select, const SelectText& text);
     std::string RowIdentity(const Select& select, const Scope& scope);
@@ -75,7 +78,8 @@ private:
     void EmitDelete(const Statement& statement);
     std::string EmitAssigned(const Expression& expression, const FieldDef& field, const Scope* scope);
     const FieldDef& RequireField(const PhysicalTable& table, std::string_view name, std::size_t place) const;
-    void CollectJoined(const TableRef& ref, std::vector<const TableRef*>& tables, std::vector<const Expression*>& conditions) const;
+    void CollectJoined(const TableRef& ref, std::vector<const TableRef*>& tables,
+                       std::vector<const Expression*>& conditions) const;
 
     [[noreturn]] void Fail(std::size_t place, std::string_view what) const;
 
@@ -83,6 +87,7 @@ private:
     const Schema& schema_;
     Translation& out_;
     int depth_ = 0;
+    int expanded_ = 0;  // stored queries put into the statement so far
     std::vector<std::pair<std::string, SelectText>> storedQueries_;  // translated ahead, by alias
 };
 

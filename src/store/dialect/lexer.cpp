@@ -11,10 +11,15 @@ namespace {
 
 constexpr std::size_t kMostTokens = 6000;
 
-bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsBlank(char c) {
+    return c == ' ' || c == '\t' || c == '\r' || c == '\n';
+}
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
 bool StartsName(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || static_cast<unsigned char>(c) >= 0x80;
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' ||
+           static_cast<unsigned char>(c) >= 0x80;
 }
 
 class Scanner {
@@ -101,9 +106,9 @@ std::vector<Token> Tokenize(std::string_view sql) {
 void FailAt(std::string_view sql, std::size_t place, std::string_view what) {
     constexpr std::size_t shown = 40;
     const std::string_view rest = LeftCharacters(sql.substr(std::min(place, sql.size())), shown);
-    throw StoreError(ErrorNumber::SyntaxError,
-                     rest.empty() ? fmt::format("{} the statement, at its end.", what)
-                                  : fmt::format("{} the statement, at '{}'.", what, rest));
+    throw StoreError(ErrorNumber::SyntaxError, rest.empty()
+                                                   ? fmt::format("{} the statement, at its end.", what)
+                                                   : fmt::format("{} the statement, at '{}'.", what, rest));
 }
 
 }  // namespace quillon::store::dialect

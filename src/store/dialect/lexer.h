@@ -1,5 +1,5 @@
-// Cuts a statement of the dialect into tokens. It knows spelling only: names in brackets, texts in either quote, numbers,
-// operators; what a word means is the parser's business.
+// Cuts a statement of the dialect into tokens. It knows spelling only: names in brackets, texts in either
+// quote, numbers, operators; what a word means is the parser's business.
 #pragma once
 
 #include <cstddef>
@@ -13,8 +13,8 @@ enum class TokenKind { Name, BracketedName, Text, Number, Symbol, End };
 
 struct Token {
     TokenKind kind = TokenKind::End;
-    std::string text;        // without brackets or quotes, doubled quotes made single
-    std::size_t place = 0;   // byte offset in the statement, for error messages
+    std::string text;       // without brackets or quotes, doubled quotes made single
+    std::size_t place = 0;  // byte offset in the statement, for error messages
 };
 
 // Always ends with an End token. A quote or bracket that is never closed is a SyntaxError naming the place.

@@ -135,8 +135,12 @@ ExpressionPtr ParseChain(TokenStream& tokens, const std::array<std::string_view,
 ExpressionPtr ParseProduct(TokenStream& tokens) {
     return ParseChain<2>(tokens, {"*", "/"}, ParseSigned);
 }
-ExpressionPtr ParseSum(TokenStream& tokens) { return ParseChain<2>(tokens, {"+", "-"}, ParseProduct); }
-ExpressionPtr ParseConcatenation(TokenStream& tokens) { return ParseChain<1>(tokens, {"&"}, ParseSum); }
+ExpressionPtr ParseSum(TokenStream& tokens) {
+    return ParseChain<2>(tokens, {"+", "-"}, ParseProduct);
+}
+ExpressionPtr ParseConcatenation(TokenStream& tokens) {
+    return ParseChain<1>(tokens, {"&"}, ParseSum);
+}
 
 ExpressionPtr ParseIn(TokenStream& tokens, ExpressionPtr left) {
     ExpressionPtr in = Make(ExpressionKind::In, left->place);

@@ -1,5 +1,5 @@
-// Reads a statement, or a criteria, of the dialect into its tree. Checks the form only; whether the names exist is
-// decided where the tree is used. What the dialect does not have is a SyntaxError naming the place.
+// Reads a statement, or a criteria, of the dialect into its tree. Checks the form only; whether the names
+// exist is decided where the tree is used. What the dialect does not have is a SyntaxError naming the place.
 #pragma once
 
 #include <string_view>

@@ -22,8 +22,9 @@ FoundColumn FindInOne(const Scope& scope, std::string_view qualifier, std::strin
         const OutputColumn* column = ColumnOf(source, name);
         if (column == nullptr) continue;
         if (found.column != nullptr)
-            throw StoreError(ErrorNumber::SyntaxError,
-                             fmt::format("The field '{}' could refer to more than one table of the statement.", name));
+            throw StoreError(
+                ErrorNumber::SyntaxError,
+                fmt::format("The field '{}' could refer to more than one table of the statement.", name));
         found = {&source, column};
     }
     return found;

@@ -27,8 +27,8 @@ struct FoundColumn {
 };
 
 const Source* FindSource(const Scope& scope, std::string_view alias);
-// Walks outward through the scopes; nothing found leaves both members null. A name that two sources of one scope have
-// is an error, thrown as StoreError naming it.
+// Walks outward through the scopes; nothing found leaves both members null. A name that two sources of one
+// scope have is an error, thrown as StoreError naming it.
 FoundColumn FindColumn(const Scope* scope, std::string_view qualifier, std::string_view name);
 
 ValueType TypeOf(FieldType type);

@@ -10,20 +10,24 @@ namespace {
 constexpr int kDeepest = 200;
 
 constexpr std::array<std::string_view, 29> kKeyWords = {
-    "select", "from",   "where", "group",  "order", "by",     "having", "union",    "inner",       "left",
-    "right",  "join",   "on",    "as",     "and",   "or",     "not",    "is",       "in",          "like",
+    "select", "from",   "where", "group",  "order",  "by",     "having",  "union",    "inner",      "left",
+    "right",  "join",   "on",    "as",     "and",    "or",     "not",     "is",       "in",         "like",
     "into",   "values", "set",   "insert", "update", "delete", "between", "distinct", "distinctrow"};
 
-char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
+char Lower(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
+}
 
 }  // namespace
 
 bool SameWord(std::string_view left, std::string_view right) {
-    return left.size() == right.size() &&
-           std::equal(left.begin(), left.end(), right.begin(), [](char a, char b) { return Lower(a) == Lower(b); });
+    return left.size() == right.size() && std::equal(left.begin(), left.end(), right.begin(),
+                                                     [](char a, char b) { return Lower(a) == Lower(b); });
 }
 
-const Token& TokenStream::Peek(std::size_t ahead) const { return tokens_[std::min(at_ + ahead, tokens_.size() - 1)]; }
+const Token& TokenStream::Peek(std::size_t ahead) const {
+    return tokens_[std::min(at_ + ahead, tokens_.size() - 1)];
+}
 
 Token TokenStream::Take() {
     Token token = Peek();
@@ -62,6 +66,7 @@ void TokenStream::ExpectSymbol(std::string_view symbol) {
 bool TokenStream::IsName() const {
     const Token& token = Peek();
     if (token.kind == TokenKind::BracketedName) return true;
+    if (IsWord("left") && IsSymbol("(", 1)) return true;  // the function
     return token.kind == TokenKind::Name &&
            std::none_of(kKeyWords.begin(), kKeyWords.end(),
                         [&](std::string_view word) { return SameWord(word, token.text); });

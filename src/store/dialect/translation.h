@@ -1,8 +1,9 @@
-// Turns a statement of the dialect into one of SQLite: names found in the schema, texts compared by the program's
-// collation, functions and joins put as SQLite has them.
+// Turns a statement of the dialect into one of SQLite: names found in the schema, texts compared by the
+// program's collation, functions and joins put as SQLite has them.
 //
-// Names without a qualifier mean a column of the tables in scope first, then a parameter: a parameter with the name of a
-// column in scope is never seen. A name that is neither is TooFewParameters. A stored query may stand where a table may.
+// Names without a qualifier mean a column of the tables in scope first, then a parameter: a parameter with
+// the name of a column in scope is never seen. A name that is neither is TooFewParameters. A stored query may
+// stand where a table may.
 #pragma once
 
 #include <optional>
@@ -34,7 +35,7 @@ struct OutputColumn {
 
 // One place of the SQLite statement that takes a value.
 struct Slot {
-    int parameter = -1;             // place among the declared ones, or -1 for the constant
+    int parameter = -1;  // place among the declared ones, or -1 for the constant
     Value constant;
     std::optional<FieldDef> field;  // the value is stored in it, so it is converted and checked on the way
 };

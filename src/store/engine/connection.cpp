@@ -20,7 +20,9 @@ constexpr std::size_t kMostCompiled = 512;
 constexpr std::size_t kMostIdle = 4;
 constexpr auto kJobCommitInterval = std::chrono::milliseconds(400);
 
-char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
+char LowerAscii(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
+}
 
 // A Text parameter takes the text of any value, a Long the number of any numeric one.
 Value AsDeclared(const dialect::Declaration& parameter, const Value& value) {
@@ -36,11 +38,13 @@ void BindNative(sqlite3_stmt* statement, int place, const Value& value) {
     if (value.IsNull()) {
         sqlite3_bind_null(statement, place);
     } else if (value.IsText()) {
-        sqlite3_bind_text64(statement, place, value.Text().data(), value.Text().size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+        sqlite3_bind_text64(statement, place, value.Text().data(), value.Text().size(), SQLITE_TRANSIENT,
+                            SQLITE_UTF8);
     } else if (value.IsReal()) {
         sqlite3_bind_double(statement, place, value.Real());
     } else {
-        sqlite3_bind_int64(statement, place, value.IsBoolean() ? std::int64_t{value.AsBoolean()} : value.AsLong());
+        sqlite3_bind_int64(statement, place,
+                           value.IsBoolean() ? std::int64_t{value.AsBoolean()} : value.AsLong());
     }
 }
 
@@ -69,7 +73,8 @@ void Compiled::FinalizeIdle() {
 }
 
 void Connection::RequireOpen() const {
-    if (db_ == nullptr) throw StoreError(ErrorNumber::ObjectClosed, "The DataSet of this object has been closed.");
+    if (db_ == nullptr)
+        throw StoreError(ErrorNumber::ObjectClosed, "The DataSet of this object has been closed.");
 }
 
 void Connection::Unregister(ResultSet* result) {
@@ -90,7 +95,8 @@ std::shared_ptr<Compiled> Connection::Prepare(std::string_view text, dialect::St
     auto compiled = std::make_shared<Compiled>();
     compiled->text = text;
     compiled->translation = dialect::Translate(statement, text, *this);
-    for (const auto& parameter : compiled->translation.parameters) compiled->parameterNames.push_back(parameter.name);
+    for (const auto& parameter : compiled->translation.parameters)
+        compiled->parameterNames.push_back(parameter.name);
     if (allCompiled_.size() >= 2 * kMostCompiled)
         std::erase_if(allCompiled_, [](const std::weak_ptr<Compiled>& weak) { return weak.expired(); });
     allCompiled_.push_back(compiled);
@@ -134,12 +140,14 @@ void Connection::GiveBack(Compiled& compiled, sqlite3_stmt* statement) {
     }
 }
 
-void Connection::Bind(const Compiled& compiled, sqlite3_stmt* statement, const std::vector<Value>& values) const {
+void Connection::Bind(const Compiled& compiled, sqlite3_stmt* statement,
+                      const std::vector<Value>& values) const {
     const dialect::Translation& translation = compiled.translation;
     for (std::size_t i = 0; i < translation.slots.size(); ++i) {
         const dialect::Slot& slot = translation.slots[i];
         const auto parameter = static_cast<std::size_t>(slot.parameter);
-        Value value = slot.parameter < 0 ? slot.constant : AsDeclared(translation.parameters[parameter], values[parameter]);
+        Value value = slot.parameter < 0 ? slot.constant
+                                         : AsDeclared(translation.parameters[parameter], values[parameter]);
         if (slot.field) value = Coerce(*slot.field, value);
         BindNative(statement, static_cast<int>(i + 1), value);
     }
@@ -149,7 +157,8 @@ int Connection::Execute(Compiled& compiled, const std::vector<Value>& values) {
     RequireOpen();
     const dialect::Translation& translation = compiled.translation;
     if (translation.kind == dialect::StatementKind::Select)
-        throw StoreError(ErrorNumber::CannotExecuteSelect, "A select query cannot be executed; open it instead.");
+        throw StoreError(ErrorNumber::CannotExecuteSelect,
+                         "A select query cannot be executed; open it instead.");
     BeforeWrite();
     if (translation.kind == dialect::StatementKind::Delete) KeepAutoNumber(translation.table);
     sqlite3_stmt* statement = Lease(compiled);
@@ -170,7 +179,10 @@ int Connection::Execute(Compiled& compiled, const std::vector<Value>& values) {
 
 int Connection::ExecuteText(std::string_view text) {
     const auto found = compiled_.find(std::string(text));
-    if (found != compiled_.end()) return Execute(*std::shared_ptr<Compiled>(found->second), {});
+    if (found != compiled_.end()) {
+        const std::shared_ptr<Compiled> known = found->second;
+        return Execute(*known, std::vector<Value>(known->parameterNames.size()));
+    }
     dialect::Statement statement = dialect::ParseStatement(text);
     using Kind = dialect::StatementKind;
     const bool definition = statement.kind != Kind::Select && statement.kind != Kind::Insert &&
@@ -197,9 +209,11 @@ void Connection::CommitDurable() {
         sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
         durableOpen_ = false;
         unitOpen_ = false;
+        WentBack();
         throw;
     }
     durableOpen_ = false;
+    definitionsChanged_ = false;
 }
 
 // After some failures (a full disk) SQLite has rolled back by itself what the program thinks is open.
@@ -207,6 +221,20 @@ void Connection::LostTransaction() {
     if (sqlite3_get_autocommit(db_) == 0) return;
     durableOpen_ = false;
     unitOpen_ = false;
+    WentBack();
+}
+
+// What the program remembers of the file is read again where a rollback may have taken it away. Numbers once given stay
+// given, so the counters themselves are kept.
+void Connection::WentBack() {
+    savedCounters_.clear();
+    if (!definitionsChanged_) return;
+    definitionsChanged_ = false;
+    try {
+        LoadSchema();
+    } catch (const StoreError&) {
+        // The failure that led here is the one to tell.
+    }
 }
 
 void Connection::BeforeWrite() {
@@ -250,6 +278,7 @@ void Connection::RollbackUnit() {
         durableOpen_ = false;
         ExecNative(db_, "ROLLBACK");
     }
+    WentBack();
 }
 
 void Connection::EndJob() {
@@ -275,7 +304,9 @@ std::int64_t& Connection::Counter(std::string_view table) {
     return counters_[physical.def.name] = std::max(saved, used + 1);
 }
 
-std::int64_t Connection::NextAutoNumber(std::string_view table) { return Counter(table)++; }
+std::int64_t Connection::NextAutoNumber(std::string_view table) {
+    return Counter(table)++;
+}
 
 void Connection::NoteAutoNumber(std::string_view table, std::int64_t given) {
     std::int64_t& next = Counter(table);
@@ -286,7 +317,8 @@ void Connection::SaveCounter(std::string_view table) {
     const PhysicalTable& physical = RequireTable(table);
     if (physical.autoField.empty()) return;
     const std::int64_t next = Counter(physical.def.name);
-    if (savedCounters_[physical.def.name] == next) return;
+    const auto saved = savedCounters_.find(physical.def.name);
+    if (saved != savedCounters_.end() && saved->second == next) return;
     NativeStatement store(db_, "INSERT OR REPLACE INTO qln_autonumber (table_name, next) VALUES (?1, ?2)");
     store.Bind(1, std::string_view(physical.def.name));
     store.Bind(2, next);
@@ -330,6 +362,7 @@ void Connection::StoreQuery(std::string_view name, std::string_view sql) {
     store.Step();
     queryByName_.emplace(name, queries_.size());
     queries_.emplace_back(name, sql);
+    definitionsChanged_ = true;
     AfterWrite();
 }
 
@@ -340,17 +373,20 @@ void Connection::ReplaceQuery(std::string_view name, std::string_view sql) {
     store.Bind(1, name);
     store.Bind(2, sql);
     store.Step();
+    definitionsChanged_ = true;
     LoadQueries();
     AfterWrite();
 }
 
 void Connection::DropQuery(std::string_view name) {
     if (Query(name) == nullptr)
-        throw StoreError(ErrorNumber::ItemNotFound, fmt::format("There is no query '{}' in the DataSet.", name));
+        throw StoreError(ErrorNumber::ItemNotFound,
+                         fmt::format("There is no query '{}' in the DataSet.", name));
     BeforeWrite();
     NativeStatement drop(db_, "DELETE FROM qln_queries WHERE name = ?1 COLLATE NOCASE");
     drop.Bind(1, name);
     drop.Step();
+    definitionsChanged_ = true;
     LoadQueries();
     AfterWrite();
 }

@@ -1,8 +1,10 @@
-// The SQLite connection behind all handles of this process on one DataSet: its schema, its stored queries, its prepared
-// statements, its part in the transaction, and the open results that must not see what is written under them.
+// The SQLite connection behind all handles of this process on one DataSet: its schema, its stored queries,
+// its prepared statements, its part in the transaction, and the open results that must not see what is
+// written under them.
 //
-// Only store/ uses it. A file has one connection however many Database handles are open on it, so none of them locks
-// another out, and SQLite's locks on the file are never dropped by a second descriptor of this process.
+// Only store/ uses it. A file has one connection however many Database handles are open on it, so none of
+// them locks another out, and SQLite's locks on the file are never dropped by a second descriptor of this
+// process.
 #pragma once
 
 #include <chrono>
@@ -127,9 +129,11 @@ private:
     void Harden();
     void LoadSchema();
     void SchemaChanged();
+    static void RequireFields(const TableDef& def);
     void BeginDurable();
     void CommitDurable();
     void LostTransaction();
+    void WentBack();
     std::int64_t& Counter(std::string_view table);
     void SaveCounter(std::string_view table);
     void SaveCounters();
@@ -154,13 +158,15 @@ private:
     std::vector<ResultSet*> results_;
     NameMap<std::int64_t> counters_;       // the next number, by table
     NameMap<std::int64_t> savedCounters_;  // as the file has them
-    bool durableOpen_ = false;  // BEGIN was said
-    bool unitOpen_ = false;     // the engine's transaction has written here
+    bool durableOpen_ = false;             // BEGIN was said
+    bool unitOpen_ = false;                // the engine's transaction has written here
     bool unitIsSavepoint_ = false;
+    bool definitionsChanged_ = false;  // tables or queries, since the last durable commit
     std::chrono::steady_clock::time_point lastCommit_;
 };
 
-// One Database object's hold on the connection; its recordsets and queries share it, and fail once it is closed.
+// One Database object's hold on the connection; its recordsets and queries share it, and fail once it is
+// closed.
 struct Handle {
     std::shared_ptr<Connection> connection;
     bool open = true;

@@ -19,7 +19,8 @@ namespace {
 
 constexpr std::int32_t kApplicationId = 0x516C6E44;  // "QlnD"
 constexpr std::string_view kMagic("SQLite format 3\0", 16);
-constexpr int kMostBytes = 64 * 1024 * 1024;  // of one value
+constexpr int kMostBytes = 64 * 1024 * 1024;         // of one value
+constexpr off_t kMostQuickCheck = 48 * 1024 * 1024;  // of a file: about a tenth of a second
 constexpr int kMostSql = 1024 * 1024;
 
 [[noreturn]] void FailPath(ErrorNumber number, std::string_view what, const std::string& path) {
@@ -46,25 +47,30 @@ void MakeEmptyFile(const std::string& path) {
     }
     if (errno == EEXIST) FailPath(ErrorNumber::DatabaseExists, "There is already a file", path);
     if (errno == ENOSPC) throw StoreError(ErrorNumber::DiskFull, "Not enough space on disk.");
-    FailPath(ErrorNumber::CannotOpenFile, fmt::format("The file cannot be made ({}):", std::strerror(errno)), path);
+    FailPath(ErrorNumber::CannotOpenFile, fmt::format("The file cannot be made ({}):", std::strerror(errno)),
+             path);
 }
 
 // Reads the first bytes with a descriptor of its own; only for a file that this process has not open.
 void CheckHeader(const std::string& path) {
     struct stat info {};
     if (stat(path.c_str(), &info) != 0) {
-        if (errno == ENOENT || errno == ENOTDIR) FailPath(ErrorNumber::FileNotFound, "Could not find the file", path);
-        FailPath(ErrorNumber::CannotOpenFile, fmt::format("The file cannot be opened ({}):", std::strerror(errno)), path);
+        if (errno == ENOENT || errno == ENOTDIR)
+            FailPath(ErrorNumber::FileNotFound, "Could not find the file", path);
+        FailPath(ErrorNumber::CannotOpenFile,
+                 fmt::format("The file cannot be opened ({}):", std::strerror(errno)), path);
     }
     if (!S_ISREG(info.st_mode)) FailPath(ErrorNumber::UnrecognizedFormat, "This is not a DataSet:", path);
     const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
     if (file < 0)
-        FailPath(ErrorNumber::CannotOpenFile, fmt::format("The file cannot be opened ({}):", std::strerror(errno)), path);
+        FailPath(ErrorNumber::CannotOpenFile,
+                 fmt::format("The file cannot be opened ({}):", std::strerror(errno)), path);
     std::array<unsigned char, 100> header{};
     const ssize_t got = read(file, header.data(), header.size());
     close(file);
     const bool whole = got == static_cast<ssize_t>(header.size());
-    const std::uint32_t id = static_cast<std::uint32_t>(header[68]) << 24 | static_cast<std::uint32_t>(header[69]) << 16 |
+    const std::uint32_t id = static_cast<std::uint32_t>(header[68]) << 24 |
+                             static_cast<std::uint32_t>(header[69]) << 16 |
                              static_cast<std::uint32_t>(header[70]) << 8 | header[71];
     const bool ours = whole && std::memcmp(header.data(), kMagic.data(), kMagic.size()) == 0 &&
                       id == static_cast<std::uint32_t>(kApplicationId);
@@ -108,16 +114,18 @@ void Connection::OpenFile(const std::string& path, bool create) {
     realPath_ = real == nullptr ? path : real;
     std::free(real);
     const bool unclean = !create && EndedUncleanly();
-    const int code = sqlite3_open_v2(realPath_.c_str(), &db_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+    const int code =
+        sqlite3_open_v2(realPath_.c_str(), &db_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
     if (code != SQLITE_OK) ThrowNative(db_, code);
     readOnly_ = sqlite3_db_readonly(db_, "main") == 1 || access(FolderOf(realPath_).c_str(), W_OK) != 0;
     Harden();
     Configure();
     if (create) {
         ExecNative(db_, fmt::format("PRAGMA application_id = {}", kApplicationId));
-        ExecNative(db_, "BEGIN; CREATE TABLE qln_queries (position INTEGER PRIMARY KEY, name TEXT, sql TEXT);"
-                        "CREATE TABLE qln_autonumber (table_name TEXT PRIMARY KEY, next INTEGER) WITHOUT ROWID;"
-                        "CREATE TABLE qln_waiting_indexes (name TEXT PRIMARY KEY) WITHOUT ROWID; COMMIT");
+        ExecNative(db_,
+                   "BEGIN; CREATE TABLE qln_queries (position INTEGER PRIMARY KEY, name TEXT, sql TEXT);"
+                   "CREATE TABLE qln_autonumber (table_name TEXT PRIMARY KEY, next INTEGER) WITHOUT ROWID;"
+                   "CREATE TABLE qln_waiting_indexes (name TEXT PRIMARY KEY) WITHOUT ROWID; COMMIT");
     } else {
         CheckFile(unclean);
     }
@@ -141,13 +149,19 @@ void Connection::Harden() {
 
 // The lock on the file is taken here, and kept until it is closed.
 void Connection::Configure() {
-    ExecNative(db_, "PRAGMA locking_mode = EXCLUSIVE; PRAGMA cell_size_check = ON; PRAGMA mmap_size = 0;"
-                    "PRAGMA synchronous = FULL; PRAGMA cache_size = -65536");
-    ExecNative(db_, readOnly_ ? "BEGIN; SELECT count(*) FROM sqlite_master; COMMIT" : "BEGIN EXCLUSIVE; COMMIT");
+    ExecNative(db_,
+               "PRAGMA locking_mode = EXCLUSIVE; PRAGMA cell_size_check = ON; PRAGMA mmap_size = 0;"
+               "PRAGMA synchronous = FULL; PRAGMA cache_size = -65536");
+    ExecNative(db_,
+               readOnly_ ? "BEGIN; SELECT count(*) FROM sqlite_master; COMMIT" : "BEGIN EXCLUSIVE; COMMIT");
 }
 
-// A quick look at each opening, a full one after an unclean end. Constraints are not run: they are ours only if the file is.
+// A full look after an unclean end; otherwise a quick one, which for a large file would be felt at each
+// opening and is left to the checks that SQLite makes of every page it reads. Constraints are not run: they
+// are ours only if the file is.
 void Connection::CheckFile(bool unclean) {
+    struct stat info {};
+    if (!unclean && stat(realPath_.c_str(), &info) == 0 && info.st_size > kMostQuickCheck) return;
     ExecNative(db_, "PRAGMA ignore_check_constraints = ON");
     {
         NativeStatement check(db_, unclean ? "PRAGMA integrity_check(1)" : "PRAGMA quick_check(1)");
@@ -182,7 +196,8 @@ void Connection::Close() {
     for (const std::weak_ptr<Compiled>& weak : allCompiled_)
         if (const std::shared_ptr<Compiled> compiled = weak.lock()) compiled->FinalizeIdle();
     // Giving up the exclusive lock removes the journal, so that one file is left.
-    sqlite3_exec(db_, "PRAGMA locking_mode = NORMAL; SELECT count(*) FROM sqlite_master", nullptr, nullptr, nullptr);
+    sqlite3_exec(db_, "PRAGMA locking_mode = NORMAL; SELECT count(*) FROM sqlite_master", nullptr, nullptr,
+                 nullptr);
     sqlite3_close_v2(db_);
     db_ = nullptr;
     if (failure) std::rethrow_exception(failure);

@@ -28,7 +28,36 @@ FieldType TypeNamed(const dialect::Statement& statement) {
                                                 {"LONGTEXT", FieldType::Memo}}};
     for (const TypeName& name : names)
         if (dialect::SameWord(name.name, statement.columnType)) return name.type;
-    throw StoreError(ErrorNumber::SyntaxError, fmt::format("There is no field type '{}'.", statement.columnType));
+    throw StoreError(ErrorNumber::SyntaxError,
+                     fmt::format("There is no field type '{}'.", statement.columnType));
+}
+
+// A change of the schema of several statements: all of them, or none when it is not kept.
+class Definition {
+public:
+    explicit Definition(sqlite3* db) : db_(db) { ExecNative(db_, "SAVEPOINT qln_definition"); }
+    ~Definition() {
+        if (!kept_)
+            sqlite3_exec(db_, "ROLLBACK TO qln_definition; RELEASE qln_definition", nullptr, nullptr, nullptr);
+    }
+    Definition(const Definition&) = delete;
+    Definition& operator=(const Definition&) = delete;
+    void Keep() {
+        ExecNative(db_, "RELEASE qln_definition");
+        kept_ = true;
+    }
+
+private:
+    sqlite3* db_;
+    bool kept_ = false;
+};
+
+// BuildLookupIndexes knows the indexes of the schema; one that was made besides has to stay.
+bool IsBuiltLater(const std::string& name) {
+    for (const TableSpec& spec : DataSetTables())
+        for (const IndexSql& index : CreateIndexSql(PhysicalTableOf(TableDefOf(spec))))
+            if (index.name == name) return true;
+    return false;
 }
 
 }  // namespace
@@ -41,23 +70,33 @@ const PhysicalTable* Connection::Table(std::string_view name) const {
 const PhysicalTable& Connection::RequireTable(std::string_view name) const {
     const PhysicalTable* table = Table(name);
     if (table == nullptr)
-        throw StoreError(ErrorNumber::UnknownTable, fmt::format("There is no table '{}' in the DataSet.", name));
+        throw StoreError(ErrorNumber::UnknownTable,
+                         fmt::format("There is no table '{}' in the DataSet.", name));
     return *table;
 }
 
 void Connection::SchemaChanged() {
+    definitionsChanged_ = true;
     LoadSchema();
-    counters_.clear();
-    savedCounters_.clear();
+}
+
+void Connection::RequireFields(const TableDef& def) {
+    for (const IndexDef& index : def.indexes)
+        for (const std::string& name : index.fields)
+            if (def.Field(name) == nullptr)
+                throw StoreError(ErrorNumber::ItemNotFound, fmt::format("The table has no field '{}'.", name));
 }
 
 void Connection::AppendTable(const TableDef& def) {
     if (Table(def.name) != nullptr)
         throw StoreError(ErrorNumber::ObjectExists, fmt::format("The table '{}' already exists.", def.name));
+    RequireFields(def);
     BeforeWrite();
     const PhysicalTable table = PhysicalTableOf(def);
+    Definition definition(db_);
     ExecNative(db_, CreateTableSql(table, def.name));
     for (const IndexSql& index : CreateIndexSql(table)) ExecNative(db_, index.sql);
+    definition.Keep();
     SchemaChanged();
     AfterWrite();
 }
@@ -65,7 +104,13 @@ void Connection::AppendTable(const TableDef& def) {
 void Connection::DeleteTable(std::string_view name) {
     const std::string own = RequireTable(name).def.name;
     BeforeWrite();
+    Definition definition(db_);
     ExecNative(db_, "DROP TABLE " + QuoteName(own));
+    // A new table of this name counts from 1.
+    ExecNative(db_, "DELETE FROM qln_autonumber WHERE table_name = " + QuoteLiteral(own));
+    definition.Keep();
+    counters_.erase(own);
+    savedCounters_.erase(own);
     SchemaChanged();
     AfterWrite();
 }
@@ -75,9 +120,11 @@ void Connection::RebuildTable(const PhysicalTable& old, const TableDef& wanted) 
     const PhysicalTable table = PhysicalTableOf(wanted);
     const std::string name = old.def.name, temporary = name + "~new";
     std::string columns;
-    for (const FieldDef& field : wanted.fields) columns += (columns.empty() ? "" : ", ") + QuoteName(field.name);
+    for (const FieldDef& field : wanted.fields)
+        columns += (columns.empty() ? "" : ", ") + QuoteName(field.name);
     ExecNative(db_, CreateTableSql(table, temporary));
-    ExecNative(db_, fmt::format("INSERT INTO {} ({}) SELECT {} FROM {}", QuoteName(temporary), columns, columns, QuoteName(name)));
+    ExecNative(db_, fmt::format("INSERT INTO {} ({}) SELECT {} FROM {}", QuoteName(temporary), columns,
+                                columns, QuoteName(name)));
     ExecNative(db_, "DROP TABLE " + QuoteName(name));
     ExecNative(db_, fmt::format("ALTER TABLE {} RENAME TO {}", QuoteName(temporary), QuoteName(name)));
     for (const IndexSql& index : CreateIndexSql(table)) ExecNative(db_, index.sql);
@@ -93,19 +140,26 @@ int Connection::ExecuteDefinition(const dialect::Statement& statement) {
     try {
         if (statement.kind == Kind::AddColumn) {
             const FieldType type = TypeNamed(statement);
-            const int size = type == FieldType::Text ? (statement.columnSize == 0 ? 255 : statement.columnSize) : 0;
-            // A required column of a table with rows has no value for them yet; it is checked for new rows only.
+            const int size =
+                type == FieldType::Text ? (statement.columnSize == 0 ? 255 : statement.columnSize) : 0;
+            // A required column of a table with rows has no value for them yet; it is checked for new rows
+            // only.
             const FieldDef field{statement.name, type, size, false, false};
-            ExecNative(db_, fmt::format("ALTER TABLE {} ADD COLUMN {}", QuoteName(table.def.name), ColumnSql(field, false)));
+            ExecNative(db_, fmt::format("ALTER TABLE {} ADD COLUMN {}", QuoteName(table.def.name),
+                                        ColumnSql(field, false)));
         } else if (statement.kind == Kind::DropColumn) {
             const FieldDef* field = table.def.Field(statement.name);
             if (field == nullptr)
-                throw StoreError(ErrorNumber::ItemNotFound, fmt::format("The table has no field '{}'.", statement.name));
-            ExecNative(db_, fmt::format("ALTER TABLE {} DROP COLUMN {}", QuoteName(table.def.name), QuoteName(field->name)));
+                throw StoreError(ErrorNumber::ItemNotFound,
+                                 fmt::format("The table has no field '{}'.", statement.name));
+            ExecNative(db_, fmt::format("ALTER TABLE {} DROP COLUMN {}", QuoteName(table.def.name),
+                                        QuoteName(field->name)));
         } else if (statement.kind == Kind::CreateIndex) {
             if (table.def.Index(statement.name) != nullptr)
-                throw StoreError(ErrorNumber::ObjectExists, fmt::format("The index '{}' already exists.", statement.name));
+                throw StoreError(ErrorNumber::ObjectExists,
+                                 fmt::format("The index '{}' already exists.", statement.name));
             wanted.indexes.push_back({statement.name, statement.columns, statement.primary});
+            RequireFields(wanted);
             if (statement.primary) {
                 RebuildTable(table, wanted);
             } else {
@@ -116,7 +170,8 @@ int Connection::ExecuteDefinition(const dialect::Statement& statement) {
         } else {
             const auto index = std::find_if(wanted.indexes.begin(), wanted.indexes.end(), sameName);
             if (index == wanted.indexes.end())
-                throw StoreError(ErrorNumber::IndexMissing, fmt::format("The table has no index '{}'.", statement.name));
+                throw StoreError(ErrorNumber::IndexMissing,
+                                 fmt::format("The table has no index '{}'.", statement.name));
             const bool primary = index->primary;
             const std::string name = IndexName(table.def.name, index->name);
             wanted.indexes.erase(index);
@@ -140,7 +195,7 @@ void Connection::DropLookupIndexes() {
     BeforeWrite();
     for (const auto& table : tables_) {
         for (const IndexSql& index : CreateIndexSql(*table)) {
-            if (!index.deferrable) continue;
+            if (!index.deferrable || !IsBuiltLater(index.name)) continue;
             NativeStatement wait(db_, "INSERT OR IGNORE INTO qln_waiting_indexes (name) VALUES (?1)");
             wait.Bind(1, std::string_view(index.name));
             wait.Step();
@@ -163,7 +218,8 @@ void Connection::BuildLookupIndexes() {
     for (const TableSpec& spec : DataSetTables()) {
         if (Table(spec.name) == nullptr) continue;
         for (const IndexSql& index : CreateIndexSql(PhysicalTableOf(TableDefOf(spec))))
-            if (std::find(waiting.begin(), waiting.end(), index.name) != waiting.end()) ExecNative(db_, index.sql);
+            if (std::find(waiting.begin(), waiting.end(), index.name) != waiting.end())
+                ExecNative(db_, index.sql);
     }
     ExecNative(db_, "DELETE FROM qln_waiting_indexes; RELEASE qln_indexes");
     SchemaChanged();

@@ -14,9 +14,13 @@ using dialect::SameWord;
 
 namespace {
 
-double NumberOf(const Value& value) { return value.IsReal() ? value.Real() : static_cast<double>(value.AsLong()); }
+double NumberOf(const Value& value) {
+    return value.IsReal() ? value.Real() : static_cast<double>(value.AsLong());
+}
 
-int Rank(const Value& value) { return value.IsNull() ? 0 : (value.IsText() ? 2 : 1); }
+int Rank(const Value& value) {
+    return value.IsNull() ? 0 : (value.IsText() ? 2 : 1);
+}
 
 Value Compare(const std::string& op, const Value& left, const Value& right) {
     if (left.IsNull() || right.IsNull()) return {};
@@ -65,7 +69,8 @@ Value EvaluateIn(const Expression& expression, const ColumnReader& column) {
         throw StoreError(ErrorNumber::SyntaxError, "A search cannot hold a select of its own.");
     if (value.IsNull()) return {};
     for (std::size_t i = 1; i < expression.arguments.size(); ++i)
-        if (Compare("=", value, Evaluate(*expression.arguments[i], column)).AsBoolean()) return !expression.negated;
+        if (Compare("=", value, Evaluate(*expression.arguments[i], column)).AsBoolean())
+            return !expression.negated;
     return expression.negated;
 }
 
@@ -83,7 +88,8 @@ Value EvaluateCall(const Expression& expression, const ColumnReader& column) {
         return binary ? CompareBinary(argument(0).AsText(), argument(1).AsText())
                       : CompareText(argument(0).AsText(), argument(1).AsText());
     }
-    throw StoreError(ErrorNumber::SyntaxError, fmt::format("A search has no function '{}'.", expression.name));
+    throw StoreError(ErrorNumber::SyntaxError,
+                     fmt::format("A search has no function '{}'.", expression.name));
 }
 
 }  // namespace
@@ -120,7 +126,8 @@ Value Evaluate(const Expression& expression, const ColumnReader& column) {
         }
         case ExpressionKind::Between: {
             const Value value = argument(0);
-            const bool inside = Compare(">=", value, argument(1)).AsBoolean() && Compare("<=", value, argument(2)).AsBoolean();
+            const bool inside = Compare(">=", value, argument(1)).AsBoolean() &&
+                                Compare("<=", value, argument(2)).AsBoolean();
             return inside != expression.negated;
         }
         case ExpressionKind::In:

@@ -1,5 +1,5 @@
-// Criteria of FindFirst and its like, run over one row in memory. The rules of comparison are those of the statements:
-// texts by the collation, Null makes a comparison neither true nor false.
+// Criteria of FindFirst and its like, run over one row in memory. The rules of comparison are those of the
+// statements: texts by the collation, Null makes a comparison neither true nor false.
 #pragma once
 
 #include <functional>

@@ -17,7 +17,9 @@ std::string_view TextOf(sqlite3_value* value) {
     return {text, static_cast<std::size_t>(sqlite3_value_bytes(value))};
 }
 
-bool IsNull(sqlite3_value* value) { return sqlite3_value_type(value) == SQLITE_NULL; }
+bool IsNull(sqlite3_value* value) {
+    return sqlite3_value_type(value) == SQLITE_NULL;
+}
 
 void Give(sqlite3_context* context, std::string_view text) {
     sqlite3_result_text64(context, text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
@@ -67,9 +69,8 @@ void InStr(sqlite3_context* context, int, sqlite3_value** values) {
     const std::string text = LowerCase(TextOf(values[0]));
     const std::size_t at = text.find(LowerCase(TextOf(values[1])));
     const std::string_view before = std::string_view(text).substr(0, at == std::string::npos ? 0 : at);
-    sqlite3_result_int64(context, at == std::string::npos
-                                      ? 0
-                                      : static_cast<sqlite3_int64>(CharacterCount(before)) + 1);
+    sqlite3_result_int64(
+        context, at == std::string::npos ? 0 : static_cast<sqlite3_int64>(CharacterCount(before)) + 1);
 }
 
 void BooleanFunction(sqlite3_context* context, int, sqlite3_value** values) {
@@ -77,7 +78,8 @@ void BooleanFunction(sqlite3_context* context, int, sqlite3_value** values) {
     const bool text = sqlite3_value_type(values[0]) == SQLITE_TEXT;
     const Value value = text ? Value(TextOf(values[0])) : Value(std::int64_t{sqlite3_value_int64(values[0])});
     try {
-        sqlite3_result_int(context, Coerce({"", FieldType::Boolean, 0, false, false}, value).AsBoolean() ? 1 : 0);
+        sqlite3_result_int(context,
+                           Coerce({"", FieldType::Boolean, 0, false, false}, value).AsBoolean() ? 1 : 0);
     } catch (const StoreError& error) {
         sqlite3_result_error(context, error.what(), -1);
     }

@@ -8,10 +8,12 @@ namespace quillon::store {
 namespace {
 
 constexpr std::string_view kDuplicate =
-    "The changes were not stored because they would create duplicate values in the index or primary key. Change the "
+    "The changes were not stored because they would create duplicate values in the index or primary key. "
+    "Change the "
     "data in the field or fields that contain duplicate data.";
 
-// "CHECK constraint failed: unit_name1" and "NOT NULL constraint failed: db_tombstone.pk1" end with the field.
+// "CHECK constraint failed: unit_name1" and "NOT NULL constraint failed: db_tombstone.pk1" end with the
+// field.
 std::string FieldIn(std::string_view message) {
     const std::size_t colon = message.find(": ");
     return std::string(colon == std::string_view::npos ? message : message.substr(colon + 2));
@@ -49,7 +51,8 @@ StoreError ErrorOf(int code, std::string_view message) {
         case SQLITE_CANTOPEN:
         case SQLITE_PERM:
         case SQLITE_AUTH:
-            return {ErrorNumber::CannotOpenFile, "The file cannot be opened. You need permission to use its folder."};
+            return {ErrorNumber::CannotOpenFile,
+                    "The file cannot be opened. You need permission to use its folder."};
         case SQLITE_TOOBIG:
             return {ErrorNumber::FieldTooSmall, "The value is too large to store."};
         default:
@@ -75,15 +78,20 @@ void ExecNative(sqlite3* db, const std::string& sql) {
     if (code != SQLITE_OK) ThrowNative(db, code);
 }
 
-NativeStatement::NativeStatement(sqlite3* db, std::string_view sql) : db_(db), statement_(PrepareNative(db, sql)) {}
+NativeStatement::NativeStatement(sqlite3* db, std::string_view sql)
+    : db_(db), statement_(PrepareNative(db, sql)) {}
 
-NativeStatement::~NativeStatement() { sqlite3_finalize(statement_); }
+NativeStatement::~NativeStatement() {
+    sqlite3_finalize(statement_);
+}
 
 void NativeStatement::Bind(int place, std::string_view text) {
     sqlite3_bind_text64(statement_, place, text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
 }
 
-void NativeStatement::Bind(int place, std::int64_t number) { sqlite3_bind_int64(statement_, place, number); }
+void NativeStatement::Bind(int place, std::int64_t number) {
+    sqlite3_bind_int64(statement_, place, number);
+}
 
 void NativeStatement::BindValue(int place, const Value& value) {
     if (value.IsText()) {
@@ -104,7 +112,9 @@ bool NativeStatement::Step() {
     return false;
 }
 
-void NativeStatement::Reset() { sqlite3_reset(statement_); }
+void NativeStatement::Reset() {
+    sqlite3_reset(statement_);
+}
 
 std::string_view NativeStatement::Text(int column) const {
     const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement_, column));
@@ -112,8 +122,12 @@ std::string_view NativeStatement::Text(int column) const {
     return {text, static_cast<std::size_t>(sqlite3_column_bytes(statement_, column))};
 }
 
-std::int64_t NativeStatement::Long(int column) const { return sqlite3_column_int64(statement_, column); }
+std::int64_t NativeStatement::Long(int column) const {
+    return sqlite3_column_int64(statement_, column);
+}
 
-bool NativeStatement::IsNull(int column) const { return sqlite3_column_type(statement_, column) == SQLITE_NULL; }
+bool NativeStatement::IsNull(int column) const {
+    return sqlite3_column_type(statement_, column) == SQLITE_NULL;
+}
 
 }  // namespace quillon::store

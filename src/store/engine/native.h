@@ -1,5 +1,5 @@
-// SQLite itself, wrapped just enough to be safe: one statement, one error. Everything in store/ that speaks SQLite's own
-// SQL goes through here; nothing outside store/engine does.
+// SQLite itself, wrapped just enough to be safe: one statement, one error. Everything in store/ that speaks
+// SQLite's own SQL goes through here; nothing outside store/engine does.
 #pragma once
 
 #include <cstdint>

@@ -37,13 +37,14 @@ constexpr std::array<TypeWord, 7> kTypeWords = {{
 struct LookupIndex {
     std::string_view table, name, columns;
     bool deferrable;
+    std::string_view where = {};
 };
 constexpr std::array<LookupIndex, 16> kLookups = {{
     {"qb_taxonomic_units", "~parent", "parent_qb_id", true},
     {"qb_taxonomic_units", "~rank", "rank_id", true},
     {"qb_taxonomic_units", "~name",
      "unit_name1 COLLATE QLN, unit_name2 COLLATE QLN, unit_name3 COLLATE QLN, unit_name4 COLLATE QLN", true},
-    {"qb_taxonomic_units", "~hybrid", "hybrid_author_id", true},
+    {"qb_taxonomic_units", "~hybrid", "hybrid_author_id", true, "hybrid_author_id IS NOT NULL"},
     {"qb_taxon_authors_lookup", "~author", "taxon_author", true},
     {"qb_synonym_links", "~accepted", "qb_id_accepted", true},
     {"qb_vernaculars", "~taxon", "qb_id", false},
@@ -59,7 +60,9 @@ constexpr std::array<LookupIndex, 16> kLookups = {{
 }};
 
 // The table stands in the order of the types.
-const TypeWord& WordOf(FieldType type) { return kTypeWords.at(static_cast<std::size_t>(type)); }
+const TypeWord& WordOf(FieldType type) {
+    return kTypeWords.at(static_cast<std::size_t>(type));
+}
 
 std::string CheckSql(const FieldDef& field) {
     const std::string name = QuoteName(field.name);
@@ -124,8 +127,9 @@ bool ReadColumns(sqlite3* db, PhysicalTable& table) {
 }
 
 void ReadIndexes(sqlite3* db, PhysicalTable& table) {
-    NativeStatement indexes(db, "SELECT name FROM sqlite_master WHERE type = 'index' AND tbl_name = ?1 "
-                                "AND sql IS NOT NULL ORDER BY rowid");
+    NativeStatement indexes(db,
+                            "SELECT name FROM sqlite_master WHERE type = 'index' AND tbl_name = ?1 "
+                            "AND sql IS NOT NULL ORDER BY rowid");
     indexes.Bind(1, table.def.name);
     const std::string prefix = table.def.name + ".";
     while (indexes.Step()) {
@@ -135,13 +139,18 @@ void ReadIndexes(sqlite3* db, PhysicalTable& table) {
         NativeStatement parts(db, "SELECT name FROM pragma_index_info(?1) ORDER BY seqno");
         parts.Bind(1, name);
         while (parts.Step()) index.fields.emplace_back(parts.Text(0));
-        table.def.indexes.push_back(std::move(index));
+        // An index over an expression is none of ours.
+        const bool known = std::all_of(index.fields.begin(), index.fields.end(),
+                                       [&](const std::string& field) { return table.def.Field(field) != nullptr; });
+        if (known) table.def.indexes.push_back(std::move(index));
     }
 }
 
 }  // namespace
 
-bool HasText(FieldType type) { return type == FieldType::Text || type == FieldType::Memo; }
+bool HasText(FieldType type) {
+    return type == FieldType::Text || type == FieldType::Memo;
+}
 
 bool IsNumber(FieldType type) {
     return type == FieldType::Byte || type == FieldType::Integer || type == FieldType::Long;
@@ -200,7 +209,9 @@ std::string CreateTableSql(const PhysicalTable& table, std::string_view name) {
     return sql += ")) WITHOUT ROWID";
 }
 
-std::string IndexName(std::string_view table, std::string_view index) { return fmt::format("{}.{}", table, index); }
+std::string IndexName(std::string_view table, std::string_view index) {
+    return fmt::format("{}.{}", table, index);
+}
 
 std::vector<IndexSql> CreateIndexSql(const PhysicalTable& table) {
     std::vector<IndexSql> statements;
@@ -210,32 +221,33 @@ std::vector<IndexSql> CreateIndexSql(const PhysicalTable& table) {
         for (const std::string& name : index.fields) {
             const FieldDef* field = table.def.Field(name);
             fields += (fields.empty() ? "" : ", ") + Collated(*field);
-            if (index.primary && guard.empty() && HasText(field->type)) guard = QuoteName(name);
+            if (guard.empty() && HasText(field->type)) guard = QuoteName(name);
         }
         if (index.primary && guard.empty()) continue;
         const std::string name = IndexName(table.def.name, index.name);
-        if (index.primary) {
-            statements.push_back({name,
-                                  fmt::format("CREATE UNIQUE INDEX {} ON {} ({}) WHERE {} IS NOT NULL",
-                                              QuoteName(name), on, fields, guard),
-                                  false});
-        } else {
-            statements.push_back({name, fmt::format("CREATE INDEX {} ON {} ({})", QuoteName(name), on, fields), true});
-        }
+        const std::string where = guard.empty() ? "" : fmt::format(" WHERE {} IS NOT NULL", guard);
+        statements.push_back({name,
+                              fmt::format("CREATE {}INDEX {} ON {} ({}){}", index.primary ? "UNIQUE " : "",
+                                          QuoteName(name), on, fields, where),
+                              !index.primary});
     }
     for (const LookupIndex& lookup : kLookups) {
         if (!SameWord(lookup.table, table.def.name)) continue;
         const std::string name = fmt::format("{}{}", table.def.name, lookup.name);
-        statements.push_back({name, fmt::format("CREATE INDEX {} ON {} ({})", QuoteName(name), on, lookup.columns),
-                              lookup.deferrable});
+        const std::string where = lookup.where.empty() ? "" : fmt::format(" WHERE {}", lookup.where);
+        statements.push_back(
+            {name, fmt::format("CREATE INDEX {} ON {} ({}){}", QuoteName(name), on, lookup.columns, where),
+             lookup.deferrable});
     }
     return statements;
 }
 
 std::vector<PhysicalTable> ReadTables(sqlite3* db) {
     std::vector<PhysicalTable> tables;
-    NativeStatement names(db, "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite\\_%' "
-                              "ESCAPE '\\' AND name NOT LIKE 'qln\\_%' ESCAPE '\\' ORDER BY rowid");
+    NativeStatement names(
+        db,
+        "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite\\_%' "
+        "ESCAPE '\\' AND name NOT LIKE 'qln\\_%' ESCAPE '\\' ORDER BY rowid");
     while (names.Step()) {
         PhysicalTable table;
         table.def.name = names.Text(0);

@@ -1,10 +1,11 @@
 // How a table of the schema stands in the SQLite file, and how the schema is read back from there.
 //
-// A table whose key is one AutoNumber keeps it as its rowid. Any other table with a key is clustered by it (WITHOUT
-// ROWID) in plain byte order, so that a stock client reads it; where the key holds a text, a second index enforces it
-// under the program's collation. That index is partial, so that a client without the collation never needs it. Sizes and
-// ranges stand as CHECK constraints named after their field: no writer, ours or another, can store a value that breaks
-// them.
+// A table whose key is one AutoNumber keeps it as its rowid. Any other table with a key is clustered by it
+// (WITHOUT ROWID) in plain byte order, so that a stock client reads it; where the key holds a text, a second
+// index enforces it under the program's collation. Indexes on texts are partial (not Null), so that a client
+// without the collation never needs them, and the many Nulls of the higher name units cost nothing. Sizes and
+// ranges stand as CHECK constraints named after their field: no writer, ours or another, can store a value
+// that breaks them.
 #pragma once
 
 #include <string>

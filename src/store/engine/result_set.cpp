@@ -79,8 +79,8 @@ void Skip(const char*& at) {
 
 }  // namespace
 
-ResultSet::ResultSet(std::shared_ptr<Handle> handle, std::shared_ptr<Compiled> compiled, std::vector<Value> values,
-                     RecordsetType type)
+ResultSet::ResultSet(std::shared_ptr<Handle> handle, std::shared_ptr<Compiled> compiled,
+                     std::vector<Value> values, RecordsetType type)
     : handle_(std::move(handle)),
       connection_(handle_->connection),
       compiled_(std::move(compiled)),
@@ -90,7 +90,9 @@ ResultSet::ResultSet(std::shared_ptr<Handle> handle, std::shared_ptr<Compiled> c
     connection_->Register(this);
 }
 
-ResultSet::~ResultSet() { Close(); }
+ResultSet::~ResultSet() {
+    Close();
+}
 
 void ResultSet::Open() {
     Connection& connection = handle_->Require();
@@ -184,7 +186,8 @@ Value ResultSet::Live(std::size_t column) const {
             return {};
         case SQLITE_INTEGER: {
             const std::int64_t number = sqlite3_column_int64(statement_, place);
-            if (column < columns.size() && columns[column].type == dialect::ValueType::Boolean) return number != 0;
+            if (column < columns.size() && columns[column].type == dialect::ValueType::Boolean)
+                return number != 0;
             return number;
         }
         case SQLITE_FLOAT:
@@ -233,14 +236,16 @@ const PhysicalTable& ResultSet::BaseTable() const {
 
 std::vector<const FieldDef*> ResultSet::FieldsOfColumns() const {
     std::vector<const FieldDef*> fields;
-    for (const dialect::OutputColumn& column : Columns()) fields.push_back(BaseTable().def.Field(column.field));
+    for (const dialect::OutputColumn& column : Columns())
+        fields.push_back(BaseTable().def.Field(column.field));
     return fields;
 }
 
 std::string ResultSet::KeyCondition() const {
     std::string condition;
     for (const std::string& key : BaseTable().KeyColumns())
-        condition += (condition.empty() ? " WHERE " : " AND ") + (key == "rowid" ? key : QuoteName(key)) + " = ?";
+        condition +=
+            (condition.empty() ? " WHERE " : " AND ") + (key == "rowid" ? key : QuoteName(key)) + " = ?";
     return condition;
 }
 
@@ -250,7 +255,8 @@ void ResultSet::BindKey(NativeStatement& statement, int first, std::size_t row) 
         statement.BindValue(first + static_cast<int>(i), At(row, width + i));
 }
 
-void ResultSet::UpdateRow(std::size_t row, const std::vector<Value>& values, const std::vector<bool>& changed) {
+void ResultSet::UpdateRow(std::size_t row, const std::vector<Value>& values,
+                          const std::vector<bool>& changed) {
     Connection& connection = handle_->Require();
     const std::vector<const FieldDef*> fields = FieldsOfColumns();
     connection.BeforeWrite();
@@ -267,7 +273,8 @@ void ResultSet::UpdateRow(std::size_t row, const std::vector<Value>& values, con
         assigned.push_back(i);
     }
     if (assigned.empty()) return;
-    const std::string sql = fmt::format("UPDATE {} SET {}{}", QuoteName(BaseTable().def.name), assignments, KeyCondition());
+    const std::string sql =
+        fmt::format("UPDATE {} SET {}{}", QuoteName(BaseTable().def.name), assignments, KeyCondition());
     NativeStatement update(connection.Native(), sql);
     int place = 1;
     for (const std::size_t i : assigned) update.BindValue(place++, after[i]);
@@ -309,21 +316,27 @@ std::size_t ResultSet::InsertRow(const std::vector<Value>& values) {
     for (const FieldDef& field : table.def.fields) {
         const auto has = [&](std::size_t i) { return dialect::SameWord(fields[i]->name, field.name); };
         const bool inKey = table.key == KeyKind::Clustered &&
-                           std::count(table.def.PrimaryKey()->fields.begin(), table.def.PrimaryKey()->fields.end(), field.name) > 0;
-        if ((field.required || inKey) && std::none_of(given.begin(), given.end(), has)) throw RequiredError(field, inKey);
+                           std::count(table.def.PrimaryKey()->fields.begin(),
+                                      table.def.PrimaryKey()->fields.end(), field.name) > 0;
+        if ((field.required || inKey) && std::none_of(given.begin(), given.end(), has))
+            throw RequiredError(field, inKey);
     }
-    const std::string sql = given.empty() ? fmt::format("INSERT INTO {} DEFAULT VALUES", QuoteName(table.def.name))
-                                          : fmt::format("INSERT INTO {} ({}) VALUES ({})", QuoteName(table.def.name), names, places);
+    const std::string sql =
+        given.empty()
+            ? fmt::format("INSERT INTO {} DEFAULT VALUES", QuoteName(table.def.name))
+            : fmt::format("INSERT INTO {} ({}) VALUES ({})", QuoteName(table.def.name), names, places);
     NativeStatement insert(connection.Native(), sql);
     int place = 1;
     for (const std::size_t i : given) {
         insert.BindValue(place++, after[i]);
-        if (dialect::SameWord(fields[i]->name, table.autoField)) connection.NoteAutoNumber(table.def.name, after[i].AsLong());
+        if (dialect::SameWord(fields[i]->name, table.autoField))
+            connection.NoteAutoNumber(table.def.name, after[i].AsLong());
     }
     insert.Step();
     const std::vector<std::string> keys = table.KeyColumns();
     for (std::size_t k = 0; k < keys.size(); ++k) {
-        if (table.key != KeyKind::Clustered) after[Columns().size() + k] = std::int64_t{sqlite3_last_insert_rowid(connection.Native())};
+        if (table.key != KeyKind::Clustered)
+            after[Columns().size() + k] = std::int64_t{sqlite3_last_insert_rowid(connection.Native())};
         for (const std::size_t i : given)
             if (dialect::SameWord(fields[i]->name, keys[k])) after[Columns().size() + k] = after[i];
     }
@@ -353,10 +366,12 @@ void ResultSet::UseIndex(std::string_view indexName) {
         throw StoreError(ErrorNumber::NotInThisKind, "Operation is not supported for this type of object.");
     const IndexDef* index = BaseTable().def.Index(indexName);
     if (index == nullptr)
-        throw StoreError(ErrorNumber::IndexMissing, fmt::format("'{}' is no index of this table.", indexName));
+        throw StoreError(ErrorNumber::IndexMissing,
+                         fmt::format("'{}' is no index of this table.", indexName));
     indexName_ = index->name;
     std::string order;
-    for (const std::string& field : index->fields) order += fmt::format("{}[{}]", order.empty() ? "" : ", ", field);
+    for (const std::string& field : index->fields)
+        order += fmt::format("{}[{}]", order.empty() ? "" : ", ", field);
     const std::string sql = fmt::format("SELECT * FROM [{}] ORDER BY {};", BaseTable().def.name, order);
     Release();
     compiled_ = handle_->Require().Compile(sql);
@@ -366,7 +381,8 @@ void ResultSet::UseIndex(std::string_view indexName) {
 std::ptrdiff_t ResultSet::SeekRow(std::string_view comparison, const std::vector<Value>& key) {
     const IndexDef* index = type_ == RecordsetType::Table ? BaseTable().def.Index(indexName_) : nullptr;
     if (index == nullptr || key.empty() || key.size() > index->fields.size())
-        throw StoreError(ErrorNumber::NotInThisKind, "Seek needs a table with an index, and a key that fits it.");
+        throw StoreError(ErrorNumber::NotInThisKind,
+                         "Seek needs a table with an index, and a key that fits it.");
     std::vector<std::size_t> columns;
     for (std::size_t i = 0; i < key.size(); ++i) columns.push_back(ColumnPlace(index->fields[i]));
     const auto compare = [&](std::size_t row) {
@@ -386,7 +402,9 @@ std::ptrdiff_t ResultSet::SeekRow(std::string_view comparison, const std::vector
         return low;
     };
     const std::size_t from = first(0), to = first(1), count = Count();
-    const auto found = [&](bool hit, std::size_t row) { return hit ? static_cast<std::ptrdiff_t>(row) : std::ptrdiff_t{-1}; };
+    const auto found = [&](bool hit, std::size_t row) {
+        return hit ? static_cast<std::ptrdiff_t>(row) : std::ptrdiff_t{-1};
+    };
     if (comparison == "=") return found(from < to, from);
     if (comparison == ">=") return found(from < count, from);
     if (comparison == ">") return found(to < count, to);

@@ -1,6 +1,7 @@
-// The rows of one opened select, read from SQLite as they are visited and kept packed; shared by a recordset and its
-// clones. The row last read stays in the SQLite statement until the next one is needed, so that a look-up of one row
-// copies nothing. Before anything is written to the DataSet, Freeze() reads the rest, and the rows stay as they were.
+// The rows of one opened select, read from SQLite as they are visited and kept packed; shared by a recordset
+// and its clones. The row last read stays in the SQLite statement until the next one is needed, so that a
+// look-up of one row copies nothing. Before anything is written to the DataSet, Freeze() reads the rest, and
+// the rows stay as they were.
 #pragma once
 
 #include <cstddef>
@@ -41,7 +42,8 @@ public:
 
     bool IsUpdatable() const;
     const PhysicalTable& BaseTable() const;
-    // Store a changed, a new, or no more row. `values` has one value a column; for a change only `changed` ones count.
+    // Store a changed, a new, or no more row. `values` has one value a column; for a change only `changed`
+    // ones count.
     void UpdateRow(std::size_t row, const std::vector<Value>& values, const std::vector<bool>& changed);
     // Puts the next AutoNumber into its column, if the result has it.
     void StageAutoNumber(std::vector<Value>& values);

@@ -12,7 +12,8 @@ namespace quillon::store {
 
 namespace {
 
-constexpr std::size_t kKingdomWidth = 10;  // the built-in names are padded to it, and the root keeps the padding
+constexpr std::size_t kKingdomWidth =
+    10;  // the built-in names are padded to it, and the root keeps the padding
 
 void SeedKingdom(Database& database, int index, const std::string& name) {
     const auto kingdoms = database.OpenTable("kingdoms");

@@ -22,10 +22,11 @@ void DeleteRows(Database& database, std::string_view table, std::string_view key
 
 // False when a link has a prefix that is none of the three.
 bool DeleteDocuments(Database& database, int qbId, int track) {
-    const auto links = database.CreateSnapshot(fmt::format(
-        "SELECT qb_documentation_id_prefix, qb_documentation_id FROM qb_reference_links WHERE ((qb_id = {}) AND "
-        "(qb_change_track_id = {}));",
-        qbId, track));
+    const auto links =
+        database.CreateSnapshot(fmt::format("SELECT qb_documentation_id_prefix, qb_documentation_id FROM "
+                                            "qb_reference_links WHERE ((qb_id = {}) AND "
+                                            "(qb_change_track_id = {}));",
+                                            qbId, track));
     for (; !links->Eof(); links->MoveNext()) {
         const std::string prefix = links->Get("qb_documentation_id_prefix").AsText();
         bool known = false;
@@ -66,7 +67,8 @@ void Lifecycle::DiscardUnsavedRecord() {
             prompter_.Message("Error deleting Change Tracks");
             return;
         }
-        if (!remove("qb_reference_links") || !remove("qb_change_tracks") || !remove("qb_change_operations")) return;
+        if (!remove("qb_reference_links") || !remove("qb_change_tracks") || !remove("qb_change_operations"))
+            return;
     }
     state_.gNewChangeTrackIds.clear();
 }

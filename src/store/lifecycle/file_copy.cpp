@@ -16,14 +16,17 @@ namespace {
 
 [[noreturn]] void FailFile(std::string_view what, const std::string& path) {
     const int error = errno;
-    if (error == ENOSPC || error == EDQUOT) throw StoreError(ErrorNumber::DiskFull, "Not enough space on disk.");
-    const ErrorNumber number = error == EROFS || error == EACCES ? ErrorNumber::ReadOnly : ErrorNumber::DiskError;
+    if (error == ENOSPC || error == EDQUOT)
+        throw StoreError(ErrorNumber::DiskFull, "Not enough space on disk.");
+    const ErrorNumber number =
+        error == EROFS || error == EACCES ? ErrorNumber::ReadOnly : ErrorNumber::DiskError;
     throw StoreError(number, fmt::format("{} '{}' failed: {}.", what, path, std::strerror(error)));
 }
 
 class File {
 public:
-    File(const std::string& path, int flags) : path_(path), descriptor_(open(path.c_str(), flags | O_CLOEXEC, 0666)) {
+    File(const std::string& path, int flags)
+        : path_(path), descriptor_(open(path.c_str(), flags | O_CLOEXEC, 0666)) {
         if (descriptor_ < 0) FailFile("Opening", path);
     }
     ~File() {
@@ -75,7 +78,9 @@ std::string RealPath(const std::string& path) {
     return result;
 }
 
-void RemoveFile(const std::string& path) { unlink(path.c_str()); }
+void RemoveFile(const std::string& path) {
+    unlink(path.c_str());
+}
 
 void Publish(const std::string& finished, const std::string& target) {
     RemoveFile(target + "-journal");

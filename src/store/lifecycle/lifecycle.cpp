@@ -21,7 +21,8 @@ bool FileExists(const std::string& path) {
 }
 
 bool IsSameFile(const std::string& left, const std::string& right) {
-    struct stat a {}, b {};
+    struct stat a {
+    }, b{};
     if (stat(left.c_str(), &a) != 0 || stat(right.c_str(), &b) != 0) return left == right;
     return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
 }
@@ -116,12 +117,13 @@ bool Lifecycle::AskLoseChanges() {
 }
 
 void Lifecycle::CheckPreferenceRank() {
-    const auto rank = state_.gDatabase->CreateSnapshot(fmt::format(
-        "SELECT rank_id FROM taxonomic_unit_types WHERE rank_name = '{}' AND kingdom_id = {};",
-        QuoteSQL(state_.gPrefRank), state_.gKingdomId));
+    const auto rank = state_.gDatabase->CreateSnapshot(
+        fmt::format("SELECT rank_id FROM taxonomic_unit_types WHERE rank_name = '{}' AND kingdom_id = {};",
+                    QuoteSQL(state_.gPrefRank), state_.gKingdomId));
     if (rank->RecordCount() > 0) return;
-    prompter_.Message(fmt::format("The 'Preference' rank is not valid for the {} dataset!  Defaulting to 'Kingdom'.",
-                                  state_.gDataSetPath));
+    prompter_.Message(
+        fmt::format("The 'Preference' rank is not valid for the {} dataset!  Defaulting to 'Kingdom'.",
+                    state_.gDataSetPath));
     state_.gOldPrefRank = state_.gPrefRank;
     state_.gPrefRank = "Kingdom";
 }
@@ -145,8 +147,8 @@ void Lifecycle::MakeDataSet(const std::string& path) {
     state_.gDataSetOpen = true;
     state_.RecordDirty = false;
     state_.gNewChangeTrackIds.clear();
-    const auto kingdom = state_.gDatabase->CreateSnapshot(
-        fmt::format("SELECT kingdom_id FROM kingdoms WHERE kingdom_name = '{}';", QuoteSQL(state_.gKingdomName)));
+    const auto kingdom = state_.gDatabase->CreateSnapshot(fmt::format(
+        "SELECT kingdom_id FROM kingdoms WHERE kingdom_name = '{}';", QuoteSQL(state_.gKingdomName)));
     if (!kingdom->Eof()) state_.gKingdomId = static_cast<int>(kingdom->Get("kingdom_id").AsLong());
     CheckPreferenceRank();
 }
@@ -188,9 +190,10 @@ bool Lifecycle::RefuseVersion(const std::string& path) {
     const std::string order = CompareDataSetVersion(version);
     if (order == "EQ") return false;
     if (order == "LT") {
-        const bool update = prompter_.AskYesNo(
-            fmt::format("Dataset {} is incompatible with this version of the QLN.  Do you wish to update the Dataset?", path),
-            kUpdateTitle);
+        const bool update = prompter_.AskYesNo(fmt::format("Dataset {} is incompatible with this version of "
+                                                           "the QLN.  Do you wish to update the Dataset?",
+                                                           path),
+                                               kUpdateTitle);
         // Nothing here brings an older file up to date yet, so the answer Yes ends like a failed update.
         if (update) prompter_.Message(fmt::format("Unable to update {}!", path));
         return true;
@@ -236,8 +239,8 @@ void Lifecycle::SaveDataSetAs() {
     const auto chosen = prompter_.FileToSave("Save Taxonomic DataSet As", kDataSetFilter, false);
     if (!chosen || chosen->empty()) return;
     const std::string path = WithExtension(*chosen);
-    if (FileExists(path) &&
-        !prompter_.AskYesNo(fmt::format("DataSet '{}' already exists.  Overwrite?", path), "Duplicate DataSet Name"))
+    if (FileExists(path) && !prompter_.AskYesNo(fmt::format("DataSet '{}' already exists.  Overwrite?", path),
+                                                "Duplicate DataSet Name"))
         return;
     const std::string oldPath = state_.gDataSetPath;
     prompter_.WaitCursor(true);
@@ -262,9 +265,10 @@ void Lifecycle::ReadKingdomAndRanks() {
     if (!kingdom->Eof()) {
         state_.gKingdomId = static_cast<int>(kingdom->Get("kingdom_id").AsLong());
     } else {
-        prompter_.Message(fmt::format("Warning:  The 'Preference' kingdom does not match what is in the {} dataset!  "
-                                      "Dataset Kingdom will be used.",
-                                      state_.gDataSetPath));
+        prompter_.Message(
+            fmt::format("Warning:  The 'Preference' kingdom does not match what is in the {} dataset!  "
+                        "Dataset Kingdom will be used.",
+                        state_.gDataSetPath));
         const auto first = database.CreateSnapshot("SELECT * FROM kingdoms;");
         state_.gOldKingdomName = state_.gKingdomName;
         state_.gKingdomName = first->Eof() ? "" : std::string(Trim(first->Get("kingdom_name").AsText()));

@@ -1,5 +1,5 @@
-// The life of a DataSet in the program: made, opened, checked for its version, copied, and the record thrown away that
-// was not saved. The rules of File New, Open and Save As are here; windows only call them.
+// The life of a DataSet in the program: made, opened, checked for its version, copied, and the record thrown
+// away that was not saved. The rules of File New, Open and Save As are here; windows only call them.
 #pragma once
 
 #include <string>
@@ -19,7 +19,8 @@ class Lifecycle {
 public:
     Lifecycle(ApplicationState& state, Engine& engine, Prompter& prompter);
 
-    // Reads the "Version" row of the open DataSet, or of a file opened for just that. `version` is what was found.
+    // Reads the "Version" row of the open DataSet, or of a file opened for just that. `version` is what was
+    // found.
     bool IsDataSetVersionValid(std::string& version);
     bool IsFileDataSetVersionValid(const std::string& path, std::string& version);
     // "LT", "EQ", "GT" or "UN".
@@ -33,8 +34,8 @@ public:
     void CloseDataSet();
     // The whole New command; true when a new DataSet is open.
     bool NewDataSet();
-    // NewDataSet from the point where the file is chosen and may be overwritten: makes, opens and seeds `path`.
-    // The errors of the store pass through.
+    // NewDataSet from the point where the file is chosen and may be overwritten: makes, opens and seeds
+    // `path`. The errors of the store pass through.
     void MakeDataSet(const std::string& path);
     // File, Open with its dialog and all refusals; true when another DataSet is open now.
     bool OpenDataSet();

@@ -1,0 +1,131 @@
+#include "export/export_file.h"
+
+#include <fcntl.h>
+#include <fmt/format.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+
+#include "core/codepage.h"
+#include "store/error.h"
+#include "store/lifecycle/file_copy.h"
+
+namespace quillon::exporting {
+
+namespace {
+
+using store::ErrorNumber;
+using store::StoreError;
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+[[noreturn]] void FailFile(std::string_view what, const std::string& path) {
+    const int error = errno;
+    if (error == ENOSPC || error == EDQUOT || error == EFBIG)
+        throw StoreError(ErrorNumber::DiskFull, "Not enough space on disk.");
+    const bool forbidden = error == EROFS || error == EACCES || error == EPERM;
+    throw StoreError(forbidden ? ErrorNumber::ReadOnly : ErrorNumber::DiskError,
+                     fmt::format("{} '{}' failed: {}.", what, path, std::strerror(error)));
+}
+
+// A new file; what a run that was killed has left under the name goes first.
+int MakeFile(const std::string& path) {
+    unlink(path.c_str());
+    const int descriptor = open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    if (descriptor < 0) FailFile("Opening", path);
+    return descriptor;
+}
+
+// A write may take less than it was given: it goes on until all is taken, or fails.
+void WriteAll(int descriptor, std::string_view bytes, const std::string& path) {
+    while (!bytes.empty()) {
+        const ssize_t put = write(descriptor, bytes.data(), bytes.size());
+        if (put < 0 && errno == EINTR) continue;
+        if (put < 0) FailFile("Writing", path);
+        if (put == 0) throw StoreError(ErrorNumber::DiskFull, "Not enough space on disk.");
+        bytes.remove_prefix(static_cast<std::size_t>(put));
+    }
+}
+
+void RefuseOddTarget(const std::string& path, const std::string& real) {
+    struct stat info {};
+    if (stat(real.c_str(), &info) == 0 && !S_ISREG(info.st_mode))
+        throw StoreError(ErrorNumber::InvalidPath, fmt::format("'{}' is not a file that can be written.", path));
+}
+
+}  // namespace
+
+ExportFile::ExportFile(const std::string& target, Encoding encoding)
+    : target_(store::RealPath(target)), making_(target_ + "~new"), encoding_(encoding) {
+    RefuseOddTarget(target, target_);
+    descriptor_ = MakeFile(making_);
+    struct stat old {};
+    if (stat(target_.c_str(), &old) == 0) fchmod(descriptor_, old.st_mode & 0777);
+    buffer_.reserve(kBufferSize + kBufferSize / 4);
+    if (encoding_ == Encoding::Utf8) buffer_ = kByteOrderMark;
+}
+
+ExportFile::~ExportFile() { Discard(); }
+
+void ExportFile::Discard() {
+    if (descriptor_ < 0) return;
+    close(descriptor_);
+    descriptor_ = -1;
+    unlink(making_.c_str());
+}
+
+void ExportFile::Flush() {
+    WriteAll(descriptor_, buffer_, making_);
+    buffer_.clear();
+}
+
+void ExportFile::SwitchToUtf8() {
+    Flush();
+    if (lseek(descriptor_, 0, SEEK_SET) != 0) FailFile("Reading", making_);
+    const std::string again = target_ + "~utf8";
+    const int converted = MakeFile(again);
+    try {
+        std::string block(kBufferSize, '\0');
+        std::string text(kByteOrderMark);
+        while (true) {
+            const ssize_t got = read(descriptor_, block.data(), block.size());
+            if (got < 0 && errno == EINTR) continue;
+            if (got < 0) FailFile("Reading", making_);
+            AppendCp1252AsUtf8(std::string_view(block).substr(0, static_cast<std::size_t>(got)), text);
+            WriteAll(converted, text, again);
+            text.clear();
+            if (got == 0) break;
+        }
+        if (rename(again.c_str(), making_.c_str()) != 0) FailFile("Writing", making_);
+    } catch (...) {
+        close(converted);
+        unlink(again.c_str());
+        throw;
+    }
+    close(descriptor_);
+    descriptor_ = converted;
+    encoding_ = Encoding::Utf8;
+}
+
+void ExportFile::Publish() {
+    Flush();
+    if (fsync(descriptor_) != 0) FailFile("Writing", making_);
+    const int descriptor = descriptor_;
+    descriptor_ = -1;
+    if (close(descriptor) != 0) {
+        const int error = errno;
+        unlink(making_.c_str());
+        errno = error;
+        FailFile("Writing", making_);
+    }
+    try {
+        store::Publish(making_, target_);
+    } catch (...) {
+        unlink(making_.c_str());
+        throw;
+    }
+}
+
+}  // namespace quillon::exporting

@@ -1,0 +1,49 @@
+// The file that an export writes: made beside its target, in one large buffer, and put in its place when it is complete.
+// Until Publish() nothing under the target's name changes; a file that is not published leaves nothing behind.
+//
+// It is CP1252 at first. When a text comes that CP1252 cannot hold, what was written becomes UTF-8 with a byte order mark,
+// and the caller goes on in UTF-8; whether such a file is wanted is for the caller to ask. Every failure is a StoreError,
+// a full disk among them.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace quillon::exporting {
+
+enum class Encoding { Cp1252, Utf8 };
+
+class ExportFile {
+public:
+    // `target` must be no file or a regular file; a symbolic link stays a link.
+    ExportFile(const std::string& target, Encoding encoding);
+    ~ExportFile();
+    ExportFile(const ExportFile&) = delete;
+    ExportFile& operator=(const ExportFile&) = delete;
+
+    Encoding CurrentEncoding() const { return encoding_; }
+    // What has not been written yet, in the current encoding: lines are put together at its end.
+    std::string& Buffer() { return buffer_; }
+    // After each line: writes the buffer out when it is full.
+    void LineDone() {
+        if (buffer_.size() >= kBufferSize) Flush();
+    }
+    // Turns all that was written, buffer included, from CP1252 into UTF-8.
+    void SwitchToUtf8();
+    // Writes the rest, makes the file durable, and puts it in the target's place.
+    void Publish();
+
+private:
+    static constexpr std::size_t kBufferSize = std::size_t{1} << 20;
+    void Flush();
+    void Discard();
+
+    std::string target_;  // with symbolic links followed
+    std::string making_;
+    Encoding encoding_;
+    int descriptor_ = -1;
+    std::string buffer_;
+};
+
+}  // namespace quillon::exporting

@@ -1,0 +1,166 @@
+#include "export/line_writer.h"
+
+#include <bit>
+#include <charconv>
+#include <cstring>
+#include <utility>
+
+#include "core/codepage.h"
+#include "core/text.h"
+
+namespace quillon::exporting {
+
+namespace {
+
+constexpr std::string_view kLineEnd = "\r\n";
+constexpr std::uint64_t kOnes = 0x0101010101010101;
+constexpr std::uint64_t kHighs = 0x8080808080808080;
+
+bool HoldsBreak(std::string_view value) { return value.find_first_of("|\r\n") != std::string_view::npos; }
+
+// `count` characters from the one numbered `first`, from 1.
+std::string_view Characters(std::string_view text, std::size_t first, std::size_t count) {
+    text.remove_prefix(LeftCharacters(text, first - 1).size());
+    return LeftCharacters(text, count);
+}
+
+}  // namespace
+
+std::string Describe(const OddValue& value) {
+    std::string text = value.field;
+    if (!value.record.empty()) text += " of " + value.record;
+    text += ": " + value.value;
+    for (char& c : text)
+        if (c == '\r' || c == '\n') c = ' ';
+    return text;
+}
+
+void LineWriter::Begin(const RecordLayout& layout) {
+    layout_ = &layout;
+    start_ = out_.size();
+    fields_.clear();
+    out_ += layout.tag;
+}
+
+void LineWriter::Text(std::string_view value) {
+    fields_.push_back(out_.size() - start_);
+    out_ += value;
+    out_ += kSeparator;
+}
+
+void LineWriter::Number(std::int64_t value) {
+    if (value == 0) return Empty();
+    char digits[24];
+    const auto end = std::to_chars(digits, digits + sizeof digits, value).ptr;
+    Text({digits, static_cast<std::size_t>(end - digits)});
+}
+
+void LineWriter::Date(std::string_view stored) {
+    if (CharacterCount(stored) != 10) return Empty();
+    std::string written(Characters(stored, 4, 3));
+    written += Characters(stored, 1, 3);
+    written += Characters(stored, 7, 4);
+    Text(written);
+}
+
+void LineWriter::Stamp(std::string_view stored) {
+    if (CharacterCount(stored) != 14) return Empty();
+    std::string written(Characters(stored, 5, 4));
+    const auto add = [&](char mark, std::size_t first) {
+        written += mark;
+        written += Characters(stored, first, 2);
+    };
+    add('-', 3);
+    add('-', 1);
+    add(' ', 9);
+    add(':', 11);
+    add(':', 13);
+    Text(written);
+}
+
+// Eight bytes at a time. The test for bytes below the blank may only err on the side of a second look.
+LineWriter::Look LineWriter::LookAt(std::string_view line) {
+    Look look;
+    std::uint64_t high = 0, low = 0;
+    std::size_t at = 0;
+    for (; at + 8 <= line.size(); at += 8) {
+        std::uint64_t word;
+        std::memcpy(&word, line.data() + at, 8);
+        high |= word & kHighs;
+        low |= (word - kOnes * 0x20) & ~word & kHighs;
+        const std::uint64_t same = word ^ (kOnes * kSeparator);
+        look.separators += std::popcount(~(((same & ~kHighs) + ~kHighs) | same) & kHighs);
+    }
+    for (; at < line.size(); ++at) {
+        const auto byte = static_cast<unsigned char>(line[at]);
+        high |= byte & 0x80u;
+        low |= byte < 0x20 ? 1u : 0u;
+        look.separators += byte == kSeparator ? 1 : 0;
+    }
+    look.plain = high == 0;
+    look.breaks = low != 0 && line.find_first_of("\r\n") != std::string_view::npos;
+    return look;
+}
+
+std::string_view LineWriter::Field(std::size_t index, std::string_view line) const {
+    const std::size_t end = index + 1 < fields_.size() ? fields_[index + 1] : line.size() + (layout_->closed ? 0 : 1);
+    return line.substr(fields_[index], end - 1 - fields_[index]);
+}
+
+OddValue LineWriter::Odd(std::size_t index, std::string_view line) const {
+    OddValue odd;
+    if (!layout_->tag.empty()) odd.record = std::string(layout_->tag) + std::string(Field(0, line));
+    odd.field = layout_->fields[index].column;
+    odd.value = Field(index, line);
+    return odd;
+}
+
+void LineWriter::Note(OddValues& values, OddValue value) {
+    if (values.count++ == 0) values.first = std::move(value);
+}
+
+void LineWriter::NoteBreaking(std::string_view line) {
+    for (std::size_t i = 0; i < fields_.size(); ++i)
+        if (HoldsBreak(Field(i, line))) Note(breaking_, Odd(i, line));
+}
+
+void LineWriter::NoteForeign(std::string_view line) {
+    for (std::size_t i = 0; i < fields_.size(); ++i) {
+        if (Utf8ToCp1252(Field(i, line))) continue;
+        Note(foreign_, Odd(i, line));
+        if (onForeign_) onForeign_(Odd(i, line));
+    }
+}
+
+// The line at the end of the buffer is UTF-8; afterwards it is in the file's encoding.
+void LineWriter::Encode() {
+    std::string line = out_.substr(start_);
+    auto encoded = Utf8ToCp1252(line);
+    if (!encoded) NoteForeign(line);
+    if (file_.CurrentEncoding() == Encoding::Utf8) return;
+    out_.resize(start_);
+    if (!encoded) {
+        file_.SwitchToUtf8();
+        encoded = std::move(line);
+    }
+    out_ += *encoded;
+}
+
+void LineWriter::End() {
+    if (!layout_->closed) out_.pop_back();
+    const std::string_view line = std::string_view(out_).substr(start_);
+    const Look look = LookAt(line);
+    const int expected = static_cast<int>(fields_.size()) - (layout_->closed ? 0 : 1);
+    if (look.breaks || look.separators != expected) NoteBreaking(line);
+    if (!look.plain) Encode();
+    out_ += kLineEnd;
+    file_.LineDone();
+}
+
+void LineWriter::Header(std::string_view line) {
+    out_ += line;
+    out_ += kLineEnd;
+    file_.LineDone();
+}
+
+}  // namespace quillon::exporting

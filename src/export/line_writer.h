@@ -1,0 +1,80 @@
+// Puts the records of an export together, field by field, at the end of the file's buffer, and looks at each finished line
+// once: for characters outside the file's code page, and for values that will break the record for its reader. Such values
+// are counted and the first of each kind is kept; nothing is replaced and nothing is escaped.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "export/export_file.h"
+#include "export/record_layout.h"
+
+namespace quillon::exporting {
+
+// A value that deserves a word to the user.
+struct OddValue {
+    std::string record;  // its tag and first field: "[TU]12"
+    std::string field;   // the column
+    std::string value;
+};
+
+// "unit_name1 of [TU]12: Abc"; line breaks are shown as blanks.
+std::string Describe(const OddValue& value);
+
+struct OddValues {
+    std::int64_t count = 0;
+    OddValue first;
+};
+
+class LineWriter {
+public:
+    // Told of each value that CP1252 cannot hold, as it comes.
+    using Listener = std::function<void(const OddValue&)>;
+
+    LineWriter(ExportFile& file, Listener onForeign) : file_(file), out_(file.Buffer()), onForeign_(std::move(onForeign)) {}
+
+    // The next record. One value a field follows, in the order of the layout, and End.
+    void Begin(const RecordLayout& layout);
+    void Text(std::string_view value);
+    void Number(std::int64_t value);  // 0 is written as nothing
+    void YesNo(bool value) { Text(value ? "Yes" : "No"); }
+    void Empty() { Text({}); }
+    // "dd/mm/yyyy" as "mm/dd/yyyy", and "ddmmyyyyhhnnss" as "yyyy-mm-dd hh:nn:ss"; any other length as nothing.
+    void Date(std::string_view stored);
+    void Stamp(std::string_view stored);
+    void End();
+
+    // The header of a list: a line as it stands.
+    void Header(std::string_view line);
+
+    const OddValues& Foreign() const { return foreign_; }    // not in CP1252
+    const OddValues& Breaking() const { return breaking_; }  // with a separator or a line break inside
+
+private:
+    struct Look {
+        bool plain = true;  // ASCII
+        bool breaks = false;
+        int separators = 0;
+    };
+    static Look LookAt(std::string_view line);
+    std::string_view Field(std::size_t index, std::string_view line) const;
+    OddValue Odd(std::size_t index, std::string_view line) const;
+    void Note(OddValues& values, OddValue value);
+    void NoteBreaking(std::string_view line);
+    void NoteForeign(std::string_view line);
+    void Encode();
+
+    ExportFile& file_;
+    std::string& out_;
+    Listener onForeign_;
+    const RecordLayout* layout_ = nullptr;
+    std::size_t start_ = 0;            // of the line, in the buffer
+    std::vector<std::size_t> fields_;  // their starts within the line
+    OddValues foreign_, breaking_;
+};
+
+}  // namespace quillon::exporting

@@ -1,0 +1,52 @@
+// Which rows a validation or an export visits: all of them, those of the journal, or those of taxa that meet
+// a condition which the user typed. frmValidate, the export form and quillon-batch build the filter here, and
+// the table checks take their selects from here.
+//
+// A filter is a text (gRecordFilter): "none", "journal", or a clause ` WHERE <column> <operator> "<value>"`
+// on a field of qb_taxonomic_units. A clause is checked before it runs, so that nothing but one condition
+// gets through it.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "core/application_state.h"
+#include "store/engine.h"
+
+namespace quillon::validation {
+
+inline constexpr std::string_view kNoFilter = "none";
+inline constexpr std::string_view kJournalFilter = "journal";
+
+// The clause of a condition, as it stands in gRecordFilter. It checks nothing.
+std::string ColumnClause(std::string_view column, std::string_view comparison, std::string_view value);
+
+// What is wrong with a condition, as a message for the user; nothing when it may run. The column is a field
+// of qb_taxonomic_units in any case of letters; the operator one of = <> < > <= >= Like; the value holds no
+// double quote, and suits a field that is no text.
+std::optional<std::string> CheckColumnClause(store::Database& database, std::string_view column,
+                                             std::string_view comparison, std::string_view value);
+// The same for a whole filter, from wherever it came.
+std::optional<std::string> CheckRecordFilter(store::Database& database, std::string_view filter);
+
+// The filter that a text of the command line means: "none", "journal", or the column, the operator and the
+// value, parted by blanks. Gives a message and leaves `filter` alone when it means none.
+std::optional<std::string> ReadFilterText(store::Database& database, std::string_view text,
+                                          std::string& filter);
+
+// The rows, or the count, of one of the tables that validation visits, in the dialect; with the filter "none"
+// the rows are the table's name. Empty for any other table.
+std::string BuildValidationSelect(std::string_view table, std::string_view filter, bool countOnly);
+// The filter with its column told apart from the fields of the same name in the joined tables: it is the
+// taxon's. A select that is to run is built with this one.
+std::string RunnableFilter(std::string_view filter);
+
+// The rows of a table under a filter, ready to open, in the order of the table's key.
+std::string FilteredRows(std::string_view table, std::string_view filter);
+
+// Sets gRecordsTotal, the rows that an export visits, and gValidatedTotal, those that validation visits,
+// under gRecordFilter. Reference links count in neither.
+void CountBatchRecords(ApplicationState& state, store::Database& database);
+
+}  // namespace quillon::validation

@@ -1,0 +1,188 @@
+// quillon-batch as a script meets it: standard output, standard error, exit status.
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <string>
+
+#include "testkit/testkit.h"
+
+namespace quillon::batch {
+
+using testkit::ReadFile;
+using testkit::TempDir;
+using testkit::WriteFile;
+
+namespace {
+
+struct Ended {
+    int status = -1;
+    std::string out, err;
+};
+
+struct Batch {
+    TempDir dir;
+
+    // Runs quillon-batch with the words as a shell has them, in the temporary folder.
+    Ended Run(const std::string& words) const {
+        const std::string command =
+            "cd " + dir.path() + " && " QUILLON_BATCH " " + words + " >out.txt 2>err.txt </dev/null";
+        const int code = std::system(command.c_str());
+        return {WEXITSTATUS(code), ReadFile(dir.File("out.txt")), ReadFile(dir.File("err.txt"))};
+    }
+};
+
+constexpr const char* kTwoTaxa =
+    "[TU]|100||Animalia||||||||valid|||||||100|||||5|10|No|\r\n"
+    "[TU]|101||Chordata||||||||valid|||||||100|||||5|30|No|\r\n";
+
+}  // namespace
+
+TEST(Batch, MakesADataSetAndTellsAboutIt) {
+    Batch batch;
+    EXPECT_EQ(batch.Run("new t.mdb --kingdom Animalia").status, 0);
+    const Ended info = batch.Run("info t.mdb");
+    EXPECT_EQ(info.status, 0);
+    EXPECT_EQ(info.out.substr(0, info.out.find("change_op")),
+              "version\t4.0.6\nkingdom\tAnimalia\npath\tt.mdb\n");
+    EXPECT_NE(info.out.find("\nqb_taxonomic_units\t1\n"), std::string::npos);
+    EXPECT_NE(info.out.find("\ntaxonomic_unit_types\t21\n"), std::string::npos);
+    EXPECT_EQ(info.err, "");
+}
+
+TEST(Batch, LeavesNothingBesideTheFile) {
+    Batch batch;
+    batch.Run("new t.mdb --kingdom Fungi");
+    int files = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(batch.dir.path()))
+        files += entry.path().filename().string().rfind("t.mdb", 0) == 0 ? 1 : 0;
+    EXPECT_EQ(files, 1);
+}
+
+TEST(Batch, DoesNotOverwriteWithoutYes) {
+    Batch batch;
+    WriteFile(batch.dir.File("t.mdb"), "precious");
+    const Ended refused = batch.Run("new t.mdb --kingdom Animalia");
+    EXPECT_EQ(refused.status, 3);
+    EXPECT_EQ(refused.err, "message: The file t.mdb exists; --yes overwrites it.\n");
+    EXPECT_EQ(ReadFile(batch.dir.File("t.mdb")), "precious");
+    EXPECT_EQ(batch.Run("new t.mdb --kingdom Animalia --yes").status, 0);
+}
+
+TEST(Batch, RefusesAKingdomThatIsNone) {
+    Batch batch;
+    const Ended ended = batch.Run("new t.mdb --kingdom Minerals");
+    EXPECT_EQ(ended.status, 2);
+    EXPECT_FALSE(std::filesystem::exists(batch.dir.File("t.mdb")));
+}
+
+TEST(Batch, ImportsAndQueries) {
+    Batch batch;
+    batch.Run("new t.mdb --kingdom Animalia");
+    WriteFile(batch.dir.File("in.qln"), kTwoTaxa);
+    const Ended import = batch.Run("import t.mdb in.qln");
+    EXPECT_EQ(import.status, 0) << import.err;
+    EXPECT_EQ(import.err, "message: Import Complete -- No Errors!\n");
+    const Ended query =
+        batch.Run("query t.mdb 'select tsn, unit_name1, unit_name2 from qb_taxonomic_units order by tsn'");
+    EXPECT_EQ(query.status, 0);
+    EXPECT_EQ(query.out, "tsn\tunit_name1\tunit_name2\n100\tAnimalia\t\\N\n101\tChordata\t\\N\n");
+}
+
+TEST(Batch, RunsAStoredQueryWithParameters) {
+    Batch batch;
+    batch.Run("new t.mdb --kingdom Animalia");
+    EXPECT_EQ(batch.Run("query t.mdb 'Get Rank ID' RANK=Species").out, "rank_id\n220\n");
+    EXPECT_EQ(batch.Run("query t.mdb 'Get Rank ID'").out, "rank_id\n");
+    const Ended unknown = batch.Run("query t.mdb 'Get Rank ID' colour=red");
+    EXPECT_EQ(unknown.status, 3);
+    EXPECT_EQ(unknown.err, "message: The query 'Get Rank ID' has no parameter 'colour'.\n");
+}
+
+TEST(Batch, EscapesTabsLineEndsAndBackslashes) {
+    Batch batch;
+    batch.Run("new t.mdb --kingdom Animalia");
+    const Ended query = batch.Run("query t.mdb \"select 'a\\\\b' & chr(9) & chr(10) & chr(13) as x\"");
+    EXPECT_EQ(query.out, "x\na\\\\b\\t\\n\\r\n");
+}
+
+TEST(Batch, EndsWithOneWhenTheLogHasFindings) {
+    Batch batch;
+    batch.Run("new t.mdb --kingdom Animalia");
+    WriteFile(batch.dir.File("in.qln"), "[ZZ]|1|\r\n");
+    std::filesystem::create_directory(batch.dir.File("logs"));
+    EXPECT_EQ(batch.Run("import t.mdb in.qln --work-dir logs").status, 1);
+    EXPECT_EQ(ReadFile(batch.dir.File("logs/import.err")),
+              "Invalid Table Tag in the following line of import file!\r\n     [ZZ]|1|\r\n");
+}
+
+TEST(Batch, AsksBeforeImportingIntoAFilledDataSet) {
+    Batch batch;
+    batch.Run("new t.mdb --kingdom Animalia");
+    WriteFile(batch.dir.File("in.qln"), kTwoTaxa);
+    batch.Run("import t.mdb in.qln");
+    const Ended refused = batch.Run("import t.mdb in.qln");
+    EXPECT_EQ(refused.status, 3);
+    EXPECT_EQ(refused.err,
+              "question: You will be importing into a non-empty DataSet. If the imported data contains a "
+              "Kingdom record, "
+              "the existing Kingdom record will be deleted  from the DataSet. Continue? [No]\n");
+    EXPECT_EQ(batch.Run("import t.mdb in.qln --yes").status, 0);
+}
+
+TEST(Batch, SaysWhichFileIsMissingOrNoDataSet) {
+    Batch batch;
+    EXPECT_EQ(batch.Run("info none.mdb").err, "message: Could not find the file 'none.mdb'.\n");
+    WriteFile(batch.dir.File("text.mdb"), "hello");
+    const Ended ended = batch.Run("info text.mdb");
+    EXPECT_EQ(ended.status, 3);
+    EXPECT_EQ(ended.err, "message: This is not a DataSet: 'text.mdb'.\n");
+    batch.Run("new t.mdb --kingdom Animalia");
+    const Ended import = batch.Run("import t.mdb none.qln");
+    EXPECT_EQ(import.status, 3);
+    EXPECT_EQ(import.err, "message: File none.qln not found!\n");
+}
+
+TEST(Batch, TellsUsage) {
+    Batch batch;
+    EXPECT_EQ(batch.Run("").status, 2);
+    EXPECT_EQ(batch.Run("info").status, 2);
+    EXPECT_EQ(batch.Run("fly t.mdb").status, 2);
+    EXPECT_EQ(batch.Run("info --colour t.mdb").status, 2);
+    EXPECT_EQ(batch.Run("--version").out, "4.0.6\n");
+    for (const std::string command : {"new", "import", "query", "info"}) {
+        const Ended help = batch.Run(command + " --help");
+        EXPECT_EQ(help.status, 0);
+        EXPECT_NE(help.out.find("DATASET"), std::string::npos);
+    }
+}
+
+TEST(Batch, TakesSigintForCancel) {
+    Batch batch;
+    batch.Run("new t.mdb --kingdom Animalia");
+    std::string file = kTwoTaxa;
+    for (int i = 200; i < 60000; ++i)
+        file += "[TU]|" + std::to_string(i) + "||Name" + std::to_string(i) +
+                "||||||||valid|||||||101|||||5|140|No|\r\n";
+    WriteFile(batch.dir.File("in.qln"), file);
+    const pid_t child = fork();
+    if (child == 0) {
+        std::filesystem::current_path(batch.dir.path());
+        freopen("err.txt", "w", stderr);
+        execl(QUILLON_BATCH, "quillon-batch", "import", "t.mdb", "in.qln", nullptr);
+        _exit(9);
+    }
+    // The log is made when the reading begins.
+    while (!std::filesystem::exists(batch.dir.File("import.err"))) usleep(200);
+    kill(child, SIGINT);
+    int code = 0;
+    waitpid(child, &code, 0);
+    ASSERT_TRUE(WIFEXITED(code));
+    EXPECT_EQ(WEXITSTATUS(code), 3);
+    EXPECT_EQ(ReadFile(batch.dir.File("err.txt")), "message: Import Canceled!\n");
+    EXPECT_EQ(batch.Run("info t.mdb").status, 0);
+}
+
+}  // namespace quillon::batch

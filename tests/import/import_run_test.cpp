@@ -1,0 +1,197 @@
+// The run around the reader: the log, the gauge, the Cancel, what ends a file.
+#include <gmock/gmock.h>
+
+#include <filesystem>
+
+#include "import_fixture.h"
+
+namespace quillon::importing {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::StartsWith;
+
+constexpr std::string_view kTsns = "SELECT tsn FROM qb_taxonomic_units WHERE qb_id > 1 ORDER BY qb_id";
+
+// A line whose length does not matter, for taxon `tsn`.
+std::string Line(const std::string& tsn) {
+    return TaxonLine{.tsn = tsn};
+}
+
+class Reading : public ImportTest {};
+
+TEST_F(Reading, ABlankLineEndsTheFileWithoutAFinding) {
+    Import({Line("100"), "", Line("200")});
+    EXPECT_EQ(findings, Findings{});
+    EXPECT_EQ(Dump(kTsns), "100\n");
+}
+
+TEST_F(Reading, ALineOfBlanksDoesNotEndTheFile) {
+    Import({Line("100"), "   ", Line("200")});
+    EXPECT_EQ(findings, (Findings{{"Invalid Table Tag in the following line of import file!", "   "}}));
+    EXPECT_EQ(Dump(kTsns), "100\n200\n");
+}
+
+TEST_F(Reading, TheLastLineNeedsNoLineEnd) {
+    ImportText(Line("100") + "\r\n" + Line("200"));
+    EXPECT_EQ(Dump(kTsns), "100\n200\n");
+}
+
+TEST_F(Reading, AFileOfLineFeedsIsReadByThem) {
+    ImportText(Line("100") + "\n" + Line("200") + "\n");
+    EXPECT_EQ(findings, Findings{});
+    EXPECT_EQ(Dump(kTsns), "100\n200\n");
+}
+
+TEST_F(Reading, Cp1252AndUtf8GiveTheSameName) {
+    ImportText("[TU]5|||Caf\xE9||||||||valid||||||||||||5|220|\r\n");
+    ImportText("\xEF\xBB\xBF[TU]5|||Caf\u00e9||||||||valid||||||||||||5|220|\r\n");
+    EXPECT_EQ(Dump("SELECT unit_name1 FROM qb_taxonomic_units WHERE qb_id > 1"), "Caf\u00e9\nCaf\u00e9\n");
+}
+
+TEST_F(Reading, ALineThatIsTooLongIsToldByItsHeadAndTheRunGoesOn) {
+    const std::string longLine = "[CM]3||" + std::string(20 * 1024 * 1024, 'c') + "||";
+    ImportText(Line("100") + "\r\n" + longLine + "\r\n" + Line("200") + "\r\n");
+    EXPECT_EQ(
+        findings,
+        (Findings{{"Line too long in the following data line of import file!", longLine.substr(0, 200)}}));
+    EXPECT_EQ(Dump(kTsns), "100\n200\n");
+}
+
+TEST_F(Reading, TheGaugeGoesByTheBytesReadAndAFiftiethMore) {
+    // Two lines of 40 bytes, 84 with their line ends: a fiftieth is 2 to the nearest, so 86 are the whole.
+    const std::string line = "[XX]" + std::string(36, 'x');
+    Import({line, line});
+    ASSERT_EQ(gauge.size(), 4U);
+    EXPECT_DOUBLE_EQ(gauge[0], 40.0 / 86 * 100);
+    EXPECT_DOUBLE_EQ(gauge[1], 80.0 / 86 * 100);
+    EXPECT_EQ(gauge[2], 98);
+    EXPECT_EQ(gauge[3], 100);
+}
+
+TEST_F(Reading, EventsAreLetThroughAtEachLine) {
+    Import({"[RV]1|", "[RV]2|", "[RV]3|"});
+    EXPECT_EQ(pump.yields, 3);
+}
+
+class CancelAfter : public EventPump {
+public:
+    CancelAfter(ApplicationState& state, int lines) : state_(state), left_(lines) {}
+    void Yield() override {
+        if (--left_ == 0) state_.gBatchCancel = true;
+    }
+
+private:
+    ApplicationState& state_;
+    int left_;
+};
+
+class Running : public ImportTest {
+protected:
+    ImportResult Run(std::string_view text) {
+        testkit::WriteFile(set.dir.File("in.qln"), text);
+        return RunFile(set.dir.File("in.qln"));
+    }
+    ImportResult RunFile(const std::string& path) { return RunWith(path, pump); }
+    ImportResult RunWith(const std::string& path, EventPump& events) {
+        TaggedImport tagged(set.state, set.engine, set.prompter, events, [](double) {});
+        return tagged.Run(path, set.dir.path());
+    }
+    std::string Log() { return testkit::ReadFile(set.dir.File("import.err")); }
+};
+
+TEST_F(Running, CompletesWithoutErrors) {
+    const ImportResult result = Run(Line("100") + "\r\n");
+    EXPECT_TRUE(result.found);
+    EXPECT_TRUE(result.completed);
+    EXPECT_FALSE(result.errors);
+    EXPECT_FALSE(result.canceled);
+    EXPECT_EQ(result.logPath, set.dir.File("import.err"));
+    EXPECT_EQ(Log(), "");
+    EXPECT_FALSE(set.state.gDataSetIsNew);
+    EXPECT_FALSE(set.state.gBatchRunning);
+    EXPECT_FALSE(set.prompter.waitCursor);
+}
+
+TEST_F(Running, TheLogHasTwoLinesForAFindingAndOneForTheClosingPass) {
+    const ImportResult result = Run("[XX]caf\xE9\r\n[GD]|Africa|100|\r\n");
+    EXPECT_TRUE(result.completed);
+    EXPECT_TRUE(result.errors);
+    EXPECT_EQ(Log(),
+              "Invalid Table Tag in the following line of import file!\r\n"
+              "     [XX]caf\u00e9\r\n"
+              "The taxonomic unit record for Imported record <100> was not found!\r\n");
+}
+
+TEST_F(Running, EachRunWritesTheLogAnew) {
+    Run("[XX]\r\n");
+    Run(Line("100"));
+    EXPECT_EQ(Log(), "");
+}
+
+TEST_F(Running, AMissingFileIsToldAndLeavesTheDataSetNew) {
+    const ImportResult result = RunFile(set.dir.File("none.qln"));
+    EXPECT_FALSE(result.found);
+    EXPECT_FALSE(result.completed);
+    EXPECT_THAT(set.prompter.messages, ElementsAre("File " + set.dir.File("none.qln") + " not found!"));
+    EXPECT_TRUE(set.state.gDataSetIsNew);
+    EXPECT_FALSE(set.state.gBatchRunning);
+    EXPECT_FALSE(set.prompter.waitCursor);
+}
+
+TEST_F(Running, AFolderIsNotReadAndTheRunNotCompleted) {
+    const ImportResult result = RunFile(set.dir.path());
+    EXPECT_TRUE(result.found);
+    EXPECT_FALSE(result.completed);
+    EXPECT_THAT(set.prompter.messages, ElementsAre("File " + set.dir.path() + " cannot be read!"));
+    EXPECT_TRUE(set.state.gDataSetIsNew);
+}
+
+TEST_F(Running, ALogThatCannotBeWrittenIsToldAndNothingIsRead) {
+    std::filesystem::create_directory(set.dir.File("import.err"));
+    const ImportResult result = Run(Line("100"));
+    EXPECT_FALSE(result.completed);
+    EXPECT_THAT(set.prompter.messages,
+                ElementsAre("File " + set.dir.File("import.err") + " cannot be written!"));
+    EXPECT_EQ(Dump(kTsns), "");
+}
+
+TEST_F(Running, CancelEndsTheReadingAfterTheLineAtHandAndTheClosingPassRuns) {
+    testkit::WriteFile(set.dir.File("in.qln"),
+                       "[GD]|Africa|100|\r\n[GD]|Africa|200|\r\n[GD]|Africa|300|\r\n");
+    CancelAfter cancel(set.state, 2);
+    const ImportResult result = RunWith(set.dir.File("in.qln"), cancel);
+    EXPECT_TRUE(result.completed);
+    EXPECT_TRUE(result.canceled);
+    EXPECT_EQ(Log(),
+              "The taxonomic unit record for Imported record <100> was not found!\r\n"
+              "The taxonomic unit record for Imported record <200> was not found!\r\n");
+    EXPECT_EQ(Dump("SELECT * FROM qb_geographic_division"), "");
+}
+
+TEST_F(Running, ADataSetThatIsClosedMeanwhileEndsTheRun) {
+    class Closing : public EventPump {
+    public:
+        explicit Closing(store::Database& database) : database_(database) {}
+        void Yield() override { database_.Close(); }
+
+    private:
+        store::Database& database_;
+    };
+    testkit::WriteFile(set.dir.File("in.qln"), Line("100") + "\r\n" + Line("200") + "\r\n");
+    Closing closing(set.db());
+    const ImportResult result = RunWith(set.dir.File("in.qln"), closing);
+    EXPECT_FALSE(result.completed);
+    EXPECT_THAT(set.prompter.messages, ElementsAre(StartsWith("Failed ")));
+}
+
+TEST_F(Running, LookUpsWorkAfterALoadIntoANewDataSet) {
+    Run(Line("100") + "\r\n[TA]|70|Linnaeus|5|\r\n");
+    EXPECT_EQ(Dump("SELECT qb_id FROM qb_taxonomic_units WHERE unit_name1 = 'ALPHA'"), "2\n");
+    EXPECT_FALSE(set.engine.InTransaction());
+    set.db().Execute("INSERT INTO qb_taxonomic_units (unit_name1) VALUES ('Next')");
+    EXPECT_EQ(Dump("SELECT qb_id FROM qb_taxonomic_units WHERE unit_name1 = 'Next'"), "3\n");
+}
+
+}  // namespace
+}  // namespace quillon::importing

@@ -1,0 +1,211 @@
+#include "navigation/taxon_list.h"
+
+#include "core/text.h"
+#include "navigation/taxa_fixture.h"
+
+namespace quillon::navigation {
+namespace {
+
+using std::chrono::microseconds;
+
+class List : public TaxaFixture {
+protected:
+    TaxonList& Open(std::string_view query) {
+        list.Open(data.state.gDatabase, query);
+        list.LoadAll();
+        return list;
+    }
+    std::string Lines() {
+        std::string text;
+        for (std::size_t row = 0; row < list.RowCount(); ++row) text += list.Line(row) + "\n";
+        return text;
+    }
+    std::string LinesOfQuery(std::string_view query) {
+        std::string text;
+        for (const auto rows = data.db().OpenRecordset(query); !rows->Eof(); rows->MoveNext()) {
+            text += rows->Get("line").AsText() + "\n";
+        }
+        return text;
+    }
+    void AddGenera(int last) {
+        data.engine.BeginTrans();
+        for (int id = 2; id <= last; ++id) Add({.qb_id = id, .name1 = fmt::format("Genus{:04}", id)});
+        data.engine.CommitTrans();
+    }
+    // What the rule says: the first line of the query from `from` on that is like the typed text.
+    std::size_t FindByWalking(std::string_view typed, std::size_t from) {
+        for (std::size_t row = from; row < list.RowCount(); ++row) {
+            if (LikeText(list.Line(row), std::string(typed) + "*")) return row;
+        }
+        return TaxonList::kNone;
+    }
+    void ExpectFindsAsWalking(const std::vector<std::string>& typedTexts) {
+        for (const std::string& typed : typedTexts) {
+            for (std::size_t from = 0; from <= list.RowCount(); ++from) {
+                EXPECT_EQ(list.Find(typed, from), FindByWalking(typed, from))
+                    << '"' << typed << "\" from " << from;
+            }
+        }
+    }
+
+    TaxonList list;
+};
+
+TEST_F(List, ShowsTheRowsOfTheAnimalQueryInItsOrder) {
+    AddAuthor(1, "Linnaeus, 1758");
+    AddAuthor(2, "Gray, 1846");
+    Add({.qb_id = 5, .name1 = "Orca", .name2 = "beta", .author = 1});
+    Add({.qb_id = 4, .name1 = "orca", .name2 = "alpha", .name3 = "minor", .ind3 = "ssp."});
+    Add({.qb_id = 3, .name1 = "Orca", .author = 1});
+    Add({.qb_id = 2, .name1 = "Orca", .usage = "invalid", .author = 2});
+    Open("Get Animal Data");
+    EXPECT_EQ(Lines(),
+              "Animalia (valid)\n"
+              "Orca Gray, 1846 (invalid)\n"
+              "Orca Linnaeus, 1758 (valid)\n"
+              "orca alpha minor (valid)\n"
+              "Orca beta Linnaeus, 1758 (valid)\n");
+    EXPECT_EQ(list.IdAt(1), 2);
+    EXPECT_EQ(list.RowOf(5), 4u);
+    EXPECT_EQ(list.RowOf(77), TaxonList::kNone);
+    EXPECT_EQ(Lines(), LinesOfQuery("Get Animal Data"));
+}
+
+TEST_F(List, ShowsTheRowsOfThePlantQuery) {
+    Add({.qb_id = 2,
+         .name1 = "Quercus",
+         .name2 = "alba",
+         .name3 = "minor",
+         .usage = "accepted",
+         .ind3 = "var."});
+    Add({.qb_id = 3, .name1 = "Mentha", .name2 = "piperita", .usage = "accepted", .ind1 = "X"});
+    Open("Get Data");
+    EXPECT_EQ(Lines(),
+              "Animalia (valid)\n"
+              "X Mentha piperita (accepted)\n"
+              "Quercus alba var. minor (accepted)\n");
+    EXPECT_EQ(Lines(), LinesOfQuery("Get Data"));
+}
+
+TEST_F(List, LoadsInSlices) {
+    AddGenera(999);
+    int told = 0;
+    list.OnRows([&] { ++told; });
+    list.Open(data.state.gDatabase, "Get Animal Data");
+    EXPECT_EQ(told, 1);
+    EXPECT_EQ(list.RowCount(), 0u);
+    EXPECT_FALSE(list.Load(microseconds(0)));
+    EXPECT_GT(list.RowCount(), 0u);
+    EXPECT_LT(list.RowCount(), 999u);
+    EXPECT_EQ(list.Line(0), "Animalia (valid)");
+    while (!list.Load(microseconds(0))) continue;
+    EXPECT_EQ(list.RowCount(), 999u);
+    EXPECT_TRUE(list.IsComplete());
+    EXPECT_GT(told, 3);
+}
+
+TEST_F(List, FindsWhatIsNotLoadedYet) {
+    AddGenera(599);
+    list.Open(data.state.gDatabase, "Get Animal Data");
+    list.Load(microseconds(0));
+    EXPECT_EQ(list.Find("Genus0599", 0), 598u);
+}
+
+TEST_F(List, FindsTheFirstRowThatBeginsAsTyped) {
+    Add({.qb_id = 2, .name1 = "Alucita", .name2 = "hexadactyla"});
+    Add({.qb_id = 3, .name1 = "Alucita"});
+    Add({.qb_id = 4, .name1 = "Agdistis", .name2 = "adactyla"});
+    Add({.qb_id = 5, .name1 = "Alucitana"});
+    Add({.qb_id = 6, .name1 = "alucita", .name2 = "montana"});
+    Open("Get Animal Data");
+    EXPECT_EQ(list.Line(list.Find("a", 0)), "Agdistis adactyla (valid)");
+    EXPECT_EQ(list.Line(list.Find("AL", 0)), "Alucita (valid)");
+    EXPECT_EQ(list.Line(list.Find("alucita h", 0)), "Alucita hexadactyla (valid)");
+    EXPECT_EQ(list.Line(list.Find("alucita m", 0)), "alucita montana (valid)");
+    EXPECT_EQ(list.Line(list.Find("alucitan", 0)), "Alucitana (valid)");
+    EXPECT_EQ(list.Find("alucita x", 0), TaxonList::kNone);
+    EXPECT_EQ(list.Find("ag", list.RowOf(3)), TaxonList::kNone);
+    EXPECT_EQ(list.Find("", 2), 2u);
+}
+
+TEST_F(List, FindsTheSameRowsAsWalkingDoes) {
+    AddAuthor(1, "Linnaeus, 1758");
+    int id = 1;
+    for (const char* name :
+         {"Alca", "Alça", "Alca torda", "Alc\xC3\xA1n", "ALCA", "Alcb", "Al ca", "alca  ", "Ålca", "Zoe",
+          "Zo\xC3\xAB", "(Alca)", "9alca", "X Alca", "Al", " Alca", "Straße"}) {
+        Add({.qb_id = ++id, .name1 = name});
+        Add({.qb_id = ++id, .name1 = name, .name2 = "torda", .author = 1});
+        Add({.qb_id = ++id,
+             .name1 = name,
+             .name2 = "(Torda)",
+             .name3 = "X",
+             .usage = "invalid",
+             .ind3 = "X"});
+    }
+    Add({.qb_id = ++id, .name1 = "", .name2 = "torda"});
+    Open("Get Animal Data");
+    ExpectFindsAsWalking(
+        {"a",       "al",     "alc",     "alca",    "alca ", "alca t", "alca torda", "alca torda t",
+         "alça",    "Á",      "å",       "z",       "zo",    "zoë",    "zoe t",      "(",
+         "(alca) ", "9",      "x",       "x a",     "t",     "to",     " ",          "straß",
+         "strass",  "Alca L", "Alca (v", "q",       "",      "a*t",    "?l",         "*torda",
+         "[ab]",    "[",      "#a",      "alca  t", "alca?t"});
+}
+
+TEST_F(List, FindsMarkedNamesOfPlants) {
+    int id = 1;
+    for (const char* name : {"Abelia", "Mentha", "Xylia", "Zea", " Odd"}) {
+        Add({.qb_id = ++id, .name1 = name, .usage = "accepted"});
+        Add({.qb_id = ++id, .name1 = name, .usage = "accepted", .ind1 = "X"});
+        Add({.qb_id = ++id, .name1 = name, .name2 = "alba", .usage = "accepted", .ind1 = "X"});
+        Add({.qb_id = ++id, .name1 = name, .name2 = "alba", .usage = "accepted", .ind1 = "+"});
+    }
+    Open("Get Data");
+    EXPECT_EQ(list.Line(list.Find("x m", 0)), "X Mentha (accepted)");
+    ExpectFindsAsWalking({"x", "x ", "x m", "X mentha a", "xy", "x x", "+", "+ z", "+ zea alba", "m", "a",
+                          "x*a", "", "o", "x  o", "x o"});
+}
+
+TEST_F(List, ALineWhoseTaxonIsGoneIsEmptyAndFindsGoOn) {
+    for (int id = 2; id < 12; ++id) Add({.qb_id = id, .name1 = fmt::format("Genus{:02}", id)});
+    Open("Get Animal Data");
+    data.db().Execute("DELETE * FROM qb_taxonomic_units WHERE qb_id In (4, 5, 6)");
+    EXPECT_EQ(list.Line(list.RowOf(5)), "");
+    EXPECT_EQ(list.IdAt(list.Find("Genus07", 0)), 7);
+    EXPECT_EQ(list.IdAt(list.Find("Genus03", 0)), 3);
+    EXPECT_EQ(list.Find("Genus05", 0), TaxonList::kNone);
+}
+
+TEST_F(List, KeepsItsRowsWhenTheDataSetIsReopened) {
+    Add({.qb_id = 2, .name1 = "Orca"});
+    Open("Get Animal Data");
+    const std::string path = data.state.gDataSetPath;
+    ASSERT_EQ(data.lifecycle.OpenDataSetFile(path), path);
+    list.Reattach(data.state.gDatabase);
+    EXPECT_EQ(list.Line(1), "Orca (valid)");
+    EXPECT_EQ(list.Find("o", 0), 1u);
+}
+
+TEST_F(List, IsEmptyWithoutADataSet) {
+    Open("Get Animal Data");
+    list.Close();
+    EXPECT_EQ(list.RowCount(), 0u);
+    EXPECT_TRUE(list.Load(microseconds(0)));
+    EXPECT_EQ(list.Find("a", 0), TaxonList::kNone);
+}
+
+TEST_F(List, KeepsWhatItHasWhenTheDataSetCloses) {
+    AddGenera(599);
+    list.Open(data.state.gDatabase, "Get Animal Data");
+    list.Load(microseconds(0));
+    const std::size_t rows = list.RowCount();
+    data.lifecycle.CloseDataSet();
+    EXPECT_TRUE(list.Load(microseconds(0)));
+    EXPECT_EQ(list.RowCount(), rows);
+    EXPECT_EQ(list.Line(0), "");
+    EXPECT_EQ(list.Find("Genus", 0), TaxonList::kNone);
+}
+
+}  // namespace
+}  // namespace quillon::navigation

@@ -1,0 +1,169 @@
+#include "ui/binder.h"
+
+#include <gtest/gtest.h>
+
+#include <QtTest>
+#include <QtWidgets>
+
+namespace quillon::ui {
+namespace {
+
+struct SampleForm {
+    Form form{"FrmSample"};
+    ButtonControl cmdOK{form, "cmdOK", "&Save"};
+    ButtonControl mnuSave{form, "mnuSave", "Save Record"};
+    CheckControl chkUnnamed{form, "chkUnnamed", "Unnamed"};
+    OptionControl optValid{form, "optValid", "usage", "Valid"};
+    OptionControl optInvalid{form, "optInvalid", "usage", "Invalid"};
+    LabelControl lblName{form, "lblName", "Name"};
+    LabelControl fraUsage{form, "fraUsage", "Usage"};
+    TextControl txtName{form, "txtName", 6};
+    TextControl txtComment{form, "txtComment"};
+    ComboControl cboRank{form, "cboRank", ComboControl::Style::ListOnly};
+    ComboControl cboAuth{form, "cboAuth"};
+    ListControl lstNames{form, "lstNames"};
+    GridControl grdComments{form, "grdComments", {{"Comment"}, {"ID", true}}};
+    GaugeControl Gauge1{form, "Gauge1"};
+    TabStripControl TabStrip1{form, "TabStrip1", {{"taxon", "Taxon"}, {"experts", "Experts"}}};
+};
+
+class BinderTest : public testing::Test {
+protected:
+    template <typename T>
+    T* Make(const char* objectName) {
+        auto* widget = new T(&window);
+        widget->setObjectName(objectName);
+        return widget;
+    }
+    void SetUp() override {
+        sample.form.SetTitle("Sample");
+        Bind(sample.form, window);
+        window.show();
+    }
+
+    SampleForm sample;
+    QWidget window;
+    QPushButton* ok = Make<QPushButton>("cmdOK");
+    QAction* save = Make<QAction>("mnuSave");
+    QCheckBox* unnamed = Make<QCheckBox>("chkUnnamed");
+    QGroupBox* frame = Make<QGroupBox>("fraUsage");
+    QRadioButton* valid = Make<QRadioButton>("optValid");
+    QRadioButton* invalid = Make<QRadioButton>("optInvalid");
+    QLabel* label = Make<QLabel>("lblName");
+    QLineEdit* name = Make<QLineEdit>("txtName");
+    QPlainTextEdit* comment = Make<QPlainTextEdit>("txtComment");
+    QComboBox* rank = Make<QComboBox>("cboRank");
+    QComboBox* author = Make<QComboBox>("cboAuth");
+    QListWidget* list = Make<QListWidget>("lstNames");
+    QTableWidget* grid = Make<QTableWidget>("grdComments");
+    QProgressBar* gauge = Make<QProgressBar>("Gauge1");
+    QTabBar* tabs = Make<QTabBar>("TabStrip1");
+};
+
+TEST_F(BinderTest, EveryNameHasItsPartner) {
+    EXPECT_EQ(NamesWithoutPartner(sample.form, window), QStringList());
+    delete name;
+    rank->setObjectName("cboRang");
+    Make<QLabel>("cboRank");
+    EXPECT_EQ(NamesWithoutPartner(sample.form, window), (QStringList{"txtName", "cboRank", "cboRang"}));
+}
+
+TEST_F(BinderTest, ShowsWhatTheModelSays) {
+    EXPECT_EQ(window.windowTitle(), "Sample");
+    sample.form.SetTitle("Other");
+    EXPECT_EQ(window.windowTitle(), "Other");
+    sample.cmdOK.SetCaption("&Save Changes");
+    sample.cmdOK.SetEnabled(false);
+    EXPECT_EQ(ok->text(), "&Save Changes");
+    EXPECT_FALSE(ok->isEnabled());
+    sample.mnuSave.SetEnabled(false);
+    EXPECT_FALSE(save->isEnabled());
+    EXPECT_EQ(save->text(), "Save Record");
+    sample.lblName.SetVisible(false);
+    EXPECT_FALSE(label->isVisible());
+    sample.fraUsage.SetCaption("Valid Name");
+    EXPECT_EQ(frame->title(), "Valid Name");
+    sample.txtComment.SetText("two\nlines");
+    EXPECT_EQ(comment->toPlainText(), "two\nlines");
+    sample.Gauge1.SetValue(40);
+    EXPECT_EQ(gauge->value(), 40);
+    sample.TabStrip1.SetSelectedIndex(2);
+    EXPECT_EQ(tabs->currentIndex(), 1);
+    EXPECT_EQ(tabs->tabText(1), "Experts");
+}
+
+TEST_F(BinderTest, AButtonRunsItsRule) {
+    int clicks = 0;
+    sample.cmdOK.OnClick([&] { ++clicks; });
+    sample.mnuSave.OnClick([&] { clicks += 10; });
+    QTest::mouseClick(ok, Qt::LeftButton);
+    save->trigger();
+    EXPECT_EQ(clicks, 11);
+}
+
+TEST_F(BinderTest, OptionsAndChecksFollowEachOther) {
+    QTest::mouseClick(unnamed, Qt::LeftButton, {}, QPoint(5, unnamed->height() / 2));
+    EXPECT_TRUE(sample.chkUnnamed.Value());
+    valid->click();
+    EXPECT_TRUE(sample.optValid.Value());
+    invalid->click();
+    EXPECT_FALSE(sample.optValid.Value());
+    EXPECT_TRUE(sample.optInvalid.Value());
+    EXPECT_FALSE(valid->isChecked());
+    sample.chkUnnamed.SetLocked(true);
+    unnamed->click();
+    EXPECT_TRUE(unnamed->isChecked()) << "a locked check goes back";
+}
+
+TEST_F(BinderTest, TypedTextReachesTheModelWithinItsBounds) {
+    int edits = 0;
+    sample.txtName.OnEdit([&] { ++edits; });
+    QTest::keyClicks(name, "Orcinus");
+    EXPECT_EQ(sample.txtName.Text(), "Orcinu");
+    EXPECT_EQ(name->text(), "Orcinu");
+    EXPECT_EQ(edits, 6);
+    sample.txtName.SetText("Delphinus");
+    EXPECT_EQ(name->text(), "Delphinus");
+    EXPECT_EQ(edits, 6);
+    sample.txtName.SetLocked(true);
+    EXPECT_TRUE(name->isReadOnly());
+}
+
+TEST_F(BinderTest, AComboOffersItsChoices) {
+    sample.cboRank.SetTexts({"Genus", "Species"});
+    EXPECT_EQ(rank->count(), 2);
+    EXPECT_FALSE(rank->isEditable());
+    QTest::keyClick(rank, Qt::Key_Down);
+    QTest::keyClick(rank, Qt::Key_Down);
+    EXPECT_EQ(sample.cboRank.Text(), "Species");
+    sample.cboAuth.SetTexts({"Gray, 1846"});
+    QTest::keyClicks(author->lineEdit(), "Gill");
+    EXPECT_EQ(sample.cboAuth.Text(), "Gill");
+    EXPECT_EQ(author->currentText(), "Gill");
+}
+
+TEST_F(BinderTest, ListsAndGridsTellTheSelection) {
+    sample.lstNames.SetTexts({"Orca", "Tursiops"});
+    list->setCurrentRow(1);
+    EXPECT_EQ(sample.lstNames.ListIndex(), 1);
+    sample.grdComments.AddRow({"first", "1"});
+    sample.grdComments.AddRow({"second", "2"});
+    EXPECT_TRUE(grid->isColumnHidden(1));
+    EXPECT_EQ(grid->item(1, 0)->text(), "second");
+    grid->setCurrentCell(1, 0);
+    EXPECT_EQ(sample.grdComments.SelectedRow(), 1);
+}
+
+TEST_F(BinderTest, ATabThatIsClickedIsSelected) {
+    QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(1).center());
+    EXPECT_EQ(sample.TabStrip1.SelectedKey(), "experts");
+}
+
+TEST_F(BinderTest, AWidgetMayGoBeforeTheForm) {
+    delete name;
+    sample.txtName.SetText("Orca");
+    EXPECT_EQ(sample.txtName.Text(), "Orca");
+}
+
+}  // namespace
+}  // namespace quillon::ui

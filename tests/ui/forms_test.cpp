@@ -1,0 +1,211 @@
+// The small windows: About, progress, import and its error log, message boxes.
+#include <gtest/gtest.h>
+
+#include <QtTest>
+#include <QtWidgets>
+
+#include "testkit/testkit.h"
+#include "ui/about_window.h"
+#include "ui/binder.h"
+#include "ui/desktop_outside.h"
+#include "ui/import_window.h"
+#include "ui/in_progress_window.h"
+
+namespace quillon::ui {
+namespace {
+
+// Runs once a modal window is there.
+void WhenModal(const std::function<void(QWidget&)>& act) {
+    QTimer::singleShot(0, [act] {
+        QWidget* modal = QApplication::activeModalWidget();
+        ASSERT_NE(modal, nullptr);
+        act(*modal);
+    });
+}
+
+TEST(AboutWindow, ShowsItsTextsAndCloses) {
+    editor::FrmAbout form("4.0.6");
+    AboutWindow window(form, nullptr);
+    EXPECT_EQ(NamesWithoutPartner(form.form, window), QStringList());
+    EXPECT_EQ(window.findChild<QLabel*>("lblTitle")->text(), "Orvaline");
+    EXPECT_EQ(window.findChild<QLabel*>("lblVersion")->text(), "Taxonomic Quillon Version 4.0.6 (SR6)");
+    EXPECT_EQ(window.findChild<QLabel*>("lblBuild")->text(), "");
+    WhenModal([](QWidget& modal) { QTest::keyClick(&modal, Qt::Key_Return); });
+    EXPECT_EQ(window.exec(), QDialog::Accepted);
+}
+
+TEST(AboutWindow, EscapeClosesItToo) {
+    editor::FrmAbout form("4.0.6");
+    AboutWindow window(form, nullptr);
+    WhenModal([](QWidget& modal) { QTest::keyClick(&modal, Qt::Key_Escape); });
+    window.exec();
+    EXPECT_FALSE(window.isVisible());
+}
+
+TEST(InProgressWindow, ShowsATaskFromBeginningToEnd) {
+    InProgressWindow window;
+    EXPECT_EQ(NamesWithoutPartner(window.Controls().form, window), QStringList());
+    auto* bar = window.findChild<QProgressBar*>("theBar");
+    window.UpdateValue(70);
+    window.NewTask("Loading Taxon Data");
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_FALSE(window.isModal());
+    EXPECT_EQ(window.windowTitle(), "Loading Taxon Data");
+    EXPECT_EQ(bar->value(), 0);
+    window.SetStatus("Loading...");
+    EXPECT_EQ(window.findChild<QLabel*>("lblIPStatus")->text(), "Loading...");
+    window.SetMax(40);
+    window.Increment(15);
+    EXPECT_EQ(bar->value(), 15);
+    window.UpdateValue(99);
+    EXPECT_EQ(bar->value(), 40);
+    window.SetMin(10);
+    window.UpdateValue(-3);
+    EXPECT_EQ(bar->value(), 10);
+    QTest::keyClick(&window, Qt::Key_Escape);
+    EXPECT_TRUE(window.isVisible()) << "it closes with its task only";
+    window.EndTask();
+    EXPECT_FALSE(window.isVisible());
+}
+
+class ImportWindowTest : public testing::Test {
+protected:
+    ImportWindowTest() { data.Make("Animalia"); }
+
+    testkit::DataSetFixture data;
+    testkit::NullPump pump;
+};
+
+TEST_F(ImportWindowTest, ShowsTheFormatsAndTheSymbols) {
+    importing::FrmImport form(data.state, data.engine, data.prompter, pump, data.dir.path());
+    ImportWindow window(form, nullptr);
+    EXPECT_EQ(NamesWithoutPartner(form.form, window), QStringList());
+    EXPECT_EQ(window.windowTitle(), "Import Data File");
+    EXPECT_EQ(window.findChild<QLabel*>("lblImport")->text(), "Import a File into the Quillon");
+    EXPECT_EQ(window.findChild<QGroupBox*>("fraFormat")->title(), "Import Format");
+    EXPECT_EQ(window.findChild<QRadioButton*>("OptAscii")->text(), "Standard ORVA Import Format");
+    auto* tagged = window.findChild<QRadioButton*>("OptORVA");
+    EXPECT_EQ(tagged->text(), "ORVA Online (Download from Online System) Format");
+    EXPECT_TRUE(tagged->isChecked());
+    auto* delimiter = window.findChild<QComboBox*>("cboDelimiter");
+    EXPECT_FALSE(delimiter->isEnabled());
+    EXPECT_EQ(delimiter->currentText(), ",");
+    EXPECT_EQ(delimiter->count(), 14);
+    EXPECT_FALSE(window.findChild<QComboBox*>("cboEnclosure")->isEnabled());
+    EXPECT_EQ(window.findChild<QPushButton*>("cmdCancel")->text(), "Ca&ncel");
+}
+
+TEST_F(ImportWindowTest, ImportsAFileAndCloses) {
+    importing::FrmImport form(data.state, data.engine, data.prompter, pump, data.dir.path());
+    ImportWindow window(form, nullptr);
+    testkit::WriteFile(data.dir.File("empty.qln"), "");
+    data.prompter.filesToOpen.push_back(data.dir.File("empty.qln"));
+    WhenModal([](QWidget& modal) { modal.findChild<QPushButton*>("cmdOK")->click(); });
+    window.exec();
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_EQ(data.prompter.messages, std::vector<std::string>{"Import Complete -- No Errors!"});
+    EXPECT_EQ(window.findChild<QProgressBar*>("Gauge1")->value(), 100);
+}
+
+TEST_F(ImportWindowTest, EscapeCancels) {
+    importing::FrmImport form(data.state, data.engine, data.prompter, pump, data.dir.path());
+    ImportWindow window(form, nullptr);
+    WhenModal([](QWidget& modal) { QTest::keyClick(&modal, Qt::Key_Escape); });
+    window.exec();
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_TRUE(data.state.gBatchCancel);
+}
+
+TEST_F(ImportWindowTest, ShowsTheErrorLogAndRemovesItAtTheEnd) {
+    testkit::WriteFile(data.dir.File("import.err"), "A sentence\r\n     [XX]|1|\r\n");
+    importing::FrmIError form(data.prompter, data.dir.path());
+    ImportErrorWindow window(form, nullptr);
+    EXPECT_EQ(NamesWithoutPartner(form.form, window), QStringList());
+    EXPECT_EQ(window.windowTitle(), "Import Error Log");
+    auto* log = window.findChild<QPlainTextEdit*>("txtError");
+    EXPECT_EQ(log->toPlainText(), "A sentence\n     [XX]|1|\n");
+    EXPECT_TRUE(log->isReadOnly());
+    WhenModal([](QWidget& modal) { modal.findChild<QPushButton*>("cmdOK")->click(); });
+    window.exec();
+    EXPECT_FALSE(QFile::exists(QString::fromStdString(data.dir.File("import.err"))));
+}
+
+TEST(DesktopPrompter, ShowsMessagesAsPlainText) {
+    DesktopPrompter prompter;
+    WhenModal([](QWidget& modal) {
+        auto& box = dynamic_cast<QMessageBox&>(modal);
+        EXPECT_EQ(box.text(), "<b>one</b>\ntwo");
+        EXPECT_EQ(box.textFormat(), Qt::PlainText);
+        EXPECT_EQ(box.windowTitle(), "Taxonomic Quillon");
+        QTest::keyClick(&modal, Qt::Key_Return);
+    });
+    prompter.Message("<b>one</b>\rtwo", "");
+}
+
+TEST(DesktopPrompter, AsksYesOrNo) {
+    DesktopPrompter prompter;
+    WhenModal([](QWidget& modal) {
+        EXPECT_EQ(modal.windowTitle(), "Update Dataset");
+        dynamic_cast<QMessageBox&>(modal).button(QMessageBox::Yes)->click();
+    });
+    EXPECT_TRUE(prompter.AskYesNo("Continue?", "Update Dataset"));
+    WhenModal([](QWidget& modal) { QTest::keyClick(&modal, Qt::Key_Escape); });
+    EXPECT_FALSE(prompter.AskYesNo("Continue?", "Update Dataset"));
+}
+
+TEST(DesktopPrompter, TheWaitCursorGoesOnAndOffOnce) {
+    DesktopPrompter prompter;
+    prompter.WaitCursor(true);
+    prompter.WaitCursor(true);
+    ASSERT_NE(QApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    prompter.WaitCursor(false);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST(DesktopPrompter, ACanceledFileDialogGivesNothing) {
+    DesktopPrompter prompter;
+    WhenModal([](QWidget& modal) {
+        auto& dialog = dynamic_cast<QFileDialog&>(modal);
+        EXPECT_EQ(dialog.windowTitle(), "Open");
+        EXPECT_EQ(dialog.nameFilters(), (QStringList{"Taxonomic Files (*.mdb *.MDB)", "All Files (*)"}));
+        dialog.reject();
+    });
+    EXPECT_EQ(prompter.FileToOpen("Open", store::kDataSetFilter), std::nullopt);
+}
+
+TEST(DesktopPrompter, AChosenFileComesBack) {
+    testkit::TempDir dir;
+    DesktopPrompter prompter;
+    WhenModal([&](QWidget& modal) {
+        auto& dialog = dynamic_cast<QFileDialog&>(modal);
+        EXPECT_TRUE(dialog.testOption(QFileDialog::DontConfirmOverwrite));
+        dialog.selectFile(QString::fromStdString(dir.File("new.mdb")));
+        QMetaObject::invokeMethod(&dialog, "accept");
+    });
+    EXPECT_EQ(prompter.FileToSave("Save", store::kDataSetFilter, false), dir.File("new.mdb"));
+}
+
+TEST(ToolkitFilter, TakesBothCasesOfAnEnding) {
+    EXPECT_EQ(ToolkitFilter("QLN Files (*.qln)|*.qln|All Files (*.*)|*.*"),
+              "QLN Files (*.qln *.QLN);;All Files (*)");
+}
+
+TEST(DesktopPump, LetsEventsThroughNowAndThen) {
+    DesktopPump pump;
+    int fired = 0;
+    QTimer::singleShot(0, [&] { ++fired; });
+    pump.Yield();
+    EXPECT_EQ(fired, 1);
+    QTimer::singleShot(0, [&] { ++fired; });
+    pump.Yield();
+    EXPECT_EQ(fired, 1) << "twice within 20 ms";
+    QElapsedTimer waited;
+    waited.start();
+    while (waited.elapsed() < 25) continue;
+    pump.Yield();
+    EXPECT_EQ(fired, 2);
+}
+
+}  // namespace
+}  // namespace quillon::ui
