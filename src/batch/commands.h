@@ -18,8 +18,19 @@ struct CommonOptions {
     bool progress = false;
 };
 
+struct ExportArguments {
+    std::string file;
+    bool online = false;            // "For Online System"
+    std::string list;               // name, author or rank for the partial list; "" for a tagged file
+    std::string filter = "none";    // none, journal, or COLUMN OPERATOR VALUE
+    std::string encoding;           // cp1252 or utf-8; "" for cp1252
+};
+
 ExitStatus RunNew(const CommonOptions& options, const std::string& path);
 ExitStatus RunImport(const CommonOptions& options, const std::string& path, const std::string& file);
+ExitStatus RunExport(const CommonOptions& options, const std::string& path, const ExportArguments& arguments);
+// `filter` is "none", "journal", or a column, an operator and a value.
+ExitStatus RunValidate(const CommonOptions& options, const std::string& path, const std::string& filter);
 // `parameters` are NAME=VALUE; one not given is Null.
 ExitStatus RunQuery(const CommonOptions& options, const std::string& path, const std::string& query,
                     const std::vector<std::string>& parameters);

@@ -15,8 +15,9 @@ namespace {
 struct Arguments {
     CommonOptions common;
     bool yes = false, no = false;
-    std::string dataSet, file, query, format = "tagged";
+    std::string dataSet, file, query, format = "tagged", filter = "none";
     std::vector<std::string> parameters;
+    ExportArguments exported;
 };
 
 void AddCommon(CLI::App& command, Arguments& arguments) {
@@ -33,10 +34,28 @@ void AddKingdom(CLI::App& command, Arguments& arguments) {
                        "The preference kingdom; without it the DataSet's own");
 }
 
+void AddExport(CLI::App& app, Arguments& arguments) {
+    CLI::App* command = app.add_subcommand("export", "Write an exchange file, or a list of names");
+    AddCommon(*command, arguments);
+    AddKingdom(*command, arguments);
+    ExportArguments& exported = arguments.exported;
+    command->add_option("FILE", exported.file, "The file to write")->required();
+    CLI::Option* online =
+        command->add_flag("--online", exported.online, "Validate first, and leave out what is refused");
+    command->add_option("--list", exported.list, "A list of names instead: name, author or rank")
+        ->check(CLI::IsMember({"name", "author", "rank"}))
+        ->excludes(online);
+    command->add_option("--filter", exported.filter, "none, journal or 'COLUMN OPERATOR VALUE'");
+    command->add_option("--encoding", exported.encoding, "cp1252 or utf-8")->check(CLI::IsMember({"cp1252", "utf-8"}));
+}
+
 ExitStatus Dispatch(const CLI::App& app, Arguments& arguments) {
     arguments.common.answer = arguments.yes ? Answer::Yes : Answer::No;
     if (app.got_subcommand("new")) return RunNew(arguments.common, arguments.dataSet);
     if (app.got_subcommand("import")) return RunImport(arguments.common, arguments.dataSet, arguments.file);
+    if (app.got_subcommand("validate"))
+        return RunValidate(arguments.common, arguments.dataSet, arguments.filter);
+    if (app.got_subcommand("export")) return RunExport(arguments.common, arguments.dataSet, arguments.exported);
     if (app.got_subcommand("query"))
         return RunQuery(arguments.common, arguments.dataSet, arguments.query, arguments.parameters);
     return RunInfo(arguments.common, arguments.dataSet);
@@ -59,6 +78,11 @@ int Run(int argc, char** argv) {
     import->add_option("FILE", arguments.file, "The file to import")->required();
     import->add_option("--format", arguments.format, "The format of the file")
         ->check(CLI::IsMember({"tagged"}));
+    CLI::App* validate = app.add_subcommand("validate", "Check a DataSet against the rules of the authority");
+    AddCommon(*validate, arguments);
+    AddKingdom(*validate, arguments);
+    validate->add_option("--filter", arguments.filter, "none, journal or 'COLUMN OPERATOR VALUE'");
+    AddExport(app, arguments);
     CLI::App* query = app.add_subcommand("query", "Run a stored query, or a text beginning with select");
     AddCommon(*query, arguments);
     AddKingdom(*query, arguments);

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 
 #include "core/text.h"
 
@@ -28,7 +28,9 @@ std::string_view Unquoted(std::string_view text) {
 
 IniFile IniFile::Read(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
-    return Parse(std::string(std::istreambuf_iterator<char>(file), {}));
+    std::ostringstream text;
+    text << file.rdbuf();
+    return Parse(text.str());
 }
 
 IniFile IniFile::Parse(std::string_view text) {

@@ -86,10 +86,8 @@ void LoadParent(store::Database& database, CurrentTaxon& taxon) {
 
 void LoadTaxon(ApplicationState& state, Prompter& prompter, int qb_id) {
     store::Database& database = *state.gDatabase;
-    const auto row = database.OpenTable("qb_taxonomic_units");
-    row->SetIndex("PrimaryKey");
-    row->Seek("=", {Value(qb_id)});
-    if (row->NoMatch()) return prompter.Message(fmt::format("Not Found, qb_id: {}", qb_id));
+    const auto row = OpenWith(database, "Get Taxon Data", "qbid", qb_id);
+    if (row->Eof()) return prompter.Message(fmt::format("Not Found, qb_id: {}", qb_id));
     CurrentTaxon taxon;
     TakeRow(*row, taxon);
     const auto nodc = OpenWith(database, "Get NODC Id", "ID", qb_id);

@@ -1,5 +1,5 @@
-// One unit of storing: what is written between its making and Commit() stays whole, and without Commit() goes away.
-// The editor's and the import's writers make one for each statement or record; units do not nest.
+// One unit of storing: what is written between its making and Commit() stays whole, and without Commit() goes
+// away. The editor's and the import's writers make one for each statement or record; units do not nest.
 #pragma once
 
 #include "store/engine.h"

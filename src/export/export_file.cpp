@@ -52,13 +52,15 @@ void WriteAll(int descriptor, std::string_view bytes, const std::string& path) {
 void RefuseOddTarget(const std::string& path, const std::string& real) {
     struct stat info {};
     if (stat(real.c_str(), &info) == 0 && !S_ISREG(info.st_mode))
-        throw StoreError(ErrorNumber::InvalidPath, fmt::format("'{}' is not a file that can be written.", path));
+        throw StoreError(ErrorNumber::InvalidPath,
+                         fmt::format("'{}' is not a file that can be written.", path));
 }
 
 }  // namespace
 
 ExportFile::ExportFile(const std::string& target, Encoding encoding)
     : target_(store::RealPath(target)), making_(target_ + "~new"), encoding_(encoding) {
+    if (target.empty()) throw StoreError(ErrorNumber::InvalidPath, "There is no file to write.");
     RefuseOddTarget(target, target_);
     descriptor_ = MakeFile(making_);
     struct stat old {};
@@ -67,7 +69,9 @@ ExportFile::ExportFile(const std::string& target, Encoding encoding)
     if (encoding_ == Encoding::Utf8) buffer_ = kByteOrderMark;
 }
 
-ExportFile::~ExportFile() { Discard(); }
+ExportFile::~ExportFile() {
+    Discard();
+}
 
 void ExportFile::Discard() {
     if (descriptor_ < 0) return;

@@ -1,9 +1,10 @@
-// The file that an export writes: made beside its target, in one large buffer, and put in its place when it is complete.
-// Until Publish() nothing under the target's name changes; a file that is not published leaves nothing behind.
+// The file that an export writes: made beside its target, in one large buffer, and put in its place when it
+// is complete. Until Publish() nothing under the target's name changes; a file that is not published leaves
+// nothing behind.
 //
-// It is CP1252 at first. When a text comes that CP1252 cannot hold, what was written becomes UTF-8 with a byte order mark,
-// and the caller goes on in UTF-8; whether such a file is wanted is for the caller to ask. Every failure is a StoreError,
-// a full disk among them.
+// It is CP1252 at first. When a text comes that CP1252 cannot hold, what was written becomes UTF-8 with a
+// byte order mark, and the caller goes on in UTF-8; whether such a file is wanted is for the caller to ask.
+// Every failure is a StoreError, a full disk among them.
 #pragma once
 
 #include <cstddef>

@@ -8,8 +8,8 @@ namespace quillon::exporting {
 
 namespace {
 
-constexpr std::uint32_t kNearIds = 1u << 26;        // 8 MB of bits at most
-constexpr std::uint32_t kNearNumbers = 1u << 21;    // 8 MB of numbers at most
+constexpr std::uint32_t kNearIds = 1u << 26;      // 8 MB of bits at most
+constexpr std::uint32_t kNearNumbers = 1u << 21;  // 8 MB of numbers at most
 
 // Grows by doubling, so that ids that come ascending cost little each.
 template <typename T>
@@ -59,7 +59,8 @@ std::int32_t IdMap::Find(std::int32_t id) const {
     return found == far_.end() ? 0 : found->second;
 }
 
-// The place of the prefix, or the number of prefixes. The same bytes are looked for first: they nearly always are.
+// The place of the prefix, or the number of prefixes. The same bytes are looked for first: they nearly always
+// are.
 std::size_t DocumentSet::Find(std::string_view prefix) const {
     for (std::size_t i = 0; i < byPrefix_.size(); ++i)
         if (byPrefix_[i].first == prefix) return i;

@@ -1,5 +1,6 @@
-// Sets and maps of row ids for the length of one export: which taxa are selected, which documents they reach. Ids that
-// AutoNumbers give lie close together, so they are bits and places of a vector; any other id still has its place.
+// Sets and maps of row ids for the length of one export: which taxa are selected, which documents they reach.
+// Ids that AutoNumbers give lie close together, so they are bits and places of a vector; any other id still
+// has its place.
 #pragma once
 
 #include <cstddef>
@@ -44,7 +45,8 @@ private:
     std::unordered_map<std::int32_t, std::int32_t> far_;
 };
 
-// Documents by prefix and id. Prefixes compare as the store compares texts; an empty one equals nothing, as Null.
+// Documents by prefix and id. Prefixes compare as the store compares texts; an empty one equals nothing, as
+// Null.
 class DocumentSet {
 public:
     void Add(std::string_view prefix, std::int32_t id);

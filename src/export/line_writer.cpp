@@ -1,6 +1,5 @@
 #include "export/line_writer.h"
 
-#include <bit>
 #include <charconv>
 #include <cstring>
 #include <utility>
@@ -16,7 +15,9 @@ constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::uint64_t kOnes = 0x0101010101010101;
 constexpr std::uint64_t kHighs = 0x8080808080808080;
 
-bool HoldsBreak(std::string_view value) { return value.find_first_of("|\r\n") != std::string_view::npos; }
+bool HoldsBreak(std::string_view value) {
+    return value.find_first_of("|\r\n") != std::string_view::npos;
+}
 
 // `count` characters from the one numbered `first`, from 1.
 std::string_view Characters(std::string_view text, std::size_t first, std::size_t count) {
@@ -78,7 +79,7 @@ void LineWriter::Stamp(std::string_view stored) {
     Text(written);
 }
 
-// Eight bytes at a time. The test for bytes below the blank may only err on the side of a second look.
+// Eight bytes at a time. The test for bytes below the blank may err, but only towards a second look.
 LineWriter::Look LineWriter::LookAt(std::string_view line) {
     Look look;
     std::uint64_t high = 0, low = 0;
@@ -89,7 +90,8 @@ LineWriter::Look LineWriter::LookAt(std::string_view line) {
         high |= word & kHighs;
         low |= (word - kOnes * 0x20) & ~word & kHighs;
         const std::uint64_t same = word ^ (kOnes * kSeparator);
-        look.separators += std::popcount(~(((same & ~kHighs) + ~kHighs) | same) & kHighs);
+        const std::uint64_t zeros = ~(((same & ~kHighs) + ~kHighs) | same) & kHighs;
+        look.separators += static_cast<int>(((zeros >> 7) * kOnes) >> 56);
     }
     for (; at < line.size(); ++at) {
         const auto byte = static_cast<unsigned char>(line[at]);
@@ -103,7 +105,8 @@ LineWriter::Look LineWriter::LookAt(std::string_view line) {
 }
 
 std::string_view LineWriter::Field(std::size_t index, std::string_view line) const {
-    const std::size_t end = index + 1 < fields_.size() ? fields_[index + 1] : line.size() + (layout_->closed ? 0 : 1);
+    const std::size_t end =
+        index + 1 < fields_.size() ? fields_[index + 1] : line.size() + (layout_->closed ? 0 : 1);
     return line.substr(fields_[index], end - 1 - fields_[index]);
 }
 

@@ -1,6 +1,7 @@
-// Puts the records of an export together, field by field, at the end of the file's buffer, and looks at each finished line
-// once: for characters outside the file's code page, and for values that will break the record for its reader. Such values
-// are counted and the first of each kind is kept; nothing is replaced and nothing is escaped.
+// Puts the records of an export together, field by field, at the end of the file's buffer, and looks at each
+// finished line once: for characters outside the file's code page, and for values that will break the record
+// for its reader. Such values are counted and the first of each kind is kept; nothing is replaced and nothing
+// is escaped.
 #pragma once
 
 #include <cstdint>
@@ -35,7 +36,8 @@ public:
     // Told of each value that CP1252 cannot hold, as it comes.
     using Listener = std::function<void(const OddValue&)>;
 
-    LineWriter(ExportFile& file, Listener onForeign) : file_(file), out_(file.Buffer()), onForeign_(std::move(onForeign)) {}
+    LineWriter(ExportFile& file, Listener onForeign)
+        : file_(file), out_(file.Buffer()), onForeign_(std::move(onForeign)) {}
 
     // The next record. One value a field follows, in the order of the layout, and End.
     void Begin(const RecordLayout& layout);
@@ -43,7 +45,8 @@ public:
     void Number(std::int64_t value);  // 0 is written as nothing
     void YesNo(bool value) { Text(value ? "Yes" : "No"); }
     void Empty() { Text({}); }
-    // "dd/mm/yyyy" as "mm/dd/yyyy", and "ddmmyyyyhhnnss" as "yyyy-mm-dd hh:nn:ss"; any other length as nothing.
+    // "dd/mm/yyyy" as "mm/dd/yyyy", and "ddmmyyyyhhnnss" as "yyyy-mm-dd hh:nn:ss"; any other length as
+    // nothing.
     void Date(std::string_view stored);
     void Stamp(std::string_view stored);
     void End();

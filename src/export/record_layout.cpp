@@ -148,6 +148,8 @@ const RecordLayout& TombstoneRecord(std::string_view table_name) {
     return found == kTombstoneRecords.end() ? kUnknownTombstone.record : found->record;
 }
 
-std::string_view TombstoneTag(std::string_view table_name) { return TombstoneRecord(table_name).tag; }
+std::string_view TombstoneTag(std::string_view table_name) {
+    return TombstoneRecord(table_name).tag;
+}
 
 }  // namespace quillon::exporting

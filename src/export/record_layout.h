@@ -1,5 +1,5 @@
-// The records of the tagged format: for each tag its table, and the columns in the order in which they are written. The
-// reader of the format keeps to the same order.
+// The records of the tagged format: for each tag its table, and the columns in the order in which they are
+// written. The reader of the format keeps to the same order.
 #pragma once
 
 #include <array>
@@ -41,16 +41,17 @@ struct RecordLayout {
 
 // The places of the fields of [TU] that are not written as they are read.
 namespace taxon_field {
-inline constexpr std::size_t kReason = 12, kParentTsn = 18, kParent = 19, kAuthorityAuthor = 20, kAuthor = 21, kHybrid = 22,
-                             kKingdom = 23;
+inline constexpr std::size_t kReason = 12, kParentTsn = 18, kParent = 19, kAuthorityAuthor = 20, kAuthor = 21,
+                             kHybrid = 22, kKingdom = 23;
 }  // namespace taxon_field
 
-extern const RecordLayout kTaxonRecord, kAuthorRecord, kNodcRecord, kVernacularRecord, kSynonymRecord, kDivisionRecord,
-    kJurisdictionRecord, kReferenceRecord, kPublicationRecord, kExpertRecord, kSourceRecord, kVernReferenceRecord,
-    kCommentLinkRecord, kCommentRecord, kChangeTrackRecord, kChangeOperationRecord, kChangeCommentRecord;
+extern const RecordLayout kTaxonRecord, kAuthorRecord, kNodcRecord, kVernacularRecord, kSynonymRecord,
+    kDivisionRecord, kJurisdictionRecord, kReferenceRecord, kPublicationRecord, kExpertRecord, kSourceRecord,
+    kVernReferenceRecord, kCommentLinkRecord, kCommentRecord, kChangeTrackRecord, kChangeOperationRecord,
+    kChangeCommentRecord;
 
-// The record of a tombstone by the name of its table, in any case: its tag and how many keys it has. A table that it does
-// not know has no tag and two keys.
+// The record of a tombstone by the name of its table, in any case: its tag and how many keys it has. A table
+// that it does not know has no tag and two keys.
 const RecordLayout& TombstoneRecord(std::string_view table_name);
 // Its tag alone, empty for a table that it does not know.
 std::string_view TombstoneTag(std::string_view table_name);

@@ -22,6 +22,9 @@ constexpr std::string_view kVernIdByName =
 constexpr std::string_view kQbVernIdByVernId =
     "PARAMETERS theid Long; SELECT qb_vern_id FROM qb_vernaculars WHERE vern_id = theid ORDER BY qb_vern_id;";
 
+// The size of the field: a longer name is none of the table's, and need not be asked for.
+constexpr std::size_t kLongestVernacularName = 80;
+
 // The statement cannot succeed for any other line either.
 bool ConcernsTheFile(const store::StoreError& error) {
     using store::ErrorNumber;
@@ -147,9 +150,9 @@ void ImportRun::ReadKingdomRows() {
     for (; !rows->Eof(); rows->MoveNext()) kingdomRows_.push_back(rows->At(0).AsLong());
 }
 
-void ImportRun::Report(std::string_view sentence, std::string_view line) {
+void ImportRun::Report(std::string sentence, std::string_view line) {
     importError_ = true;
-    sink_({std::string(sentence), std::string(line)});
+    sink_({std::move(sentence), std::string(line)});
 }
 
 std::int32_t ImportRun::ReserveId(std::string_view table) {
@@ -203,6 +206,7 @@ void ImportRun::NoteKingdomRow(RowPlace taxon, std::string_view usage, std::int3
 }
 
 std::optional<Value> ImportRun::FindVernId(std::int32_t qb_id, std::string_view vernacular_name) {
+    if (CharacterCount(vernacular_name) > kLongestVernacularName) return std::nullopt;
     vernIdByName_.Set("theid", qb_id)
         .Set("thename", vernacular_name)
         .Set("thehex", HexString(vernacular_name));

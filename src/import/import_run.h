@@ -53,7 +53,7 @@ public:
     store::Database& Db() const { return *state.gDatabase; }
 
     // Marks the import error. A finding of the closing pass has no line.
-    void Report(std::string_view sentence, std::string_view line = {});
+    void Report(std::string sentence, std::string_view line = {});
     bool ImportError() const { return importError_; }
 
     // The row of the taxon with this key; a new one with -1 for parent and authors when the key is new.

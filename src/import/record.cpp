@@ -78,9 +78,12 @@ std::string Record::Date(ImportDate kind) {
     if (text.empty()) return {};
     if (auto stored = DateFromImport(text, kind)) return *stored;
     good_ = false;
-    Report("A time value <" + std::string(text) + "> is not the correct format <" +
-           (kind == ImportDate::Day ? "mm/dd/yyyy" : "yyyy-mm-dd hh:mm:ss") +
-           "> in the following data line of import file!");
+    std::string sentence = "A time value <";
+    sentence += text;
+    sentence += "> is not the correct format <";
+    sentence += kind == ImportDate::Day ? "mm/dd/yyyy" : "yyyy-mm-dd hh:mm:ss";
+    sentence += "> in the following data line of import file!";
+    Report(std::move(sentence));
     return {};
 }
 

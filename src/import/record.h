@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "import/field_cutter.h"
 #include "import/import_run.h"
@@ -54,7 +55,7 @@ public:
     // tag's unless given.
     void Refuse(std::string_view what, std::string_view letters = {});
     // Logs a whole sentence, and the line.
-    void Report(std::string_view sentence) { run_.Report(sentence, line_); }
+    void Report(std::string sentence) { run_.Report(std::move(sentence), line_); }
 
     // The taxon's row by `qb_id`, else `tsn`; with neither, nothing, and that is logged.
     std::optional<RowPlace> Taxon(std::int32_t qb_id, std::int32_t tsn, std::string_view letters = {});

@@ -78,7 +78,7 @@ void ReportMissing(Record& record, const KeyField& field) {
     if (field.sentence.empty())
         record.Refuse("Missing " + std::string(field.name));
     else
-        record.Report(field.sentence);
+        record.Report(std::string(field.sentence));
 }
 
 }  // namespace

@@ -104,7 +104,7 @@ bool TaggedImport::ReadTaggedFile(ByteSource& source, const FindingSink& sink) {
         if (kind == LineReader::Kind::Line && reader.Text().empty()) break;
         progress.Show(reader.BytesRead());
         if (kind == LineReader::Kind::TooLong)
-            run.Report(kLineTooLong, reader.Text());
+            run.Report(std::string(kLineTooLong), reader.Text());
         else
             HandleLine(run, reader.Text());
         events_.Yield();

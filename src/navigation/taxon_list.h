@@ -18,13 +18,15 @@
 #include <unordered_map>
 #include <vector>
 
-#include "store/engine.h"
+#include "navigation/list_order.h"
 
 namespace quillon::navigation {
 
 class TaxonList {
 public:
     static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+    // The named query whose lines begin with the mark before the first unit.
+    static constexpr std::string_view kMarkedQuery = "Get Data";
 
     // Begins anew over `database` with the named query; nullptr empties the list.
     void Open(std::shared_ptr<store::Database> database, std::string_view query);
@@ -36,11 +38,11 @@ public:
     void LoadAll() {
         while (!Load(std::chrono::hours(1))) continue;
     }
-    bool IsComplete() const { return !order_; }
+    bool IsComplete() const { return !order_ || order_->IsComplete() || stopped_; }
 
     // The rows that are there so far.
-    std::size_t RowCount() const { return ids_.size(); }
-    int IdAt(std::size_t row) const { return ids_.at(row); }
+    std::size_t RowCount() const { return order_ ? order_->Ids().size() : 0; }
+    int IdAt(std::size_t row) const { return order_->Ids().at(row); }
     // "" for a row whose taxon is gone.
     const std::string& Line(std::size_t row);
     // Among the rows that are there so far; kNone when the taxon is not.
@@ -54,30 +56,30 @@ public:
     void OnRows(std::function<void()> observer) { observer_ = std::move(observer); }
 
 private:
-    // Some of the rows, in the order of the list: all, or those with one mark before the first unit.
+    // Some of the rows, in the order of the list: a stretch of all, or of those with one mark before the
+    // first unit.
     struct Rows;
     struct Search;
 
-    void Read(std::chrono::microseconds slice);
-    void TakeRow();
     const std::string& LineOf(int qb_id);
-    std::optional<std::string> FirstUnit(int qb_id);
-    std::size_t Bound(const Rows& rows, std::string_view name, bool after);
+    // One of the first two name units, 0 or 1; "" for Null, nothing for a taxon that is gone.
+    std::optional<std::string> Unit(int qb_id, std::size_t unit);
     std::size_t FindLoaded(std::string_view typed, std::size_t from);
+    void LoadUpTo(std::string_view literal);
     void FindUnderMarks(std::string_view literal, Search& search);
-    void FindAmong(const Rows& rows, std::string_view rest, Search& search);
-    void FindOddNames(const Rows& rows, Search& search);
-    void FindWholeUnit(const Rows& rows, std::string_view unit, Search& search);
-    void FindBetween(const Rows& rows, std::size_t first, std::size_t last, Search& search);
-    void Walk(Search& search);
+    void FindAmong(const Rows& rows, std::size_t unit, std::string_view rest, Search& search);
+    void FindBehindUnit(const Rows& rows, std::size_t unit, std::string_view rest, Search& search);
+    void FindByReading(const Rows& rows, std::string_view firstUnit, Search& search);
+    void FindIn(const Rows& rows, Search& search);
+    void FindInAll(Search& search);
+    std::size_t Bound(const Rows& rows, std::size_t unit, std::string_view name, bool after);
 
     std::shared_ptr<store::Database> database_;
     std::string query_;
-    std::unique_ptr<store::Recordset> order_;  // while rows are still to come
-    std::vector<std::int32_t> ids_;
-    std::unordered_map<std::string, std::vector<std::size_t>> marked_;
+    std::unique_ptr<ListOrder> order_;  // nullptr without a DataSet
+    bool stopped_ = false;              // closed under the list: no more rows come
 
-    std::optional<store::QueryDef> lineQuery_, firstUnitQuery_;
+    std::optional<store::QueryDef> lineQuery_, unitsQuery_;
     using Cached = std::list<std::pair<int, std::string>>;
     Cached recent_;  // the lines looked at last, newest first
     std::unordered_map<int, Cached::iterator> cache_;

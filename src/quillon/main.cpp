@@ -35,7 +35,6 @@ void ReadPreferences(quillon::ApplicationState& state) {
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName("taxonomic-quillon");
-    QApplication::setApplicationDisplayName("");
     quillon::ui::DesktopProgram program;
     ReadPreferences(program.State());
     program.Window().show();

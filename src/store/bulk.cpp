@@ -11,7 +11,13 @@ namespace quillon::store {
 BulkLoad::BulkLoad(Engine& engine, Database& database, bool deferIndexes)
     : engine_(engine), connection_(database.Shared()), deferred_(deferIndexes) {
     engine_.BeginJob();
-    if (deferred_) connection_->DropLookupIndexes();
+    if (!deferred_) return;
+    try {
+        connection_->DropLookupIndexes();
+    } catch (...) {
+        const Job ending(engine_);
+        throw;
+    }
 }
 
 BulkLoad::~BulkLoad() {
@@ -52,10 +58,12 @@ RowWriter::RowWriter(Database& database, std::string_view table,
         names += (names.empty() ? "" : ", ") + QuoteName(column);
         places += places.empty() ? "?" : ", ?";
     }
-    const std::string rest = fmt::format("INTO {} ({}) VALUES ({})", QuoteName(table_), names, places);
-    insert_ = PrepareNative(connection_->Native(), "INSERT " + rest, true);
-    replace_ = PrepareNative(connection_->Native(), "INSERT OR REPLACE " + rest, true);
+    intoTable_ = fmt::format(" INTO {} ({}) VALUES ({})", QuoteName(table_), names, places);
     cells_.reserve(columns_.size());
+    const std::string& autoField = connection_->RequireTable(table_).autoField;
+    for (std::size_t i = 0; i < columns_.size(); ++i)
+        if (!autoField.empty() && NameEqual()(columns_[i], autoField))
+            autoColumn_ = static_cast<std::ptrdiff_t>(i);
 }
 
 RowWriter::~RowWriter() {
@@ -97,11 +105,35 @@ void RowWriter::Explain() {
     }
 }
 
-void RowWriter::Run(sqlite3_stmt* statement) {
+// Numbers that the caller gave are not given again.
+void RowWriter::NoteNumber() {
+    if (autoColumn_ < 0) return;
+    const Cell& cell = cells_[static_cast<std::size_t>(autoColumn_)];
+    if (cell.kind != Cell::Kind::Integer || cell.number <= highest_) return;
+    connection_->NoteAutoNumber(table_, cell.number);
+    highest_ = cell.number;
+}
+
+void RowWriter::Run(sqlite3_stmt*& statement, std::string_view verb) {
+    try {
+        if (statement == nullptr)
+            statement = PrepareNative(connection_->Native(), std::string(verb) + intoTable_, true);
+        Store(statement);
+    } catch (...) {
+        cells_.clear();
+        throw;
+    }
+    cells_.clear();
+    connection_->AfterWrite();
+}
+
+void RowWriter::Store(sqlite3_stmt* statement) {
     connection_->BeforeWrite();
     int place = 1;
     for (const Cell& cell : cells_) {
         if (cell.kind == Cell::Kind::Text) {
+            // SQLite counts the characters of a text up to its first NUL only.
+            if (cell.text.find('\0') != std::string_view::npos) Explain();
             sqlite3_bind_text64(statement, place, cell.text.data(), cell.text.size(), SQLITE_STATIC,
                                 SQLITE_UTF8);
         } else if (cell.kind == Cell::Kind::Integer) {
@@ -117,26 +149,17 @@ void RowWriter::Run(sqlite3_stmt* statement) {
         const StoreError error =
             ErrorOf(sqlite3_extended_errcode(connection_->Native()), sqlite3_errmsg(connection_->Native()));
         connection_->WriteFailed();
-        if (error.Is(ErrorNumber::FieldTooSmall)) {
-            try {
-                Explain();
-            } catch (...) {
-                cells_.clear();
-                throw;
-            }
-        }
-        cells_.clear();
+        if (error.Is(ErrorNumber::FieldTooSmall)) Explain();
         throw error;
     }
-    cells_.clear();
-    connection_->AfterWrite();
+    NoteNumber();
 }
 
 void RowWriter::Insert() {
-    Run(insert_);
+    Run(insert_, "INSERT");
 }
 void RowWriter::InsertOrReplace() {
-    Run(replace_);
+    Run(replace_, "INSERT OR REPLACE");
 }
 
 }  // namespace quillon::store

@@ -5,6 +5,7 @@
 // throws.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <initializer_list>
 #include <memory>
@@ -59,12 +60,15 @@ public:
     void InsertOrReplace();
 
 private:
-    void Run(sqlite3_stmt* statement);
+    void Run(sqlite3_stmt*& statement, std::string_view verb);
+    void Store(sqlite3_stmt* statement);
     void Explain();
+    void NoteNumber();
 
     std::shared_ptr<Connection> connection_;
-    std::string table_;
+    std::string table_, intoTable_;
     std::vector<std::string> columns_;
+    // Prepared when first used: an import has a writer for every table, and a file lines for a few.
     sqlite3_stmt* insert_ = nullptr;
     sqlite3_stmt* replace_ = nullptr;
     struct Cell {
@@ -73,6 +77,8 @@ private:
         std::string_view text;
     };
     std::vector<Cell> cells_;
+    std::ptrdiff_t autoColumn_ = -1;  // the place of the table's AutoNumber among the columns
+    std::int64_t highest_ = 0;        // of the AutoNumbers that the table's counter has heard of
 };
 
 }  // namespace quillon::store

@@ -27,6 +27,7 @@ enum class ErrorNumber : int {
     CannotExecuteSelect = 3065,
     UnknownTable = 3078,
     FieldTooSmall = 3163,
+    RecordDeleted = 3167,
     DatabaseExists = 3204,
     QueryExists = 3012,
     ObjectExists = 3010,

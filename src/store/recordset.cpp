@@ -27,39 +27,45 @@ Recordset::Recordset(std::shared_ptr<ResultSet> rows) : rows_(std::move(rows)) {
 
 Recordset::~Recordset() = default;
 
+ResultSet& Recordset::Rows() const {
+    if (rows_ == nullptr) throw StoreError(ErrorNumber::ObjectClosed, "The recordset has been closed.");
+    return *rows_;
+}
+
 // Before the first row the place is -1, past the last one it is the number of rows.
 bool Recordset::Eof() const {
-    rows_->RequireOpen();
-    if (position_ < 0) return !rows_->Has(0);
-    return !rows_->Has(static_cast<std::size_t>(position_));
+    Rows().RequireOpen();
+    if (position_ < 0) return !Rows().Has(0);
+    return !Rows().Has(static_cast<std::size_t>(position_));
 }
 
 bool Recordset::Bof() const {
-    rows_->RequireOpen();
-    return position_ < 0 || !rows_->Has(0);
+    Rows().RequireOpen();
+    return position_ < 0 || !Rows().Has(0);
 }
 
 // From `row` on in the direction of `step` to the first row that still exists.
 bool Recordset::LandOn(std::ptrdiff_t row, std::ptrdiff_t step) {
     pending_ = Pending::None;
-    while (row >= 0 && rows_->Has(static_cast<std::size_t>(row)) &&
-           rows_->IsDeleted(static_cast<std::size_t>(row)))
+    while (row >= 0 && Rows().Has(static_cast<std::size_t>(row)) &&
+           Rows().IsDeleted(static_cast<std::size_t>(row)))
         row += step;
     position_ = row;
-    if (row < 0 || !rows_->Has(static_cast<std::size_t>(row))) return false;
+    if (row < 0 || !Rows().Has(static_cast<std::size_t>(row))) return false;
     visited_ = std::max(visited_, static_cast<std::size_t>(row) + 1);
     return true;
 }
 
 void Recordset::MoveFirst() {
-    rows_->RequireOpen();
-    if (rows_->Type() == RecordsetType::ForwardOnly && position_ > 0) FailKind();
+    Rows().RequireOpen();
+    if (Rows().Type() == RecordsetType::ForwardOnly && position_ > 0) FailKind();
     LandOn(0, 1);
 }
 
 void Recordset::MoveLast() {
-    rows_->RequireOpen();
-    const std::size_t count = rows_->Count();
+    Rows().RequireOpen();
+    if (Rows().Type() == RecordsetType::ForwardOnly) FailKind();
+    const std::size_t count = Rows().Count();
     visited_ = count;
     LandOn(static_cast<std::ptrdiff_t>(count) - 1, -1);
 }
@@ -71,16 +77,18 @@ void Recordset::MoveNext() {
 
 void Recordset::MovePrevious() {
     if (Bof()) FailNoRecord();
-    if (rows_->Type() == RecordsetType::ForwardOnly) FailKind();
+    if (Rows().Type() == RecordsetType::ForwardOnly) FailKind();
     LandOn(position_ - 1, -1);
 }
 
 std::size_t Recordset::RecordCount() const {
-    return visited_;
+    Rows().RequireOpen();
+    return visited_ - Rows().DeletedBefore(visited_);
 }
 
 std::ptrdiff_t Recordset::AbsolutePosition() const {
-    return Bof() || Eof() ? -1 : position_;
+    if (Bof() || Eof()) return -1;
+    return position_ - static_cast<std::ptrdiff_t>(Rows().DeletedBefore(static_cast<std::size_t>(position_)));
 }
 
 Recordset::RowBookmark Recordset::Bookmark() const {
@@ -89,35 +97,39 @@ Recordset::RowBookmark Recordset::Bookmark() const {
 }
 
 void Recordset::SetBookmark(RowBookmark bookmark) {
-    if (bookmark < 0 || !rows_->Has(static_cast<std::size_t>(bookmark)) ||
-        rows_->IsDeleted(static_cast<std::size_t>(bookmark)))
+    Rows().RequireOpen();
+    if (Rows().Type() == RecordsetType::ForwardOnly) FailKind();
+    if (bookmark < 0 || !Rows().Has(static_cast<std::size_t>(bookmark)) ||
+        Rows().IsDeleted(static_cast<std::size_t>(bookmark)))
         FailNoRecord();
     LandOn(bookmark, 1);
 }
 
 std::unique_ptr<Recordset> Recordset::Clone() const {
-    if (rows_->Type() == RecordsetType::ForwardOnly) FailKind();
+    if (Rows().Type() == RecordsetType::ForwardOnly) FailKind();
+    Rows().RequireOpen();
     auto clone = std::make_unique<Recordset>(rows_);
     clone->position_ = -1;
     return clone;
 }
 
 void Recordset::RequireRow() const {
-    rows_->RequireOpen();
-    const bool onRow = position_ >= 0 && rows_->Has(static_cast<std::size_t>(position_)) &&
-                       !rows_->IsDeleted(static_cast<std::size_t>(position_));
+    Rows().RequireOpen();
+    const bool onRow = position_ >= 0 && Rows().Has(static_cast<std::size_t>(position_)) &&
+                       !Rows().IsDeleted(static_cast<std::size_t>(position_));
     if (!onRow) FailNoRecord();
 }
 
 void Recordset::Find(std::string_view criteria, std::ptrdiff_t from, std::ptrdiff_t step) {
-    if (rows_->Type() == RecordsetType::ForwardOnly) FailKind();
+    Rows().RequireOpen();
+    if (Rows().Type() == RecordsetType::ForwardOnly) FailKind();
     const dialect::ExpressionPtr condition = dialect::ParseCriteria(criteria);
     noMatch_ = true;
-    for (std::ptrdiff_t row = from; row >= 0 && rows_->Has(static_cast<std::size_t>(row)); row += step) {
+    for (std::ptrdiff_t row = from; row >= 0 && Rows().Has(static_cast<std::size_t>(row)); row += step) {
         const auto place = static_cast<std::size_t>(row);
-        if (rows_->IsDeleted(place)) continue;
+        if (Rows().IsDeleted(place)) continue;
         const auto read = [&](const std::string& column) {
-            return rows_->At(place, rows_->ColumnPlace(column));
+            return Rows().At(place, Rows().ColumnPlace(column));
         };
         if (!Evaluate(*condition, read).AsBoolean()) continue;
         noMatch_ = false;
@@ -137,14 +149,15 @@ void Recordset::FindPrevious(std::string_view criteria) {
 }
 
 void Recordset::SetIndex(std::string_view indexName) {
-    rows_->UseIndex(indexName);
-    visited_ = rows_->Has(0) ? 1 : 0;
+    Rows().UseIndex(indexName);
+    visited_ = Rows().Has(0) ? 1 : 0;
     LandOn(0, 1);
 }
 
 void Recordset::Seek(std::string_view comparison, const std::vector<Value>& key) {
-    const std::ptrdiff_t row = rows_->SeekRow(comparison, key);
-    noMatch_ = row < 0 || rows_->IsDeleted(static_cast<std::size_t>(row));
+    Rows().RequireOpen();
+    const std::ptrdiff_t row = Rows().SeekRow(comparison, key);
+    noMatch_ = row < 0;
     if (!noMatch_) LandOn(row, 1);
 }
 
@@ -153,42 +166,42 @@ bool Recordset::NoMatch() const {
 }
 
 Value Recordset::Get(std::string_view column) const {
-    return At(rows_->ColumnPlace(column));
+    return At(Rows().ColumnPlace(column));
 }
 
 Value Recordset::At(std::size_t column) const {
-    rows_->RequireOpen();
+    Rows().RequireOpen();
     if (pending_ != Pending::None) return staged_[column];
     RequireRow();
-    return rows_->At(static_cast<std::size_t>(position_), column);
+    return Rows().At(static_cast<std::size_t>(position_), column);
 }
 
 std::size_t Recordset::ColumnCount() const {
-    return rows_->Columns().size();
+    return Rows().Columns().size();
 }
 
 const std::string& Recordset::ColumnName(std::size_t column) const {
-    return rows_->Columns()[column].name;
+    return Rows().Columns()[column].name;
 }
 
 void Recordset::AddNew() {
-    const PhysicalTable& table = rows_->BaseTable();
+    const PhysicalTable& table = Rows().BaseTable();
     staged_.assign(ColumnCount(), Value());
-    if (!table.autoField.empty()) rows_->StageAutoNumber(staged_);
+    if (!table.autoField.empty()) Rows().StageAutoNumber(staged_);
     pending_ = Pending::Add;
 }
 
 void Recordset::Edit() {
-    rows_->BaseTable();
+    Rows().BaseTable();
     RequireRow();
     staged_.clear();
     for (std::size_t i = 0; i < ColumnCount(); ++i)
-        staged_.push_back(rows_->At(static_cast<std::size_t>(position_), i));
+        staged_.push_back(Rows().At(static_cast<std::size_t>(position_), i));
     pending_ = Pending::Edit;
 }
 
 void Recordset::Set(std::string_view column, const Value& value) {
-    const std::size_t place = rows_->ColumnPlace(column);
+    const std::size_t place = Rows().ColumnPlace(column);
     if (pending_ == Pending::None)
         throw StoreError(ErrorNumber::NoEditStarted, "A value is set between AddNew or Edit, and Update.");
     staged_[place] = value;
@@ -200,13 +213,14 @@ void Recordset::Update() {
     const Pending kind = pending_;
     pending_ = Pending::None;
     if (kind == Pending::Add) {
-        rows_->InsertRow(staged_);
+        Rows().InsertRow(staged_);
+        ++visited_;
         return;
     }
     const auto row = static_cast<std::size_t>(position_);
     std::vector<bool> changed;
-    for (std::size_t i = 0; i < staged_.size(); ++i) changed.push_back(!(staged_[i] == rows_->At(row, i)));
-    rows_->UpdateRow(row, staged_, changed);
+    for (std::size_t i = 0; i < staged_.size(); ++i) changed.push_back(!(staged_[i] == Rows().At(row, i)));
+    Rows().UpdateRow(row, staged_, changed);
 }
 
 void Recordset::CancelUpdate() {
@@ -214,20 +228,21 @@ void Recordset::CancelUpdate() {
 }
 
 void Recordset::Delete() {
-    rows_->BaseTable();
+    Rows().BaseTable();
     RequireRow();
-    rows_->DeleteRow(static_cast<std::size_t>(position_));
+    Rows().DeleteRow(static_cast<std::size_t>(position_));
 }
 
 void Recordset::Requery() {
-    rows_->Requery();
+    Rows().Requery();
     pending_ = Pending::None;
-    visited_ = rows_->Has(0) ? 1 : 0;
+    visited_ = Rows().Has(0) ? 1 : 0;
     position_ = 0;
 }
 
 void Recordset::Close() {
-    rows_->Close();
+    rows_ = nullptr;
+    pending_ = Pending::None;
 }
 
 }  // namespace quillon::store

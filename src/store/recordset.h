@@ -39,10 +39,11 @@ public:
     bool Eof() const;
     bool Bof() const;
     void MoveFirst();
-    void MoveLast();
+    void MoveLast();      // 3251 where only MoveNext() is
     void MoveNext();      // 3021 past the end
     void MovePrevious();  // 3021 before the beginning
-    // Rows visited so far: 0 when empty, at least 1 otherwise, all of them after MoveLast().
+    // Rows visited so far: 0 when empty, at least 1 otherwise, all of them after MoveLast(). A row added here
+    // counts as visited, a row deleted here no more.
     std::size_t RecordCount() const;
     // From 0; -1 without a current row.
     std::ptrdiff_t AbsolutePosition() const;
@@ -70,7 +71,7 @@ public:
     const std::string& ColumnName(std::size_t column) const;
 
     // AddNew gives an AutoNumber field its value at once. Update stores; a failed Update leaves the row as it
-    // was.
+    // was. Update and Delete fail with 3167 when somebody else has deleted the row.
     void AddNew();
     void Edit();
     void Set(std::string_view column, const Value& value);
@@ -78,10 +79,12 @@ public:
     void CancelUpdate();
     void Delete();
     void Requery();
+    // Everything but Close() fails with 3420 afterwards; clones go on.
     void Close();
 
 private:
     enum class Pending { None, Add, Edit };
+    ResultSet& Rows() const;  // 3420 once closed
     void RequireRow() const;
     void Find(std::string_view criteria, std::ptrdiff_t from, std::ptrdiff_t step);
     bool LandOn(std::ptrdiff_t row, std::ptrdiff_t step);

@@ -11,15 +11,18 @@ namespace quillon::store {
 
 namespace {
 
-std::string TableSelect(const PhysicalTable& table, const std::vector<std::string_view>& columns, const TableRows& rows) {
+std::string TableSelect(const PhysicalTable& table, const std::vector<std::string_view>& columns,
+                        const TableRows& rows) {
     std::string list, order;
     for (const std::string_view column : columns) {
         if (table.def.Field(column) == nullptr)
-            throw StoreError(ErrorNumber::ItemNotFound, fmt::format("There is no field '{}' in the table.", column));
+            throw StoreError(ErrorNumber::ItemNotFound,
+                             fmt::format("There is no field '{}' in the table.", column));
         list += (list.empty() ? "" : ", ") + QuoteName(column);
     }
     std::string sql = fmt::format("SELECT {} FROM {}", list, QuoteName(table.def.name));
-    if (!rows.column.empty()) sql += fmt::format(" WHERE {} IN (SELECT value FROM json_each(?1))", QuoteName(rows.column));
+    if (!rows.column.empty())
+        sql += fmt::format(" WHERE {} IN (SELECT value FROM json_each(?1))", QuoteName(rows.column));
     if (rows.order == TableRows::Order::Any) return sql;
     for (const std::string& key : table.KeyColumns())
         order += (order.empty() ? " ORDER BY " : ", ") + (key == "rowid" ? key : QuoteName(key));

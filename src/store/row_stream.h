@@ -1,5 +1,6 @@
-// The rows of one select or one table, read forward once, for walks over whole tables: what a row holds is handed out in
-// place, without copies. Exports use it; whoever needs to find, to go back or to write uses a Recordset.
+// The rows of one select or one table, read forward once, for walks over whole tables: what a row holds is
+// handed out in place, without copies. Exports use it; whoever needs to find, to go back or to write uses a
+// Recordset.
 //
 // Nothing may be written to the DataSet while a stream is open: unlike a recordset it does not keep its rows.
 #pragma once
@@ -20,7 +21,8 @@ struct Compiled;
 
 // Which rows of a table a stream gives.
 struct TableRows {
-    // Key: by the primary key in plain byte order, as the table stands in the file. Any: as it is read fastest.
+    // Key: by the primary key in plain byte order, as the table stands in the file. Any: as it is read
+    // fastest.
     enum class Order { Key, Any } order = Order::Key;
     // Only rows with one of these numbers in the column; all rows while the column is empty. For few numbers.
     std::string_view column = {};
@@ -29,7 +31,8 @@ struct TableRows {
 
 class RowStream {
 public:
-    // A select in the dialect, without parameters. It stands before the first row. Throws StoreError, as Next() does.
+    // A select in the dialect, without parameters. It stands before the first row. Throws StoreError, as
+    // Next() does.
     RowStream(Database& database, std::string_view select);
     // Columns of a table, in the order given; one may stand twice.
     RowStream(Database& database, std::string_view table, const std::vector<std::string_view>& columns,
@@ -41,7 +44,8 @@ public:
     // Goes on to the next row; false past the last one.
     bool Next();
 
-    // Columns count from 0. A number is 0 and a text "" for Null; a Boolean is 0 or 1. A text lives until Next().
+    // Columns count from 0. A number is 0 and a text "" for Null; a Boolean is 0 or 1. A text lives until
+    // Next().
     bool IsNull(std::size_t column) const;
     std::int64_t Long(std::size_t column) const;
     std::string_view Text(std::size_t column) const;

@@ -2,6 +2,8 @@
 
 #include <QtWidgets>
 
+#include "ui/icons.h"
+
 namespace quillon::ui {
 
 namespace {
@@ -21,7 +23,7 @@ QLabel* Line(QWidget* parent, const char* name, double scale, bool bold) {
 
 AboutWindow::AboutWindow(editor::FrmAbout& form, QWidget* parent) : FormDialog(form.form, parent) {
     auto* picture = new QLabel(this);
-    picture->setPixmap(QIcon(":/icons/quillon.svg").pixmap(64, 64));
+    picture->setPixmap(Icon("quillon").pixmap(64, 64));
     picture->setAlignment(Qt::AlignCenter);
     auto* ok = new QPushButton(this);
     ok->setObjectName("cmdOK");

@@ -266,6 +266,7 @@ QStringList NamesWithoutPartner(const Form& form, const QWidget& window) {
     for (const QObject* object : window.findChildren<QObject*>()) {
         const QString name = object->objectName();
         if (name.isEmpty() || name.startsWith("qt_") || !TakesInput(object)) continue;
+        if (TakesInput(object->parent())) continue;  // a part of a widget, named by the toolkit
         if (form.Find(FromQt(name)) == nullptr) names << name;
     }
     return names;

@@ -1,15 +1,7 @@
 #include "ui/desktop_program.h"
 
-#include <QDir>
-
 #include "ui/about_window.h"
 #include "ui/import_window.h"
-
-// The icons stand in a static library, where nobody takes them in unasked. The macro must stand outside any
-// namespace.
-static void TakeInIcons() {
-    Q_INIT_RESOURCE(icons);
-}
 
 namespace quillon::ui {
 
@@ -19,7 +11,6 @@ DesktopProgram::DesktopProgram(Prompter* prompter, std::string workDirectory)
       lifecycle_(state_, engine_, prompter_),
       explorer_(state_, engine_, prompter_),
       recView_(state_, prompter_, progress_, lifecycle_) {
-    TakeInIcons();
     state_.gVersion = store::kProgramVersion;
     Connect();
     RegisterForms();
@@ -67,8 +58,8 @@ editor::ImportEnd DesktopProgram::Import() {
 
 void DesktopProgram::OpenPreferredDataSet() {
     std::string version;
-    if (!state_.gPrefDataSet.empty() && !lifecycle_.OpenDataSetFile(state_.gPrefDataSet).empty() &&
-        !lifecycle_.IsDataSetVersionValid(version)) {
+    if (!state_.gPrefDataSet.empty()) state_.gDataSetPath = lifecycle_.OpenDataSetFile(state_.gPrefDataSet);
+    if (state_.gDataSetOpen && !lifecycle_.IsDataSetVersionValid(version)) {
         prompter_.Message("Dataset " + state_.gPrefDataSet +
                           " is incompatible with this version of the QLN!");
         lifecycle_.CloseDataSet();

@@ -31,9 +31,11 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
     return ToQt(list_.Line(static_cast<std::size_t>(index.row())));
 }
 
-QModelIndex ListModel::IndexOf(int qb_id) const {
+QModelIndex ListModel::IndexOf(int qb_id) {
     const std::size_t row = list_.RowOf(qb_id);
-    return row == navigation::TaxonList::kNone ? QModelIndex() : index(static_cast<int>(row));
+    if (row == navigation::TaxonList::kNone) return {};
+    if (static_cast<int>(row) >= shown_) CatchUp();
+    return index(static_cast<int>(row));
 }
 
 void ListModel::OnRows() {

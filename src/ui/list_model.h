@@ -19,10 +19,8 @@ public:
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
     int IdAt(const QModelIndex& index) const { return list_.IdAt(static_cast<std::size_t>(index.row())); }
-    // Invalid when the taxon is not among the rows that the view has.
-    QModelIndex IndexOf(int qb_id) const;
-    // Takes in what the list has, at once.
-    void CatchUp();
+    // Invalid when the taxon is not among the rows that the list has so far.
+    QModelIndex IndexOf(int qb_id);
 
 signals:
     void RowsArrived();
@@ -30,6 +28,8 @@ signals:
 private:
     void OnRows();
     void LoadMore();
+    // Shows all that the list has.
+    void CatchUp();
 
     navigation::TaxonList& list_;
     QTimer idle_;

@@ -2,6 +2,8 @@
 
 #include <QtWidgets>
 
+#include "ui/icons.h"
+
 namespace quillon::ui {
 
 namespace {
@@ -84,7 +86,7 @@ void MakeActions(QMainWindow& window) {
         auto* action = new QAction(&window);
         action->setObjectName(command.name);
         action->setProperty("key", QString(command.key));
-        if (*command.icon != 0) action->setIcon(QIcon(QString(":/icons/%1.svg").arg(command.icon)));
+        if (*command.icon != 0) action->setIcon(Icon(command.icon));
         if (*command.shortcut != 0)
             action->setShortcut(QKeySequence(command.shortcut, QKeySequence::PortableText));
         QObject::connect(action, &QAction::changed, action, [action] {

@@ -4,6 +4,7 @@
 
 #include "ui/alpha_view.h"
 #include "ui/binder.h"
+#include "ui/icons.h"
 #include "ui/list_model.h"
 #include "ui/rec_view_commands.h"
 #include "ui/text_convert.h"
@@ -32,7 +33,7 @@ public:
 RecViewWindow::RecViewWindow(editor::RecView& recView, navigation::cExplorer& explorer)
     : recView_(recView), explorer_(explorer) {
     setObjectName("RecView");
-    setWindowIcon(QIcon(":/icons/quillon.svg"));
+    setWindowIcon(Icon("quillon"));
     BuildCommands(*this);
     BuildBody();
     BuildStatusBar();
@@ -131,6 +132,10 @@ QWidget* RecViewWindow::BuildEditor() {
     layout->setSpacing(0);
     layout->addWidget(tabs_);
     layout->addWidget(pages_, 1);
+    auto* save = new QPushButton(editor);
+    save->setObjectName("cmdOK");
+    layout->addSpacing(4);
+    layout->addWidget(save, 0, Qt::AlignRight);
     return editor;
 }
 
@@ -160,6 +165,7 @@ QWidget* RecViewWindow::BuildTaxonTab() {
     scroller->setWidget(panel);
     scroller->setWidgetResizable(true);
     scroller->setFrameShape(QFrame::NoFrame);
+    scroller->setFocusPolicy(Qt::NoFocus);
     return scroller;
 }
 
@@ -178,14 +184,18 @@ void RecViewWindow::ConnectTree() {
         tree_->setCurrentIndex(index);
         if (index.isValid()) tree_->scrollTo(index);
     });
-    const auto choose = [this](const QModelIndex& index) {
-        if (!treeModel_->IsChanging() && index.isValid()) explorer_.NodeClick(treeModel_->NodeOf(index));
-    };
     connect(tree_->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            [this, choose](const QModelIndex& index) {
-                if (treeModel_->NodeOf(index) != explorer_.TreeV().Selected()) choose(index);
+            [this](const QModelIndex& index) {
+                navigation::TreeNode* node = treeModel_->NodeOf(index);
+                if (node == nullptr || treeModel_->IsChanging() || node == explorer_.TreeV().Selected())
+                    return;
+                clicked_ = node;
+                explorer_.NodeClick(node);
             });
-    connect(tree_, &QTreeView::clicked, this, choose);
+    connect(tree_, &QTreeView::clicked, this, [this](const QModelIndex& index) {
+        navigation::TreeNode* node = treeModel_->NodeOf(index);
+        if (std::exchange(clicked_, nullptr) != node) explorer_.NodeClick(node);
+    });
 }
 
 void RecViewWindow::ConnectList() {

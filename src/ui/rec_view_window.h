@@ -55,6 +55,7 @@ private:
     QStackedWidget* views_ = nullptr;
     QTabBar* tabs_ = nullptr;
     QStackedWidget* pages_ = nullptr;
+    const navigation::TreeNode* clicked_ = nullptr;  // chosen by the press of a click that is under way
     QTimer listTimer_;
     bool mayClose_ = false;
 };

@@ -42,8 +42,12 @@ std::string BuildValidationSelect(std::string_view table, std::string_view filte
 // taxon's. A select that is to run is built with this one.
 std::string RunnableFilter(std::string_view filter);
 
-// The rows of a table under a filter, ready to open, in the order of the table's key.
-std::string FilteredRows(std::string_view table, std::string_view filter);
+// The rows of a table under a filter, ready to open, in the order of the table's key. Without a filter only
+// `columns` are read.
+std::string FilteredRows(std::string_view table, std::string_view filter, std::string_view columns = "*");
+// " AND <column> IN (...)" with a field of the taxa that a filter lets through; empty for "none", which lets
+// all through.
+std::string AndAmongTaxa(std::string_view column, std::string_view taxonField, std::string_view filter);
 
 // Sets gRecordsTotal, the rows that an export visits, and gValidatedTotal, those that validation visits,
 // under gRecordFilter. Reference links count in neither.

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 
+#include "core/text.h"
 #include "validation/record_filter.h"
 
 namespace quillon::validation {
@@ -113,10 +114,29 @@ constexpr std::array<TableSelect, 9> kSelects = {{
 }};
 // clang-format on
 
+constexpr std::string_view kTaxa = "qb_taxonomic_units";
+constexpr std::string_view kTaxonId = "qb_taxonomic_units.qb_id";
+constexpr std::string_view kJournalId = "journal.qb_id";
+
 const TableSelect* Find(std::string_view table) {
     const auto* found = std::find_if(kSelects.begin(), kSelects.end(),
                                      [&](const TableSelect& s) { return s.table == table; });
     return found == kSelects.end() ? nullptr : found;
+}
+
+std::string WithoutSemicolon(std::string select) {
+    if (!select.empty() && select.back() == ';') select.pop_back();
+    return select;
+}
+
+// The whole table. A document's prefix is part of its key and never Null; to say so lets the engine walk the
+// key instead of sorting all rows first. The reference links of a taxon it walks by the key as they stand.
+std::string AllRows(const TableSelect& select, std::string_view columns) {
+    std::string rows = fmt::format("SELECT {} FROM {}", columns, select.table);
+    const std::string_view firstOfKey = select.order.substr(0, select.order.find(','));
+    if (firstOfKey.ends_with("_prefix")) rows += fmt::format(" WHERE {} Is Not Null", firstOfKey);
+    if (select.table == "qb_reference_links") rows += " ORDER BY qb_id";
+    return rows + ";";
 }
 
 int CountRows(store::Database& database, std::string_view table, std::string_view filter) {
@@ -160,11 +180,23 @@ std::string BuildValidationSelect(std::string_view table, std::string_view filte
     return fmt::format("{}{}{}", head, select->clauseBody, filter);
 }
 
-std::string FilteredRows(std::string_view table, std::string_view filter) {
-    std::string select = BuildValidationSelect(table, RunnableFilter(filter), false);
-    if (filter == kNoFilter || select.empty()) return select;
-    if (select.back() == ';') select.pop_back();
-    return fmt::format("{} ORDER BY {};", select, Find(table)->order);
+std::string FilteredRows(std::string_view table, std::string_view filter, std::string_view columns) {
+    const TableSelect* select = Find(table);
+    if (select == nullptr) return {};
+    if (filter == kNoFilter) return AllRows(*select, columns);
+    std::string rows = WithoutSemicolon(BuildValidationSelect(table, RunnableFilter(filter), false));
+    const std::string order(select->order);
+    // The journal is the short one of the joined tables: its order lets the engine begin with it.
+    const bool journal = filter == kJournalFilter;
+    return fmt::format("{} ORDER BY {};", rows, journal ? ReplaceText(order, kTaxonId, kJournalId) : order);
+}
+
+std::string AndAmongTaxa(std::string_view column, std::string_view taxonField, std::string_view filter) {
+    if (filter == kNoFilter) return {};
+    const std::string rows = WithoutSemicolon(BuildValidationSelect(kTaxa, RunnableFilter(filter), false));
+    const std::string_view head = Find(kTaxa)->rows;
+    return fmt::format(" AND {} IN (SELECT qb_taxonomic_units.{} {})", column, taxonField,
+                       rows.substr(head.size()));
 }
 
 void CountBatchRecords(ApplicationState& state, store::Database& database) {

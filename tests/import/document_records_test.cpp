@@ -92,10 +92,11 @@ TEST_F(DocumentRecords, AReferenceWithAVernacularNameIsAReferenceOfTheVernacular
 TEST_F(DocumentRecords, TheVernacularOfAReferenceIsTheTaxonsOwnAndWrittenAlike) {
     const std::string otherTaxon = "[RF]6|PUB|7|||||||Whale|";
     const std::string otherLetters = "[RF]5|PUB|7|||||||WHALE|";
+    const std::string tooLong = "[RF]5|PUB|7|||||||" + std::string(81, 'w') + "|";
     Import({taxon, TaxonLine{.qb_id = "6"}, "[VR]5||900|Whale||English|Yes|", publication, otherTaxon,
-            otherLetters});
+            otherLetters, tooLong});
     const std::string sentence = "Invalid vernacular_id in the following <VL> data line of import file!";
-    EXPECT_EQ(findings, (Findings{{sentence, otherTaxon}, {sentence, otherLetters}}));
+    EXPECT_EQ(findings, (Findings{{sentence, otherTaxon}, {sentence, otherLetters}, {sentence, tooLong}}));
     EXPECT_EQ(Dump(kVernReferences), "");
 }
 

@@ -167,6 +167,19 @@ TEST_F(List, FindsMarkedNamesOfPlants) {
                           "x*a", "", "o", "x  o", "x o"});
 }
 
+TEST_F(List, FindsMarkedSpeciesOfALargeGenus) {
+    data.engine.BeginTrans();
+    for (int id = 2; id < 300; ++id) Add({.qb_id = id, .name1 = "Salix", .name2 = fmt::format("s{:03}", id)});
+    data.db().Execute("UPDATE qb_taxonomic_units SET unit_ind2 = 'X' WHERE qb_id In (50, 280)");
+    data.engine.CommitTrans();
+    Open("Get Data");
+    for (const char* typed : {"salix x", "salix s2", "salix s299", "salix q"}) {
+        for (const std::size_t from : {0u, 48u, 49u, 50u, 150u, 278u, 279u, 290u}) {
+            EXPECT_EQ(list.Find(typed, from), FindByWalking(typed, from)) << typed << " from " << from;
+        }
+    }
+}
+
 TEST_F(List, ALineWhoseTaxonIsGoneIsEmptyAndFindsGoOn) {
     for (int id = 2; id < 12; ++id) Add({.qb_id = id, .name1 = fmt::format("Genus{:02}", id)});
     Open("Get Animal Data");

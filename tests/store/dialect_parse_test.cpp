@@ -32,8 +32,7 @@ TEST_F(DialectParse, ErrorsNameThePlace) {
               (Failure{3075, "Expected by in the statement, at 'word'."}));
     EXPECT_EQ(Act("INSERT words (word) VALUES ('a')"),
               (Failure{3075, "Expected into in the statement, at 'words (word) VALUES ('a')'."}));
-    EXPECT_EQ(Act("UPDATE words word = 'a'"),
-              (Failure{3075, "Expected set in the statement, at '= 'a''."}));
+    EXPECT_EQ(Act("UPDATE words word = 'a'"), (Failure{3075, "Expected set in the statement, at '= 'a''."}));
 }
 
 TEST_F(DialectParse, AQuoteOrBracketLeftOpenIsShownFromWhereItOpens) {
@@ -46,8 +45,9 @@ TEST_F(DialectParse, AQuoteOrBracketLeftOpenIsShownFromWhereItOpens) {
 }
 
 TEST_F(DialectParse, TheShownPartOfALongStatementIsCutByCharacters) {
-    EXPECT_EQ(Select("SELECT word FROM words WHERE ) ééééééééééééééééééééééééééééééééééééééééééééé"),
-              (Failure{3075, "Expected a value in the statement, at ') éééééééééééééééééééééééééééééééééééééé'."}));
+    EXPECT_EQ(
+        Select("SELECT word FROM words WHERE ) ééééééééééééééééééééééééééééééééééééééééééééé"),
+        (Failure{3075, "Expected a value in the statement, at ') éééééééééééééééééééééééééééééééééééééé'."}));
 }
 
 TEST_F(DialectParse, OneStatementIsOneStatement) {
@@ -60,26 +60,35 @@ TEST_F(DialectParse, OneStatementIsOneStatement) {
 
 TEST_F(DialectParse, WhatTheDialectLacksIsAClearError) {
     EXPECT_EQ(Act("DROP TABLE words"), (Failure{3075, "Expected index in the statement, at 'TABLE words'."}));
-    EXPECT_EQ(Act("PRAGMA journal_mode = WAL"),
-              (Failure{3075, "The dialect has no such statement: the statement, at 'PRAGMA journal_mode = WAL'."}));
+    EXPECT_EQ(
+        Act("PRAGMA journal_mode = WAL"),
+        (Failure{3075, "The dialect has no such statement: the statement, at 'PRAGMA journal_mode = WAL'."}));
     EXPECT_EQ(Act("ATTACH 'x' AS y"),
               (Failure{3075, "The dialect has no such statement: the statement, at 'ATTACH 'x' AS y'."}));
     EXPECT_EQ(Act(""), (Failure{3075, "The dialect has no such statement: the statement, at its end."}));
     EXPECT_EQ(Select("SELECT load_extension('x') FROM words"),
-              (Failure{3075, "The dialect has no such function: the statement, at "
-                             "'load_extension('x') FROM words'."}));
+              (Failure{3075,
+                       "The dialect has no such function: the statement, at "
+                       "'load_extension('x') FROM words'."}));
     EXPECT_EQ(Select("SELECT TOP 1 word FROM words").number, 3075);
-    EXPECT_EQ(Select("PARAMETERS x Double; SELECT word FROM words"),
-              (Failure{3075, "A parameter is Text or Long in the statement, at 'Double; SELECT word FROM words'."}));
+    EXPECT_EQ(
+        Select("PARAMETERS x Double; SELECT word FROM words"),
+        (Failure{3075,
+                 "A parameter is Text or Long in the statement, at 'Double; SELECT word FROM words'."}));
 }
 
 TEST_F(DialectParse, NamesThatAreNotThereAreToldByName) {
-    EXPECT_EQ(Select("SELECT word FROM wordz"),
-              (Failure{3078, "There is no table or query 'wordz' in the DataSet (place 18 of the statement)."}));
-    EXPECT_EQ(Select("SELECT wort FROM words"),
-              (Failure{3061, "Too few parameters: 'wort' is no field of the statement's tables and no parameter."}));
-    EXPECT_EQ(Select("SELECT w.word FROM words"),
-              (Failure{3061, "Too few parameters: 'w.word' is no field of the statement's tables and no parameter."}));
+    EXPECT_EQ(
+        Select("SELECT word FROM wordz"),
+        (Failure{3078, "There is no table or query 'wordz' in the DataSet (place 18 of the statement)."}));
+    EXPECT_EQ(
+        Select("SELECT wort FROM words"),
+        (Failure{3061,
+                 "Too few parameters: 'wort' is no field of the statement's tables and no parameter."}));
+    EXPECT_EQ(
+        Select("SELECT w.word FROM words"),
+        (Failure{3061,
+                 "Too few parameters: 'w.word' is no field of the statement's tables and no parameter."}));
     EXPECT_EQ(Select("SELECT w.* FROM words"), (Failure{3078, "There is no table 'w' in the statement."}));
     EXPECT_EQ(Select("SELECT a.word, id FROM words AS a, words AS b"),
               (Failure{3075, "The field 'id' could refer to more than one table of the statement."}));
@@ -111,11 +120,14 @@ TEST_F(DialectParse, DeepNestingIsRefused) {
     for (const int depth : {300, 1500, 200000}) {
         const std::string open = Repeat("(", depth), close = Repeat(")", depth);
         EXPECT_EQ(Select("SELECT " + open + "1" + close + " FROM words").number, 3075) << depth;
-        EXPECT_EQ(Select("SELECT word FROM words WHERE " + Repeat("NOT ", depth) + "flag").number, 3075) << depth;
+        EXPECT_EQ(Select("SELECT word FROM words WHERE " + Repeat("NOT ", depth) + "flag").number, 3075)
+            << depth;
         EXPECT_EQ(Select("SELECT " + Repeat("- ", depth) + "1 FROM words").number, 3075) << depth;
-        EXPECT_EQ(Select("SELECT " + Repeat("Trim(", depth) + "word" + close + " FROM words").number, 3075) << depth;
+        EXPECT_EQ(Select("SELECT " + Repeat("Trim(", depth) + "word" + close + " FROM words").number, 3075)
+            << depth;
         EXPECT_EQ(Select("SELECT word FROM " + open + "words" + close).number, 3075) << depth;
-        EXPECT_EQ(Select("SELECT " + Repeat("(SELECT ", depth) + "1" + close + " FROM words").number, 3075) << depth;
+        EXPECT_EQ(Select("SELECT " + Repeat("(SELECT ", depth) + "1" + close + " FROM words").number, 3075)
+            << depth;
     }
 }
 
@@ -129,12 +141,16 @@ TEST_F(DialectParse, ChainsWithoutEndAreRefused) {
     for (const int links : {1200, 2500, 200000}) {
         EXPECT_EQ(Select("SELECT word" + Repeat(" & word", links) + " FROM words").number, 3075) << links;
         EXPECT_EQ(Select("SELECT id" + Repeat(" + 1", links) + " FROM words").number, 3075) << links;
-        EXPECT_EQ(Select("SELECT id FROM words WHERE flag" + Repeat(" or flag", links)).number, 3075) << links;
-        EXPECT_EQ(Select("SELECT id FROM words WHERE flag" + Repeat(" is null", links)).number, 3075) << links;
-        EXPECT_EQ(Select("SELECT id FROM words" + Repeat(" UNION SELECT id FROM words", links)).number, 3075) << links;
+        EXPECT_EQ(Select("SELECT id FROM words WHERE flag" + Repeat(" or flag", links)).number, 3075)
+            << links;
+        EXPECT_EQ(Select("SELECT id FROM words WHERE flag" + Repeat(" is null", links)).number, 3075)
+            << links;
+        EXPECT_EQ(Select("SELECT id FROM words" + Repeat(" UNION SELECT id FROM words", links)).number, 3075)
+            << links;
         std::string joins = "SELECT w.id FROM words AS w";
         for (int i = 0; i < links; ++i)
-            joins += " INNER JOIN words AS w" + std::to_string(i) + " ON w.id = w" + std::to_string(i) + ".id";
+            joins +=
+                " INNER JOIN words AS w" + std::to_string(i) + " ON w.id = w" + std::to_string(i) + ".id";
         EXPECT_EQ(Select(joins).number, 3075) << links;
     }
 }
@@ -154,7 +170,8 @@ TEST_F(DialectParse, QueriesThatMultiplyWithoutEndAreRefused) {
     int number = 0;
     for (int i = 1; i < 19 && number == 0; ++i) {
         const std::string before = "q" + std::to_string(i - 1);
-        const std::string sql = "SELECT a.id FROM " + before + " AS a INNER JOIN " + before + " AS b ON a.id = b.id";
+        const std::string sql =
+            "SELECT a.id FROM " + before + " AS a INNER JOIN " + before + " AS b ON a.id = b.id";
         number = NumberOf([&] { db().CreateQueryDef("q" + std::to_string(i), sql); });
     }
     EXPECT_EQ(number, 3075);

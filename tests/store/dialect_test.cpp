@@ -67,7 +67,7 @@ TEST_F(Dialect, TextComparisonIgnoresCaseUnlessStrCompHasModeZero) {
     EXPECT_EQ(Where("StrComp(word, 'Canis', 0) = 0"), "Canis\n");
     EXPECT_EQ(Where("StrComp(word, 'Canis', 0) <> 0"), "canis\nCANIS\nCanis \n");
     EXPECT_EQ(Where("StrComp(word, 'canis', 1) = 0"), "Canis\ncanis\nCANIS\nCanis \n");
-    EXPECT_EQ(Of("StrComp('a', 'B', 0)"), "1\n");   // by code, capitals come first
+    EXPECT_EQ(Of("StrComp('a', 'B', 0)"), "1\n");  // by code, capitals come first
     EXPECT_EQ(Of("StrComp('a', 'B', 1)"), "-1\n");
     EXPECT_EQ(Of("StrComp(Null, 'B', 0)"), "\\N\n");
 }
@@ -137,7 +137,8 @@ TEST_F(Dialect, UnionAllKeepsAllAndAUnionIsOrderedByItsColumns) {
     EXPECT_EQ(Dump("SELECT word FROM words UNION ALL SELECT word FROM words ORDER BY word"), "a\na\nb\nb\n");
     EXPECT_EQ(Dump("SELECT word, id FROM words UNION SELECT 'c', 9 ORDER BY id DESC"), "c\t9\na\t2\nb\t1\n");
     EXPECT_EQ(NumberOf([&] { Dump("SELECT word FROM words UNION SELECT word, id FROM words"); }), 3075);
-    EXPECT_EQ(NumberOf([&] { Dump("SELECT word FROM words UNION SELECT word FROM words ORDER BY id"); }), 3075);
+    EXPECT_EQ(NumberOf([&] { Dump("SELECT word FROM words UNION SELECT word FROM words ORDER BY id"); }),
+              3075);
 }
 
 TEST_F(Dialect, AnAggregateWithoutANameIsEXPR1000) {
@@ -157,9 +158,11 @@ TEST_F(Dialect, BooleansReadAndCompareAsTrueAndFalse) {
     AddWord("yes", {}, {}, true);
     AddWord("no");
     EXPECT_EQ(Dump("SELECT flag FROM words ORDER BY id"), "True\nFalse\n");
-    for (const char* truth : {"flag", "flag = True", "flag = Yes", "flag = -1", "flag <> 0", "Not (flag = False)"})
+    for (const char* truth :
+         {"flag", "flag = True", "flag = Yes", "flag = -1", "flag <> 0", "Not (flag = False)"})
         EXPECT_EQ(Where(truth), "yes\n") << truth;
-    for (const char* lie : {"Not flag", "flag = False", "flag = No", "flag = 0"}) EXPECT_EQ(Where(lie), "no\n") << lie;
+    for (const char* lie : {"Not flag", "flag = False", "flag = No", "flag = 0"})
+        EXPECT_EQ(Where(lie), "no\n") << lie;
     EXPECT_EQ(Dump("SELECT word & flag FROM words ORDER BY id"), "yes-1\nno0\n");
 }
 
@@ -174,7 +177,8 @@ TEST_F(Dialect, FunctionsCountInCharacters) {
     EXPECT_EQ(Of("UCase('éa') & LCase('ÉA')"), "ÉAéa\n");
     EXPECT_EQ(Of("Chr(233) & Chr(124)"), "é|\n");
     EXPECT_EQ(Of("'<' & Trim('  a b ') & '>' & '<' & LTrim(' a ') & '>' & '<' & RTrim(' a ') & '>'"),
-              "<a b><a ><\x20" "a>\n");
+              "<a b><a ><\x20"
+              "a>\n");
     EXPECT_EQ(Of("CStr(12) & '!'"), "12!\n");
     EXPECT_EQ(Of("7 / 2"), "3.5\n");
     EXPECT_EQ(Of("2 + 3 * 4 - 1"), "13\n");

@@ -1,5 +1,5 @@
-// What the tests of the store share: a new DataSet, one small table of words beside it, named queries run by one call, and
-// failures as values that a test can compare whole.
+// What the tests of the store share: a new DataSet, one small table of words beside it, named queries run by
+// one call, and failures as values that a test can compare whole.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -41,7 +41,9 @@ int NumberOf(Action action) {
     return FailureOf(action).number;
 }
 
-inline bool Holds(std::string_view text, std::string_view part) { return text.find(part) != text.npos; }
+inline bool Holds(std::string_view text, std::string_view part) {
+    return text.find(part) != text.npos;
+}
 
 // A new DataSet for Animalia, with its root taxon 1.
 class StoreTest : public ::testing::Test {
@@ -59,7 +61,9 @@ protected:
         QueryDef opened = Open(query, parameters);
         return testkit::DumpRows(*opened.CreateSnapshot());
     }
-    int Run(std::string_view query, const Parameters& parameters) { return Open(query, parameters).Execute(); }
+    int Run(std::string_view query, const Parameters& parameters) {
+        return Open(query, parameters).Execute();
+    }
 
     // Closes and opens the file again.
     void Reopen() {

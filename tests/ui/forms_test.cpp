@@ -26,7 +26,7 @@ void WhenModal(const std::function<void(QWidget&)>& act) {
 TEST(AboutWindow, ShowsItsTextsAndCloses) {
     editor::FrmAbout form("4.0.6");
     AboutWindow window(form, nullptr);
-    EXPECT_EQ(NamesWithoutPartner(form.form, window), QStringList());
+    EXPECT_EQ(NamesWithoutPartner(form.form, window).join(" "), "");
     EXPECT_EQ(window.findChild<QLabel*>("lblTitle")->text(), "Orvaline");
     EXPECT_EQ(window.findChild<QLabel*>("lblVersion")->text(), "Taxonomic Quillon Version 4.0.6 (SR6)");
     EXPECT_EQ(window.findChild<QLabel*>("lblBuild")->text(), "");
@@ -44,7 +44,7 @@ TEST(AboutWindow, EscapeClosesItToo) {
 
 TEST(InProgressWindow, ShowsATaskFromBeginningToEnd) {
     InProgressWindow window;
-    EXPECT_EQ(NamesWithoutPartner(window.Controls().form, window), QStringList());
+    EXPECT_EQ(NamesWithoutPartner(window.Controls().form, window).join(" "), "");
     auto* bar = window.findChild<QProgressBar*>("theBar");
     window.UpdateValue(70);
     window.NewTask("Loading Taxon Data");
@@ -79,7 +79,7 @@ protected:
 TEST_F(ImportWindowTest, ShowsTheFormatsAndTheSymbols) {
     importing::FrmImport form(data.state, data.engine, data.prompter, pump, data.dir.path());
     ImportWindow window(form, nullptr);
-    EXPECT_EQ(NamesWithoutPartner(form.form, window), QStringList());
+    EXPECT_EQ(NamesWithoutPartner(form.form, window).join(" "), "");
     EXPECT_EQ(window.windowTitle(), "Import Data File");
     EXPECT_EQ(window.findChild<QLabel*>("lblImport")->text(), "Import a File into the Quillon");
     EXPECT_EQ(window.findChild<QGroupBox*>("fraFormat")->title(), "Import Format");
@@ -120,7 +120,7 @@ TEST_F(ImportWindowTest, ShowsTheErrorLogAndRemovesItAtTheEnd) {
     testkit::WriteFile(data.dir.File("import.err"), "A sentence\r\n     [XX]|1|\r\n");
     importing::FrmIError form(data.prompter, data.dir.path());
     ImportErrorWindow window(form, nullptr);
-    EXPECT_EQ(NamesWithoutPartner(form.form, window), QStringList());
+    EXPECT_EQ(NamesWithoutPartner(form.form, window).join(" "), "");
     EXPECT_EQ(window.windowTitle(), "Import Error Log");
     auto* log = window.findChild<QPlainTextEdit*>("txtError");
     EXPECT_EQ(log->toPlainText(), "A sentence\n     [XX]|1|\n");

@@ -133,8 +133,9 @@ void Emitter::EmitUpdate(const Statement& statement) {
         if (target != nullptr && target != found.source) Fail(column->place, "An update changes one table:");
         target = found.source;
         const FieldDef& field = RequireField(*target->table, column->name, column->place);
+        const std::string assigned = EmitAssigned(*value, field, &scope);
         assignments += fmt::format("{}{} = {}", assignments.empty() ? "" : ", ", QuoteName(field.name),
-                                   EmitAssigned(*value, field, &scope));
+                                   field.autoIncrement ? AutoNumberSql(*target->table, assigned) : assigned);
     }
     std::string others, where;
     for (const TableRef* ref : tables)

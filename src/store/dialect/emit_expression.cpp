@@ -19,7 +19,8 @@ bool IsZero(const Expression& expression) {
            expression.value.AsLong() == 0;
 }
 
-// The members of a chain of one operator, which the parser nests to the left, in the order in which they stand.
+// The members of a chain of one operator, which the parser nests to the left, in the order in which they
+// stand.
 std::vector<const Expression*> MembersOf(const Expression& chain) {
     std::vector<const Expression*> members;
     const Expression* left = &chain;
@@ -103,7 +104,8 @@ Emitted Emitter::EmitConcatenation(const Expression& expression, const Scope* sc
 Emitted Emitter::EmitJunction(const Expression& expression, const Scope* scope) {
     std::string sql = "(";
     for (const Expression* member : MembersOf(expression))
-        sql += (sql.size() > 1 ? fmt::format(" {} ", expression.name) : "") + EmitExpression(*member, scope).sql;
+        sql +=
+            (sql.size() > 1 ? fmt::format(" {} ", expression.name) : "") + EmitExpression(*member, scope).sql;
     return {sql + ")", ValueType::Boolean};
 }
 

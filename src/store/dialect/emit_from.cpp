@@ -37,7 +37,8 @@ Source Emitter::SourceOf(const TableRef& ref) {
     if (const PhysicalTable* table = schema_.Table(ref.table)) return TableSource(ref, *table);
     const std::string* query = schema_.Query(ref.table);
     if (query == nullptr) RequireTable(ref.table, ref.place);
-    if (depth_ >= kDeepestQuery || ++expanded_ > kMostQueries) Fail(ref.place, "Queries select from each other without end in");
+    if (depth_ >= kDeepestQuery || ++expanded_ > kMostQueries)
+        Fail(ref.place, "Queries select from each other without end in");
     const Statement statement = ParseStatement(*query);
     if (statement.kind != StatementKind::Select)
         Fail(ref.place, "Only a select query can be selected from in");

@@ -202,6 +202,7 @@ void Connection::BeginDurable() {
 }
 
 void Connection::CommitDurable() {
+    LostTransaction();
     if (!durableOpen_) return;
     try {
         ExecNative(db_, "COMMIT");
@@ -216,22 +217,30 @@ void Connection::CommitDurable() {
     definitionsChanged_ = false;
 }
 
-// After some failures (a full disk) SQLite has rolled back by itself what the program thinks is open.
+// After some failures (a full disk) SQLite has rolled back by itself what the program thinks is open. What is left of the
+// unit must not be stored then.
 void Connection::LostTransaction() {
-    if (sqlite3_get_autocommit(db_) == 0) return;
+    if (!durableOpen_ || sqlite3_get_autocommit(db_) == 0) return;
     durableOpen_ = false;
+    unitLost_ = unitLost_ || unitOpen_;
     unitOpen_ = false;
     WentBack();
 }
 
-// What the program remembers of the file is read again where a rollback may have taken it away. Numbers once given stay
-// given, so the counters themselves are kept.
+void Connection::RequireUnit() {
+    LostTransaction();
+    if (unitLost_) throw ErrorOf(SQLITE_IOERR, "");
+}
+
+// What the program remembers of the file is read again where a rollback may have taken it away. Numbers once
+// given stay given, so the counters themselves are kept.
 void Connection::WentBack() {
     savedCounters_.clear();
     if (!definitionsChanged_) return;
     definitionsChanged_ = false;
     try {
         LoadSchema();
+        std::erase_if(counters_, [&](const auto& counter) { return Table(counter.first) == nullptr; });
     } catch (const StoreError&) {
         // The failure that led here is the one to tell.
     }
@@ -240,6 +249,7 @@ void Connection::WentBack() {
 void Connection::BeforeWrite() {
     RequireOpen();
     if (readOnly_) throw StoreError(ErrorNumber::ReadOnly, "Can't update. The DataSet is read-only.");
+    RequireUnit();
     for (std::size_t i = 0; i < results_.size(); ++i) results_[i]->Freeze();
     if (engine_.IsJobRunning()) BeginDurable();
     if (!engine_.InTransaction() || unitOpen_) return;
@@ -258,6 +268,8 @@ void Connection::AfterWrite() {
 }
 
 void Connection::CommitUnit() {
+    LostTransaction();
+    if (std::exchange(unitLost_, false)) throw ErrorOf(SQLITE_IOERR, "");
     if (!unitOpen_) return;
     unitOpen_ = false;
     if (unitIsSavepoint_) {
@@ -269,6 +281,8 @@ void Connection::CommitUnit() {
 }
 
 void Connection::RollbackUnit() {
+    LostTransaction();
+    unitLost_ = false;
     if (!unitOpen_) return;
     unitOpen_ = false;
     for (ResultSet* result : results_) result->Freeze();

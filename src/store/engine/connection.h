@@ -133,6 +133,7 @@ private:
     void BeginDurable();
     void CommitDurable();
     void LostTransaction();
+    void RequireUnit();
     void WentBack();
     std::int64_t& Counter(std::string_view table);
     void SaveCounter(std::string_view table);
@@ -161,6 +162,7 @@ private:
     bool durableOpen_ = false;             // BEGIN was said
     bool unitOpen_ = false;                // the engine's transaction has written here
     bool unitIsSavepoint_ = false;
+    bool unitLost_ = false;  // what the engine's transaction wrote here is gone: no more may be written
     bool definitionsChanged_ = false;  // tables or queries, since the last durable commit
     std::chrono::steady_clock::time_point lastCommit_;
 };

@@ -161,11 +161,17 @@ void Connection::Configure() {
 // are ours only if the file is.
 void Connection::CheckFile(bool unclean) {
     struct stat info {};
-    if (!unclean && stat(realPath_.c_str(), &info) == 0 && info.st_size > kMostQuickCheck) return;
+    if (stat(realPath_.c_str(), &info) != 0) info.st_size = 0;
+    {
+        // A last page cut short is read as if it ended in zeroes, which no check sees.
+        NativeStatement page(db_, "PRAGMA page_size");
+        if (page.Step() && info.st_size % page.Long(0) != 0) throw ErrorOf(SQLITE_CORRUPT, "");
+    }
+    if (!unclean && info.st_size > kMostQuickCheck) return;
     ExecNative(db_, "PRAGMA ignore_check_constraints = ON");
     {
         NativeStatement check(db_, unclean ? "PRAGMA integrity_check(1)" : "PRAGMA quick_check(1)");
-        if (!check.Step() || check.Text(0) != "ok") ThrowNative(db_, SQLITE_CORRUPT);
+        if (!check.Step() || check.Text(0) != "ok") throw ErrorOf(SQLITE_CORRUPT, "");
     }
     ExecNative(db_, "PRAGMA ignore_check_constraints = OFF");
 }
@@ -198,6 +204,10 @@ void Connection::Close() {
     // Giving up the exclusive lock removes the journal, so that one file is left.
     sqlite3_exec(db_, "PRAGMA locking_mode = NORMAL; SELECT count(*) FROM sqlite_master", nullptr, nullptr,
                  nullptr);
+    // One that was there at the opening stays even so, until it is asked for.
+    if (!readOnly_ && access((realPath_ + "-journal").c_str(), F_OK) == 0)
+        sqlite3_exec(db_, "PRAGMA journal_mode = PERSIST; PRAGMA journal_mode = DELETE", nullptr, nullptr,
+                     nullptr);
     sqlite3_close_v2(db_);
     db_ = nullptr;
     if (failure) std::rethrow_exception(failure);

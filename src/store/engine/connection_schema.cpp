@@ -38,7 +38,8 @@ public:
     explicit Definition(sqlite3* db) : db_(db) { ExecNative(db_, "SAVEPOINT qln_definition"); }
     ~Definition() {
         if (!kept_)
-            sqlite3_exec(db_, "ROLLBACK TO qln_definition; RELEASE qln_definition", nullptr, nullptr, nullptr);
+            sqlite3_exec(db_, "ROLLBACK TO qln_definition; RELEASE qln_definition", nullptr, nullptr,
+                         nullptr);
     }
     Definition(const Definition&) = delete;
     Definition& operator=(const Definition&) = delete;
@@ -84,7 +85,8 @@ void Connection::RequireFields(const TableDef& def) {
     for (const IndexDef& index : def.indexes)
         for (const std::string& name : index.fields)
             if (def.Field(name) == nullptr)
-                throw StoreError(ErrorNumber::ItemNotFound, fmt::format("The table has no field '{}'.", name));
+                throw StoreError(ErrorNumber::ItemNotFound,
+                                 fmt::format("The table has no field '{}'.", name));
 }
 
 void Connection::AppendTable(const TableDef& def) {
@@ -193,6 +195,7 @@ int Connection::ExecuteDefinition(const dialect::Statement& statement) {
 
 void Connection::DropLookupIndexes() {
     BeforeWrite();
+    Definition definition(db_);
     for (const auto& table : tables_) {
         for (const IndexSql& index : CreateIndexSql(*table)) {
             if (!index.deferrable || !IsBuiltLater(index.name)) continue;
@@ -202,6 +205,7 @@ void Connection::DropLookupIndexes() {
             ExecNative(db_, "DROP INDEX IF EXISTS " + QuoteName(index.name));
         }
     }
+    definition.Keep();
     AfterWrite();
 }
 
@@ -214,14 +218,15 @@ void Connection::BuildLookupIndexes() {
     }
     if (waiting.empty()) return;
     BeforeWrite();
-    ExecNative(db_, "SAVEPOINT qln_indexes");
+    Definition definition(db_);
     for (const TableSpec& spec : DataSetTables()) {
         if (Table(spec.name) == nullptr) continue;
         for (const IndexSql& index : CreateIndexSql(PhysicalTableOf(TableDefOf(spec))))
             if (std::find(waiting.begin(), waiting.end(), index.name) != waiting.end())
-                ExecNative(db_, index.sql);
+                ExecNative(db_, fmt::format("DROP INDEX IF EXISTS {}; {}", QuoteName(index.name), index.sql));
     }
-    ExecNative(db_, "DELETE FROM qln_waiting_indexes; RELEASE qln_indexes");
+    ExecNative(db_, "DELETE FROM qln_waiting_indexes");
+    definition.Keep();
     SchemaChanged();
     AfterWrite();
 }

@@ -14,6 +14,8 @@ namespace quillon::store {
 
 namespace {
 
+constexpr const char* kGone = "The record has been deleted.";
+
 enum Tag : char { kNull, kFalse, kTrue, kInteger, kReal, kText };
 
 template <typename T>
@@ -124,6 +126,8 @@ void ResultSet::Requery() {
     rows_.clear();
     dropped_ = 0;
     complete_ = false;
+    inOrder_ = true;
+    deleted_ = 0;
     Open();
 }
 
@@ -215,6 +219,13 @@ bool ResultSet::IsDeleted(std::size_t row) const {
     return row >= dropped_ && row - dropped_ < rows_.size() && rows_[row - dropped_].deleted;
 }
 
+std::size_t ResultSet::DeletedBefore(std::size_t rows) const {
+    if (deleted_ == 0) return 0;
+    std::size_t count = 0;
+    for (std::size_t row = 0; row < rows; ++row) count += IsDeleted(row) ? 1 : 0;
+    return count;
+}
+
 std::size_t ResultSet::ColumnPlace(std::string_view name) const {
     const auto& columns = Columns();
     for (std::size_t i = 0; i < columns.size(); ++i)
@@ -277,9 +288,14 @@ void ResultSet::UpdateRow(std::size_t row, const std::vector<Value>& values,
         fmt::format("UPDATE {} SET {}{}", QuoteName(BaseTable().def.name), assignments, KeyCondition());
     NativeStatement update(connection.Native(), sql);
     int place = 1;
-    for (const std::size_t i : assigned) update.BindValue(place++, after[i]);
+    for (const std::size_t i : assigned) {
+        update.BindValue(place++, after[i]);
+        if (fields[i]->autoIncrement) connection.NoteAutoNumber(BaseTable().def.name, after[i].AsLong());
+    }
     BindKey(update, place, row);
     update.Step();
+    if (sqlite3_changes(connection.Native()) == 0) throw StoreError(ErrorNumber::RecordDeleted, kGone);
+    inOrder_ = false;
     // The key behind the columns follows a change of the key itself.
     const std::vector<std::string> keys = BaseTable().KeyColumns();
     for (std::size_t k = 0; k < keys.size(); ++k)
@@ -313,7 +329,17 @@ std::size_t ResultSet::InsertRow(const std::vector<Value>& values) {
         places += places.empty() ? "?" : ", ?";
         given.push_back(i);
     }
+    // A number that the result does not show, or that was taken out again, is given all the same.
+    std::int64_t hidden = 0;
+    if (!table.autoField.empty() && std::none_of(given.begin(), given.end(), [&](std::size_t i) {
+            return dialect::SameWord(fields[i]->name, table.autoField);
+        })) {
+        hidden = connection.NextAutoNumber(table.def.name);
+        names += (names.empty() ? "" : ", ") + QuoteName(table.autoField);
+        places += places.empty() ? "?" : ", ?";
+    }
     for (const FieldDef& field : table.def.fields) {
+        if (hidden != 0 && field.autoIncrement) continue;
         const auto has = [&](std::size_t i) { return dialect::SameWord(fields[i]->name, field.name); };
         const bool inKey = table.key == KeyKind::Clustered &&
                            std::count(table.def.PrimaryKey()->fields.begin(),
@@ -322,7 +348,7 @@ std::size_t ResultSet::InsertRow(const std::vector<Value>& values) {
             throw RequiredError(field, inKey);
     }
     const std::string sql =
-        given.empty()
+        names.empty()
             ? fmt::format("INSERT INTO {} DEFAULT VALUES", QuoteName(table.def.name))
             : fmt::format("INSERT INTO {} ({}) VALUES ({})", QuoteName(table.def.name), names, places);
     NativeStatement insert(connection.Native(), sql);
@@ -332,6 +358,7 @@ std::size_t ResultSet::InsertRow(const std::vector<Value>& values) {
         if (dialect::SameWord(fields[i]->name, table.autoField))
             connection.NoteAutoNumber(table.def.name, after[i].AsLong());
     }
+    if (hidden != 0) insert.Bind(place, hidden);
     insert.Step();
     const std::vector<std::string> keys = table.KeyColumns();
     for (std::size_t k = 0; k < keys.size(); ++k) {
@@ -339,10 +366,15 @@ std::size_t ResultSet::InsertRow(const std::vector<Value>& values) {
             after[Columns().size() + k] = std::int64_t{sqlite3_last_insert_rowid(connection.Native())};
         for (const std::size_t i : given)
             if (dialect::SameWord(fields[i]->name, keys[k])) after[Columns().size() + k] = after[i];
+        if (hidden != 0 && keys[k] == table.autoField) after[Columns().size() + k] = hidden;
     }
+    if (hidden != 0)
+        for (std::size_t i = 0; i < fields.size(); ++i)
+            if (fields[i] != nullptr && fields[i]->autoIncrement) after[i] = hidden;
     Row row;
     for (const Value& value : after) Append(row.packed, value);
     rows_.push_back(std::move(row));
+    inOrder_ = false;
     connection.AfterWrite();
     return dropped_ + rows_.size() - 1;
 }
@@ -355,7 +387,9 @@ void ResultSet::DeleteRow(std::size_t row) {
     NativeStatement remove(connection.Native(), sql);
     BindKey(remove, 1, row);
     remove.Step();
+    if (sqlite3_changes(connection.Native()) == 0) throw StoreError(ErrorNumber::RecordDeleted, kGone);
     rows_[row - dropped_].deleted = true;
+    ++deleted_;
     connection.AfterWrite();
 }
 
@@ -378,6 +412,23 @@ void ResultSet::UseIndex(std::string_view indexName) {
     Requery();
 }
 
+// The rows that are left, in the order of the columns: a row written since the others were read stands behind
+// them.
+std::vector<std::size_t> ResultSet::RowsInOrder(const std::vector<std::size_t>& columns) {
+    std::vector<std::size_t> order;
+    for (std::size_t row = 0; Has(row); ++row)
+        if (!IsDeleted(row)) order.push_back(row);
+    if (inOrder_) return order;
+    std::stable_sort(order.begin(), order.end(), [&](std::size_t left, std::size_t right) {
+        for (const std::size_t column : columns) {
+            const int difference = CompareValues(At(left, column), At(right, column));
+            if (difference != 0) return difference < 0;
+        }
+        return false;
+    });
+    return order;
+}
+
 std::ptrdiff_t ResultSet::SeekRow(std::string_view comparison, const std::vector<Value>& key) {
     const IndexDef* index = type_ == RecordsetType::Table ? BaseTable().def.Index(indexName_) : nullptr;
     if (index == nullptr || key.empty() || key.size() > index->fields.size())
@@ -385,25 +436,30 @@ std::ptrdiff_t ResultSet::SeekRow(std::string_view comparison, const std::vector
                          "Seek needs a table with an index, and a key that fits it.");
     std::vector<std::size_t> columns;
     for (std::size_t i = 0; i < key.size(); ++i) columns.push_back(ColumnPlace(index->fields[i]));
-    const auto compare = [&](std::size_t row) {
+    std::size_t count = Count();
+    const bool asRead = inOrder_ && deleted_ == 0;
+    const std::vector<std::size_t> order = asRead ? std::vector<std::size_t>() : RowsInOrder(columns);
+    if (!asRead) count = order.size();
+    const auto rowAt = [&](std::size_t place) { return asRead ? place : order[place]; };
+    const auto compare = [&](std::size_t place) {
         for (std::size_t i = 0; i < key.size(); ++i) {
-            const int order = CompareValues(At(row, columns[i]), key[i]);
-            if (order != 0) return order;
+            const int difference = CompareValues(At(rowAt(place), columns[i]), key[i]);
+            if (difference != 0) return difference;
         }
         return 0;
     };
-    // The rows stand in the order of the index: two binary searches bound those that are equal.
+    // In the order of the index two binary searches bound the rows that are equal.
     const auto first = [&](int least) {
-        std::size_t low = 0, high = Count();
+        std::size_t low = 0, high = count;
         while (low < high) {
             const std::size_t middle = low + (high - low) / 2;
             compare(middle) < least ? low = middle + 1 : high = middle;
         }
         return low;
     };
-    const std::size_t from = first(0), to = first(1), count = Count();
-    const auto found = [&](bool hit, std::size_t row) {
-        return hit ? static_cast<std::ptrdiff_t>(row) : std::ptrdiff_t{-1};
+    const std::size_t from = first(0), to = first(1);
+    const auto found = [&](bool hit, std::size_t place) {
+        return hit ? static_cast<std::ptrdiff_t>(rowAt(place)) : std::ptrdiff_t{-1};
     };
     if (comparison == "=") return found(from < to, from);
     if (comparison == ">=") return found(from < count, from);

@@ -35,6 +35,8 @@ public:
     bool Has(std::size_t row);
     std::size_t Count();  // of all rows
     bool IsDeleted(std::size_t row) const;
+    // How many of the first `rows` rows are deleted.
+    std::size_t DeletedBefore(std::size_t rows) const;
     Value At(std::size_t row, std::size_t column);
     const std::vector<dialect::OutputColumn>& Columns() const { return compiled_->translation.columns; }
     // Without regard to case; 3265 for no such column.
@@ -69,6 +71,7 @@ private:
     std::string KeyCondition() const;
     void BindKey(NativeStatement& statement, int first, std::size_t row);
     std::vector<const FieldDef*> FieldsOfColumns() const;
+    std::vector<std::size_t> RowsInOrder(const std::vector<std::size_t>& columns);
 
     std::shared_ptr<Handle> handle_;
     std::shared_ptr<Connection> connection_;  // outlives the handle's own hold, to give the statement back
@@ -80,6 +83,8 @@ private:
     std::size_t dropped_ = 0;  // rows that a ForwardOnly result has let go
     bool live_ = false;        // the row at dropped_ + rows_.size() is in the statement
     bool complete_ = false;
+    bool inOrder_ = true;     // no row was changed or added since they were read
+    std::size_t deleted_ = 0;
     std::string indexName_ = "PrimaryKey";
 };
 

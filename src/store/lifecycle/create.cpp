@@ -69,6 +69,16 @@ void SeedChangeOperations(Database& database) {
     }
 }
 
+// The failure that led here is the one to tell, whatever else fails on the way out.
+void Abandon(Engine& engine, Database& database) {
+    try {
+        if (engine.InTransaction()) engine.Rollback();
+        database.Close();
+    } catch (const StoreError&) {
+        return;
+    }
+}
+
 }  // namespace
 
 void Lifecycle::CreateDataSetFile(const std::string& path) {
@@ -82,9 +92,9 @@ void Lifecycle::CreateDataSetFile(const std::string& path) {
         engine_.CommitTrans();
         database->Close();
     } catch (...) {
-        if (engine_.InTransaction()) engine_.Rollback();
-        database->Close();
+        Abandon(engine_, *database);
         RemoveFile(path);
+        RemoveFile(path + "-journal");
         throw;
     }
 }

@@ -84,7 +84,9 @@ std::string Lifecycle::CompareDataSetVersion(std::string_view version) const {
     return "UN";
 }
 
-std::string Lifecycle::OpenDataSetFile(const std::string& path) {
+std::string Lifecycle::OpenDataSetFile(const std::string& wanted) {
+    // A caller may hand in gDataSetPath itself, which the closing clears.
+    const std::string path = wanted;
     lastOpenError_.clear();
     try {
         CloseDataSet();

@@ -1,0 +1,1 @@
+ALTER TABLE [qb_comments] ADD COLUMN extra TEXT(20);

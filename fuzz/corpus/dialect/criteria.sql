@@ -1,0 +1,1 @@
+?unit_name1 Like 'A*' And (rank_id = 10 Or Not usage Is Null)

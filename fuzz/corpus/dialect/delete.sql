@@ -1,0 +1,1 @@
+DELETE * FROM qb_taxonomic_units WHERE qb_id = 2;

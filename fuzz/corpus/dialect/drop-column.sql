@@ -1,0 +1,1 @@
+ALTER TABLE qb_comments DROP COLUMN commentator;

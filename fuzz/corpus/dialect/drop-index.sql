@@ -1,0 +1,1 @@
+DROP INDEX tsn ON qb_taxonomic_units;

@@ -1,0 +1,1 @@
+SELECT Trim(UCase(unit_name1)), chr(65), Len(unit_name1), Left(unit_name1, 2) FROM qb_taxonomic_units;

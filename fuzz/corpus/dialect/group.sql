@@ -1,0 +1,1 @@
+SELECT rank_id, Count(*), Max(qb_id) FROM qb_taxonomic_units GROUP BY rank_id HAVING Count(*) > 0;

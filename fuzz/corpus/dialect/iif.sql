@@ -1,0 +1,1 @@
+SELECT IIf(unit_ind1 Is Null, '', unit_ind1 + ' ') & IIf(usage = 'valid', 1, ) FROM qb_taxonomic_units;

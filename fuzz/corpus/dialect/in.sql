@@ -1,0 +1,1 @@
+SELECT * FROM qb_taxonomic_units WHERE qb_id In (1, 2) Or qb_id In (SELECT qb_id FROM qb_vernaculars) And rank_id Between 10 And 30;

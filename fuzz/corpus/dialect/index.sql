@@ -1,0 +1,1 @@
+CREATE INDEX second ON qb_comments (comment_id);

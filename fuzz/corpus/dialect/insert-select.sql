@@ -1,0 +1,1 @@
+INSERT INTO journal (qb_id) SELECT qb_id FROM qb_taxonomic_units;

@@ -1,0 +1,1 @@
+INSERT INTO qb_comments (comment_id, comment_detail) VALUES (1, "a""b");

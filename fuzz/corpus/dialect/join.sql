@@ -1,0 +1,1 @@
+SELECT t.qb_id, a.taxon_author FROM qb_taxonomic_units AS t LEFT JOIN qb_taxon_authors_lookup AS a ON t.qb_taxon_author_id = a.qb_taxon_author_id;

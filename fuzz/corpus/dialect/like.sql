@@ -1,0 +1,1 @@
+SELECT * FROM qb_taxonomic_units WHERE unit_name1 Like 'A*[a-n]?#' And StrComp(usage, 'valid', 0) = 0;

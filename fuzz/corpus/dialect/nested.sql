@@ -1,0 +1,1 @@
+SELECT * FROM (qb_taxonomic_units INNER JOIN qb_synonym_links ON qb_taxonomic_units.qb_id = qb_synonym_links.qb_id) INNER JOIN qb_vernaculars ON qb_taxonomic_units.qb_id = qb_vernaculars.qb_id;

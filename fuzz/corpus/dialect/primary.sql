@@ -1,0 +1,1 @@
+CREATE INDEX PrimaryKey ON db_delta (table_name, old_pk1) WITH PRIMARY;

@@ -1,0 +1,1 @@
+PARAMETERS theid Long; SELECT DISTINCT qb_id, unit_name1 & ' ' & unit_name2 AS name FROM qb_taxonomic_units WHERE qb_id = theid ORDER BY unit_name1;

@@ -1,0 +1,1 @@
+SELECT qb_id FROM qb_taxonomic_units UNION SELECT qb_id FROM qb_vernaculars;

@@ -1,0 +1,1 @@
+UPDATE qb_taxonomic_units INNER JOIN qb_taxon_authors_lookup ON qb_taxonomic_units.kingdom_id = qb_taxon_authors_lookup.kingdom_id SET qb_taxonomic_units.tsn = 5;

@@ -1,0 +1,93 @@
+#include <fmt/format.h>
+#include <sys/stat.h>
+
+#include <cstdio>
+
+#include "batch/session.h"
+#include "export/export_job.h"
+#include "validation/record_filter.h"
+
+namespace quillon::batch {
+
+namespace {
+
+using exporting::Encoding;
+using exporting::ExportKind;
+using exporting::ExportOrder;
+using exporting::ExportOutcome;
+using exporting::ExportResult;
+
+int ListTypeOf(std::string_view list) {
+    return list == "name" ? 1 : (list == "author" ? 2 : 3);
+}
+
+ExportOrder OrderOf(const ExportArguments& arguments) {
+    ExportOrder order;
+    if (arguments.online) order.kind = ExportKind::Online;
+    if (!arguments.list.empty()) {
+        order.kind = ExportKind::List;
+        order.listType = ListTypeOf(arguments.list);
+    }
+    if (arguments.encoding == "utf-8") order.encoding = Encoding::Utf8;
+    return order;
+}
+
+bool Exists(const std::string& path) {
+    struct stat info {};
+    return lstat(path.c_str(), &info) == 0;
+}
+
+// The list of values that CP1252 cannot hold, and how many they are.
+void RefuseForeign(exporting::ExportJob& job, Prompter& prompter) {
+    job.onForeign = [](const exporting::OddValue& value) {
+        std::fprintf(stderr, "%s\n", exporting::Describe(value).c_str());
+    };
+    job.allowUtf8 = [&prompter](const exporting::OddValues& foreign) {
+        prompter.Message(
+            fmt::format(
+                "CP1252, the code page of the file, cannot hold {} listed above.  Nothing was written; "
+                "--encoding utf-8 writes the file as UTF-8 with a byte order mark.",
+                foreign.count == 1 ? "the value" : fmt::format("the {} values", foreign.count)),
+            "");
+        return false;
+    };
+}
+
+ExitStatus Tell(Session& session, const ExportOrder& order, const ExportResult& result) {
+    if (result.outcome == ExportOutcome::Canceled) session.prompter.Message(exporting::kExportCanceled, "");
+    if (result.outcome != ExportOutcome::Done) return ExitStatus::Failed;
+    if (order.kind != ExportKind::List) session.prompter.Message(exporting::TotalText(session.state), "");
+    exporting::TellBreaking(session.prompter, result.breaking);
+    const bool findings = order.kind == ExportKind::Online && session.state.gErrorsOccurred;
+    return findings ? ExitStatus::Findings : ExitStatus::Done;
+}
+
+}  // namespace
+
+ExitStatus RunExport(const CommonOptions& options, const std::string& path,
+                     const ExportArguments& arguments) {
+    Session session(options);
+    session.Open(path);
+    ApplicationState& state = session.state;
+    state.gExportPath = path;
+    state.gExportFile = arguments.file;
+    if (const auto wrong =
+            validation::ReadFilterText(*state.gDatabase, arguments.filter, state.gRecordFilter)) {
+        session.prompter.Message(*wrong, "");
+        return ExitStatus::Failed;
+    }
+    if (Exists(arguments.file) && !session.prompter.AskYesNo(arguments.file + " Exists.  Overwrite?", ""))
+        return ExitStatus::Failed;
+    ProgressLine progress(options.progress);
+    const validation::SystemClock clock;
+    exporting::ExportJob job(state, session.engine,
+                             {session.prompter, session.pump, clock,
+                              [&](double percent) { progress.Show(percent); }, options.workDir});
+    RefuseForeign(job, session.prompter);
+    const ExportOrder order = OrderOf(arguments);
+    const ExportResult result = job.Run(order);
+    session.lifecycle.CloseDataSet();
+    return Tell(session, order, result);
+}
+
+}  // namespace quillon::batch

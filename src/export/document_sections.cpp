@@ -1,0 +1,100 @@
+// The reference links, and the documents that they and the links of vernaculars reach.
+
+#include <fmt/format.h>
+
+#include "export/tagged_run.h"
+
+namespace quillon::exporting {
+
+namespace {
+
+using store::RowStream;
+
+std::int32_t Id(const RowStream& rows, std::size_t place) {
+    return static_cast<std::int32_t>(rows.Long(place));
+}
+
+void ExportLinks(TaggedRun& run) {
+    const RecordLayout& layout = kReferenceRecord;
+    const std::size_t prefix = layout.Place("qb_documentation_id_prefix");
+    const std::size_t document = layout.Place("qb_documentation_id");
+    RowStream rows(run.tools.database, layout.table, layout.Columns(), run.RowsAmong("qb_id", run.selected));
+    run.ForEachRow(rows, [&] {
+        const std::int32_t qb_id = Id(rows, 0);
+        if (!run.selected.Has(qb_id)) return;
+        run.tools.CountRow();
+        run.documents.Add(rows.Text(prefix), Id(rows, document));
+        if (run.exclusion.LinkIsExportable(qb_id, rows.Text(prefix), Id(rows, document)))
+            run.WriteRow(layout, rows);
+    });
+}
+
+void AddDocumentsOfVernaculars(TaggedRun& run) {
+    RowStream rows(run.tools.database, kVernReferenceRecord.table,
+                   {"qb_id", "qb_documentation_id_prefix", "qb_documentation_id"},
+                   run.RowsAmong("qb_id", run.selected));
+    while (rows.Next())
+        if (run.selected.Has(Id(rows, 0))) run.documents.Add(rows.Text(1), Id(rows, 2));
+}
+
+// The comment of a document is found by its id alone: where several prefixes share an id, it is that of the
+// first row.
+class Comments {
+public:
+    Comments(store::Database& database, const RecordLayout& layout)
+        : database_(database),
+          layout_(layout),
+          column_(layout.fields.back().column),
+          idColumn_(layout.fields[1].column) {
+        RowStream rows(database_, fmt::format("SELECT {0} FROM {1} GROUP BY {0} HAVING Count(*) > 1;",
+                                              idColumn_, layout.table));
+        while (rows.Next()) shared_.Add(Id(rows, 0));
+    }
+    bool IsShared(std::int32_t id) const { return shared_.Has(id); }
+    std::string First(std::int32_t id) {
+        RowStream rows(database_, fmt::format("SELECT {} from {} where  {} = {};", column_, layout_.table,
+                                              idColumn_, id));
+        return rows.Next() ? std::string(rows.Text(0)) : std::string();
+    }
+
+private:
+    store::Database& database_;
+    const RecordLayout& layout_;
+    std::string_view column_, idColumn_;
+    IdSet shared_;
+};
+
+void WriteDocument(TaggedRun& run, const RecordLayout& layout, const RowStream& rows, Comments& comments) {
+    const std::size_t comment = layout.fields.size() - 1;
+    run.tools.line.Begin(layout);
+    for (std::size_t i = 0; i < comment; ++i) run.AddField(layout, rows, i);
+    const std::int32_t id = Id(rows, 1);
+    comments.IsShared(id) ? run.tools.line.Text(comments.First(id)) : run.tools.line.Text(rows.Text(comment));
+    run.EndLine();
+}
+
+void ExportDocuments(TaggedRun& run, const RecordLayout& layout) {
+    if (run.tools.state.gBatchCancel) return;
+    Comments comments(run.tools.database, layout);
+    RowStream rows(run.tools.database, layout.table, layout.Columns(),
+                   run.RowsAmong(layout.fields[1].column, run.documents.AllIds()));
+    run.ForEachRow(rows, [&] {
+        if (!run.documents.Has(rows.Text(0), Id(rows, 1))) return;
+        run.tools.CountRow();
+        if (run.exclusion.DocIsExportable(rows.Text(0), Id(rows, 1)))
+            WriteDocument(run, layout, rows, comments);
+    });
+}
+
+}  // namespace
+
+void ExportReferenceLinks(TaggedRun& run) {
+    ExportLinks(run);
+    if (run.tools.state.gBatchCancel) return;
+    AddDocumentsOfVernaculars(run);
+    ExportDocuments(run, kPublicationRecord);
+    ExportDocuments(run, kExpertRecord);
+    ExportDocuments(run, kSourceRecord);
+}
+
+}  // namespace quillon::exporting

@@ -1,0 +1,153 @@
+#include "export/export_form.h"
+
+#include <filesystem>
+#include <utility>
+
+#include "core/text.h"
+#include "export/export_paths.h"
+#include "validation/record_filter.h"
+
+namespace quillon::exporting {
+
+namespace {
+
+constexpr std::string_view kSelectTitle = "Select DataSet to Export";
+constexpr std::string_view kSelectFilter = "Access DataSet Files (*.MDB)|*.mdb|All Files (*.*)|*.*";
+constexpr std::string_view kSaveTitle = "Save Exported DataSet As";
+constexpr std::string_view kSaveFilter =
+    "QLN File (*.QLN)|*.qln|Text Files (*.TXT)|*.txt|List Files (*.LIS)|*.lis|All Files (*.*)|*.*";
+constexpr std::string_view kCompleteTitle = "Export Complete";
+
+}  // namespace
+
+FrmNExport::FrmNExport(ApplicationState& state, store::Engine& engine, Prompter& prompter, EventPump& events,
+                       const Clock& clock, std::string workDirectory, validation::FindingMarks& marks)
+    : state_(state), engine_(engine), outside_{prompter, events, clock, {}, std::move(workDirectory),
+                                               {},       &marks} {
+    outside_.gauge = [this](double done) { Gauge1.SetValue(static_cast<int>(done)); };
+    state_.gBatchRunning = false;
+    state_.gBatchCancel = false;
+    form.SetTitle("Export DataSet");
+    state_.gExportPath = state_.gDataSetPath;
+    state_.gExportFile = OfferedFile();
+    ShowPaths();
+    OptDataSet.SetValue(true);
+    optName.SetValue(true);
+    FillFilter();
+    EnableChoices();
+    for (OptionControl* option :
+         {&OptDataSet, &OptOnline, &OptPartial, &optNoFilter, &optModified, &optColumn})
+        option->OnEdit([this] { EnableChoices(); });
+    cmdSelectDB.OnClick([this] { SelectDataSet(); });
+    cmdExportFile.OnClick([this] { SelectFile(); });
+    cmdOK.OnClick([this] { RunExport(); });
+    cmdCancel.OnClick([this] { Cancel(); });
+    form.OnUserClose([this] { Cancel(); });
+}
+
+void FrmNExport::FillFilter() {
+    for (auto [combo, text] : {std::pair(&cboFields, "taxonomic_credibility_rating"),
+                               std::pair(&cboOperators, "="), std::pair(&cboValues, "KSP Standards Met")}) {
+        combo->AddItem(text);
+        combo->SetListIndex(0);
+    }
+    optNoFilter.SetValue(true);
+}
+
+void FrmNExport::EnableChoices() {
+    fraPartial.SetEnabled(OptPartial.Value());
+    for (OptionControl* option : {&optName, &optAuthority, &optRank}) option->SetEnabled(OptPartial.Value());
+    for (ComboControl* combo : {&cboFields, &cboOperators, &cboValues}) combo->SetEnabled(optColumn.Value());
+}
+
+void FrmNExport::ShowPaths() {
+    lblDataSet.SetCaption(kDataSetLine + state_.gExportPath);
+    lblFile.SetCaption(kFileLine + state_.gExportFile);
+}
+
+std::string FrmNExport::OfferedFile() const {
+    return WithQln(state_.gExportPath);
+}
+
+void FrmNExport::SelectDataSet() {
+    const auto path = outside_.prompter.FileToOpen(kSelectTitle, kSelectFilter);
+    if (!path) return;
+    state_.gExportPath = *path;
+    ShowPaths();
+}
+
+void FrmNExport::SelectFile() {
+    const auto path = outside_.prompter.FileToSave(kSaveTitle, kSaveFilter, false);
+    if (!path) return;
+    state_.gExportFile = WithExtension(*path, ".EXP");
+    ShowPaths();
+}
+
+std::string FrmNExport::Filter() const {
+    if (optModified.Value()) return std::string(validation::kJournalFilter);
+    if (optColumn.Value())
+        return validation::ColumnClause(Trim(cboFields.Text()), Trim(cboOperators.Text()), cboValues.Text());
+    return std::string(validation::kNoFilter);
+}
+
+ExportOrder FrmNExport::Order() const {
+    ExportOrder order;
+    if (OptOnline.Value()) order.kind = ExportKind::Online;
+    if (!OptPartial.Value()) return order;
+    order.kind = ExportKind::List;
+    order.listType = optRank.Value() ? 3 : (optAuthority.Value() ? 2 : 1);
+    return order;
+}
+
+void FrmNExport::RunExport() {
+    if (state_.gBatchRunning) return;
+    std::error_code error;
+    const bool exists = std::filesystem::exists(state_.gExportFile, error);
+    if (exists && !outside_.prompter.AskYesNo(state_.gExportFile + " Exists.  Overwrite?", ""))
+        return SelectFile();
+    state_.gBatchRunning = true;
+    state_.gBatchCancel = false;
+    state_.gRecordFilter = Filter();
+    Export();
+    state_.gBatchRunning = false;
+    Gauge1.SetValue(0);
+}
+
+void FrmNExport::Export() {
+    ExportJob job(state_, engine_, outside_);
+    const ExportOrder order = Order();
+    const ExportResult result = job.Run(order);
+    if (order.kind == ExportKind::List) {
+        if (result.outcome == ExportOutcome::Done) TellBreaking(outside_.prompter, result.breaking);
+    } else {
+        Tell(result);
+    }
+}
+
+void FrmNExport::Tell(const ExportResult& result) {
+    if (result.outcome == ExportOutcome::Failed) return;
+    if (result.outcome != ExportOutcome::Done) return outside_.prompter.Message(kExportCanceled);
+    Gauge1.SetValue(100);
+    TellTotal();
+    TellBreaking(outside_.prompter, result.breaking);
+}
+
+void FrmNExport::TellTotal() {
+    const std::string total = TotalText(state_);
+    if (!state_.gErrorsOccurred) return outside_.prompter.Message(total);
+    if (outside_.prompter.AskYesNo(total + "  View error log?", kCompleteTitle))
+        outside_.prompter.ShowModal("FrmVError");
+}
+
+void FrmNExport::Cancel() {
+    if (state_.gBatchRunning)
+        state_.gBatchCancel = true;
+    else
+        form.Close();
+}
+
+void ExportCommand(Prompter& prompter) {
+    prompter.ShowModal("FrmNExport");
+}
+
+}  // namespace quillon::exporting

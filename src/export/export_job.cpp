@@ -1,0 +1,142 @@
+#include "export/export_job.h"
+
+#include <fmt/format.h>
+
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+#include "export/name_list.h"
+#include "export/tagged_export.h"
+#include "store/lifecycle/file_copy.h"
+#include "validation/record_filter.h"
+
+namespace quillon::exporting {
+
+namespace {
+
+constexpr std::string_view kForeignTitle = "Export DataSet";
+
+std::string Values(std::int64_t count, std::string_view one, std::string_view many) {
+    return fmt::format("{} {}", count, count == 1 ? one : many);
+}
+
+std::string ForeignText(const OddValues& foreign) {
+    return fmt::format(
+        "{} characters that CP1252, the code page of the file, does not have.  The first is {}.  Write the "
+        "file as UTF-8 with a byte order mark instead?",
+        Values(foreign.count, "value holds", "values hold"), Describe(foreign.first));
+}
+
+class RejectedLists {
+public:
+    explicit RejectedLists(ApplicationState& state) : state_(state) { Empty(); }
+    ~RejectedLists() { Empty(); }
+    RejectedLists(const RejectedLists&) = delete;
+    RejectedLists& operator=(const RejectedLists&) = delete;
+
+private:
+    void Empty() {
+        state_.gRejectedTaxa.clear();
+        state_.gRejectedDocs.clear();
+    }
+    ApplicationState& state_;
+};
+
+class WaitCursor {
+public:
+    explicit WaitCursor(Prompter& prompter) : prompter_(prompter) { prompter_.WaitCursor(true); }
+    ~WaitCursor() { prompter_.WaitCursor(false); }
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+
+private:
+    Prompter& prompter_;
+};
+
+bool IsSameFile(const std::string& left, const std::string& right) {
+    std::error_code error;
+    return std::filesystem::equivalent(left, right, error) && !error;
+}
+
+}  // namespace
+
+std::string TotalText(const ApplicationState& state) {
+    return fmt::format("A Total of {} Records were Exported.", state.gExportedCount);
+}
+
+void TellBreaking(Prompter& prompter, const OddValues& breaking) {
+    if (breaking.count == 0) return;
+    prompter.Message(fmt::format(
+        "{} the separator or a line break, and a reader of the file will break the record there.  "
+        "The first is {}",
+        Values(breaking.count, "value holds", "values hold"), Describe(breaking.first)));
+}
+
+ExportJob::ExportJob(ApplicationState& state, store::Engine& engine, validation::ValidationOutside outside)
+    : state_(state), engine_(engine), outside_(std::move(outside)) {}
+
+ExportResult ExportJob::Run(const ExportOrder& order) {
+    const WaitCursor wait(outside_.prompter);
+    const RejectedLists lists(state_);
+    try {
+        return WriteFile(order);
+    } catch (const store::StoreError& error) {
+        outside_.prompter.Message("Failed " + error.Description());
+    } catch (const ExportError& error) {
+        outside_.prompter.Message(error.what());
+    }
+    return {};
+}
+
+// A DataSet that is open anywhere is not written over, least of all the one that is exported.
+void ExportJob::RefuseDataSets() const {
+    if (IsSameFile(state_.gExportFile, state_.gExportPath) ||
+        IsSameFile(state_.gExportFile, state_.gDataSetPath))
+        throw ExportError(
+            fmt::format("'{}' is an open DataSet, and cannot be overwritten.", state_.gExportFile));
+    store::RefuseFileInUse(engine_, state_.gExportFile);
+}
+
+ExportResult ExportJob::WriteFile(const ExportOrder& order) {
+    const store::DatabaseHandle database = engine_.OpenDatabase(state_.gExportPath);
+    if (const auto wrong = validation::CheckRecordFilter(*database, state_.gRecordFilter))
+        throw ExportError(*wrong);
+    RefuseDataSets();
+    ExportFile file(state_.gExportFile, order.encoding);
+    const bool anyText = order.encoding == Encoding::Utf8;
+    LineWriter line(file, anyText ? LineWriter::Listener() : onForeign);
+    ExportTools tools{state_, *database, outside_.prompter, outside_.events, outside_.gauge, line};
+    state_.gRecordsDone = 0;
+    WriteRecords(order, tools);
+    ExportResult result;
+    result.breaking = line.Breaking();
+    if (!anyText && line.Foreign().count > 0 && !AskUtf8(line.Foreign())) {
+        result.outcome = ExportOutcome::Refused;
+        return result;
+    }
+    file.Publish();
+    result.outcome = state_.gBatchCancel ? ExportOutcome::Canceled : ExportOutcome::Done;
+    return result;
+}
+
+void ExportJob::WriteRecords(const ExportOrder& order, ExportTools& tools) {
+    if (order.kind == ExportKind::List) return WriteNameList(tools, order.listType);
+    state_.gValidatingForExport = order.kind == ExportKind::Online;
+    if (state_.gValidatingForExport) ValidateForExport();
+    WriteTaggedFile(tools);
+}
+
+// The rules compare with the kingdom of the open DataSet, whichever is exported.
+void ExportJob::ValidateForExport() {
+    if (state_.gDatabase == nullptr)
+        throw ExportError("A DataSet must be open to export for the online system!");
+    validation::ValidateDataSet(state_, engine_, outside_);
+}
+
+bool ExportJob::AskUtf8(const OddValues& foreign) {
+    if (allowUtf8) return allowUtf8(foreign);
+    return outside_.prompter.AskYesNo(ForeignText(foreign), kForeignTitle);
+}
+
+}  // namespace quillon::exporting

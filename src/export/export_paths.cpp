@@ -1,0 +1,27 @@
+#include "export/export_paths.h"
+
+#include <filesystem>
+
+#include "core/text.h"
+
+namespace quillon::exporting {
+
+namespace {
+
+constexpr std::size_t kExtensionLength = 4;
+
+}  // namespace
+
+std::string WithQln(const std::string& path) {
+    if (path.empty()) return {};
+    const std::size_t length = CharacterCount(path);
+    const std::size_t kept = length > kExtensionLength ? length - kExtensionLength : 0;
+    return std::string(LeftCharacters(path, kept)) + ".qln";
+}
+
+std::string WithExtension(const std::string& path, std::string_view extension) {
+    const bool complete = std::filesystem::path(path).filename().string().find('.') != std::string::npos;
+    return complete ? path : path + std::string(extension);
+}
+
+}  // namespace quillon::exporting

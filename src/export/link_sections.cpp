@@ -1,0 +1,134 @@
+// The records that belong to a taxon by its qb_id, and the authors: a row travels only with a selected taxon.
+
+#include "export/tagged_run.h"
+
+namespace quillon::exporting {
+
+namespace {
+
+using store::RowStream;
+
+std::int32_t Id(const RowStream& rows, std::size_t place) {
+    return static_cast<std::int32_t>(rows.Long(place));
+}
+
+// The rows of the record's table whose taxon is selected; `visit` takes its id.
+template <typename Visit>
+void ForEachOfTaxa(TaggedRun& run, const RecordLayout& layout, const Visit& visit) {
+    RowStream rows(run.tools.database, layout.table, layout.Columns(), run.RowsAmong("qb_id", run.selected));
+    const std::size_t taxon = layout.Place("qb_id");
+    run.ForEachRow(rows, [&] {
+        const std::int32_t qb_id = Id(rows, taxon);
+        if (rows.IsNull(taxon) || !run.selected.Has(qb_id)) return;
+        run.tools.CountRow();
+        visit(rows, qb_id);
+    });
+}
+
+void ExportRowsOfTaxa(TaggedRun& run, const RecordLayout& layout) {
+    ForEachOfTaxa(run, layout, [&](const RowStream& rows, std::int32_t qb_id) {
+        if (run.exclusion.RowIsExportable(qb_id)) run.WriteRow(layout, rows);
+    });
+}
+
+// The rows of the record's table whose id, in its first column, is among those met before.
+template <typename Exportable>
+void ExportRowsById(TaggedRun& run, const RecordLayout& layout, const IdSet& ids,
+                    const Exportable& exportable) {
+    RowStream rows(run.tools.database, layout.table, layout.Columns(),
+                   run.RowsAmong(layout.fields[0].column, ids));
+    run.ForEachRow(rows, [&] {
+        const std::int32_t id = Id(rows, 0);
+        if (!ids.Has(id)) return;
+        run.tools.CountRow();
+        if (exportable(id)) run.WriteRow(layout, rows);
+    });
+}
+
+IdSet AllTaxa(store::Database& database) {
+    IdSet ids;
+    RowStream rows(database, kTaxonRecord.table, {"qb_id"}, {store::TableRows::Order::Any});
+    while (rows.Next()) ids.Add(Id(rows, 0));
+    return ids;
+}
+
+}  // namespace
+
+void ExportAuthors(TaggedRun& run) {
+    ExportRowsById(run, kAuthorRecord, run.authors,
+                   [&](std::int32_t authorId) { return run.exclusion.AuthorIsExportable(authorId); });
+}
+
+void ExportNodc(TaggedRun& run) {
+    ExportRowsOfTaxa(run, kNodcRecord);
+}
+void ExportVernaculars(TaggedRun& run) {
+    ExportRowsOfTaxa(run, kVernacularRecord);
+}
+void ExportGeographicDivisions(TaggedRun& run) {
+    ExportRowsOfTaxa(run, kDivisionRecord);
+}
+void ExportJurisdictions(TaggedRun& run) {
+    ExportRowsOfTaxa(run, kJurisdictionRecord);
+}
+
+// Both taxa must be selected; for the journal one of them, and the other need only be there.
+void ExportSynonymLinks(TaggedRun& run) {
+    const IdSet existing = run.journal ? AllTaxa(run.tools.database) : IdSet();
+    const auto isSelected = [&](std::int32_t synonym, std::int32_t accepted) {
+        if (!run.journal) return run.selected.Has(synonym) && run.selected.Has(accepted);
+        return existing.Has(synonym) && existing.Has(accepted) &&
+               (run.selected.Has(synonym) || run.selected.Has(accepted));
+    };
+    RowStream rows(run.tools.database, kSynonymRecord.table, kSynonymRecord.Columns());
+    run.ForEachRow(rows, [&] {
+        if (!isSelected(Id(rows, 0), Id(rows, 1))) return;
+        run.tools.CountRow();
+        if (run.exclusion.RowIsExportable(Id(rows, 0))) run.WriteRow(kSynonymRecord, rows);
+    });
+}
+
+void ExportVernRefLinks(TaggedRun& run) {
+    const std::size_t prefix = kVernReferenceRecord.Place("qb_documentation_id_prefix");
+    const std::size_t document = kVernReferenceRecord.Place("qb_documentation_id");
+    ForEachOfTaxa(run, kVernReferenceRecord, [&](const RowStream& rows, std::int32_t qb_id) {
+        if (run.exclusion.LinkIsExportable(qb_id, rows.Text(prefix), Id(rows, document)))
+            run.WriteRow(kVernReferenceRecord, rows);
+    });
+}
+
+void ExportComments(TaggedRun& run) {
+    const std::size_t comment = kCommentLinkRecord.Place("qb_comment_id");
+    ForEachOfTaxa(run, kCommentLinkRecord, [&](const RowStream& rows, std::int32_t qb_id) {
+        run.comments.Add(Id(rows, comment));
+        if (run.exclusion.RowIsExportable(qb_id)) run.WriteRow(kCommentLinkRecord, rows);
+    });
+    if (run.tools.state.gBatchCancel) return;
+    ExportRowsById(run, kCommentRecord, run.comments,
+                   [&](std::int32_t commentId) { return run.exclusion.CommentIsExportable(commentId); });
+}
+
+void ExportChangeTracks(TaggedRun& run) {
+    ForEachOfTaxa(run, kChangeTrackRecord, [&](const RowStream& rows, std::int32_t) {
+        run.changeTracks.Add(Id(rows, 0));
+        run.WriteRow(kChangeTrackRecord, rows);
+    });
+}
+
+void ExportChangeOperations(TaggedRun& run) {
+    ExportRowsById(run, kChangeOperationRecord, run.changeTracks, [](std::int32_t) { return true; });
+}
+
+void ExportChangeComments(TaggedRun& run) {
+    ExportRowsById(run, kChangeCommentRecord, run.changeTracks, [](std::int32_t) { return true; });
+}
+
+void ExportTombstones(TaggedRun& run) {
+    RowStream rows(run.tools.database, "db_tombstone", {"pk1", "pk2", "pk3", "pk4", "table_name"});
+    run.ForEachRow(rows, [&] {
+        run.tools.CountRow();
+        run.WriteRow(TombstoneRecord(rows.Text(4)), rows);
+    });
+}
+
+}  // namespace quillon::exporting

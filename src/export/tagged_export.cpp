@@ -1,0 +1,32 @@
+#include "export/tagged_export.h"
+
+#include <array>
+
+#include "validation/record_filter.h"
+
+namespace quillon::exporting {
+
+namespace {
+
+using Section = void (*)(TaggedRun&);
+
+constexpr std::array<Section, 14> kSections = {
+    ExportTaxa,           ExportAuthors,        ExportNodc,
+    ExportVernaculars,    ExportSynonymLinks,   ExportGeographicDivisions,
+    ExportJurisdictions,  ExportReferenceLinks, ExportVernRefLinks,
+    ExportComments,       ExportChangeTracks,   ExportChangeOperations,
+    ExportChangeComments, ExportTombstones,
+};
+
+}  // namespace
+
+int WriteTaggedFile(ExportTools& tools) {
+    tools.state.gExportedCount = 0;
+    if (!tools.state.gValidatingForExport) validation::CountBatchRecords(tools.state, tools.database);
+    TaggedRun run(tools);
+    for (const Section section : kSections)
+        if (!tools.state.gBatchCancel) section(run);
+    return run.taxaWritten;
+}
+
+}  // namespace quillon::exporting

@@ -1,0 +1,78 @@
+// What the sections of one tagged export share: the DataSet, the file's line writer, the taxa under the
+// filter, what the sections before have met, and the turn of the row loop. Made by WriteTaggedFile and gone
+// with it.
+#pragma once
+
+#include <cstdint>
+
+#include "core/application_state.h"
+#include "core/outside.h"
+#include "export/exclusion.h"
+#include "export/id_set.h"
+#include "export/line_writer.h"
+#include "store/engine.h"
+#include "store/row_stream.h"
+#include "validation/table_checks.h"
+
+namespace quillon::exporting {
+
+// What an export runs on; the forms and quillon-batch make it.
+struct ExportTools {
+    ApplicationState& state;
+    store::Database& database;
+    Prompter& prompter;
+    EventPump& events;
+    const validation::Gauge& gauge;
+    LineWriter& line;
+
+    // One row's turn: lets events through; false when the run is canceled.
+    bool NextTurn();
+    // Counts the row and moves the gauge.
+    void CountRow();
+};
+
+struct TaggedRun {
+    explicit TaggedRun(ExportTools& exportTools);
+
+    // The loop over the rows of a table: `visit` is run for each until the end or the Cancel.
+    template <typename Visit>
+    void ForEachRow(store::RowStream& rows, const Visit& visit) {
+        while (rows.Next() && tools.NextTurn()) visit();
+    }
+    // Rows of a record's table for the sections that read by id: all of them, or under a filter that leaves
+    // few ids, those.
+    store::TableRows RowsAmong(std::string_view column, const IdSet& ids) const;
+    // A field as the layout has it; one of the form Other as a text.
+    void AddField(const RecordLayout& layout, const store::RowStream& rows, std::size_t place);
+    void WriteRow(const RecordLayout& layout, const store::RowStream& rows);
+    void EndLine();
+
+    ExportTools& tools;
+    Exclusion exclusion;
+    bool filtered = false;  // gRecordFilter is other than "none"
+    bool journal = false;
+    IdSet listed;    // the ids of the filter's list, whether there is such a taxon or not
+    IdSet selected;  // the taxa among them
+    IdSet authors;   // of the selected taxa
+    DocumentSet documents;
+    IdSet comments, changeTracks;
+    int taxaWritten = 0;
+};
+
+// The sections, in their order.
+void ExportTaxa(TaggedRun& run);
+void ExportAuthors(TaggedRun& run);
+void ExportNodc(TaggedRun& run);
+void ExportVernaculars(TaggedRun& run);
+void ExportSynonymLinks(TaggedRun& run);
+void ExportGeographicDivisions(TaggedRun& run);
+void ExportJurisdictions(TaggedRun& run);
+void ExportReferenceLinks(TaggedRun& run);
+void ExportVernRefLinks(TaggedRun& run);
+void ExportComments(TaggedRun& run);
+void ExportChangeTracks(TaggedRun& run);
+void ExportChangeOperations(TaggedRun& run);
+void ExportChangeComments(TaggedRun& run);
+void ExportTombstones(TaggedRun& run);
+
+}  // namespace quillon::exporting

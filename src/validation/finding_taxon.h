@@ -1,0 +1,15 @@
+// Which taxon to bring up for a finding.
+#pragma once
+
+#include <optional>
+
+#include "store/engine.h"
+#include "validation/findings.h"
+
+namespace quillon::validation {
+
+// The qb_id of the taxon itself, or of the first that has the author or refers to the document; nothing when
+// none does.
+std::optional<int> TaxonOfFinding(store::Database& database, const FindingMark& mark);
+
+}  // namespace quillon::validation

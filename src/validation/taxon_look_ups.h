@@ -1,0 +1,129 @@
+// What the taxon rules ask of other records: parents, authors, accepted names, documents. It is read in whole
+// tables, once for a run, so that no row costs a query; what it gives is what the named queries would give
+// for the row.
+//
+// The taxa are asked for in ascending qb_id.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "store/engine.h"
+#include "validation/id_table.h"
+#include "validation/keyed_walk.h"
+#include "validation/rows.h"
+
+namespace quillon::validation {
+
+// Of a taxon that others are placed under or linked to.
+struct TaxonFacts {
+    std::int32_t id = 0;
+    std::int16_t rank_id = 0;
+    bool hasRank = false;
+    bool isUsable = false;  // its usage is "valid" or "accepted"
+};
+
+struct AuthorFacts {
+    std::string_view text;  // empty when it is Null, or there is no such author
+    int year = 0;           // as YearFromAuthor gives it
+};
+
+// An accepted name that a synonym links to.
+struct AcceptedLink {
+    std::int32_t qb_id = 0;
+    bool exists = true;
+    bool isUsable = false;
+};
+
+struct PublicationFacts {
+    std::int32_t id = 0;
+    std::int32_t actualYear = 0;   // of actual_pub_date; kNoDateYear when it has none
+    std::array<char, 3> prefix{};  // filled up with NUL
+};
+inline constexpr std::int32_t kNoDateYear = INT32_MIN;
+
+struct PublicationLink {
+    const PublicationFacts* publication;
+    bool isOriginal;
+};
+
+// The documents of a taxon that are there.
+struct TaxonReferences {
+    std::vector<PublicationLink> publications;  // in the order of the links
+    bool hasExpert = false;
+    bool hasOtherSource = false;
+};
+
+// Called for each row that is read; false ends the reading.
+using Continue = std::function<bool()>;
+
+class TaxonTable {
+public:
+    // The parents of the taxa under the filter, and the names that they are linked to.
+    TaxonTable(store::Database& database, std::string_view filter, const Continue& goOn);
+    // nullptr when there is no such taxon.
+    const TaxonFacts* Find(std::int64_t qb_id) const { return taxa_.Find(qb_id); }
+
+private:
+    IdTable<TaxonFacts> taxa_;
+};
+
+class AuthorTable {
+public:
+    AuthorTable(store::Database& database, std::string_view filter, const Continue& goOn);
+    AuthorFacts Find(std::int64_t qb_taxon_author_id) const;
+
+private:
+    struct Place {
+        std::int32_t id = 0;
+        std::uint32_t begin = 0;  // the text ends where the next one begins
+        std::int32_t year = 0;
+    };
+    IdTable<Place> places_;
+    std::string texts_;
+};
+
+class DocumentTable {
+public:
+    DocumentTable(store::Database& database, std::string_view filter, const Continue& goOn);
+    // Adds what a reference link leads to.
+    void Resolve(std::string_view prefix, std::int64_t id, bool isOriginal,
+                 TaxonReferences& references) const;
+
+private:
+    struct Document {
+        std::int32_t id = 0;
+    };
+    IdTable<PublicationFacts> publications_;
+    IdTable<Document> experts_, otherSources_;
+};
+
+class TaxonLookUps {
+public:
+    // Throws StoreError.
+    TaxonLookUps(store::Database& database, std::string_view filter, const Continue& goOn);
+
+    const TaxonFacts* Taxon(std::int64_t qb_id) const { return taxa_.Find(qb_id); }
+    AuthorFacts Author(const Value& qb_taxon_author_id) const {
+        return authors_.Find(qb_taxon_author_id.AsLong());
+    }
+    std::vector<AcceptedLink> AcceptedNames(std::int64_t qb_id);
+    // Valid until the next call.
+    const TaxonReferences& References(std::int64_t qb_id);
+    // The whole row of a publication, for a finding on it.
+    TaxonPublicationRow Publication(std::int64_t qb_id, const PublicationFacts& publication);
+
+private:
+    TaxonTable taxa_;
+    AuthorTable authors_;
+    DocumentTable documents_;
+    KeyedWalk synonymLinks_, referenceLinks_;
+    store::QueryDef publication_;
+    TaxonReferences references_;
+};
+
+}  // namespace quillon::validation

@@ -1,0 +1,45 @@
+// The authority's rules on one taxon, each a procedure of its own that reports what it finds. ValidateTaxa
+// calls CheckTaxon for each row of the kingdom; the rules on its links and documents stand in taxon_links.h.
+#pragma once
+
+#include <string>
+
+#include "core/application_state.h"
+#include "core/outside.h"
+#include "validation/rows.h"
+#include "validation/run_facts.h"
+#include "validation/taxon_look_ups.h"
+#include "validation/validation_log.h"
+
+namespace quillon::validation {
+
+// One taxon under validation, and what its rules need.
+struct TaxonCheck {
+    const TaxonRow& row;  // with a rank
+    const RunFacts& run;
+    TaxonLookUps& lookUps;
+    ValidationLog& log;
+    const ApplicationState& state;
+    EventPump& events;
+
+    int Rank() const { return static_cast<int>(row.rank_id.AsLong()); }
+    void Report(Rule rule, std::string message) const { log.LogTaxonError(rule, row, std::move(message)); }
+};
+
+// All rules, in their order.
+void CheckTaxon(const TaxonCheck& check);
+
+void CheckIndicators(const TaxonCheck& check);
+void CheckName(const TaxonCheck& check);
+void CheckSubgenusName(const TaxonCheck& check);
+void CheckUsage(const TaxonCheck& check);
+void CheckReason(const TaxonCheck& check);
+void CheckCredibility(const TaxonCheck& check);
+void CheckCompleteness(const TaxonCheck& check);
+void CheckCurrency(const TaxonCheck& check);
+void CheckParent(const TaxonCheck& check);
+void CheckAuthority(const TaxonCheck& check);
+// The year of the taxon's author.
+void CheckAuthorDate(const TaxonCheck& check);
+
+}  // namespace quillon::validation

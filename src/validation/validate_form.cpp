@@ -1,0 +1,85 @@
+#include "validation/validate_form.h"
+
+#include <utility>
+
+#include "core/text.h"
+#include "validation/record_filter.h"
+
+namespace quillon::validation {
+
+frmValidate::frmValidate(ApplicationState& state, store::Engine& engine, Prompter& prompter,
+                         EventPump& events, const Clock& clock, std::string workDirectory,
+                         FindingMarks& marks)
+    : state_(state), engine_(engine), outside_{prompter, events, clock, {}, std::move(workDirectory),
+                                               {},       &marks} {
+    outside_.gauge = [this](double done) { Gauge1.SetValue(static_cast<int>(done)); };
+    state_.gBatchRunning = false;
+    state_.gBatchCancel = false;
+    form.SetTitle("DataSetValidation");
+    txtValidate.SetText(state_.gDataSetPath);
+    txtValidate.SetLocked(true);
+    for (auto [combo, text] : {std::pair(&cboFields, "taxonomic_credibility_rating"),
+                               std::pair(&cboOperators, "="), std::pair(&cboValues, "KSP Standards Met")}) {
+        combo->AddItem(text);
+        combo->SetListIndex(0);
+    }
+    optNoFilter.SetValue(true);
+    EnableCondition();
+    for (OptionControl* option : {&optNoFilter, &optModified, &optColumn})
+        option->OnEdit([this] { EnableCondition(); });
+    cmdContinue.OnClick([this] { Continue(); });
+    cmdCancel.OnClick([this] { Cancel(); });
+    form.OnUserClose([this] { Cancel(); });
+}
+
+void frmValidate::EnableCondition() {
+    for (ComboControl* combo : {&cboFields, &cboOperators, &cboValues}) combo->SetEnabled(optColumn.Value());
+}
+
+std::string frmValidate::Filter() const {
+    if (optModified.Value()) return std::string(kJournalFilter);
+    if (optColumn.Value())
+        return ColumnClause(Trim(cboFields.Text()), Trim(cboOperators.Text()), cboValues.Text());
+    return std::string(kNoFilter);
+}
+
+void frmValidate::Continue() {
+    if (state_.gBatchRunning) return;
+    const std::string filter = Filter();
+    if (const auto message = CheckRecordFilter(*state_.gDatabase, filter)) {
+        outside_.prompter.Message(*message);
+        return;
+    }
+    state_.gBatchRunning = true;
+    state_.gValidatingForExport = false;
+    state_.gRecordsDone = 0;
+    EmptyRejected();
+    outside_.prompter.WaitCursor(true);
+    state_.gRecordFilter = filter;
+    Validate();
+    outside_.prompter.WaitCursor(false);
+    EmptyRejected();
+    form.Close();
+}
+
+void frmValidate::Validate() {
+    try {
+        ValidateDataSet(state_, engine_, outside_);
+    } catch (const store::StoreError& error) {
+        outside_.prompter.Message("Failed " + error.Description());
+    }
+}
+
+void frmValidate::EmptyRejected() {
+    state_.gRejectedTaxa.clear();
+    state_.gRejectedDocs.clear();
+}
+
+void frmValidate::Cancel() {
+    if (state_.gBatchRunning)
+        state_.gBatchCancel = true;
+    else
+        form.Close();
+}
+
+}  // namespace quillon::validation

@@ -1,0 +1,125 @@
+// FrmDExport, ExpType and FrmTExport.
+
+#include "export/name_export_form.h"
+#include "export/tagged_export_form.h"
+#include "export_fixture.h"
+
+namespace quillon::exporting {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+class OtherForms : public ExportTest {
+protected:
+    void SetUp() override {
+        ExportTest::SetUp();
+        AddTaxon(2, "Alpha");
+        AddTaxon(3, "Beta", 2);
+        AddToJournal({3});
+    }
+    std::string TimeLog() { return testkit::ReadFile(set.dir.File("time.log")); }
+};
+
+TEST_F(OtherForms, TaggedFormExportsWithALogOfTimesUnderTheFilterAsItStands) {
+    FrmDExport form(set.state, set.engine, set.prompter, pump, clock, set.dir.path());
+    EXPECT_EQ(form.form.Title(), "Export DataSet to File");
+    EXPECT_EQ(form.cmdOK.Caption(), "&Continue");
+    int closed = 0;
+    form.form.OnClosed([&] { ++closed; });
+    set.prompter.filesToSave = {set.dir.File("out")};
+    EXPECT_TRUE(form.AskFile());
+    EXPECT_EQ(form.lblDataSet.Caption(), "Export DataSet: " + set.dir.File("test.mdb"));
+    EXPECT_EQ(form.lblFile.Caption(), "To File: " + set.dir.File("out.EXP"));
+    EXPECT_EQ(set.prompter.fileTitles, Texts{"Save Exported DataSet As"});
+    EXPECT_EQ(set.prompter.fileFilters, Texts{"QLN Export Files (*.EXP)|*.exp|Text Files (*.TXT)|*.txt|List "
+                                              "Files (*.LIS)|*.lis|All Files (*.*)|*.*"});
+    FilterByJournal();
+    form.cmdOK.UserClick();
+    EXPECT_EQ(OutFile(), Lines({kRootLine, TaxonLine(3, "Beta", "101", 1)}));
+    EXPECT_EQ(TimeLog(), "Begin Export: 12:34:56\r\nEnd Export: 12:34:56\r\n");
+    EXPECT_EQ(set.prompter.messages, Texts{"Export Complete!"});
+    EXPECT_EQ(closed, 1);
+    EXPECT_FALSE(set.state.gBatchRunning);
+}
+
+TEST_F(OtherForms, TaggedFormWithoutAFileCloses) {
+    FrmDExport form(set.state, set.engine, set.prompter, pump, clock, set.dir.path());
+    int closed = 0;
+    form.form.OnClosed([&] { ++closed; });
+    set.prompter.filesToSave = {std::nullopt};
+    EXPECT_FALSE(form.AskFile());
+    EXPECT_EQ(closed, 1);
+}
+
+TEST_F(OtherForms, TaggedFormTellsACancel) {
+    FrmDExport form(set.state, set.engine, set.prompter, pump, clock, set.dir.path());
+    set.prompter.filesToSave = {set.dir.File("out.exp")};
+    form.AskFile();
+    pump.cancelAt = 2;
+    form.Continue();
+    EXPECT_EQ(set.prompter.messages, Texts{"Export Canceled!"});
+    EXPECT_EQ(OutFile(), Lines({kRootLine}));
+    EXPECT_EQ(TimeLog(), "Begin Export: 12:34:56\r\nEnd Export: 12:34:56\r\n");
+}
+
+TEST_F(OtherForms, TypeFormKeepsTheTypeAndLeadsToTheList) {
+    int exportType = 0;
+    ExpType form(exportType, set.prompter);
+    EXPECT_EQ(form.form.Title(), "Taxonomic Compare Export Type");
+    EXPECT_EQ(form.fraType.Caption(), "Taxonomy Data to Export");
+    EXPECT_EQ(form.optAuthority.Caption(), "Name and Authority");
+    form.cmdOK.UserClick();
+    EXPECT_EQ(exportType, 1);
+    form.optAuthority.UserChoose();
+    form.cmdOK.UserClick();
+    EXPECT_EQ(exportType, 2);
+    form.optRank.UserChoose();
+    form.cmdOK.UserClick();
+    EXPECT_EQ(exportType, 3);
+    EXPECT_EQ(set.prompter.forms, Texts(3, "FrmTExport"));
+}
+
+TEST_F(OtherForms, CanceledTypeFormKeepsNothing) {
+    int exportType = 0;
+    ExpType form(exportType, set.prompter);
+    form.cmdCancel.UserClick();
+    EXPECT_EQ(exportType, 0);
+    EXPECT_TRUE(set.prompter.forms.empty());
+}
+
+TEST_F(OtherForms, NameFormWritesAllTaxaWhateverTheFilter) {
+    FilterByJournal();
+    FrmTExport form(set.state, set.engine, set.prompter, pump, clock, 3);
+    EXPECT_EQ(form.form.Title(), "Export Taxonomy Data to File");
+    set.prompter.filesToSave = {set.dir.File("names")};
+    EXPECT_TRUE(form.AskFile());
+    EXPECT_EQ(form.lblDataSet.Caption(), "Export Taxonomy Data From: " + set.dir.File("test.mdb"));
+    EXPECT_EQ(form.lblFile.Caption(), "To File: " + set.dir.File("names.TXM"));
+    EXPECT_EQ(set.prompter.fileTitles, Texts{"Save Taxonomy Data As"});
+    EXPECT_EQ(set.prompter.fileFilters,
+              Texts{"Taxonomy Compare Export Files (*.TXM)|*.txm|Text Files (*.TXT)|*.txt|List Files "
+                    "(*.LIS)|*.lis|All Files (*.*)|*.*"});
+    form.cmdOK.UserClick();
+    EXPECT_EQ(OutFile(), Lines({"name|author|rank", "Animalia||Kingdom", "Alpha||Genus", "Beta||Genus"}));
+    EXPECT_EQ(set.prompter.messages, Texts{"Export Complete!"});
+    EXPECT_EQ(set.state.gRecordFilter, "journal");
+}
+
+TEST_F(OtherForms, NameFormTellsACancelAndAnInvalidType) {
+    FrmTExport form(set.state, set.engine, set.prompter, pump, clock, 0);
+    set.prompter.filesToSave = {set.dir.File("names.txm"), std::nullopt};
+    form.AskFile();
+    form.Continue();
+    EXPECT_EQ(set.prompter.messages, (Texts{"Export Type of 0 is invalid!", "Export Complete!"}));
+    EXPECT_EQ(OutFile(), "");
+    FrmTExport second(set.state, set.engine, set.prompter, pump, clock, 1);
+    EXPECT_FALSE(second.AskFile());
+    set.state.gExportFile = set.dir.File("names.txm");
+    pump.cancelAt = pump.turns + 2;
+    second.Continue();
+    EXPECT_EQ(set.prompter.messages.back(), "Export Canceled!");
+    EXPECT_EQ(OutFile(), Lines({"name", "Animalia"}));
+}
+
+}  // namespace
+}  // namespace quillon::exporting

@@ -1,0 +1,248 @@
+// frmValidate and FrmVError, worked without a window.
+
+#include <filesystem>
+
+#include "validation/validate_form.h"
+#include "validation/validation_error_form.h"
+#include "validation_fixture.h"
+
+namespace quillon::validation {
+
+namespace {
+
+class ValidateForm : public ValidationTest {
+protected:
+    void SetUp() override {
+        ValidationTest::SetUp();
+        set.state.gBatchRunning = true;
+        set.state.gBatchCancel = true;
+        form = std::make_unique<frmValidate>(set.state, set.engine, set.prompter, pump, clock, set.dir.path(),
+                                             marks);
+        form->form.OnClosed([this] { ++closed; });
+    }
+    std::unique_ptr<frmValidate> form;
+    int closed = 0;
+};
+
+TEST_F(ValidateForm, LoadsReadyToRun) {
+    EXPECT_FALSE(set.state.gBatchRunning);
+    EXPECT_FALSE(set.state.gBatchCancel);
+    EXPECT_EQ(form->form.Title(), "DataSetValidation");
+    EXPECT_EQ(form->txtValidate.Text(), set.state.gDataSetPath);
+    EXPECT_EQ(form->cboFields.Text(), "taxonomic_credibility_rating");
+    EXPECT_EQ(form->cboOperators.Text(), "=");
+    EXPECT_EQ(form->cboValues.Text(), "KSP Standards Met");
+    EXPECT_EQ(form->cboFields.ListCount(), 1u);
+}
+
+TEST_F(ValidateForm, ConditionIsEnabledByItsOption) {
+    const auto enabled = [&] {
+        return std::vector{form->cboFields.Enabled(), form->cboOperators.Enabled(),
+                           form->cboValues.Enabled()};
+    };
+    EXPECT_EQ(enabled(), (std::vector{false, false, false}));
+    form->optColumn.UserChoose();
+    EXPECT_EQ(enabled(), (std::vector{true, true, true}));
+    form->optModified.UserChoose();
+    EXPECT_EQ(enabled(), (std::vector{false, false, false}));
+    form->optColumn.UserChoose();
+    form->optNoFilter.UserChoose();
+    EXPECT_EQ(enabled(), (std::vector{false, false, false}));
+}
+
+TEST_F(ValidateForm, OptionsMakeTheFilter) {
+    EXPECT_EQ(form->Filter(), "none");
+    form->optModified.UserChoose();
+    EXPECT_EQ(form->Filter(), "journal");
+    form->optColumn.UserChoose();
+    EXPECT_EQ(form->Filter(), " WHERE taxonomic_credibility_rating = \"KSP Standards Met\"");
+    form->optColumn.SetValue(false);
+    EXPECT_EQ(form->Filter(), "none");
+}
+
+TEST_F(ValidateForm, ContinueValidatesAndCloses) {
+    set.state.gRecordsDone = 99;
+    set.state.gValidatingForExport = true;
+    set.state.gRejectedTaxa = {1};
+    set.state.gRejectedDocs = {{"PUB", 1}};
+    form->cmdContinue.UserClick();
+    EXPECT_EQ(set.prompter.messages, (std::vector<std::string>{"Validation Complete -- No Errors!"}));
+    EXPECT_EQ(set.state.gRecordsDone, 7);
+    EXPECT_FALSE(set.state.gValidatingForExport);
+    EXPECT_TRUE(set.state.gRejectedTaxa.empty());
+    EXPECT_TRUE(set.state.gRejectedDocs.empty());
+    EXPECT_TRUE(set.state.gBatchRunning);
+    EXPECT_FALSE(set.prompter.waitCursor);
+    EXPECT_EQ(form->Gauge1.Value(), 100);
+    EXPECT_EQ(closed, 1);
+}
+
+TEST_F(ValidateForm, SecondContinueDoesNothingWhileARunIsActive) {
+    set.state.gBatchRunning = true;
+    form->cmdContinue.UserClick();
+    EXPECT_TRUE(set.prompter.messages.empty());
+    EXPECT_EQ(closed, 0);
+    EXPECT_FALSE(std::filesystem::exists(set.dir.File("validate.log")));
+}
+
+TEST_F(ValidateForm, BadConditionIsToldAndTheFormStays) {
+    form->optColumn.UserChoose();
+    form->cboValues.UserSetText("a\"b");
+    form->cmdContinue.UserClick();
+    EXPECT_EQ(set.prompter.messages,
+              (std::vector<std::string>{"The value of a filter may not hold a double quote."}));
+    EXPECT_EQ(closed, 0);
+    EXPECT_FALSE(set.state.gBatchRunning);
+    EXPECT_FALSE(std::filesystem::exists(set.dir.File("validate.log")));
+}
+
+TEST_F(ValidateForm, TypedConditionNarrowsTheRun) {
+    Unrefer(2);
+    form->optColumn.UserChoose();
+    form->cboFields.UserSetText(" rank_id ");
+    form->cboOperators.UserSetText("=");
+    form->cboValues.UserSetText("220");
+    form->cmdContinue.UserClick();
+    EXPECT_EQ(set.prompter.messages, (std::vector<std::string>{"Validation Complete -- No Errors!"}));
+}
+
+TEST_F(ValidateForm, CancelStopsARunAndClosesAnIdleForm) {
+    set.state.gBatchRunning = true;
+    form->cmdCancel.UserClick();
+    EXPECT_TRUE(set.state.gBatchCancel);
+    EXPECT_EQ(closed, 0);
+    set.state.gBatchRunning = false;
+    form->form.UserClose();
+    EXPECT_EQ(closed, 1);
+}
+
+class ErrorForm : public ValidationTest {
+protected:
+    // A log on the genus (2 findings), the species and an expert.
+    void SetUp() override {
+        ValidationTest::SetUp();
+        Set(2, "taxonomic_credibility_rating", "Null");
+        Set(2, "currency_rating", "'soon'");
+        Unrefer(3);
+        Run("INSERT INTO qb_experts (expert_id_prefix, qb_expert_id) VALUES ('EXP', 4)");
+        Validate();
+    }
+    std::unique_ptr<FrmVError> Load() {
+        return std::make_unique<FrmVError>(
+            set.state, set.prompter, set.dir.path(), marks,
+            [this](int qb_id, std::string_view tab) { visited.push_back(fmt::format("{} {}", qb_id, tab)); });
+    }
+    static std::vector<std::string> Shown(const FrmVError& form) {
+        std::vector<std::string> lines;
+        for (const auto& choice : form.lstError.Choices()) lines.push_back(choice.text);
+        return lines;
+    }
+    std::vector<std::string> visited;
+};
+
+using Texts = std::vector<std::string>;
+
+TEST_F(ErrorForm, ShowsTheLinesOfTheLog) {
+    const auto form = Load();
+    EXPECT_EQ(form->form.Title(), "Validation Error Log");
+    EXPECT_EQ(Shown(*form), (Texts{"ID =  2   Name = Alpha",
+                                   "     a taxonomic credibility rating is required for all records",
+                                   "     <soon> is an invalid currency rating", "ID =  3   Name = Alpha beta",
+                                   "     at least one reference is required",
+                                   "Experts:  EXPID = <4>  Expert = <>", "     an expert is required"}));
+}
+
+TEST_F(ErrorForm, CountsFindingsByRule) {
+    Unrefer(2);
+    Validate();
+    EXPECT_EQ(Load()->lblCounts.Caption(),
+              "5 findings: 2 reference missing, 1 credibility missing, 1 currency wrong, 1 expert missing");
+}
+
+TEST_F(ErrorForm, FilterKeepsFindingsWithTheirHeadings) {
+    const auto form = Load();
+    form->txtFilter.UserSetText("CURRENCY");
+    EXPECT_EQ(Shown(*form), (Texts{"ID =  2   Name = Alpha", "     <soon> is an invalid currency rating"}));
+    EXPECT_EQ(form->lblCounts.Caption(), "1 finding: 1 currency wrong");
+    form->txtFilter.UserSetText("alpha beta");
+    EXPECT_EQ(Shown(*form),
+              (Texts{"ID =  3   Name = Alpha beta", "     at least one reference is required"}));
+    form->txtFilter.UserSetText("nothing of it");
+    EXPECT_EQ(Shown(*form), Texts{});
+    EXPECT_EQ(form->lblCounts.Caption(), "0 findings");
+    form->txtFilter.UserSetText("");
+    EXPECT_EQ(form->lstError.ListCount(), 7u);
+}
+
+TEST_F(ErrorForm, ActivatedLineBringsItsTaxonUp) {
+    const auto form = Load();
+    for (const int line : {0, 2, 4}) form->lstError.UserActivate(line);
+    EXPECT_EQ(visited, (Texts{"2 taxon", "2 taxon", "3 publications"}));
+    form->txtFilter.UserSetText("reference");
+    form->lstError.UserActivate(1);
+    EXPECT_EQ(visited.back(), "3 publications");
+}
+
+TEST_F(ErrorForm, DocumentBringsATaxonUpThatRefersToIt) {
+    const auto form = Load();
+    form->lstError.UserActivate(6);
+    EXPECT_TRUE(visited.empty());
+    EXPECT_EQ(set.prompter.messages, (Texts{"No taxon refers to this record."}));
+    Refer(3, "EXP", 4);
+    Refer(2, "EXP", 4);
+    form->lstError.UserActivate(6);
+    EXPECT_EQ(visited, (Texts{"2 experts"}));
+}
+
+TEST_F(ErrorForm, AuthorBringsItsFirstTaxonUp) {
+    Run("UPDATE qb_taxon_authors_lookup SET kingdom_id = Null");
+    Validate();
+    const auto form = Load();
+    form->lstError.UserActivate(6);
+    EXPECT_EQ(form->lstError.Text(), "     a kingdom is required");
+    EXPECT_EQ(visited, (Texts{"2 taxon"}));
+}
+
+TEST_F(ErrorForm, SaveMovesTheLogAndCompletesItsName) {
+    const auto form = Load();
+    const std::string log = testkit::ReadFile(set.dir.File("validate.log"));
+    set.prompter.filesToSave.push_back(std::nullopt);
+    form->cmdSave.UserClick();
+    EXPECT_TRUE(std::filesystem::exists(set.dir.File("validate.log")));
+    set.prompter.filesToSave.push_back(set.dir.File("mine"));
+    form->cmdSave.UserClick();
+    EXPECT_EQ(testkit::ReadFile(set.dir.File("mine.LOG")), log);
+    EXPECT_FALSE(std::filesystem::exists(set.dir.File("validate.log")));
+    EXPECT_EQ(set.prompter.fileTitles, (Texts{"Save Error Log As", "Save Error Log As"}));
+    EXPECT_EQ(set.prompter.fileFilters[0], "Taxonomic Files (*.LOG)|*.log|All Files (*.*)|*.*");
+}
+
+TEST_F(ErrorForm, SaveKeepsANameWithAFullStop) {
+    set.prompter.filesToSave.push_back(set.dir.File("mine.txt"));
+    Load()->cmdSave.UserClick();
+    EXPECT_TRUE(std::filesystem::exists(set.dir.File("mine.txt")));
+}
+
+TEST_F(ErrorForm, ClosingDeletesALogInTheCurrentDirectory) {
+    const auto form = Load();
+    int closed = 0;
+    form->form.OnClosed([&] { ++closed; });
+    const auto before = std::filesystem::current_path();
+    std::filesystem::current_path(set.dir.path());
+    form->cmdOK.UserClick();
+    std::filesystem::current_path(before);
+    EXPECT_FALSE(std::filesystem::exists(set.dir.File("validate.log")));
+    EXPECT_EQ(closed, 1);
+}
+
+TEST_F(ErrorForm, WithoutALogItIsEmpty) {
+    std::filesystem::remove(set.dir.File("validate.log"));
+    const auto form = Load();
+    EXPECT_EQ(form->lstError.ListCount(), 0u);
+    form->lstError.UserActivate(0);
+    EXPECT_TRUE(visited.empty());
+}
+
+}  // namespace
+
+}  // namespace quillon::validation
