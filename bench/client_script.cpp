@@ -28,14 +28,17 @@ Connection OpenReadOnly(const std::string& path) {
 
 void ForRows(sqlite3* db, const std::string& sql, const std::function<void(sqlite3_stmt*)>& use) {
     sqlite3_stmt* raw = nullptr;
-    if (sqlite3_prepare_v2(db, sql.c_str(), -1, &raw, nullptr) != SQLITE_OK) throw std::runtime_error(sqlite3_errmsg(db));
+    if (sqlite3_prepare_v2(db, sql.c_str(), -1, &raw, nullptr) != SQLITE_OK)
+        throw std::runtime_error(sqlite3_errmsg(db));
     const std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt*)> statement(raw, &sqlite3_finalize);
     while (sqlite3_step(raw) == SQLITE_ROW) use(raw);
 }
 
 std::string_view ColumnText(sqlite3_stmt* row, int column) {
     const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(row, column));
-    return text == nullptr ? std::string_view() : std::string_view(text, static_cast<std::size_t>(sqlite3_column_bytes(row, column)));
+    return text == nullptr
+               ? std::string_view()
+               : std::string_view(text, static_cast<std::size_t>(sqlite3_column_bytes(row, column)));
 }
 
 std::vector<std::string> Texts(sqlite3* db, const std::string& sql) {
@@ -58,7 +61,9 @@ std::string WithStockCollation(std::string sql) {
     return sql;
 }
 
-std::string RowFile(const std::string& folder, const std::string& table) { return folder + "/" + table + ".rows"; }
+std::string RowFile(const std::string& folder, const std::string& table) {
+    return folder + "/" + table + ".rows";
+}
 
 void ExportTable(sqlite3* db, const std::string& table, const std::string& path) {
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "wb"), &std::fclose);
@@ -77,7 +82,8 @@ void ExportTable(sqlite3* db, const std::string& table, const std::string& path)
 
 void ExportRows(const std::string& dataSet, const std::string& folder) {
     const Connection db = OpenReadOnly(dataSet);
-    for (const std::string& table : Schema(db.get(), "name", "table")) ExportTable(db.get(), table, RowFile(folder, table));
+    for (const std::string& table : Schema(db.get(), "name", "table"))
+        ExportTable(db.get(), table, RowFile(folder, table));
 }
 
 std::string ClientScript(const std::string& dataSet, const std::string& folder, Indexes indexes) {

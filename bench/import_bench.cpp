@@ -1,6 +1,6 @@
-// Imports generated files with quillon-batch and lets the stock sqlite3 client import the same rows into the same
-// tables, in turn, so that both meet the same machine. Prints medians of ratios, the time per line at three sizes, and
-// the peak memory. Exits with 1 when a goal is missed.
+// Imports generated files with quillon-batch and lets the stock sqlite3 client import the same rows into the
+// same tables, in turn, so that both meet the same machine. Prints medians of ratios, the time per line at
+// three sizes, and the peak memory. Exits with 1 when a goal is missed.
 #include <fcntl.h>
 #include <fmt/format.h>
 #include <sys/resource.h>
@@ -83,7 +83,10 @@ public:
         std::filesystem::remove(File("ours.mdb"));
         return RunProgram({QUILLON_BATCH, "new", File("ours.mdb"), "--kingdom", "Animalia"});
     }
-    Run Import() { return RunProgram({QUILLON_BATCH, "import", File("ours.mdb"), File("names.qln"), "--work-dir", folder_}); }
+    Run Import() {
+        return RunProgram(
+            {QUILLON_BATCH, "import", File("ours.mdb"), File("names.qln"), "--work-dir", folder_});
+    }
     // The whole way from no file to the rows in it.
     double Ours() { return New().seconds + Import().seconds; }
     double Client(Indexes indexes) {
@@ -116,11 +119,11 @@ double CompareWithClient(Bench& bench, std::size_t names, int pairs) {
         const double clientAfter = bench.Client(Indexes::After);
         live.push_back(ours / clientLive);
         after.push_back(ours / clientAfter);
-        fmt::print("pair {}: ours {:.2f} s, client {:.2f} s, client with indexes built last {:.2f} s\n", i + 1, ours, clientLive,
-                   clientAfter);
+        fmt::print("pair {}: ours {:.2f} s, client {:.2f} s, client with indexes built last {:.2f} s\n",
+                   i + 1, ours, clientLive, clientAfter);
     }
-    fmt::print("import of {} names ({} lines) against the client: {:.2f}; with indexes built last: {:.2f}\n", names,
-               bench.Lines(), Median(live), Median(after));
+    fmt::print("import of {} names ({} lines) against the client: {:.2f}; with indexes built last: {:.2f}\n",
+               names, bench.Lines(), Median(live), Median(after));
     return Median(live);
 }
 
@@ -156,7 +159,8 @@ bool Judge(const char* goal, double value, double most) {
 int main(int argc, char** argv) {
     using namespace quillon::bench;
     CLI::App app("Imports generated files, against the stock sqlite3 client.", "bench_import");
-    std::string folder = (std::filesystem::temp_directory_path() / fmt::format("quillon-bench-{}", getpid())).string();
+    std::string folder =
+        (std::filesystem::temp_directory_path() / fmt::format("quillon-bench-{}", getpid())).string();
     std::string client = "sqlite3";
     std::size_t names = 100'000, most = 1'000'000;
     int pairs = 5, runs = 5;
@@ -176,7 +180,8 @@ int main(int argc, char** argv) {
         MeasureLines(bench, most / 10, runs);
         const PerLine large = MeasureLines(bench, most, std::max(1, runs / 3));
         met = Judge("against the client", ratio, kMostAgainstClient);
-        met = Judge("growth of the time per line", large.microseconds / small.microseconds, kMostGrowth) && met;
+        met =
+            Judge("growth of the time per line", large.microseconds / small.microseconds, kMostGrowth) && met;
         met = Judge("peak memory in MB", large.megabytes, kMostMegabytes) && met;
     } catch (const std::exception& error) {
         fmt::print(stderr, "bench_import: {}\n", error.what());

@@ -1,5 +1,6 @@
-// Times look-ups by key through named queries against bare prepared SQLite statements that read the same columns, each
-// pair in the same run with its repetitions mixed. Prints the ratio of the medians, and exits with 1 when one is above 2.
+// Times look-ups by key through named queries against bare prepared SQLite statements that read the same
+// columns, each pair in the same run with its repetitions mixed. Prints the ratio of the medians, and exits
+// with 1 when one is above 2.
 #include <benchmark/benchmark.h>
 #include <fmt/format.h>
 #include <sqlite3.h>
@@ -28,7 +29,9 @@ constexpr std::size_t kNames = 100'000;
 
 class SilentPrompter : public Prompter {
 public:
-    void Message(std::string_view text, std::string_view) override { throw std::runtime_error(std::string(text)); }
+    void Message(std::string_view text, std::string_view) override {
+        throw std::runtime_error(std::string(text));
+    }
     bool AskYesNo(std::string_view, std::string_view) override { return false; }
     std::optional<std::string> FileToOpen(std::string_view, std::string_view) override { return {}; }
     std::optional<std::string> FileToSave(std::string_view, std::string_view, bool) override { return {}; }
@@ -44,7 +47,8 @@ public:
 // A DataSet of generated names, open through the store, and a closed copy of it open through SQLite alone.
 class TwoFiles {
 public:
-    TwoFiles() : folder_(std::filesystem::temp_directory_path() / fmt::format("quillon-lookup-{}", getpid())) {
+    TwoFiles()
+        : folder_(std::filesystem::temp_directory_path() / fmt::format("quillon-lookup-{}", getpid())) {
         std::filesystem::create_directories(folder_);
         const std::string dataSet = folder_ / "names.mdb", copy = folder_ / "copy.mdb";
         state_.gKingdomName = "Animalia";
@@ -53,13 +57,16 @@ public:
         const std::string text = GeneratedText(kNames, 7);
         importing::MemorySource source(text);
         importing::TaggedImport import(state_, engine_, prompter_, events_, [](double) {});
-        if (import.ReadTaggedFile(source, [](const importing::Finding&) {})) throw std::runtime_error("findings in the import");
+        if (import.ReadTaggedFile(source, [](const importing::Finding&) {}))
+            throw std::runtime_error("findings in the import");
         lifecycle_.CloseDataSet();
         std::filesystem::copy_file(dataSet, copy);
         state_.gDataSetPath = lifecycle_.OpenDataSetFile(dataSet);
-        if (sqlite3_open_v2(copy.c_str(), &bare_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr) != SQLITE_OK)
+        if (sqlite3_open_v2(copy.c_str(), &bare_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr) !=
+            SQLITE_OK)
             throw std::runtime_error("cannot open the copy");
-        sqlite3_exec(bare_, "PRAGMA locking_mode = EXCLUSIVE; PRAGMA cache_size = -65536", nullptr, nullptr, nullptr);
+        sqlite3_exec(bare_, "PRAGMA locking_mode = EXCLUSIVE; PRAGMA cache_size = -65536", nullptr, nullptr,
+                     nullptr);
     }
     ~TwoFiles() {
         sqlite3_close_v2(bare_);
@@ -74,8 +81,8 @@ public:
     sqlite3* Bare() const { return bare_; }
     sqlite3_stmt* Prepare(std::string_view sql) const {
         sqlite3_stmt* statement = nullptr;
-        if (sqlite3_prepare_v3(bare_, sql.data(), static_cast<int>(sql.size()), SQLITE_PREPARE_PERSISTENT, &statement, nullptr) !=
-            SQLITE_OK)
+        if (sqlite3_prepare_v3(bare_, sql.data(), static_cast<int>(sql.size()), SQLITE_PREPARE_PERSISTENT,
+                               &statement, nullptr) != SQLITE_OK)
             throw std::runtime_error(sqlite3_errmsg(bare_));
         return statement;
     }
@@ -113,7 +120,8 @@ void ReadBare(sqlite3_stmt* statement, int column) {
             break;
         default: {
             const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
-            benchmark::DoNotOptimize(std::string(text, static_cast<std::size_t>(sqlite3_column_bytes(statement, column))));
+            benchmark::DoNotOptimize(
+                std::string(text, static_cast<std::size_t>(sqlite3_column_bytes(statement, column))));
         }
     }
 }
@@ -125,7 +133,8 @@ void Bare(benchmark::State& state, TwoFiles& files, const LookupCase& lookup) {
     for (auto _ : state) {
         const Value& key = keys[at++ % keys.size()];
         if (key.IsText())
-            sqlite3_bind_text64(statement, 1, key.Text().data(), key.Text().size(), SQLITE_STATIC, SQLITE_UTF8);
+            sqlite3_bind_text64(statement, 1, key.Text().data(), key.Text().size(), SQLITE_STATIC,
+                                SQLITE_UTF8);
         else
             sqlite3_bind_int64(statement, 1, key.AsLong());
         while (sqlite3_step(statement) == SQLITE_ROW) {
@@ -173,19 +182,23 @@ class MedianReporter : public benchmark::ConsoleReporter {
 public:
     void ReportRuns(const std::vector<Run>& runs) override {
         for (const Run& run : runs)
-            if (run.aggregate_name == "median") medians[run.run_name.function_name] = run.GetAdjustedCPUTime();
+            if (run.aggregate_name == "median")
+                medians[run.run_name.function_name] = run.GetAdjustedCPUTime();
         ConsoleReporter::ReportRuns(runs);
     }
     std::map<std::string, double> medians;
 };
 
-std::string NameOf(const LookupCase& lookup, const char* how) { return fmt::format("{}: {}", lookup.query, how); }
+std::string NameOf(const LookupCase& lookup, const char* how) {
+    return fmt::format("{}: {}", lookup.query, how);
+}
 
 void Register(TwoFiles& files) {
     for (const LookupCase& lookup : LookupCases()) {
         const auto add = [&](const char* how, void (*run)(benchmark::State&, TwoFiles&, const LookupCase&)) {
-            benchmark::RegisterBenchmark(NameOf(lookup, how).c_str(),
-                                         [&files, &lookup, run](benchmark::State& state) { run(state, files, lookup); });
+            benchmark::RegisterBenchmark(
+                NameOf(lookup, how).c_str(),
+                [&files, &lookup, run](benchmark::State& state) { run(state, files, lookup); });
         };
         add("bare", Bare);
         add("named", Named);
@@ -200,8 +213,8 @@ bool PrintRatios(const std::map<std::string, double>& medians) {
         const auto bare = medians.find(NameOf(lookup, "bare")), named = medians.find(NameOf(lookup, "named"));
         const auto opened = medians.find(NameOf(lookup, "opened by name"));
         if (bare == medians.end() || named == medians.end() || opened == medians.end()) continue;
-        fmt::print("{:<18}{:>12.0f}{:>8.2f}{:>16.2f}\n", lookup.query, bare->second, named->second / bare->second,
-                   opened->second / bare->second);
+        fmt::print("{:<18}{:>12.0f}{:>8.2f}{:>16.2f}\n", lookup.query, bare->second,
+                   named->second / bare->second, opened->second / bare->second);
         met = met && named->second / bare->second <= kMostRatio;
     }
     fmt::print("named against bare at most {:.2f}: {}\n", kMostRatio, met ? "met" : "missed");
@@ -216,7 +229,8 @@ int main(int argc, char** argv) {
     using namespace quillon::bench;
     // What the command line gives comes after these and wins.
     std::vector<std::string> words = {argv[0], "--benchmark_repetitions=9", "--benchmark_min_time=0.05",
-                                      "--benchmark_enable_random_interleaving=true", "--benchmark_report_aggregates_only=true"};
+                                      "--benchmark_enable_random_interleaving=true",
+                                      "--benchmark_report_aggregates_only=true"};
     words.insert(words.end(), argv + 1, argv + argc);
     std::vector<char*> arguments;
     for (std::string& word : words) arguments.push_back(word.data());

@@ -1,5 +1,5 @@
-// The look-ups that the lookup bench times: each a named query with its key, and the bare SQLite statement that reads the
-// same columns. Data only.
+// The look-ups that the lookup bench times: each a named query with its key, and the bare SQLite statement
+// that reads the same columns. Data only.
 #pragma once
 
 #include <cstddef>

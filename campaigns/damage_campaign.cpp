@@ -1,5 +1,5 @@
-// campaign-damage: DataSets with random bytes changed. Each is opened in a child process, all tables are read, all
-// queries run, and rows written: it is refused or read, never a crash and never an endless job.
+// campaign-damage: DataSets with random bytes changed. Each is opened in a child process, all tables are
+// read, all queries run, and rows written: it is refused or read, never a crash and never an endless job.
 #include <fmt/format.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -36,7 +36,7 @@ std::string SampleDataSet(const Folder& folder) {
     importing::MemorySource source(text);
     NoEvents events;
     importing::TaggedImport import(session.state, session.engine, session.prompter, events, [](double) {});
-    import.ReadTaggedFile(source, [](const importing::Finding&) {});
+    import.ReadTaggedFile(source, [](const importing::Finding&){});
     // Some queries name the tables that are there only while two DataSets are compared.
     for (const store::TableSpec& table : store::DataSetTables())
         if (table.temporary) session.DataSet().AppendTable(store::TableDefOf(table));
@@ -44,7 +44,8 @@ std::string SampleDataSet(const Folder& folder) {
     return ReadFile(path);
 }
 
-// Half of the changes fall anywhere, the others on the headers of pages and what follows them: the cells' places.
+// Half of the changes fall anywhere, the others on the headers of pages and what follows them: the cells'
+// places.
 std::size_t PlaceToChange(const std::string& bytes, Random& random) {
     if (random() % 2 == 0) return random() % bytes.size();
     const std::size_t page = random() % (bytes.size() / kPage);
@@ -74,7 +75,8 @@ int Run(std::size_t count, std::uint64_t seed, std::size_t together, const std::
     const Folder folder(where);
     const std::string whole = SampleDataSet(folder);
     WriteFile(folder.File("copy.mdb"), whole);
-    if (VisitDataSet(folder.File("copy.mdb"), seed) != Visit::Read) throw std::runtime_error("the whole DataSet is refused");
+    if (VisitDataSet(folder.File("copy.mdb"), seed) != Visit::Read)
+        throw std::runtime_error("the whole DataSet is refused");
     std::map<int, std::size_t> ends;
     Violations violations;
     for (std::size_t first = 0; first < count; first += together) {
@@ -88,12 +90,14 @@ int Run(std::size_t count, std::uint64_t seed, std::size_t together, const std::
             const int status = WaitFor(children[i - first]);
             const int end = WIFEXITED(status) ? WEXITSTATUS(status) - kFirstEnd : -1;
             ++ends[end];
-            const bool allowed = end >= static_cast<int>(Visit::Refused) && end <= static_cast<int>(Visit::Read);
+            const bool allowed =
+                end >= static_cast<int>(Visit::Refused) && end <= static_cast<int>(Visit::Read);
             if (!allowed) violations.Add(fmt::format("--seed {} --count 1: {}", seed + i, EndText(status)));
         }
     }
-    fmt::print("damaged DataSets: {}, refused: {}, read in part: {}, read: {}\n", count, ends[static_cast<int>(Visit::Refused)],
-               ends[static_cast<int>(Visit::Partly)], ends[static_cast<int>(Visit::Read)]);
+    fmt::print("damaged DataSets: {}, refused: {}, read in part: {}, read: {}\n", count,
+               ends[static_cast<int>(Visit::Refused)], ends[static_cast<int>(Visit::Partly)],
+               ends[static_cast<int>(Visit::Read)]);
     return violations.Close();
 }
 
@@ -102,7 +106,8 @@ int Run(std::size_t count, std::uint64_t seed, std::size_t together, const std::
 }  // namespace quillon::campaign
 
 int main(int argc, char** argv) {
-    CLI::App app("Changes random bytes of DataSets and lets the store open, read and write them.", "campaign-damage");
+    CLI::App app("Changes random bytes of DataSets and lets the store open, read and write them.",
+                 "campaign-damage");
     std::size_t count = 3000, together = 2;
     std::uint64_t seed = 1;
     std::string where;

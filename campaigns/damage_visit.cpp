@@ -16,8 +16,11 @@ public:
 
     bool Everything() {
         for (const store::TableDef& table : session_.DataSet().TableDefs())
-            Try([&] { Walk(*session_.DataSet().OpenRecordset(table.name, store::RecordsetType::ForwardOnly)); });
-        for (const auto& [name, sql] : session_.DataSet().QueryDefs()) Try([&, query = name] { RunQuery(query); });
+            Try([&] {
+                Walk(*session_.DataSet().OpenRecordset(table.name, store::RecordsetType::ForwardOnly));
+            });
+        for (const auto& [name, sql] : session_.DataSet().QueryDefs())
+            Try([&, query = name] { RunQuery(query); });
         Write();
         return whole_;
     }
@@ -43,7 +46,8 @@ private:
         if (!query.IsSelect()) return;
         for (const std::string& parameter : query.Parameters()) {
             // A number suits the parameters of both kinds.
-            query.Set(parameter, random_() % 4 == 0 ? Value() : Value(static_cast<std::int64_t>(random_() % 300)));
+            query.Set(parameter,
+                      random_() % 4 == 0 ? Value() : Value(static_cast<std::int64_t>(random_() % 300)));
         }
         Walk(*query.OpenRecordset(store::RecordsetType::ForwardOnly));
     }
@@ -56,7 +60,8 @@ private:
             taxa->Update();
         });
         Try([&] {
-            session_.DataSet().Execute("UPDATE qb_taxonomic_units SET currency_rating = '2024' WHERE qb_id < 50;");
+            session_.DataSet().Execute(
+                "UPDATE qb_taxonomic_units SET currency_rating = '2024' WHERE qb_id < 50;");
         });
         Try([&] { session_.DataSet().Execute("DELETE * FROM qb_reference_links WHERE qb_id < 20;"); });
     }

@@ -1,4 +1,5 @@
-// Does with a DataSet what the program may do with one that it opens: reads every table, runs every query, writes.
+// Does with a DataSet what the program may do with one that it opens: reads every table, runs every query,
+// writes.
 #pragma once
 
 #include <cstdint>

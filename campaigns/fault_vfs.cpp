@@ -20,9 +20,13 @@ struct ShimFile {
     sqlite3_file base;
     sqlite3_file* Real() { return reinterpret_cast<sqlite3_file*>(this + 1); }
 };
-sqlite3_file* RealOf(sqlite3_file* file) { return reinterpret_cast<ShimFile*>(file)->Real(); }
+sqlite3_file* RealOf(sqlite3_file* file) {
+    return reinterpret_cast<ShimFile*>(file)->Real();
+}
 
-int Close(sqlite3_file* file) { return RealOf(file)->pMethods->xClose(RealOf(file)); }
+int Close(sqlite3_file* file) {
+    return RealOf(file)->pMethods->xClose(RealOf(file));
+}
 int Read(sqlite3_file* file, void* data, int size, sqlite3_int64 at) {
     return RealOf(file)->pMethods->xRead(RealOf(file), data, size, at);
 }
@@ -39,23 +43,48 @@ int Truncate(sqlite3_file* file, sqlite3_int64 size) {
 int Sync(sqlite3_file* file, int flags) {
     return FailsNow() ? SQLITE_IOERR_FSYNC : RealOf(file)->pMethods->xSync(RealOf(file), flags);
 }
-int FileSize(sqlite3_file* file, sqlite3_int64* size) { return RealOf(file)->pMethods->xFileSize(RealOf(file), size); }
-int Lock(sqlite3_file* file, int level) { return RealOf(file)->pMethods->xLock(RealOf(file), level); }
-int Unlock(sqlite3_file* file, int level) { return RealOf(file)->pMethods->xUnlock(RealOf(file), level); }
+int FileSize(sqlite3_file* file, sqlite3_int64* size) {
+    return RealOf(file)->pMethods->xFileSize(RealOf(file), size);
+}
+int Lock(sqlite3_file* file, int level) {
+    return RealOf(file)->pMethods->xLock(RealOf(file), level);
+}
+int Unlock(sqlite3_file* file, int level) {
+    return RealOf(file)->pMethods->xUnlock(RealOf(file), level);
+}
 int CheckReservedLock(sqlite3_file* file, int* held) {
     return RealOf(file)->pMethods->xCheckReservedLock(RealOf(file), held);
 }
 int FileControl(sqlite3_file* file, int operation, void* argument) {
     return RealOf(file)->pMethods->xFileControl(RealOf(file), operation, argument);
 }
-int SectorSize(sqlite3_file* file) { return RealOf(file)->pMethods->xSectorSize(RealOf(file)); }
-int DeviceCharacteristics(sqlite3_file* file) { return RealOf(file)->pMethods->xDeviceCharacteristics(RealOf(file)); }
+int SectorSize(sqlite3_file* file) {
+    return RealOf(file)->pMethods->xSectorSize(RealOf(file));
+}
+int DeviceCharacteristics(sqlite3_file* file) {
+    return RealOf(file)->pMethods->xDeviceCharacteristics(RealOf(file));
+}
 
 // Version 1: no memory maps, no write-ahead log.
-constexpr sqlite3_io_methods kMethods = {
-    1,    Close,  Read,   Write,  Truncate,          Sync,        FileSize,   Lock,
-    Unlock, CheckReservedLock, FileControl, SectorSize, DeviceCharacteristics, nullptr, nullptr, nullptr,
-    nullptr, nullptr, nullptr};
+constexpr sqlite3_io_methods kMethods = {1,
+                                         Close,
+                                         Read,
+                                         Write,
+                                         Truncate,
+                                         Sync,
+                                         FileSize,
+                                         Lock,
+                                         Unlock,
+                                         CheckReservedLock,
+                                         FileControl,
+                                         SectorSize,
+                                         DeviceCharacteristics,
+                                         nullptr,
+                                         nullptr,
+                                         nullptr,
+                                         nullptr,
+                                         nullptr,
+                                         nullptr};
 
 int Open(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int* outFlags) {
     auto* shim = new (file) ShimFile{};
@@ -81,7 +110,9 @@ void SetFaultPlan(const FaultPlan& plan) {
     gCalls = 0;
 }
 
-std::uint64_t FaultCalls() { return gCalls; }
+std::uint64_t FaultCalls() {
+    return gCalls;
+}
 
 bool FailsNow() {
     ++gCalls;
@@ -89,6 +120,8 @@ bool FailsNow() {
     return gPlan.fromThenOn ? gCalls >= gPlan.failAt : gCalls == gPlan.failAt;
 }
 
-int FaultErrno() { return gPlan.fault == Fault::NoSpace ? ENOSPC : EIO; }
+int FaultErrno() {
+    return gPlan.fault == Fault::NoSpace ? ENOSPC : EIO;
+}
 
 }  // namespace quillon::campaign

@@ -1,5 +1,6 @@
-// Makes one write, sync, truncation or renaming of this process fail, or all from one on, as a full disk or a broken one
-// does. SQLite's calls come through a VFS around its own; those of the store itself are put here by the linker.
+// Makes one write, sync, truncation or renaming of this process fail, or all from one on, as a full disk or a
+// broken one does. SQLite's calls come through a VFS around its own; those of the store itself are put here
+// by the linker.
 #pragma once
 
 #include <cstdint>

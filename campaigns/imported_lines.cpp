@@ -43,7 +43,8 @@ RowCounts CountRows(store::Database& database) {
 ImportedLines::ImportedLines(const std::string& text) {
     for (std::size_t at = 0; at < text.size(); at = text.find('\n', at) + 1) {
         const std::string_view tag = std::string_view(text).substr(at, 4);
-        const auto* found = std::find_if(kTables.begin(), kTables.end(), [&](const TableOfTag& t) { return t.tag == tag; });
+        const auto* found =
+            std::find_if(kTables.begin(), kTables.end(), [&](const TableOfTag& t) { return t.tag == tag; });
         tables_.push_back(static_cast<std::uint8_t>(found - kTables.begin()));
     }
 }

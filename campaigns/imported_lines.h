@@ -1,5 +1,5 @@
-// Tells how much of a generated file an import has stored: each of its lines makes one row, so the rows of all tables
-// together must be those of the first lines of the file, none missing and none too many.
+// Tells how much of a generated file an import has stored: each of its lines makes one row, so the rows of
+// all tables together must be those of the first lines of the file, none missing and none too many.
 #pragma once
 
 #include <cstddef>
@@ -19,8 +19,8 @@ public:
     explicit ImportedLines(const std::string& text);
 
     std::size_t Count() const { return tables_.size(); }
-    // The number of lines whose rows a DataSet holds that was new before; nothing when its rows are not those of the first
-    // lines.
+    // The number of lines whose rows a DataSet holds that was new before; nothing when its rows are not those
+    // of the first lines.
     std::optional<std::size_t> Stored(store::Database& database) const;
 
 private:

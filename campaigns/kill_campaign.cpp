@@ -1,5 +1,5 @@
-// campaign-kill: SIGKILL at random moments of a tagged import and of a writer. Every file must open, pass the full check,
-// hold every acknowledged unit of the writer, and all but the last second of the import.
+// campaign-kill: SIGKILL at random moments of a tagged import and of a writer. Every file must open, pass the
+// full check, hold every acknowledged unit of the writer, and all but the last second of the import.
 #include <fmt/format.h>
 
 #include <CLI/CLI.hpp>
@@ -9,7 +9,8 @@
 
 namespace quillon::campaign {
 
-bool OpenLeftBehind(Session& session, const std::string& path, const std::string& what, Violations& violations) {
+bool OpenLeftBehind(Session& session, const std::string& path, const std::string& what,
+                    Violations& violations) {
     try {
         session.Open(path);
         const std::string check = FullCheck(session.DataSet());

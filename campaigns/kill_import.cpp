@@ -33,7 +33,8 @@ struct LineTimes {
 class SharedTimes {
 public:
     SharedTimes()
-        : memory_(mmap(nullptr, sizeof(LineTimes), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0)) {
+        : memory_(
+              mmap(nullptr, sizeof(LineTimes), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0)) {
         if (memory_ == MAP_FAILED) throw std::runtime_error("no shared memory");
     }
     ~SharedTimes() { munmap(memory_, sizeof(LineTimes)); }
@@ -49,7 +50,10 @@ private:
 class NotingPump : public EventPump {
 public:
     NotingPump(LineTimes& times, std::size_t lines, bool slow)
-        : times_(times), lines_(lines), pause_(slow ? kSlowSeconds / static_cast<double>(lines) : 0), start_(SecondsNow()) {}
+        : times_(times),
+          lines_(lines),
+          pause_(slow ? kSlowSeconds / static_cast<double>(lines) : 0),
+          start_(SecondsNow()) {}
 
     void Yield() override {
         const std::uint32_t line = times_.lines.load(std::memory_order_relaxed);
@@ -102,7 +106,8 @@ public:
         for (std::size_t i = 0; i < count; ++i) Start(running[i], i, slow, random);
         std::vector<Running*> order;
         for (Running& one : running) order.push_back(&one);
-        std::sort(order.begin(), order.end(), [](const Running* a, const Running* b) { return a->end < b->end; });
+        std::sort(order.begin(), order.end(),
+                  [](const Running* a, const Running* b) { return a->end < b->end; });
         for (Running* one : order) {
             Sleep(one->end - SecondsNow());
             one->end = SecondsNow();
@@ -113,9 +118,11 @@ public:
     }
 
     void Print() const {
-        fmt::print("imports killed: {} of {} lines each; {} while lines were read, {} in the closing pass, {} were done before; "
-                   "most work lost: {:.2f} s\n",
-                   killed_, lines_.Count(), whileReading_, inClosing_, done_, mostLost_);
+        fmt::print(
+            "imports killed: {} of {} lines each; {} while lines were read, {} in the closing pass, {} were "
+            "done before; "
+            "most work lost: {:.2f} s\n",
+            killed_, lines_.Count(), whileReading_, inClosing_, done_, mostLost_);
     }
 
 private:
@@ -130,7 +137,8 @@ private:
     ImportJob JobNumber(std::size_t number, bool slow) {
         const std::string name = fmt::format("import{}", number);
         mkdir(folder_.File(name).c_str(), 0777);
-        return {folder_.File(name + ".mdb"), folder_.File("names.qln"), folder_.File(name), lines_.Count(), slow};
+        return {folder_.File(name + ".mdb"), folder_.File("names.qln"), folder_.File(name), lines_.Count(),
+                slow};
     }
 
     void PutFresh(const std::string& path) {
@@ -163,7 +171,8 @@ private:
         const LineTimes& times = *one.times;
         const std::size_t handled = times.lines.load(std::memory_order_acquire);
         if (WIFEXITED(one.status)) {
-            if (WEXITSTATUS(one.status) != 0) violations_.Add(what + " ended by itself: " + EndText(one.status));
+            if (WEXITSTATUS(one.status) != 0)
+                violations_.Add(what + " ended by itself: " + EndText(one.status));
             ++done_;
         } else {
             ++(handled < lines_.Count() ? whileReading_ : inClosing_);
@@ -178,7 +187,8 @@ private:
         const double lost = one.end - times.at[*stored];
         mostLost_ = std::max(mostLost_, lost);
         if (lost > kMayBeLost)
-            violations_.Add(fmt::format("{}: {} of {} lines stored, {:.2f} s of work lost", what, *stored, handled, lost));
+            violations_.Add(fmt::format("{}: {} of {} lines stored, {:.2f} s of work lost", what, *stored,
+                                        handled, lost));
     }
 
     const Folder& folder_;
@@ -191,12 +201,14 @@ private:
 
 }  // namespace
 
-void KillImports(std::size_t count, std::size_t together, const Folder& folder, Random& random, Violations& violations) {
+void KillImports(std::size_t count, std::size_t together, const Folder& folder, Random& random,
+                 Violations& violations) {
     if (count == 0) return;
     ImportKiller killer(folder, violations);
     const std::size_t slow = count / 2;
     for (std::size_t i = 0; i < count - slow; ++i) killer.Round(1, false, random);
-    for (std::size_t done = 0; done < slow; done += together) killer.Round(std::min(together, slow - done), true, random);
+    for (std::size_t done = 0; done < slow; done += together)
+        killer.Round(std::min(together, slow - done), true, random);
     killer.Print();
 }
 

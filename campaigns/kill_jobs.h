@@ -1,5 +1,5 @@
-// The two jobs of the kill campaign: each starts child processes, kills them at random moments, opens what they left, and
-// counts what it found.
+// The two jobs of the kill campaign: each starts child processes, kills them at random moments, opens what
+// they left, and counts what it found.
 #pragma once
 
 #include <cstddef>
@@ -9,14 +9,17 @@
 
 namespace quillon::campaign {
 
-// `count` tagged imports. Half of them are slowed down to take seconds, so that more than the last second is at stake;
-// the others run at full speed, so that every moment of the work is met.
-void KillImports(std::size_t count, std::size_t together, const Folder& folder, Random& random, Violations& violations);
-// `count` writers that store unit after unit and note each acknowledged one in a file of their own before the next.
+// `count` tagged imports. Half of them are slowed down to take seconds, so that more than the last second is
+// at stake; the others run at full speed, so that every moment of the work is met.
+void KillImports(std::size_t count, std::size_t together, const Folder& folder, Random& random,
+                 Violations& violations);
+// `count` writers that store unit after unit and note each acknowledged one in a file of their own before the
+// next.
 void KillWriters(std::size_t count, const Folder& folder, Random& random, Violations& violations);
 
-// What a killed child left under `path`, opened through the store; nothing when it does not open or is not whole, which
-// is a violation. Removes nothing.
-bool OpenLeftBehind(Session& session, const std::string& path, const std::string& what, Violations& violations);
+// What a killed child left under `path`, opened through the store; nothing when it does not open or is not
+// whole, which is a violation. Removes nothing.
+bool OpenLeftBehind(Session& session, const std::string& path, const std::string& what,
+                    Violations& violations);
 
 }  // namespace quillon::campaign

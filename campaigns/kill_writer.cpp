@@ -69,14 +69,17 @@ std::size_t CheckWriter(const std::string& path, const std::string& acknowledged
     Session session;
     if (!OpenLeftBehind(session, path, what, violations)) return 0;
     const auto numbers = [&](const char* column, const char* table) {
-        return NativeNumbers(session.DataSet(), fmt::format("SELECT {0} FROM {1} WHERE {0} IS NOT NULL AND {0} < {2} ORDER BY {0}",
-                                                            column, table, kMostUnits));
+        return NativeNumbers(
+            session.DataSet(),
+            fmt::format("SELECT {0} FROM {1} WHERE {0} IS NOT NULL AND {0} < {2} ORDER BY {0}", column, table,
+                        kMostUnits));
     };
     const std::vector<std::int64_t> vernaculars = numbers("vern_id", "qb_vernaculars");
     const std::vector<std::int64_t> comments = numbers("comment_id", "qb_comments");
     const std::vector<std::int64_t> taxa =
         NativeNumbers(session.DataSet(), "SELECT tsn FROM qb_taxonomic_units WHERE qb_id > 1 ORDER BY tsn");
-    if (taxa != vernaculars || taxa != comments) violations.Add(fmt::format("{}: a unit is there in part", what));
+    if (taxa != vernaculars || taxa != comments)
+        violations.Add(fmt::format("{}: a unit is there in part", what));
     const std::vector<std::int64_t> units = Acknowledged(acknowledged);
     if (!std::includes(taxa.begin(), taxa.end(), units.begin(), units.end()))
         violations.Add(fmt::format("{}: {} units acknowledged, {} stored", what, units.size(), taxa.size()));
@@ -104,11 +107,13 @@ void KillWriters(std::size_t count, const Folder& folder, Random& random, Violat
         kill(child, SIGKILL);
         const int status = WaitFor(child);
         const std::string what = fmt::format("writer {}", i + 1);
-        if (!WIFSIGNALED(status) || WTERMSIG(status) != SIGKILL) violations.Add(what + " ended by itself: " + EndText(status));
+        if (!WIFSIGNALED(status) || WTERMSIG(status) != SIGKILL)
+            violations.Add(what + " ended by itself: " + EndText(status));
         if (FileExists(path + "-journal")) ++journals;
         units += CheckWriter(path, acknowledged, what, violations);
     }
-    fmt::print("writers killed: {}, units acknowledged: {}, journals left behind: {}\n", count, units, journals);
+    fmt::print("writers killed: {}, units acknowledged: {}, journals left behind: {}\n", count, units,
+               journals);
 }
 
 }  // namespace quillon::campaign

@@ -1,6 +1,6 @@
-// campaign-places: what may be given as a DataSet, or be in its way, in an imperfect world: a full disk, a file that may
-// not be written, a folder that may not, a directory, a text, an empty file, a DataSet cut short. Each must end in a
-// clear error, with the original as it was.
+// campaign-places: what may be given as a DataSet, or be in its way, in an imperfect world: a full disk, a
+// file that may not be written, a folder that may not, a directory, a text, an empty file, a DataSet cut
+// short. Each must end in a clear error, with the original as it was.
 #include <fmt/format.h>
 #include <grp.h>
 #include <sched.h>
@@ -92,13 +92,16 @@ std::string Refused(const std::string& path, const std::string& words) {
 
 void BecomeNobody() {
     if (getuid() != 0) return;
-    if (setgroups(0, nullptr) != 0 || setgid(kNobody) != 0 || setuid(kNobody) != 0) throw std::runtime_error("cannot become nobody");
+    if (setgroups(0, nullptr) != 0 || setgid(kNobody) != 0 || setuid(kNobody) != 0)
+        throw std::runtime_error("cannot become nobody");
 }
 
-// A disk of some megabytes that this process alone sees; where it may not mount one, no file may grow over them.
+// A disk of some megabytes that this process alone sees; where it may not mount one, no file may grow over
+// them.
 void BecomeFullAt(const std::string& folder, int megabytes) {
     const std::string size = fmt::format("size={}m", megabytes);
-    const bool own = unshare(CLONE_NEWNS) == 0 && mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
+    const bool own =
+        unshare(CLONE_NEWNS) == 0 && mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
     if (own && mount("tmpfs", folder.c_str(), "tmpfs", 0, size.c_str()) == 0) return;
     std::signal(SIGXFSZ, SIG_IGN);
     const auto most = static_cast<rlim_t>(megabytes) * 1024 * 1024;
@@ -107,7 +110,8 @@ void BecomeFullAt(const std::string& folder, int megabytes) {
 }
 
 std::string NoSpaceWords(const std::string& said) {
-    const bool clear = said.find("Not enough space on disk") != std::string::npos || said.find("Disk error") != std::string::npos;
+    const bool clear = said.find("Not enough space on disk") != std::string::npos ||
+                       said.find("Disk error") != std::string::npos;
     return clear ? "" : "said: " + (said.empty() ? std::string("nothing") : said);
 }
 
@@ -117,7 +121,8 @@ std::string ImportOnFullDisk(const Fixture& fixture) {
     BecomeFullAt(disk, 1);
     const std::string path = disk + "/set.mdb";
     WriteFile(path, fixture.fresh);
-    const std::string wrong = NoSpaceWords(Import(path, fixture.folder.File("names.qln"), fixture.folder.File("logs")));
+    const std::string wrong =
+        NoSpaceWords(Import(path, fixture.folder.File("names.qln"), fixture.folder.File("logs")));
     if (!wrong.empty()) return wrong;
     Session session;
     session.Open(path);
@@ -193,14 +198,17 @@ std::string UnwritableFolder(const Fixture& fixture) {
         session.Make(folder + "/new.mdb");
         return "made a file";
     } catch (const store::StoreError& error) {
-        if (error.Description().find("cannot be made") == std::string::npos) return "said: " + error.Description();
+        if (error.Description().find("cannot be made") == std::string::npos)
+            return "said: " + error.Description();
     }
     const std::string said = Import(path, fixture.folder.File("names.qln"), fixture.folder.File("logs"));
     if (said.find("read-only") == std::string::npos) return "said: " + said;
     return ReadFile(path) == fixture.fresh ? "" : "the file was changed";
 }
 
-std::string Missing(const Fixture& fixture) { return Refused(fixture.folder.File("nothing.mdb"), "Could not find"); }
+std::string Missing(const Fixture& fixture) {
+    return Refused(fixture.folder.File("nothing.mdb"), "Could not find");
+}
 
 std::string Directory(const Fixture& fixture) {
     mkdir(fixture.folder.File("folder.mdb").c_str(), 0777);

@@ -28,7 +28,8 @@ using Statement = std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt*)>;
 Statement Prepare(store::Database& database, const std::string& sql) {
     sqlite3* db = database.Shared()->Native();
     sqlite3_stmt* raw = nullptr;
-    if (sqlite3_prepare_v2(db, sql.c_str(), -1, &raw, nullptr) != SQLITE_OK) throw std::runtime_error(sqlite3_errmsg(db));
+    if (sqlite3_prepare_v2(db, sql.c_str(), -1, &raw, nullptr) != SQLITE_OK)
+        throw std::runtime_error(sqlite3_errmsg(db));
     return {raw, &sqlite3_finalize};
 }
 
@@ -53,7 +54,8 @@ Session::Session() {
 
 void Session::Open(const std::string& path) {
     state.gDataSetPath = lifecycle.OpenDataSetFile(path);
-    if (!state.gDataSetOpen) throw store::StoreError(store::ErrorNumber::CannotOpenFile, lifecycle.LastOpenError());
+    if (!state.gDataSetOpen)
+        throw store::StoreError(store::ErrorNumber::CannotOpenFile, lifecycle.LastOpenError());
 }
 
 std::string FullCheck(store::Database& database) {
@@ -69,7 +71,9 @@ std::vector<std::int64_t> NativeNumbers(store::Database& database, const std::st
     return numbers;
 }
 
-std::int64_t NativeNumber(store::Database& database, const std::string& sql) { return NativeNumbers(database, sql).at(0); }
+std::int64_t NativeNumber(store::Database& database, const std::string& sql) {
+    return NativeNumbers(database, sql).at(0);
+}
 
 std::string ReadFile(const std::string& path) {
     std::ifstream in(path, std::ios::binary);
@@ -121,10 +125,13 @@ int WaitFor(pid_t child) {
     return status;
 }
 
-int RunChild(const std::function<int()>& job) { return WaitFor(StartChild(job)); }
+int RunChild(const std::function<int()>& job) {
+    return WaitFor(StartChild(job));
+}
 
 std::string EndText(int status) {
-    return WIFEXITED(status) ? fmt::format("exit {}", WEXITSTATUS(status)) : fmt::format("signal {}", WTERMSIG(status));
+    return WIFEXITED(status) ? fmt::format("exit {}", WEXITSTATUS(status))
+                             : fmt::format("signal {}", WTERMSIG(status));
 }
 
 void Violations::Add(const std::string& text) {

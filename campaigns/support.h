@@ -1,5 +1,5 @@
-// What the reliability campaigns share: a DataSet with everything its procedures ask for, child processes that may be
-// killed or may crash, and the check of what they leave behind.
+// What the reliability campaigns share: a DataSet with everything its procedures ask for, child processes
+// that may be killed or may crash, and the check of what they leave behind.
 //
 // A campaign counts what it did and every violation, prints both, and ends with 1 when there is a violation.
 #pragma once
@@ -76,7 +76,8 @@ bool FileExists(const std::string& path);
 double SecondsNow();
 void Sleep(double seconds);
 
-// Runs `job` in a child process. What it returns is the child's exit status; an exception is told and ends it with 99.
+// Runs `job` in a child process. What it returns is the child's exit status; an exception is told and ends it
+// with 99.
 pid_t StartChild(const std::function<int()>& job);
 // The child's end as waitpid has it.
 int WaitFor(pid_t child);

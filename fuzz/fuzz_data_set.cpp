@@ -9,8 +9,8 @@
 
 #include "store/engine/connection.h"
 
-// What the connection keeps from case to case looks like a leak to the fuzzer's check after each case, which costs more
-// than the case itself.
+// What the connection keeps from case to case looks like a leak to the fuzzer's check after each case, which
+// costs more than the case itself.
 extern "C" int LLVMFuzzerInitialize(int* count, char*** words);
 extern "C" int LLVMFuzzerInitialize(int* count, char*** words) {
     static std::string noLeaks = "-detect_leaks=0";
@@ -36,8 +36,9 @@ int CountSteps(void*) {
 }
 
 std::string MakeFolder() {
-    std::string pattern = access("/dev/shm", W_OK) == 0 ? "/dev/shm/quillon-fuzz-XXXXXX"
-                                                        : std::filesystem::temp_directory_path().string() + "/quillon-fuzz-XXXXXX";
+    std::string pattern = access("/dev/shm", W_OK) == 0
+                              ? "/dev/shm/quillon-fuzz-XXXXXX"
+                              : std::filesystem::temp_directory_path().string() + "/quillon-fuzz-XXXXXX";
     if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("cannot make a folder");
     return pattern;
 }
@@ -51,7 +52,8 @@ FuzzDataSet::FuzzDataSet() : folder_(MakeFolder()) {
     state.gPrefRank = "Kingdom";
     lifecycle.MakeDataSet(folder_ + "/fuzz.mdb");
     for (const store::TableDef& table : Db().TableDefs()) {
-        const bool empty = Db().CreateSnapshot("SELECT count(*) FROM [" + table.name + "]")->At(0).AsLong() == 0;
+        const bool empty =
+            Db().CreateSnapshot("SELECT count(*) FROM [" + table.name + "]")->At(0).AsLong() == 0;
         if (empty) emptied_.push_back(table.name);
     }
     emptied_.emplace_back("qb_taxonomic_units");
@@ -69,14 +71,16 @@ FuzzDataSet::~FuzzDataSet() {
 
 void FuzzDataSet::Run(const std::string& sql) {
     sqlite3* db = Db().Shared()->Native();
-    if (sqlite3_exec(db, sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) throw std::runtime_error(sqlite3_errmsg(db));
+    if (sqlite3_exec(db, sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
+        throw std::runtime_error(sqlite3_errmsg(db));
 }
 
 void FuzzDataSet::PrepareResets() {
     std::vector<std::string> sql = {"BEGIN"};
     for (const std::string& table : emptied_) sql.push_back("DELETE FROM " + table);
-    sql.emplace_back("INSERT INTO qb_taxonomic_units (qb_id, parent_qb_id, unit_name1, usage, kingdom_id, rank_id) "
-                     "VALUES (1, 1, 'Animalia  ', 'valid', 5, 10)");
+    sql.emplace_back(
+        "INSERT INTO qb_taxonomic_units (qb_id, parent_qb_id, unit_name1, usage, kingdom_id, rank_id) "
+        "VALUES (1, 1, 'Animalia  ', 'valid', 5, 10)");
     const std::vector<std::string> more = {
         "INSERT INTO qb_taxonomic_units (qb_id, parent_qb_id, unit_name1, usage, kingdom_id, rank_id) "
         "VALUES (2, 1, 'Chordata', 'valid', 5, 30)",
@@ -101,7 +105,8 @@ void FuzzDataSet::Reset(bool used) {
 
 void FuzzDataSet::LimitSteps(int steps) {
     gStepsLeft = steps;
-    sqlite3_progress_handler(Db().Shared()->Native(), steps == 0 ? 0 : kStepsACall, steps == 0 ? nullptr : &CountSteps, nullptr);
+    sqlite3_progress_handler(Db().Shared()->Native(), steps == 0 ? 0 : kStepsACall,
+                             steps == 0 ? nullptr : &CountSteps, nullptr);
 }
 
 }  // namespace quillon::fuzz

@@ -1,5 +1,5 @@
-// The DataSet that fuzz targets work on: made once in memory-backed files, and put back to a few known rows between the
-// cases, which costs less than a new one.
+// The DataSet that fuzz targets work on: made once in memory-backed files, and put back to a few known rows
+// between the cases, which costs less than a new one.
 #pragma once
 
 #include <array>
@@ -35,8 +35,8 @@ public:
     FuzzDataSet(const FuzzDataSet&) = delete;
     FuzzDataSet& operator=(const FuzzDataSet&) = delete;
 
-    // Leaves the seed rows, and with `used` one more taxon: an import into it keeps all indexes up to date, where one into
-    // a new DataSet takes them off and builds them again.
+    // Leaves the seed rows, and with `used` one more taxon: an import into it keeps all indexes up to date,
+    // where one into a new DataSet takes them off and builds them again.
     void Reset(bool used);
     // Statements of the next case are stopped after so many steps of SQLite's machine; 0 lets them run.
     void LimitSteps(int steps);
@@ -52,7 +52,7 @@ private:
     void PrepareResets();
 
     std::string folder_;
-    std::vector<std::string> emptied_;                     // the tables without seed rows
+    std::vector<std::string> emptied_;                  // the tables without seed rows
     std::array<std::vector<sqlite3_stmt*>, 2> resets_;  // to a new DataSet, to a used one
 };
 

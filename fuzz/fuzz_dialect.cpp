@@ -1,5 +1,5 @@
-// Any text as a statement of the dialect, or after a question mark as the criteria of a search: it runs, or it is refused
-// with a StoreError; what it changed is rolled back.
+// Any text as a statement of the dialect, or after a question mark as the criteria of a search: it runs, or
+// it is refused with a StoreError; what it changed is rolled back.
 #include <cstddef>
 #include <cstdint>
 #include <string>

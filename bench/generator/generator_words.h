@@ -1,7 +1,8 @@
-// Words for generated files: names of taxa, authors, vernaculars and titles that look like real ones, accents included.
+// Words for generated files: names of taxa, authors, vernaculars and titles that look like real ones, accents
+// included.
 //
-// Each is a function of its number alone, and numbers near each other give different words. The generator of tagged files
-// calls them; nothing here is random.
+// Each is a function of its number alone, and numbers near each other give different words. The generator of
+// tagged files calls them; nothing here is random.
 #pragma once
 
 #include <cstddef>

@@ -22,7 +22,16 @@ constexpr std::size_t kFirstSource = 61'000'000;
 constexpr std::size_t kBuffer = 256 * 1024;
 
 // Of the animal kingdom.
-enum : int { kKingdom = 10, kPhylum = 30, kClass = 60, kOrder = 100, kFamily = 140, kGenus = 180, kSpecies = 220, kSubspecies = 230 };
+enum : int {
+    kKingdom = 10,
+    kPhylum = 30,
+    kClass = 60,
+    kOrder = 100,
+    kFamily = 140,
+    kGenus = 180,
+    kSpecies = 220,
+    kSubspecies = 230
+};
 
 struct Taxon {
     std::uint32_t parent = 0;   // place; for a synonym the accepted name
@@ -35,7 +44,8 @@ struct Taxon {
 
 class Generator {
 public:
-    Generator(std::size_t names, std::uint64_t seed, const ByteSink& sink) : names_(names), random_(seed), sink_(sink) {}
+    Generator(std::size_t names, std::uint64_t seed, const ByteSink& sink)
+        : names_(names), random_(seed), sink_(sink) {}
 
     GeneratedCounts Run() {
         GrowTree();
@@ -97,7 +107,8 @@ private:
             const auto epithet = firstEpithet + static_cast<std::uint32_t>(i);
             const std::uint32_t own = Add({genus, name, epithet, 0, kSpecies, false});
             if (!Percent(4)) continue;
-            for (std::uint32_t k = 1; k <= 2 && !Full(); ++k) Add({own, name, epithet, epithet + k, kSubspecies, false});
+            for (std::uint32_t k = 1; k <= 2 && !Full(); ++k)
+                Add({own, name, epithet, epithet + k, kSubspecies, false});
         }
     }
 
@@ -185,9 +196,10 @@ private:
         for (std::size_t i = 0; i < Publications(); ++i) {
             const std::string year = std::to_string(1758 + Below(262));
             const std::string journal(JournalName(i / 3));
-            std::string line = "[PB]PUB||" + std::to_string(kFirstPublication + i) + "|" + std::string(Surname(i)) + ", " +
-                               std::string(1, static_cast<char>('A' + i % 26)) + ".|" + PublicationTitle(i) + "|" + journal +
-                               "|01/01/" + year + "|01/01/" + year + "|";
+            std::string line = "[PB]PUB||" + std::to_string(kFirstPublication + i) + "|" +
+                               std::string(Surname(i)) + ", " +
+                               std::string(1, static_cast<char>('A' + i % 26)) + ".|" + PublicationTitle(i) +
+                               "|" + journal + "|01/01/" + year + "|01/01/" + year + "|";
             line += "||||" + std::to_string(1 + Below(400)) + "-" + std::to_string(401 + Below(400)) + "||";
             Write("PB", line);
             WriteReferences("PUB", kFirstPublication + i, 1 + Below(7));
@@ -197,11 +209,13 @@ private:
     void WriteExpertsAndSources() {
         const std::size_t count = 1 + names_ / 2000;
         for (std::size_t i = 0; i < count; ++i) {
-            Write("EX", "[EX]EXP||" + std::to_string(kFirstExpert + i) + "|" + std::string(Surname(i * 5)) + "|Adviser " +
-                            std::to_string(i) + " on synonymy, généralement par correspondance|");
+            Write("EX", "[EX]EXP||" + std::to_string(kFirstExpert + i) + "|" + std::string(Surname(i * 5)) +
+                            "|Adviser " + std::to_string(i) +
+                            " on synonymy, généralement par correspondance|");
             WriteReferences("EXP", kFirstExpert + i, 1 + Below(40));
-            Write("OS", "[OS]SRC||" + std::to_string(kFirstSource + i) + "|database|Catalogue " + std::to_string(i) +
-                            "|1.0|07/16/2020|Lista de nombres, revisión " + std::to_string(i) + "|");
+            Write("OS", "[OS]SRC||" + std::to_string(kFirstSource + i) + "|database|Catalogue " +
+                            std::to_string(i) + "|1.0|07/16/2020|Lista de nombres, revisión " +
+                            std::to_string(i) + "|");
             WriteReferences("SRC", kFirstSource + i, 1 + Below(40));
         }
     }
@@ -231,31 +245,34 @@ private:
             const std::size_t count = 1 + Below(2);
             for (std::size_t i = 0; i < count; ++i, ++number) {
                 const Vernacular vernacular = VernacularName(number);
-                Write("VR", "[VR]||" + std::to_string(kFirstVernacular + number) + "|" + vernacular.name + "|" + Tsn(place) +
-                                "|" + std::string(vernacular.language) + (i == 0 ? "|Yes|" : "|No|"));
+                Write("VR", "[VR]||" + std::to_string(kFirstVernacular + number) + "|" + vernacular.name +
+                                "|" + Tsn(place) + "|" + std::string(vernacular.language) +
+                                (i == 0 ? "|Yes|" : "|No|"));
                 if (number % 6 == 0) referenced.emplace_back(number, place);
             }
         }
         for (const auto& [vernacular, place] : referenced)
-            Write("VL", "[VL]||" + std::to_string(kFirstVernacular + vernacular) + "|PUB||" + Tsn(place) + "|PUB|" +
-                            std::to_string(kFirstPublication + Below(Publications())) + "|");
+            Write("VL", "[VL]||" + std::to_string(kFirstVernacular + vernacular) + "|PUB||" + Tsn(place) +
+                            "|PUB|" + std::to_string(kFirstPublication + Below(Publications())) + "|");
     }
 
     void WriteComments() {
         const std::size_t count = names_ * 3 / 20;
         for (std::size_t i = 0; i < count; ++i) {
             const std::string id = std::to_string(kFirstComment + i);
-            Write("CM", "[CM]|" + id + "|" + std::string(Surname(i * 7)) + "|The placement follows the revision of " +
-                            AuthorName(Below(Authors())) + "; the type was not seen. Año de colecta incierto.|" +
-                            "2020-07-16 09:00:00|");
-            ForTaxa(1 + Below(2), [&](std::size_t place) { Write("CL", "[CL]||" + Tsn(place) + "|" + id + "|"); });
+            Write("CM", "[CM]|" + id + "|" + std::string(Surname(i * 7)) +
+                            "|The placement follows the revision of " + AuthorName(Below(Authors())) +
+                            "; the type was not seen. Año de colecta incierto.|" + "2020-07-16 09:00:00|");
+            ForTaxa(1 + Below(2),
+                    [&](std::size_t place) { Write("CL", "[CL]||" + Tsn(place) + "|" + id + "|"); });
         }
     }
 
     void Write(const char* tag, const std::string& line) {
         ++counts_.lines[tag];
         // A character without a place in the code page would be an error in the words themselves.
-        if (std::all_of(line.begin(), line.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; })) {
+        if (std::all_of(line.begin(), line.end(),
+                        [](char c) { return static_cast<unsigned char>(c) < 0x80; })) {
             buffer_ += line;
         } else {
             const auto bytes = Utf8ToCp1252(line);

@@ -1,9 +1,11 @@
-// Tagged files of any size for benches, campaigns and demonstrations: a tree with its synonyms, authors, publications,
-// experts, other sources, distribution, jurisdictions, vernaculars and comments, about 4.5 lines a name.
+// Tagged files of any size for benches, campaigns and demonstrations: a tree with its synonyms, authors,
+// publications, experts, other sources, distribution, jurisdictions, vernaculars and comments, about 4.5
+// lines a name.
 //
-// The same count and seed give the same bytes, CP1252 with CR LF, in the order of an authority's download: every record
-// is named once, every link has both its ends, so that an import has no findings. Two names in five are synonyms. From
-// 20,000 names on, the first genus has exactly 5,000 species and no other taxon has as many children.
+// The same count and seed give the same bytes, CP1252 with CR LF, in the order of an authority's download:
+// every record is named once, every link has both its ends, so that an import has no findings. Two names in
+// five are synonyms. From 20,000 names on, the first genus has exactly 5,000 species and no other taxon has
+// as many children.
 #pragma once
 
 #include <cstddef>

@@ -20,10 +20,10 @@ struct CommonOptions {
 
 struct ExportArguments {
     std::string file;
-    bool online = false;            // "For Online System"
-    std::string list;               // name, author or rank for the partial list; "" for a tagged file
-    std::string filter = "none";    // none, journal, or COLUMN OPERATOR VALUE
-    std::string encoding;           // cp1252 or utf-8; "" for cp1252
+    bool online = false;          // "For Online System"
+    std::string list;             // name, author or rank for the partial list; "" for a tagged file
+    std::string filter = "none";  // none, journal, or COLUMN OPERATOR VALUE
+    std::string encoding;         // cp1252 or utf-8; "" for cp1252
 };
 
 ExitStatus RunNew(const CommonOptions& options, const std::string& path);

@@ -46,7 +46,8 @@ void AddExport(CLI::App& app, Arguments& arguments) {
         ->check(CLI::IsMember({"name", "author", "rank"}))
         ->excludes(online);
     command->add_option("--filter", exported.filter, "none, journal or 'COLUMN OPERATOR VALUE'");
-    command->add_option("--encoding", exported.encoding, "cp1252 or utf-8")->check(CLI::IsMember({"cp1252", "utf-8"}));
+    command->add_option("--encoding", exported.encoding, "cp1252 or utf-8")
+        ->check(CLI::IsMember({"cp1252", "utf-8"}));
 }
 
 ExitStatus Dispatch(const CLI::App& app, Arguments& arguments) {
@@ -55,7 +56,8 @@ ExitStatus Dispatch(const CLI::App& app, Arguments& arguments) {
     if (app.got_subcommand("import")) return RunImport(arguments.common, arguments.dataSet, arguments.file);
     if (app.got_subcommand("validate"))
         return RunValidate(arguments.common, arguments.dataSet, arguments.filter);
-    if (app.got_subcommand("export")) return RunExport(arguments.common, arguments.dataSet, arguments.exported);
+    if (app.got_subcommand("export"))
+        return RunExport(arguments.common, arguments.dataSet, arguments.exported);
     if (app.got_subcommand("query"))
         return RunQuery(arguments.common, arguments.dataSet, arguments.query, arguments.parameters);
     return RunInfo(arguments.common, arguments.dataSet);

@@ -56,6 +56,12 @@ void RefuseOddTarget(const std::string& path, const std::string& real) {
                          fmt::format("'{}' is not a file that can be written.", path));
 }
 
+// The file that takes the place of another is as open to others as that one was.
+void KeepPermissions(int descriptor, const std::string& target) {
+    struct stat old {};
+    if (stat(target.c_str(), &old) == 0) fchmod(descriptor, old.st_mode & 0777);
+}
+
 }  // namespace
 
 ExportFile::ExportFile(const std::string& target, Encoding encoding)
@@ -63,8 +69,7 @@ ExportFile::ExportFile(const std::string& target, Encoding encoding)
     if (target.empty()) throw StoreError(ErrorNumber::InvalidPath, "There is no file to write.");
     RefuseOddTarget(target, target_);
     descriptor_ = MakeFile(making_);
-    struct stat old {};
-    if (stat(target_.c_str(), &old) == 0) fchmod(descriptor_, old.st_mode & 0777);
+    KeepPermissions(descriptor_, target_);
     buffer_.reserve(kBufferSize + kBufferSize / 4);
     if (encoding_ == Encoding::Utf8) buffer_ = kByteOrderMark;
 }
@@ -85,29 +90,34 @@ void ExportFile::Flush() {
     buffer_.clear();
 }
 
+// What was written so far, converted, to another file.
+void ExportFile::CopyAsUtf8(int to, const std::string& path) {
+    if (lseek(descriptor_, 0, SEEK_SET) != 0) FailFile("Reading", making_);
+    std::string block(kBufferSize, '\0');
+    std::string text(kByteOrderMark);
+    for (ssize_t got = 1; got != 0;) {
+        got = read(descriptor_, block.data(), block.size());
+        if (got < 0 && errno == EINTR) continue;
+        if (got < 0) FailFile("Reading", making_);
+        AppendCp1252AsUtf8(std::string_view(block).substr(0, static_cast<std::size_t>(got)), text);
+        WriteAll(to, text, path);
+        text.clear();
+    }
+}
+
 void ExportFile::SwitchToUtf8() {
     Flush();
-    if (lseek(descriptor_, 0, SEEK_SET) != 0) FailFile("Reading", making_);
     const std::string again = target_ + "~utf8";
     const int converted = MakeFile(again);
     try {
-        std::string block(kBufferSize, '\0');
-        std::string text(kByteOrderMark);
-        while (true) {
-            const ssize_t got = read(descriptor_, block.data(), block.size());
-            if (got < 0 && errno == EINTR) continue;
-            if (got < 0) FailFile("Reading", making_);
-            AppendCp1252AsUtf8(std::string_view(block).substr(0, static_cast<std::size_t>(got)), text);
-            WriteAll(converted, text, again);
-            text.clear();
-            if (got == 0) break;
-        }
+        CopyAsUtf8(converted, again);
         if (rename(again.c_str(), making_.c_str()) != 0) FailFile("Writing", making_);
     } catch (...) {
         close(converted);
         unlink(again.c_str());
         throw;
     }
+    KeepPermissions(converted, target_);
     close(descriptor_);
     descriptor_ = converted;
     encoding_ = Encoding::Utf8;

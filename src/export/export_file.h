@@ -38,6 +38,7 @@ public:
 private:
     static constexpr std::size_t kBufferSize = std::size_t{1} << 20;
     void Flush();
+    void CopyAsUtf8(int to, const std::string& path);
     void Discard();
 
     std::string target_;  // with symbolic links followed

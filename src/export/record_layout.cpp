@@ -16,18 +16,21 @@ constexpr FieldLayout kTaxonFields[] = {
     {"unit_ind1", Text}, {"unit_name1", Text}, {"unit_ind2", Text}, {"unit_name2", Text},
     {"unit_ind3", Text}, {"unit_name3", Text}, {"unit_ind4", Text}, {"unit_name4", Text},
     {"unnamed_taxon_ind", Text}, {"usage", Text}, {"unacceptability_reason", Other},
-    {"taxonomic_credibility_rating", Text}, {"taxonomic_completeness_rating", Text}, {"currency_rating", Text},
+    {"taxonomic_credibility_rating", Text}, {"taxonomic_completeness_rating", Text},
+    {"currency_rating", Text},
     {"phylo_sort_sequence", Number}, {"initial_time_stamp", Text},
     {"parent_tsn", Number}, {"parent_qb_id", Other},
     {"taxon_author_id", Other}, {"qb_taxon_author_id", Number}, {"hybrid_author_id", Number},
     {"kingdom_id", Number}, {"rank_id", Number}, {"uncertain_parent_ind", YesNo},
 };
 constexpr FieldLayout kAuthorFields[] = {
-    {"qb_taxon_author_id", Number}, {"taxon_author_id", Number}, {"taxon_author", Text}, {"kingdom_id", Number},
+    {"qb_taxon_author_id", Number}, {"taxon_author_id", Number}, {"taxon_author", Text},
+    {"kingdom_id", Number},
 };
 constexpr FieldLayout kNodcFields[] = {{"nodc_id", Text}, {"tsn", Number}, {"qb_id", Number}};
 constexpr FieldLayout kVernacularFields[] = {
-    {"qb_id", Number}, {"qb_vern_id", Number}, {"vern_id", Number}, {"vernacular_name", Text}, {"tsn", Number},
+    {"qb_id", Number}, {"qb_vern_id", Number}, {"vern_id", Number}, {"vernacular_name", Text},
+    {"tsn", Number},
     {"language", Text}, {"approved_ind", YesNo},
 };
 constexpr FieldLayout kSynonymFields[] = {
@@ -70,16 +73,19 @@ constexpr FieldLayout kCommentFields[] = {
 };
 constexpr FieldLayout kChangeTrackFields[] = {
     {"qb_change_track_id", Number}, {"change_track_id", Number}, {"old_tsn", Number}, {"change_reason", Text},
-    {"change_initiator", Text}, {"change_reviewer", Text}, {"change_certifier", Text}, {"change_time_stamp", Text},
+    {"change_initiator", Text}, {"change_reviewer", Text}, {"change_certifier", Text},
+    {"change_time_stamp", Text},
     {"tsn", Number}, {"qb_id", Number},
 };
 constexpr FieldLayout kChangeOperationFields[] = {
     {"qb_change_track_id", Number}, {"chg_op_id", Number}, {"change_track_id", Number},
 };
 constexpr FieldLayout kChangeCommentFields[] = {
-    {"qb_change_track_id", Number}, {"change_track_id", Number}, {"chg_cmt_id", Number}, {"change_detail", Text},
+    {"qb_change_track_id", Number}, {"change_track_id", Number}, {"chg_cmt_id", Number},
+    {"change_detail", Text},
 };
-constexpr std::array<FieldLayout, 4> kTombstoneFields = {{{"pk1", Text}, {"pk2", Text}, {"pk3", Text}, {"pk4", Text}}};
+constexpr std::array<FieldLayout, 4> kTombstoneFields = {
+    {{"pk1", Text}, {"pk2", Text}, {"pk3", Text}, {"pk4", Text}}};
 // clang-format on
 
 constexpr std::string_view kTombstones = "db_tombstone";

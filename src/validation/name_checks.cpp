@@ -55,7 +55,7 @@ std::string NameAt(const store::Recordset& row) {
 }  // namespace
 
 void ValidateVernaculars(const ValidationRun& run) {
-    VernacularReferences references(run.database, run.state.gRecordFilter);
+    VernacularReferences references(run.database, run.lookUpFilter);
     ForEachRow<VernacularRow>(run, "qb_vernaculars", [&](const VernacularRow& row) {
         if (row.language.IsNull())
             run.log.LogDocumentError(Rule::LanguageMissing, row,
@@ -72,7 +72,7 @@ void ValidateVernaculars(const ValidationRun& run) {
 void ValidateJurisdictions(const ValidationRun& run) {
     KeyedWalk taxa(run.database,
                    fmt::format(fmt::runtime(kTaxaWithoutOrigin),
-                               AndAmongTaxa("qb_jurisdiction.qb_id", "qb_id", run.state.gRecordFilter)));
+                               AndAmongTaxa("qb_jurisdiction.qb_id", "qb_id", run.lookUpFilter)));
     ForEachRow<JurisdictionRow>(run, "qb_jurisdiction", [&](JurisdictionRow& row) {
         if (!row.origin.IsNull()) return true;
         run.log.SetTaxon(IdOf(row.qb_id));

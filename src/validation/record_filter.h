@@ -49,6 +49,10 @@ std::string FilteredRows(std::string_view table, std::string_view filter, std::s
 // all through.
 std::string AndAmongTaxa(std::string_view column, std::string_view taxonField, std::string_view filter);
 
+// The filter under which look-ups are read: the run's own when it lets few taxa through, else none, because
+// the engine reads whole tables faster than many rows by their keys.
+std::string LookUpFilter(store::Database& database, std::string_view filter);
+
 // Sets gRecordsTotal, the rows that an export visits, and gValidatedTotal, those that validation visits,
 // under gRecordFilter. Reference links count in neither.
 void CountBatchRecords(ApplicationState& state, store::Database& database);

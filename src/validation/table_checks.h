@@ -26,6 +26,7 @@ struct ValidationRun {
     ValidationLog& log;
     EventPump& events;
     const Gauge& gauge;
+    std::string lookUpFilter;  // as LookUpFilter gives it
 
     // Lets events through; false when the user wants no more.
     bool GoOn() const;

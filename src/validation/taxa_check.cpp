@@ -17,7 +17,7 @@ void ValidationRun::CountRow() const {
 }
 
 void ValidateTaxa(const ValidationRun& run) {
-    TaxonLookUps lookUps(run.database, run.state.gRecordFilter, [&] { return run.GoOn(); });
+    TaxonLookUps lookUps(run.database, run.lookUpFilter, [&] { return run.GoOn(); });
     ForEachRow<TaxonRow>(run, "qb_taxonomic_units", [&](const TaxonRow& row) {
         if (!row.rank_id.IsNull() && row.rank_id.AsLong() == kKingdomRankId) return true;
         run.log.SetTaxon(IdOf(row.qb_id));

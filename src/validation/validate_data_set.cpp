@@ -74,7 +74,13 @@ private:
         CountRows();
         state_.gErrorsOccurred = false;
         ValidationLog log(state_, [this](const Finding& finding) { Write(finding); });
-        const ValidationRun run{state_, *database_, facts, log, outside_.events, outside_.gauge};
+        const ValidationRun run{state_,
+                                *database_,
+                                facts,
+                                log,
+                                outside_.events,
+                                outside_.gauge,
+                                LookUpFilter(*database_, state_.gRecordFilter)};
         for (const TableCheck check : kTableChecks)
             if (!state_.gBatchCancel) check(run);
         result_.canceled = state_.gBatchCancel;

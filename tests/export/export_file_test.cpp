@@ -75,6 +75,7 @@ TEST_F(ExportFiles, PermissionsOfTheTargetStay) {
     testkit::WriteFile(path, "old");
     fs::permissions(path, fs::perms::owner_read | fs::perms::owner_write);
     ExportFile file(path, Encoding::Cp1252);
+    file.SwitchToUtf8();
     file.Publish();
     EXPECT_EQ(fs::status(path).permissions(), fs::perms::owner_read | fs::perms::owner_write);
 }

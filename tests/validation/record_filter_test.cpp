@@ -216,6 +216,16 @@ TEST_F(RecordFilter, RowsComeInTheOrderOfTheKey) {
     EXPECT_EQ(Ids("qb_reference_links", "journal", "qb_documentation_id"), (Numbers{1, 9, 1, 10}));
 }
 
+TEST_F(RecordFilter, LookUpsAreReadWholeUnlessFewTaxaPass) {
+    for (int qb_id = 4; qb_id <= 20; ++qb_id) AddTaxon(qb_id, "Gamma", 220, 2);
+    const std::string genus = ColumnClause("rank_id", "=", "180"),
+                      species = ColumnClause("rank_id", "=", "220");
+    EXPECT_EQ(LookUpFilter(set.db(), genus), genus);
+    EXPECT_EQ(LookUpFilter(set.db(), species), "none");
+    EXPECT_EQ(LookUpFilter(set.db(), "journal"), "journal");
+    EXPECT_EQ(LookUpFilter(set.db(), "none"), "none");
+}
+
 class BatchTotals : public ValidationTest {
 protected:
     // Two of each kind of row that counts but for taxa, authors and publications.

@@ -200,6 +200,37 @@ TEST_F(Driver, FiltersNarrowTheRun) {
     EXPECT_EQ(Validate(ColumnClause("unit_name2", "=", "none")), "");
 }
 
+// Few taxa have look-ups of their own, many share those of all.
+TEST_F(Driver, FewTaxaAreToldAsAmongMany) {
+    for (int qb_id = 4; qb_id <= 20; ++qb_id) {
+        AddTaxon(qb_id, "Gamma", 220, 2);
+        MakeSynonym(qb_id, qb_id - 1, "junior synonym");
+        Run(fmt::format("INSERT INTO qb_jurisdiction (qb_id, jurisdiction_value) VALUES ({}, 'Alaska')",
+                        qb_id));
+        Run(fmt::format(
+            "INSERT INTO qb_vernaculars (qb_id, qb_vern_id, vernacular_name, language, approved_ind) "
+            "VALUES ({}, {}, 'Moth', 'English', True)",
+            qb_id, qb_id));
+    }
+    const std::string of17 =
+        Lines({"ID =  17   Name = Gamma",
+               "     an 'invalid'/'not accepted' taxon canot be linked to one that is also "
+               "'invalid'/'not accepted'",
+               "Vernaculars:  QBID = <17> Vernacular Name = <Moth>  Language = <English>",
+               "     a reference is required for an approved vernacular", "ID = 17  Name = Gamma",
+               "     origin is required for jurisdiction 'Alaska'"});
+    EXPECT_EQ(Validate(ColumnClause("qb_id", "=", "17")), of17);
+    Run("INSERT INTO journal (qb_id) VALUES (17)");
+    EXPECT_EQ(Validate("journal"), of17);
+    for (int qb_id = 1; qb_id <= 20; ++qb_id) {
+        if (qb_id == 17) continue;
+        Run(fmt::format("DELETE * FROM qb_jurisdiction WHERE qb_id = {}", qb_id));
+        Run(fmt::format("DELETE * FROM qb_vernaculars WHERE qb_id = {}", qb_id));
+        Run(fmt::format("UPDATE qb_synonym_links SET qb_id_accepted = 2 WHERE qb_id = {}", qb_id));
+    }
+    EXPECT_EQ(Validate(), of17);
+}
+
 TEST_F(Driver, AuthorIsToldOnceATaxonUnderAFilter) {
     Run("UPDATE qb_taxon_authors_lookup SET kingdom_id = Null");
     const std::string finding = Lines({"Author ID = 1  Name = Smith, 1900", "     a kingdom is required"});

@@ -217,8 +217,8 @@ void Connection::CommitDurable() {
     definitionsChanged_ = false;
 }
 
-// After some failures (a full disk) SQLite has rolled back by itself what the program thinks is open. What is left of the
-// unit must not be stored then.
+// After some failures (a full disk) SQLite has rolled back by itself what the program thinks is open. What is
+// left of the unit must not be stored then.
 void Connection::LostTransaction() {
     if (!durableOpen_ || sqlite3_get_autocommit(db_) == 0) return;
     durableOpen_ = false;

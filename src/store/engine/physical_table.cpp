@@ -140,15 +140,18 @@ void ReadIndexes(sqlite3* db, PhysicalTable& table) {
         parts.Bind(1, name);
         while (parts.Step()) index.fields.emplace_back(parts.Text(0));
         // An index over an expression is none of ours.
-        const bool known = std::all_of(index.fields.begin(), index.fields.end(),
-                                       [&](const std::string& field) { return table.def.Field(field) != nullptr; });
+        const bool known =
+            std::all_of(index.fields.begin(), index.fields.end(),
+                        [&](const std::string& field) { return table.def.Field(field) != nullptr; });
         if (known) table.def.indexes.push_back(std::move(index));
     }
 }
 
-// A document's prefix is one of three fixed words. Between those the key in byte order keeps duplicates out by itself, so
-// that the index under the collation may wait while rows are written in bulk.
-bool HoldsFixedWord(std::string_view field) { return field.ends_with("_id_prefix"); }
+// A document's prefix is one of three fixed words. Between those the key in byte order keeps duplicates out
+// by itself, so that the index under the collation may wait while rows are written in bulk.
+bool HoldsFixedWord(std::string_view field) {
+    return field.ends_with("_id_prefix");
+}
 
 }  // namespace
 

@@ -45,7 +45,8 @@ std::string ColumnSql(const FieldDef& field, bool rowidKey);
 struct IndexSql {
     std::string name;
     std::string sql;
-    bool deferrable = false;  // building may wait: it only speeds up look-ups, or keeps out what the key does too
+    bool deferrable =
+        false;  // building may wait: it only speeds up look-ups, or keeps out what the key does too
 };
 // All indexes of a table: its key under the collation, the schema's, and the store's own for look-ups.
 std::vector<IndexSql> CreateIndexSql(const PhysicalTable& table);

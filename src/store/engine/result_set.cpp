@@ -266,11 +266,19 @@ void ResultSet::BindKey(NativeStatement& statement, int first, std::size_t row) 
         statement.BindValue(first + static_cast<int>(i), At(row, width + i));
 }
 
+// What the schema says is asked for after this: where a failed write has undone a change of it, it is read
+// again.
+Connection& ResultSet::BeginWrite() {
+    BaseTable();  // refuses a result that cannot be written
+    Connection& connection = handle_->Require();
+    connection.BeforeWrite();
+    return connection;
+}
+
 void ResultSet::UpdateRow(std::size_t row, const std::vector<Value>& values,
                           const std::vector<bool>& changed) {
-    Connection& connection = handle_->Require();
+    Connection& connection = BeginWrite();
     const std::vector<const FieldDef*> fields = FieldsOfColumns();
-    connection.BeforeWrite();
     std::vector<Value> after;
     for (std::size_t i = 0; i < WidthWithKey(); ++i) after.push_back(At(row, i));
     std::string assignments;
@@ -315,10 +323,9 @@ void ResultSet::StageAutoNumber(std::vector<Value>& values) {
 }
 
 std::size_t ResultSet::InsertRow(const std::vector<Value>& values) {
-    Connection& connection = handle_->Require();
+    Connection& connection = BeginWrite();
     const PhysicalTable& table = BaseTable();
     const std::vector<const FieldDef*> fields = FieldsOfColumns();
-    connection.BeforeWrite();
     std::vector<Value> after(WidthWithKey());
     std::string names, places;
     std::vector<std::size_t> given;
@@ -380,9 +387,8 @@ std::size_t ResultSet::InsertRow(const std::vector<Value>& values) {
 }
 
 void ResultSet::DeleteRow(std::size_t row) {
-    Connection& connection = handle_->Require();
+    Connection& connection = BeginWrite();
     const std::string sql = fmt::format("DELETE FROM {}{}", QuoteName(BaseTable().def.name), KeyCondition());
-    connection.BeforeWrite();
     connection.KeepAutoNumber(BaseTable().def.name);
     NativeStatement remove(connection.Native(), sql);
     BindKey(remove, 1, row);

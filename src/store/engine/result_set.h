@@ -68,6 +68,7 @@ private:
     Value Live(std::size_t column) const;
     std::size_t WidthWithKey() const;
     Value Packed(const Row& row, std::size_t column) const;
+    Connection& BeginWrite();
     std::string KeyCondition() const;
     void BindKey(NativeStatement& statement, int first, std::size_t row);
     std::vector<const FieldDef*> FieldsOfColumns() const;
@@ -83,7 +84,7 @@ private:
     std::size_t dropped_ = 0;  // rows that a ForwardOnly result has let go
     bool live_ = false;        // the row at dropped_ + rows_.size() is in the statement
     bool complete_ = false;
-    bool inOrder_ = true;     // no row was changed or added since they were read
+    bool inOrder_ = true;  // no row was changed or added since they were read
     std::size_t deleted_ = 0;
     std::string indexName_ = "PrimaryKey";
 };

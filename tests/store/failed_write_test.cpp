@@ -1,0 +1,150 @@
+// What the store does when the disk refuses a write: the error is told, nothing of the unit stays, and what
+// the file held before is there when it is opened again.
+#include <sqlite3.h>
+#include <sys/resource.h>
+
+#include <csignal>
+#include <filesystem>
+
+#include "store/bulk.h"
+#include "store/engine/connection.h"
+#include "store_fixture.h"
+
+namespace quillon::store {
+
+namespace {
+
+// While it lives no file of this process can grow over `bytes`.
+class NoLargerFiles {
+public:
+    explicit NoLargerFiles(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+        getrlimit(RLIMIT_FSIZE, &before_);
+        const rlimit limit{bytes, before_.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~NoLargerFiles() {
+        setrlimit(RLIMIT_FSIZE, &before_);
+        std::signal(SIGXFSZ, handler_);
+    }
+    NoLargerFiles(const NoLargerFiles&) = delete;
+    NoLargerFiles& operator=(const NoLargerFiles&) = delete;
+
+private:
+    rlimit before_{};
+    void (*handler_)(int);
+};
+
+constexpr int kDiskError = 3043;
+
+}  // namespace
+
+class FailedWriteTest : public StoreTest {
+protected:
+    FailedWriteTest() {
+        AddWords();
+        AddWord("before");
+    }
+    std::string Path() const { return f.dir.File("test.mdb"); }
+    // SQLite writes to the file before the commit only when its memory is full.
+    void LeaveLittleMemory() { Native("PRAGMA cache_size = 10; PRAGMA cache_spill = 10"); }
+    void Native(const char* sql) {
+        ASSERT_EQ(sqlite3_exec(db().Shared()->Native(), sql, nullptr, nullptr, nullptr), SQLITE_OK);
+    }
+    int AddComments(int count) {
+        return NumberOf([&] {
+            for (int i = 0; i < count; ++i) {
+                const auto comments = db().OpenTable("qb_comments");
+                comments->AddNew();
+                comments->Set("comment_detail", std::string(3000, 'x'));
+                comments->Update();
+            }
+        });
+    }
+    std::string Comments() { return Dump("SELECT count(*) FROM qb_comments;"); }
+};
+
+TEST_F(FailedWriteTest, ACommitThatTheDiskRefusesStoresNothing) {
+    {
+        const NoLargerFiles limit(std::filesystem::file_size(Path()));
+        f.engine.BeginTrans();
+        EXPECT_EQ(AddComments(100), 0);
+        EXPECT_EQ(NumberOf([&] { f.engine.CommitTrans(); }), kDiskError);
+    }
+    EXPECT_EQ(Comments(), "0\n");
+    AddWord("after");
+    Reopen();
+    EXPECT_EQ(Dump("SELECT word FROM words ORDER BY id;"), "before\nafter\n");
+    EXPECT_EQ(Comments(), "0\n");
+}
+
+TEST_F(FailedWriteTest, AfterAFailureWithinAUnitNothingMoreOfItIsStored) {
+    LeaveLittleMemory();
+    {
+        const NoLargerFiles limit(std::filesystem::file_size(Path()));
+        f.engine.BeginTrans();
+        AddWord("within");
+        EXPECT_EQ(AddComments(400), kDiskError);
+    }
+    EXPECT_EQ(NumberOf([&] { AddWord("later"); }), kDiskError);
+    EXPECT_EQ(NumberOf([&] { f.engine.CommitTrans(); }), kDiskError);
+    AddWord("after");
+    Reopen();
+    EXPECT_EQ(Dump("SELECT word FROM words ORDER BY id;"), "before\nafter\n");
+    EXPECT_EQ(Comments(), "0\n");
+}
+
+TEST_F(FailedWriteTest, AUnitThatTheDiskHasUndoneCanBeRolledBack) {
+    LeaveLittleMemory();
+    {
+        const NoLargerFiles limit(std::filesystem::file_size(Path()));
+        f.engine.BeginTrans();
+        EXPECT_EQ(AddComments(400), kDiskError);
+    }
+    EXPECT_EQ(NumberOf([&] { f.engine.Rollback(); }), 0);
+    f.engine.BeginTrans();
+    AddWord("after");
+    f.engine.CommitTrans();
+    EXPECT_EQ(Dump("SELECT word FROM words ORDER BY id;"), "before\nafter\n");
+}
+
+TEST_F(FailedWriteTest, AnImportThatCannotBeginLeavesNoJobBehind) {
+    {
+        const NoLargerFiles limit(0);
+        LeaveLittleMemory();
+        EXPECT_EQ(NumberOf([&] { const BulkLoad load(f.engine, db(), true); }), kDiskError);
+    }
+    EXPECT_FALSE(f.engine.IsJobRunning());
+    AddWord("after");
+    Reopen();
+    EXPECT_EQ(Dump("SELECT word FROM words ORDER BY id;"), "before\nafter\n");
+}
+
+TEST_F(FailedWriteTest, AnIndexThatWaitsAndIsThereAllTheSameIsNoHindrance) {
+    Native(
+        "INSERT INTO qln_waiting_indexes (name) VALUES ('qb_taxonomic_units~parent'), "
+        "('qb_comments.PrimaryKey')");
+    Reopen();
+    int waiting = -1;
+    sqlite3_exec(
+        db().Shared()->Native(), "SELECT count(*) FROM qln_waiting_indexes",
+        [](void* count, int, char** texts, char**) {
+            *static_cast<int*>(count) = std::stoi(texts[0]);
+            return 0;
+        },
+        &waiting, nullptr);
+    EXPECT_EQ(waiting, 0);
+    EXPECT_EQ(Dump("SELECT qb_id FROM qb_taxonomic_units WHERE parent_qb_id = 1;"), "1\n");
+}
+
+// The folder stands in for a disk on which the new file cannot grow.
+TEST_F(FailedWriteTest, ANewDataSetThatCannotBeMadeLeavesNoFile) {
+    db().Close();
+    {
+        const NoLargerFiles limit(64 * 1024);
+        EXPECT_EQ(NumberOf([&] { f.lifecycle.CreateDataSetFile(f.dir.File("new.mdb")); }), kDiskError);
+    }
+    EXPECT_FALSE(std::filesystem::exists(f.dir.File("new.mdb")));
+    EXPECT_FALSE(std::filesystem::exists(f.dir.File("new.mdb-journal")));
+}
+
+}  // namespace quillon::store
