@@ -30,6 +30,7 @@ constexpr std::uint64_t kSeed = 2024;
 
 struct Run {
     double seconds = 0;
+    double processor = 0;  // seconds of it, which a busy machine changes little
     double megabytes = 0;  // most at any time
 };
 
@@ -52,6 +53,10 @@ double Median(std::vector<double> numbers) {
     _exit(127);
 }
 
+double Seconds(const timeval& time) {
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+}
+
 // Runs a program to its end with `input` as its standard input. Throws when it fails.
 Run RunProgram(const std::vector<std::string>& words, const std::string& input = {}) {
     const auto start = std::chrono::steady_clock::now();
@@ -64,7 +69,8 @@ Run RunProgram(const std::vector<std::string>& words, const std::string& input =
     const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
     if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
         throw std::runtime_error(fmt::format("{} {} ended with status {}", words[0], words[1], status));
-    return {taken.count(), static_cast<double>(usage.ru_maxrss) / 1024};
+    return {taken.count(), Seconds(usage.ru_utime) + Seconds(usage.ru_stime),
+            static_cast<double>(usage.ru_maxrss) / 1024};
 }
 
 class Bench {
@@ -128,22 +134,24 @@ double CompareWithClient(Bench& bench, std::size_t names, int pairs) {
 }
 
 struct PerLine {
-    double microseconds = 0, megabytes = 0;
+    double microseconds = 0, processor = 0, megabytes = 0;
 };
 
 PerLine MeasureLines(Bench& bench, std::size_t names, int runs) {
     bench.Generate(names);
-    std::vector<double> times;
+    std::vector<double> times, processor;
     PerLine result;
     for (int i = 0; i < runs; ++i) {
         bench.New();
         const Run run = bench.Import();
         times.push_back(run.seconds * 1e6 / static_cast<double>(bench.Lines()));
+        processor.push_back(run.processor * 1e6 / static_cast<double>(bench.Lines()));
         result.megabytes = std::max(result.megabytes, run.megabytes);
     }
     result.microseconds = Median(times);
-    fmt::print("{} names, {} lines: {:.2f} us a line, {:.0f} MB\n", names, bench.Lines(), result.microseconds,
-               result.megabytes);
+    result.processor = Median(processor);
+    fmt::print("{} names, {} lines: {:.2f} us a line, {:.2f} us of the processor, {:.0f} MB\n", names,
+               bench.Lines(), result.microseconds, result.processor, result.megabytes);
     return result;
 }
 
@@ -182,6 +190,7 @@ int main(int argc, char** argv) {
         met = Judge("against the client", ratio, kMostAgainstClient);
         met =
             Judge("growth of the time per line", large.microseconds / small.microseconds, kMostGrowth) && met;
+        fmt::print("growth of the processor's time per line {:.2f}\n", large.processor / small.processor);
         met = Judge("peak memory in MB", large.megabytes, kMostMegabytes) && met;
     } catch (const std::exception& error) {
         fmt::print(stderr, "bench_import: {}\n", error.what());

@@ -30,6 +30,7 @@ void ChoiceControl::SetChoices(std::vector<Choice> choices) {
 
 void ChoiceControl::SetTexts(const std::vector<std::string>& texts) {
     std::vector<Choice> choices;
+    choices.reserve(texts.size());
     for (const std::string& text : texts) choices.push_back({text, 0});
     SetChoices(std::move(choices));
 }

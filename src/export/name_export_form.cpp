@@ -73,7 +73,7 @@ ExportResult FrmTExport::WriteList() {
     ExportOrder order;
     order.kind = ExportKind::List;
     order.listType = exportType_;
-    const ExportResult result = ExportJob(state_, engine_, outside_).Run(order);
+    ExportResult result = ExportJob(state_, engine_, outside_).Run(order);
     state_.gRecordFilter = filter;
     return result;
 }
