@@ -49,11 +49,13 @@ public:
     }
 
 private:
-    // The slot that holds the key's row, or the empty one where it would go.
+    // The slot that holds the key's row, or the empty one where it would go. Sixteen ids in a row are
+    // neighbours: files give ids in order, and what lies together is in the processor's cache together.
     std::size_t SlotOf(std::int32_t key) const {
-        const std::uint64_t mixed = static_cast<std::uint32_t>(key) * std::uint64_t{0x9E3779B97F4A7C15};
+        const auto id = static_cast<std::uint32_t>(key);
+        const std::uint64_t mixed = (id / 16) * std::uint64_t{0x9E3779B97F4A7C15};
         const std::size_t mask = slots_.size() - 1;
-        std::size_t slot = static_cast<std::size_t>(mixed >> 32) & mask;
+        std::size_t slot = (static_cast<std::size_t>(mixed >> 32) * 16 + id % 16) & mask;
         while (slots_[slot] != kNoRow && rows_[slots_[slot]].key != key) slot = (slot + 1) & mask;
         return slot;
     }

@@ -49,7 +49,7 @@ QWidget* DesktopPrompter::Above() const {
 }
 
 void DesktopPrompter::Register(std::string_view formName, std::function<void(QWidget*)> show) {
-    forms_.insert(ToQt(formName), std::move(show));
+    forms_[ToQt(formName)] = std::move(show);
 }
 
 void DesktopPrompter::Message(std::string_view text, std::string_view title) {

@@ -77,7 +77,7 @@ public:
     const PhysicalTable* Table(std::string_view name) const override;
     const PhysicalTable& RequireTable(std::string_view name) const;
     const std::vector<std::unique_ptr<PhysicalTable>>& Tables() const { return tables_; }
-    void AppendTable(const TableDef& table);
+    void AppendTable(const TableDef& def);
     void DeleteTable(std::string_view name);
     int ExecuteDefinition(const dialect::Statement& statement);
 
@@ -125,7 +125,7 @@ public:
 private:
     void OpenFile(const std::string& path, bool create);
     void Configure();
-    void CheckFile(bool create);
+    void CheckFile(bool unclean);
     void Harden();
     void LoadSchema();
     void SchemaChanged();

@@ -19,8 +19,8 @@ namespace {
 
 constexpr std::int32_t kApplicationId = 0x516C6E44;  // "QlnD"
 constexpr std::string_view kMagic("SQLite format 3\0", 16);
-constexpr int kMostBytes = 64 * 1024 * 1024;         // of one value
-constexpr off_t kMostQuickCheck = 48 * 1024 * 1024;  // of a file: about a tenth of a second
+constexpr int kMostBytes = 64 * 1024 * 1024;                // of one value
+constexpr off_t kMostQuickCheck = off_t{48} * 1024 * 1024;  // of a file: about a tenth of a second
 constexpr int kMostSql = 1024 * 1024;
 
 [[noreturn]] void FailPath(ErrorNumber number, std::string_view what, const std::string& path) {

@@ -16,7 +16,7 @@ namespace {
 
 constexpr const char* kGone = "The record has been deleted.";
 
-enum Tag : char { kNull, kFalse, kTrue, kInteger, kReal, kText };
+constexpr char kNull = 0, kFalse = 1, kTrue = 2, kInteger = 3, kReal = 4, kText = 5;
 
 template <typename T>
 void AppendRaw(std::string& packed, const T& raw) {

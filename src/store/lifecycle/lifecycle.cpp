@@ -84,16 +84,16 @@ std::string Lifecycle::CompareDataSetVersion(std::string_view version) const {
     return "UN";
 }
 
-std::string Lifecycle::OpenDataSetFile(const std::string& wanted) {
+std::string Lifecycle::OpenDataSetFile(const std::string& path) {
     // A caller may hand in gDataSetPath itself, which the closing clears.
-    const std::string path = wanted;
+    std::string wanted(path);  // NOLINT(performance-unnecessary-copy-initialization)
     lastOpenError_.clear();
     try {
         CloseDataSet();
-        state_.gDatabase = engine_.OpenDatabase(path);
+        state_.gDatabase = engine_.OpenDatabase(wanted);
         state_.gDataSetOpen = true;
-        state_.title = "Taxonomic Quillon - " + path;
-        return path;
+        state_.title = "Taxonomic Quillon - " + wanted;
+        return wanted;
     } catch (const StoreError& error) {
         lastOpenError_ = error.Description();
         return "";
