@@ -34,7 +34,10 @@ public:
     }
     bool AskYesNo(std::string_view, std::string_view) override { return false; }
     std::optional<std::string> FileToOpen(std::string_view, std::string_view) override { return {}; }
-    std::optional<std::string> FileToSave(std::string_view, std::string_view, bool) override { return {}; }
+    std::optional<std::string> FileToSave(std::string_view, std::string_view, bool,
+                                          std::string_view) override {
+        return {};
+    }
     void ShowModal(std::string_view) override {}
     void WaitCursor(bool) override {}
 };

@@ -40,7 +40,8 @@ std::optional<std::string> ConsolePrompter::FileToOpen(std::string_view, std::st
     return {};
 }
 
-std::optional<std::string> ConsolePrompter::FileToSave(std::string_view, std::string_view, bool) {
+std::optional<std::string> ConsolePrompter::FileToSave(std::string_view, std::string_view, bool,
+                                                       std::string_view) {
     return {};
 }
 

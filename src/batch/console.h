@@ -24,7 +24,7 @@ public:
     // There is nobody to choose a file or to look at a form: the answer is Cancel.
     std::optional<std::string> FileToOpen(std::string_view title, std::string_view filter) override;
     std::optional<std::string> FileToSave(std::string_view title, std::string_view filter,
-                                          bool overwritePrompt) override;
+                                          bool overwritePrompt, std::string_view suggested) override;
     void ShowModal(std::string_view) override {}
     void WaitCursor(bool) override {}
 

@@ -77,7 +77,7 @@ void FrmNExport::SelectDataSet() {
 }
 
 void FrmNExport::SelectFile() {
-    const auto path = outside_.prompter.FileToSave(kSaveTitle, kSaveFilter, false);
+    const auto path = outside_.prompter.FileToSave(kSaveTitle, kSaveFilter, false, OfferedFile());
     if (!path) return;
     state_.gExportFile = WithExtension(*path, ".EXP");
     ShowPaths();

@@ -46,13 +46,13 @@ const IndexDef* TableDef::PrimaryKey() const {
     return found == indexes.end() ? nullptr : &*found;
 }
 
-TableDef TableDefOf(const TableSpec& spec) {
+TableDef TableDefOf(const TableSpec& table) {
     TableDef def;
-    def.name = spec.name;
-    for (const FieldSpec& field : spec.fields)
+    def.name = table.name;
+    for (const FieldSpec& field : table.fields)
         def.fields.push_back(
             {std::string(field.name), field.type, field.size, field.autoIncrement, field.required});
-    for (const IndexSpec& index : spec.indexes)
+    for (const IndexSpec& index : table.indexes)
         def.indexes.push_back({std::string(index.name), SplitFieldList(index.fields), index.primary});
     return def;
 }

@@ -38,6 +38,6 @@ struct TableDef {
 };
 
 // The description of a table of the schema.
-TableDef TableDefOf(const TableSpec& spec);
+TableDef TableDefOf(const TableSpec& table);
 
 }  // namespace quillon::store

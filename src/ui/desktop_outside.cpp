@@ -74,8 +74,11 @@ std::optional<std::string> DesktopPrompter::FileToOpen(std::string_view title, s
 }
 
 std::optional<std::string> DesktopPrompter::FileToSave(std::string_view title, std::string_view filter,
-                                                       bool overwritePrompt) {
-    QFileDialog dialog(Above(), ToQt(title), {}, ToolkitFilter(filter));
+                                                       bool overwritePrompt, std::string_view suggested) {
+    const QFileInfo offered(ToQt(suggested));
+    QFileDialog dialog(Above(), ToQt(title), suggested.empty() ? QString() : offered.absolutePath(),
+                       ToolkitFilter(filter));
+    if (!suggested.empty()) dialog.selectFile(offered.fileName());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setOption(QFileDialog::DontConfirmOverwrite, !overwritePrompt);

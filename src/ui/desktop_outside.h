@@ -24,7 +24,7 @@ public:
     bool AskYesNo(std::string_view text, std::string_view title) override;
     std::optional<std::string> FileToOpen(std::string_view title, std::string_view filter) override;
     std::optional<std::string> FileToSave(std::string_view title, std::string_view filter,
-                                          bool overwritePrompt) override;
+                                          bool overwritePrompt, std::string_view suggested) override;
     void ShowModal(std::string_view formName) override;
     void WaitCursor(bool on) override;
 

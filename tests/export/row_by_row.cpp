@@ -38,10 +38,10 @@ private:
 
     // Field forms: plain, "?" for Yes or No, "d" for a date, "s" for a stamp, by a letter behind the column's
     // name and "/".
-    static std::string Field(const store::Recordset& row, const std::string& spec) {
-        const std::size_t slash = spec.find('/');
-        const Value value = row.Get(spec.substr(0, slash));
-        const char form = slash == std::string::npos ? ' ' : spec[slash + 1];
+    static std::string Field(const store::Recordset& row, const std::string& column) {
+        const std::size_t slash = column.find('/');
+        const Value value = row.Get(column.substr(0, slash));
+        const char form = slash == std::string::npos ? ' ' : column[slash + 1];
         if (form == '?') return !value.IsNull() && value.AsBoolean() ? "Yes" : "No";
         const std::string text = value.AsText();
         if (form == 'd')

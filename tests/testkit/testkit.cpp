@@ -40,10 +40,11 @@ std::optional<std::string> ScriptedPrompter::FileToOpen(std::string_view title, 
     return answer;
 }
 
-std::optional<std::string> ScriptedPrompter::FileToSave(std::string_view title, std::string_view filter,
-                                                        bool) {
+std::optional<std::string> ScriptedPrompter::FileToSave(std::string_view title, std::string_view filter, bool,
+                                                        std::string_view suggested) {
     fileTitles.emplace_back(title);
     fileFilters.emplace_back(filter);
+    filesOffered.emplace_back(suggested);
     if (filesToSave.empty()) {
         ADD_FAILURE() << "unexpected file dialog: " << title;
         return {};

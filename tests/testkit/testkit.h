@@ -28,13 +28,14 @@ public:
     std::vector<std::string> titles;     // of message boxes and questions, in order
     std::vector<std::string> questions;  // the texts of Yes or No questions
     std::vector<std::string> fileTitles, fileFilters;
-    std::vector<std::string> forms;  // shown modally
+    std::vector<std::string> filesOffered;  // the paths that dialogs for saving began with
+    std::vector<std::string> forms;         // shown modally
 
     void Message(std::string_view text, std::string_view title) override;
     bool AskYesNo(std::string_view text, std::string_view title) override;
     std::optional<std::string> FileToOpen(std::string_view title, std::string_view filter) override;
     std::optional<std::string> FileToSave(std::string_view title, std::string_view filter,
-                                          bool overwritePrompt) override;
+                                          bool overwritePrompt, std::string_view suggested) override;
     void ShowModal(std::string_view formName) override { forms.emplace_back(formName); }
     void WaitCursor(bool on) override { waitCursor = on; }
 

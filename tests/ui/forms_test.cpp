@@ -183,7 +183,7 @@ TEST(DesktopPrompter, AChosenFileComesBack) {
         dialog.selectFile(QString::fromStdString(dir.File("new.mdb")));
         QMetaObject::invokeMethod(&dialog, "accept");
     });
-    EXPECT_EQ(prompter.FileToSave("Save", store::kDataSetFilter, false), dir.File("new.mdb"));
+    EXPECT_EQ(prompter.FileToSave("Save", store::kDataSetFilter, false, {}), dir.File("new.mdb"));
 }
 
 TEST(ToolkitFilter, TakesBothCasesOfAnEnding) {

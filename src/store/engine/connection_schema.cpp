@@ -55,8 +55,8 @@ private:
 
 // BuildLookupIndexes knows the indexes of the schema; one that was made besides has to stay.
 bool IsBuiltLater(const std::string& name) {
-    for (const TableSpec& spec : DataSetTables())
-        for (const IndexSql& index : CreateIndexSql(PhysicalTableOf(TableDefOf(spec))))
+    for (const TableSpec& table : DataSetTables())
+        for (const IndexSql& index : CreateIndexSql(PhysicalTableOf(TableDefOf(table))))
             if (index.name == name) return true;
     return false;
 }
@@ -219,9 +219,9 @@ void Connection::BuildLookupIndexes() {
     if (waiting.empty()) return;
     BeforeWrite();
     Definition definition(db_);
-    for (const TableSpec& spec : DataSetTables()) {
-        if (Table(spec.name) == nullptr) continue;
-        for (const IndexSql& index : CreateIndexSql(PhysicalTableOf(TableDefOf(spec))))
+    for (const TableSpec& table : DataSetTables()) {
+        if (Table(table.name) == nullptr) continue;
+        for (const IndexSql& index : CreateIndexSql(PhysicalTableOf(TableDefOf(table))))
             if (std::find(waiting.begin(), waiting.end(), index.name) != waiting.end())
                 ExecNative(db_, fmt::format("DROP INDEX IF EXISTS {}; {}", QuoteName(index.name), index.sql));
     }
