@@ -53,6 +53,11 @@ private:
     bool kept_ = false;
 };
 
+// A large sort is done in parts as big as the page cache. Small ones stay near the processor, and a second thread
+// sorts one while the next is read.
+constexpr const char* kSortInParts = "PRAGMA cache_size = -4096; PRAGMA threads = 1";
+constexpr const char* kSortWhole = "PRAGMA cache_size = -65536; PRAGMA threads = 0";
+
 // BuildLookupIndexes knows the indexes of the schema; one that was made besides has to stay.
 bool IsBuiltLater(const std::string& name) {
     for (const TableSpec& table : DataSetTables())
@@ -219,12 +224,14 @@ void Connection::BuildLookupIndexes() {
     if (waiting.empty()) return;
     BeforeWrite();
     Definition definition(db_);
+    ExecNative(db_, kSortInParts);
     for (const TableSpec& table : DataSetTables()) {
         if (Table(table.name) == nullptr) continue;
         for (const IndexSql& index : CreateIndexSql(PhysicalTableOf(TableDefOf(table))))
             if (std::find(waiting.begin(), waiting.end(), index.name) != waiting.end())
                 ExecNative(db_, fmt::format("DROP INDEX IF EXISTS {}; {}", QuoteName(index.name), index.sql));
     }
+    ExecNative(db_, kSortWhole);
     ExecNative(db_, "DELETE FROM qln_waiting_indexes");
     definition.Keep();
     SchemaChanged();
