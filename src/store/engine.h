@@ -61,6 +61,9 @@ public:
     std::vector<TableDef> TableDefs() const;
     // nullptr when there is none; without regard to case. Valid until the schema changes.
     const TableDef* FindTableDef(std::string_view name) const;
+    // A linked table needs only its name, SourceTableName and Connect: it is there for reading, until it is
+    // deleted or the DataSet is closed, and leaves no trace in the file. Errors as OpenDatabase for the other
+    // DataSet, and 3078 when that has no such table.
     void AppendTable(const TableDef& table);
     void DeleteTable(std::string_view name);
 

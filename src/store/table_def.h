@@ -30,7 +30,12 @@ struct TableDef {
     std::string name;
     std::vector<FieldDef> fields;
     std::vector<IndexDef> indexes;
+    // Of a linked table: the table that it shows, and ";DATABASE=" with the path of that table's DataSet and
+    // ";". Empty for a table of the DataSet itself.
+    std::string SourceTableName;
+    std::string Connect;
 
+    bool IsLinked() const { return !Connect.empty(); }
     // Without regard to case; nullptr when the table has no such field or index.
     const FieldDef* Field(std::string_view fieldName) const;
     const IndexDef* Index(std::string_view indexName) const;

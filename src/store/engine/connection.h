@@ -142,6 +142,15 @@ private:
     bool EndedUncleanly() const;
     std::shared_ptr<Compiled> Prepare(std::string_view text, dialect::Statement statement);
     void RebuildTable(const PhysicalTable& old, const TableDef& wanted);
+    void AppendLink(const TableDef& def);
+    void DropLink(std::string_view name);
+    struct AttachedFile {
+        std::string schema;  // the name that statements know it by
+        std::string path;
+        std::vector<TableDef> tables;
+    };
+    const AttachedFile& Attach(const std::string& path);
+    void DetachUnused();
 
     Engine& engine_;
     sqlite3* db_ = nullptr;
@@ -151,6 +160,8 @@ private:
     bool readOnly_ = false;
     std::vector<std::unique_ptr<PhysicalTable>> tables_;
     NameMap<const PhysicalTable*> tableByName_;
+    std::vector<PhysicalTable> links_;    // tables of other DataSets
+    std::vector<AttachedFile> attached_;  // the files of the links
     std::vector<std::pair<std::string, std::string>> queries_;
     NameMap<std::size_t> queryByName_;
     NameMap<std::shared_ptr<Compiled>> compiledQueries_;

@@ -183,6 +183,10 @@ void Connection::LoadSchema() {
         tables_.push_back(std::make_unique<PhysicalTable>(std::move(table)));
         tableByName_.emplace(tables_.back()->def.name, tables_.back().get());
     }
+    for (const PhysicalTable& link : links_) {
+        tables_.push_back(std::make_unique<PhysicalTable>(link));
+        tableByName_.emplace(link.def.name, tables_.back().get());
+    }
     LoadQueries();
 }
 

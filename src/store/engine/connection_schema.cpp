@@ -97,6 +97,7 @@ void Connection::RequireFields(const TableDef& def) {
 void Connection::AppendTable(const TableDef& def) {
     if (Table(def.name) != nullptr)
         throw StoreError(ErrorNumber::ObjectExists, fmt::format("The table '{}' already exists.", def.name));
+    if (def.IsLinked()) return AppendLink(def);
     RequireFields(def);
     BeforeWrite();
     const PhysicalTable table = PhysicalTableOf(def);
@@ -109,7 +110,9 @@ void Connection::AppendTable(const TableDef& def) {
 }
 
 void Connection::DeleteTable(std::string_view name) {
-    const std::string own = RequireTable(name).def.name;
+    const TableDef& def = RequireTable(name).def;
+    const std::string own = def.name;
+    if (def.IsLinked()) return DropLink(own);
     BeforeWrite();
     Definition definition(db_);
     ExecNative(db_, "DROP TABLE " + QuoteName(own));
@@ -140,6 +143,9 @@ void Connection::RebuildTable(const PhysicalTable& old, const TableDef& wanted) 
 int Connection::ExecuteDefinition(const dialect::Statement& statement) {
     using Kind = dialect::StatementKind;
     const PhysicalTable table = RequireTable(statement.table);
+    if (table.def.IsLinked())
+        throw StoreError(ErrorNumber::NotInThisKind,
+                         fmt::format("The table '{}' belongs to another DataSet.", table.def.name));
     TableDef wanted = table.def;
     const auto sameName = [&](const auto& item) { return dialect::SameWord(item.name, statement.name); };
     BeforeWrite();
