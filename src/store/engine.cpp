@@ -127,6 +127,20 @@ std::vector<std::shared_ptr<Connection>> Engine::Live() {
     return live;
 }
 
+// One that fails does not keep the others from it.
+template <typename Action>
+void Engine::OnEach(Action action) {
+    std::exception_ptr failure;
+    for (const auto& connection : Live()) {
+        try {
+            action(*connection);
+        } catch (...) {
+            failure = std::current_exception();
+        }
+    }
+    if (failure) std::rethrow_exception(failure);
+}
+
 DatabaseHandle Engine::CreateDatabase(const std::string& path, std::string_view) {
     auto connection = std::make_shared<Connection>(*this, path, true);
     connections_.push_back(connection);
@@ -159,22 +173,14 @@ void Engine::BeginTrans() {
 void Engine::CommitTrans() {
     if (!inTransaction_) throw StoreError(ErrorNumber::NoTransaction, "There is no transaction to commit.");
     inTransaction_ = false;
-    std::exception_ptr failure;
-    for (const auto& connection : Live()) {
-        try {
-            connection->CommitUnit();
-        } catch (...) {
-            failure = std::current_exception();
-        }
-    }
-    if (failure) std::rethrow_exception(failure);
+    OnEach([](Connection& connection) { connection.CommitUnit(); });
 }
 
 void Engine::Rollback() {
     if (!inTransaction_)
         throw StoreError(ErrorNumber::NoTransaction, "There is no transaction to roll back.");
     inTransaction_ = false;
-    for (const auto& connection : Live()) connection->RollbackUnit();
+    OnEach([](Connection& connection) { connection.RollbackUnit(); });
 }
 
 void Engine::FreeLocks() {
@@ -187,7 +193,7 @@ void Engine::BeginJob() {
 
 void Engine::EndJob() {
     inJob_ = false;
-    for (const auto& connection : Live()) connection->EndJob();
+    OnEach([](Connection& connection) { connection.EndJob(); });
 }
 
 Job::~Job() {

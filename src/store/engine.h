@@ -111,6 +111,8 @@ private:
     bool inTransaction_ = false;
     bool inJob_ = false;
     std::vector<std::shared_ptr<Connection>> Live();
+    template <typename Action>
+    void OnEach(Action action);
 };
 
 // BeginJob and EndJob by scope.

@@ -174,6 +174,24 @@ TEST_F(Transactions, OfAJobKeepTheirUnitsApart) {
     EXPECT_EQ(InTheFile(*other), "3\n");
 }
 
+TEST_F(Transactions, OfAJobThatEndsBeforeThemAreDecidedByTheirOwnEnd) {
+    engine().BeginJob();
+    Add(db(), 1);
+    engine().BeginTrans();
+    Add(db(), 2);
+    engine().EndJob();
+    EXPECT_EQ(InTheFile(db()), "");
+    engine().Rollback();
+    EXPECT_EQ(InTheFile(db()), "1\n");
+
+    engine().BeginJob();
+    engine().BeginTrans();
+    Add(db(), 3);
+    engine().EndJob();
+    engine().CommitTrans();
+    EXPECT_EQ(InTheFile(db()), "1\n3\n");
+}
+
 TEST_F(Transactions, OfAJobUndoTablesToo) {
     const Job job(engine());
     AddWords();

@@ -274,10 +274,9 @@ void Connection::CommitUnit() {
     unitOpen_ = false;
     if (unitIsSavepoint_) {
         ExecNative(db_, "RELEASE qln_unit");
-        AfterWrite();
-    } else {
-        CommitDurable();
+        if (engine_.IsJobRunning()) return AfterWrite();
     }
+    CommitDurable();
 }
 
 void Connection::RollbackUnit() {
@@ -293,12 +292,14 @@ void Connection::RollbackUnit() {
         ExecNative(db_, "ROLLBACK");
     }
     WentBack();
+    if (unitIsSavepoint_ && !engine_.IsJobRunning()) CommitDurable();
 }
 
 void Connection::EndJob() {
     if (db_ == nullptr || readOnly_) return;
     if (durableOpen_) SaveCounters();
-    CommitDurable();
+    // A unit that is open decides for itself, and takes the units before it along.
+    if (!unitOpen_) CommitDurable();
 }
 
 // AutoNumbers.
