@@ -1,23 +1,18 @@
 // Validates a generated DataSet with a finding in every fifth name by quillon-batch, and lets the stock
 // sqlite3 client print the tables that validation visits, in turn, so that both meet the same machine. Prints
 // the median ratio and the peak memory. Exits with 1 when a goal is missed.
-#include <fcntl.h>
 #include <fmt/format.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <chrono>
 #include <exception>
 #include <filesystem>
-#include <initializer_list>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "generator/tagged_generator.h"
+#include "run_program.h"
 #include "store/engine.h"
 #include "store/map_function.h"
 
@@ -54,42 +49,6 @@ constexpr const char* kRepairs[] = {
     "UPDATE qb_taxonomic_units SET taxonomic_credibility_rating = NULL WHERE qb_id % 5 = 0",
 };
 
-struct Run {
-    double seconds = 0;
-    double megabytes = 0;  // most at any time
-};
-
-[[noreturn]] void BecomeProgram(const std::vector<std::string>& words) {
-    std::vector<char*> arguments;
-    for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
-    arguments.push_back(nullptr);
-    const int out = open("/dev/null", O_WRONLY);
-    dup2(out, STDOUT_FILENO);
-    dup2(out, STDERR_FILENO);
-    execvp(arguments[0], arguments.data());
-    _exit(127);
-}
-
-// Throws when the program does not end with `expected`.
-Run RunProgram(const std::vector<std::string>& words, int expected = 0) {
-    const auto start = std::chrono::steady_clock::now();
-    const pid_t child = fork();
-    if (child < 0) throw std::runtime_error("cannot start a process");
-    if (child == 0) BecomeProgram(words);
-    int status = 0;
-    rusage usage{};
-    wait4(child, &status, 0, &usage);
-    const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
-    if (!WIFEXITED(status) || WEXITSTATUS(status) != expected)
-        throw std::runtime_error(fmt::format("{} {} ended with status {}", words[0], words[1], status));
-    return {taken.count(), static_cast<double>(usage.ru_maxrss) / 1024};
-}
-
-double Median(std::vector<double> numbers) {
-    std::sort(numbers.begin(), numbers.end());
-    return numbers[numbers.size() / 2];
-}
-
 void MakeDataSet(const std::string& folder, const std::string& dataSet, std::size_t names) {
     const std::string lines = folder + "/names.qln";
     GenerateFile(names, kSeed, lines);
@@ -100,11 +59,6 @@ void MakeDataSet(const std::string& folder, const std::string& dataSet, std::siz
     const store::DatabaseHandle database = engine.OpenDatabase(dataSet);
     const store::Job job(engine);
     for (const char* repair : kRepairs) store::ExecuteNative(*database, repair);
-}
-
-bool Judge(const char* goal, double value, double most) {
-    fmt::print("{} {:.2f}, at most {:.2f}: {}\n", goal, value, most, value <= most ? "met" : "missed");
-    return value <= most;
 }
 
 bool Compare(const std::string& folder, const std::string& client, std::size_t names, int pairs) {

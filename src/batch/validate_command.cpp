@@ -1,4 +1,5 @@
 #include "batch/session.h"
+#include "validation/record_filter.h"
 #include "validation/validate_data_set.h"
 
 namespace quillon::batch {

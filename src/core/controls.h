@@ -204,10 +204,16 @@ public:
         bool operator==(const Choice&) const = default;
     };
 
-    const std::vector<Choice>& Choices() const { return choices_; }
-    std::size_t ListCount() const { return choices_.size(); }
+    const std::vector<Choice>& Choices() const {
+        Fetch();
+        return choices_;
+    }
+    std::size_t ListCount() const { return Choices().size(); }
     // -1 when none is chosen.
-    int ListIndex() const { return listIndex_; }
+    int ListIndex() const {
+        Fetch();
+        return listIndex_;
+    }
     // The item data of the choice; 0 when `index` is none.
     std::int64_t ItemData(int index) const { return Has(index) ? At(index).itemData : 0; }
     // -1 when no choice has exactly this text.
@@ -218,19 +224,34 @@ public:
     // Replaces all choices; nothing is chosen afterwards, but an editable combo keeps its text.
     void SetChoices(std::vector<Choice> choices);
     void SetTexts(const std::vector<std::string>& texts);
+    // Replaces all choices by some that are dear to read: `fetch` runs once, when they are first asked for.
+    // Then the one that equals the text of a combo is the chosen one. `fetch` must not throw.
+    void SetChoicesLater(std::function<std::vector<Choice>()> fetch);
+    // True as long as nobody has asked.
+    bool ChoicesPending() const { return fetch_ != nullptr; }
+    // Another number after each change of the choices.
+    std::uint64_t ChoicesRevision() const { return revision_; }
     void RemoveItem(int index);
     void Clear();
 
 protected:
     using Control::Control;
-    bool Has(int index) const { return index >= 0 && static_cast<std::size_t>(index) < choices_.size(); }
+    bool Has(int index) const { return index >= 0 && static_cast<std::size_t>(index) < ListCount(); }
     const Choice& At(int index) const { return choices_[static_cast<std::size_t>(index)]; }
 
     // The chosen one has been removed from the choices.
     virtual void ChoiceLost() {}
+    // The choices have been fetched; gives the one that is chosen.
+    virtual int ChosenOfFetched() const { return -1; }
 
-    std::vector<Choice> choices_;
-    int listIndex_ = -1;
+    mutable std::vector<Choice> choices_;
+    mutable int listIndex_ = -1;
+
+private:
+    void Fetch() const;
+
+    mutable std::function<std::vector<Choice>()> fetch_;
+    std::uint64_t revision_ = 0;
 };
 
 // A text with choices to take it from. Of a list-only one the text is always a choice, or empty.
@@ -252,6 +273,7 @@ public:
 
 private:
     void ChoiceLost() override;
+    int ChosenOfFetched() const override { return FindText(text_); }
 
     Style style_;
     std::string text_;

@@ -6,25 +6,34 @@
 namespace quillon {
 
 int ChoiceControl::FindText(std::string_view text) const {
-    const auto found = std::find_if(choices_.begin(), choices_.end(),
+    const auto found = std::find_if(Choices().begin(), Choices().end(),
                                     [&](const Choice& choice) { return choice.text == text; });
     return found == choices_.end() ? -1 : static_cast<int>(found - choices_.begin());
 }
 
 int ChoiceControl::FindItemData(std::int64_t itemData) const {
-    const auto found = std::find_if(choices_.begin(), choices_.end(),
+    const auto found = std::find_if(Choices().begin(), Choices().end(),
                                     [&](const Choice& choice) { return choice.itemData == itemData; });
     return found == choices_.end() ? -1 : static_cast<int>(found - choices_.begin());
 }
 
+void ChoiceControl::Fetch() const {
+    if (!fetch_) return;
+    choices_ = std::exchange(fetch_, nullptr)();
+    listIndex_ = ChosenOfFetched();
+}
+
 void ChoiceControl::AddItem(std::string_view text, std::int64_t itemData) {
+    Fetch();
     choices_.push_back({std::string(text), itemData});
+    ++revision_;
     Touch();
 }
 
 void ChoiceControl::SetChoices(std::vector<Choice> choices) {
     ChangeScope scope(form_);
-    Assign(choices_, std::move(choices));
+    fetch_ = nullptr;
+    if (Assign(choices_, std::move(choices))) ++revision_;
     if (Assign(listIndex_, -1)) ChoiceLost();
 }
 
@@ -35,10 +44,21 @@ void ChoiceControl::SetTexts(const std::vector<std::string>& texts) {
     SetChoices(std::move(choices));
 }
 
+void ChoiceControl::SetChoicesLater(std::function<std::vector<Choice>()> fetch) {
+    ChangeScope scope(form_);
+    fetch_ = nullptr;
+    choices_.clear();
+    if (Assign(listIndex_, -1)) ChoiceLost();
+    fetch_ = std::move(fetch);
+    ++revision_;
+    Touch();
+}
+
 void ChoiceControl::RemoveItem(int index) {
     if (!Has(index)) return;
     ChangeScope scope(form_);
     choices_.erase(choices_.begin() + index);
+    ++revision_;
     Touch();
     if (listIndex_ > index) {
         --listIndex_;
@@ -61,7 +81,9 @@ void ComboControl::ChoiceLost() {
 
 void ComboControl::SetText(std::string_view text) {
     ChangeScope scope(form_);
-    const int index = FindText(text);
+    // What a list-only combo takes depends on the choices; an editable one can wait for them.
+    const bool waits = style_ == Style::Editable && ChoicesPending();
+    const int index = waits ? -1 : FindText(text);
     Assign(listIndex_, index);
     Assign(text_, index < 0 && style_ == Style::ListOnly ? std::string() : std::string(text));
 }

@@ -1,6 +1,10 @@
-// A profile file: sections in brackets, a key and its value a line, read at the start of the program. Names
-// of sections and keys are found without regard to case; the first of several counts. The text is UTF-8, with
-// or without its mark.
+// A profile file as text: sections in brackets, a key and its value a line, comments behind a semicolon.
+// Names of sections and keys are found without regard to case; the first of several counts. It never touches
+// the disk but to read; ini_profile.h writes.
+//
+// The bytes are CP1252. A file that begins with the mark of UTF-8, or whose bytes are well-formed UTF-8, is
+// read and written as UTF-8, and one becomes UTF-8 with its mark when a text has no place in CP1252: what was
+// written always comes back. Lines that nobody changes keep their wording, their order and their line ends.
 #pragma once
 
 #include <optional>
@@ -14,17 +18,32 @@ class IniFile {
 public:
     // A file that cannot be read is empty.
     static IniFile Read(const std::string& path);
-    static IniFile Parse(std::string_view text);
+    static IniFile Parse(std::string_view bytes);
 
-    // Without the blanks around it, and without one pair of double quotes; nothing when the key is missing.
+    // Without the blanks around it, and without one pair of quotes; nothing when the key is missing.
     std::optional<std::string> Value(std::string_view section, std::string_view key) const;
     bool HasSection(std::string_view section) const;
+    // As they stand and in their order, one that comes twice twice.
+    std::vector<std::string> Keys(std::string_view section) const;
+
+    // Replaces the first of the keys, or adds it at the end of its section. False, and nothing is changed,
+    // when a line cannot hold the value because it has a line break or a NUL.
+    bool SetValue(std::string_view section, std::string_view key, std::string_view value);
+    std::string Bytes() const;
 
 private:
-    struct Entry {
-        std::string section, key, value;
+    enum class Encoding { Cp1252, Utf8, Utf8WithMark };
+    struct Line {
+        std::string text;  // whole, without its end
+        std::string end;
+        std::string section, key, value;  // a section's own line has no key, another line no section
     };
-    std::vector<Entry> entries_;  // a section's own line has no key
+    Line& AddLine(std::size_t at, std::string text, std::string_view section);
+    std::size_t EndOfSection(std::string_view section);
+    std::string LineEnd() const;
+
+    Encoding encoding_ = Encoding::Cp1252;
+    std::vector<Line> lines_;
 };
 
 }  // namespace quillon

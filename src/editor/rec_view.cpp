@@ -1,34 +1,28 @@
 #include "editor/rec_view.h"
 
-#include <fmt/format.h>
-
-#include <algorithm>
-#include <array>
-
-#include "core/text.h"
-#include "editor/rec_view_load.h"
+#include "core/names.h"
 
 namespace quillon::editor {
 
 namespace {
 
 constexpr int kDistributionTab = 4;
-constexpr std::array<std::string_view, 6> kRanksWithDistribution = {"SPECIES",    "SUBSPECIES", "VARIETY",
-                                                                    "SUBVARIETY", "FORM",       "SUBFORM"};
-
-bool HasDistribution(std::string_view rankName) {
-    const std::string upper = UpperCase(rankName);
-    return std::find(kRanksWithDistribution.begin(), kRanksWithDistribution.end(), upper) !=
-           kRanksWithDistribution.end();
-}
+constexpr std::string_view kNoDataSet = "No DataSet is Open";
 
 }  // namespace
 
 RecView::RecView(ApplicationState& state, Prompter& prompter, ProgressDialog& progress,
                  store::Lifecycle& lifecycle)
-    : state_(state), prompter_(prompter), progress_(progress), lifecycle_(lifecycle) {
+    : state_(state),
+      prompter_(prompter),
+      progress_(progress),
+      lifecycle_(lifecycle),
+      lists_(state, prompter, controls_.taxon),
+      fields_(state, prompter, controls_.taxon, lists_) {
+    MakeToolbarManagers();
     HangOnCommands();
-    ResetForm();
+    HangOnTabs();
+    StartOfDataSet();
 }
 
 void RecView::HangOnCommands() {
@@ -36,10 +30,45 @@ void RecView::HangOnCommands() {
     controls_.mnuFNew.OnClick([this] { NewCommand(); });
     controls_.mnuFSaveAs.OnClick([this] { SaveAsCommand(); });
     controls_.mnuFImport.OnClick([this] { RunImport(); });
+    controls_.mnuFValidate.OnClick([this] { WithDataSet(ValidateCommand); });
+    controls_.mnuFExport.OnClick([this] { WithDataSet(ExportCommand); });
+    controls_.mnuFPreferences.OnClick([this] { RunPreferences(); });
     controls_.mnuFQuit.OnClick([this] { Quit(); });
+    controls_.mnuAdd.OnClick([this] { WithDataSet([this] { AddNew(); }); });
+    controls_.mnuCopy.OnClick([this] { WithDataSet([this] { CopyRecord(); }); });
+    controls_.mnuECut.OnClick([this] { WithDataSet([this] { Cut(); }); });
+    controls_.mnuPaste.OnClick([this] { WithDataSet([this] { Paste(); }); });
+    controls_.mnuEUndo.OnClick([this] { WithDataSet([this] { Undo(); }); });
+    controls_.mnuParent.OnClick([this] { MoveBy(&navigation::cExplorer::MoveParent); });
+    controls_.mnuFirst.OnClick([this] { MoveBy(&navigation::cExplorer::MoveFirst); });
+    controls_.mnuPrev.OnClick([this] { MoveBy(&navigation::cExplorer::MovePrev); });
+    controls_.mnuNext.OnClick([this] { MoveBy(&navigation::cExplorer::MoveNext); });
+    controls_.mnuLast.OnClick([this] { MoveBy(&navigation::cExplorer::MoveLast); });
+    controls_.mnuHContents.OnClick([this] {
+        if (HelpContentsCommand) HelpContentsCommand();
+    });
+    controls_.mnuHSearch.OnClick([this] {
+        if (HelpSearchCommand) HelpSearchCommand();
+    });
     controls_.mnuHAbout.OnClick([this] { prompter_.ShowModal("FrmAbout"); });
-    controls_.TabStrip1.OnEdit([this] { TabClicked(); });
     controls_.form.OnUserClose([this] { Quit(); });
+}
+
+void RecView::HangOnTabs() {
+    for (Control* control : controls_.Tracked()) control->OnEdit([this] { state_.RecordDirty = true; });
+    controls_.taxon.cboName1.OnEdit([this] { Guarded([this] { lists_.FillSpeciesList(); }); });
+    controls_.taxon.cboDPRank.OnEdit([this] {
+        if (!controls_.taxon.cboDPRank.Text().empty()) Guarded([this] { lists_.FillParentNameList(); });
+    });
+    controls_.taxon.cmdParen.OnClick([this] {
+        fields_.AddParentheses();
+        state_.RecordDirty = true;
+    });
+    ConnectSynonymTab(controls_.synonyms, state_, prompter_);
+    documentation::SetUpPublications(controls_.publications, state_, prompter_);
+    documentation::SetUpExperts(controls_.experts, state_, prompter_);
+    documentation::SetUpOtherSources(controls_.otherSources, state_, prompter_);
+    controls_.TabStrip1.OnEdit([this] { TabClicked(); });
 }
 
 void RecView::Around(const std::function<bool()>& command) {
@@ -47,6 +76,20 @@ void RecView::Around(const std::function<bool()>& command) {
     if (command()) return ShowDataSet();
     if (!state_.gDatabase && before) return ShowDataSet();
     if (state_.gDatabase != before && DataSetReopened) DataSetReopened();
+}
+
+void RecView::WithDataSet(const std::function<void()>& command) {
+    if (!state_.gDataSetOpen) return prompter_.Message(kNoDataSet);
+    if (command) Guarded(command);
+}
+
+void RecView::Guarded(const std::function<void()>& command) {
+    const ChangeScope scope(controls_.form);
+    try {
+        command();
+    } catch (const store::StoreError& error) {
+        prompter_.Message(error.Description());
+    }
 }
 
 void RecView::OpenCommand() {
@@ -58,107 +101,58 @@ void RecView::NewCommand() {
 }
 
 void RecView::SaveAsCommand() {
-    if (!state_.gDataSetOpen) return prompter_.Message("No DataSet is Open");
-    Around([this] {
-        lifecycle_.SaveDataSetAs();
-        return false;
+    WithDataSet([this] {
+        Around([this] {
+            lifecycle_.SaveDataSetAs();
+            return false;
+        });
     });
 }
 
 void RecView::RunImport() {
     const ImportEnd end = ImportCommand ? ImportCommand() : ImportEnd::NotStarted;
     if (end == ImportEnd::Done && RebuildExplorer) RebuildExplorer();
-    if (end != ImportEnd::NotStarted) ResetForm();
+    if (end != ImportEnd::NotStarted) StartOfDataSet();
+}
+
+void RecView::RunPreferences() {
+    if (!state_.gDataSetOpen)
+        return prompter_.Message("A DataSet must be open before you can select Preferences!");
+    if (PreferencesCommand) PreferencesCommand();
+    if (state_.gPreferencesChanging) Reset();
+}
+
+bool RecView::AskLoseChanges() {
+    const bool wasDirty = state_.RecordDirty;
+    if (lifecycle_.AskLoseChanges()) return true;
+    if (wasDirty) ReflectRealNodePosition();
+    return false;
 }
 
 void RecView::Quit() {
-    if (lifecycle_.AskLoseChanges()) return;
-    if (state_.gDataSetOpen) lifecycle_.CloseDataSet();
+    editing_.FieldGroupLeft = 0;
+    if (AskLoseChanges()) return;
+    if (StopCommand) {
+        if (!StopCommand()) return;
+    } else if (state_.gDataSetOpen) {
+        lifecycle_.CloseDataSet();
+    }
     controls_.form.Close();
 }
 
-void RecView::ShowDataSet() {
-    ChangeScope scope(controls_.form);
-    prompter_.WaitCursor(true);
-    if (state_.gDataSetOpen) {
-        progress_.NewTask("Loading Taxon Data");
-        progress_.SetStatus("Loading...");
-    }
-    ResetForm();
-    if (RebuildExplorer) RebuildExplorer();
-    if (state_.gDataSetOpen) progress_.EndTask();
-    prompter_.WaitCursor(false);
-}
-
-// The form ready for a new record, as each DataSet begins.
-void RecView::ResetForm() {
-    ChangeScope scope(controls_.form);
-    ClearFields();
-    state_.currentTaxon = CurrentTaxon();
-    if (state_.gDataSetOpen) lifecycle_.ReadKingdomAndRanks();
-    state_.RecordDirty = false;
-    state_.gNewChangeTrackIds.clear();
-    controls_.cmdOK.SetCaption("&Save");
-    StatusPanelSet("name", "");
-    StatusPanelSet("taxa", state_.gDataSetOpen ? fmt::format("TAXA: {}", CountTaxa()) : "");
-    StatusPanelSet("mode", state_.gDataSetOpen ? "INPUT" : "");
-    controls_.form.SetTitle(state_.gDataSetOpen ? "Taxonomic Quillon - " + state_.gDataSetPath
-                                                : std::string(store::kTitleNoDataSet));
-}
-
-void RecView::ClearFields() {
-    for (TextControl* field : {&controls_.txtSciName, &controls_.txtRank, &controls_.txtAuthor,
-                               &controls_.txtUsage, &controls_.txtParent}) {
-        field->SetText("");
-    }
-    controls_.RVPanel4.SetEnabled(false);
-}
-
-void RecView::SelectExplorerItem(const ExplorerItem& item, bool checkDirty) {
-    if (item.qb_id == state_.currentTaxon.qb_id || !state_.gDataSetOpen) return;
-    ChangeScope scope(controls_.form);
-    if (checkDirty && lifecycle_.AskLoseChanges()) {
-        if (ReselectLater) ReselectLater(state_.currentTaxon.qb_id);
-        return;
-    }
-    state_.currentTaxon.qb_id = item.qb_id;
-    try {
-        ShowRecord();
-        ShowCounts(item);
-    } catch (const store::StoreError& error) {
-        prompter_.Message(error.Description());
-    }
-    if (controls_.TabStrip1.SelectedIndex() == kDistributionTab) TellTabDisabled();
-}
-
-void RecView::ShowRecord() {
-    ClearFields();
-    LoadTaxon(state_, prompter_, state_.currentTaxon.qb_id);
+std::string RecView::CurrentTaxonName() const {
     const CurrentTaxon& taxon = state_.currentTaxon;
-    controls_.cmdOK.SetCaption("&Save Changes");
-    StatusPanelSet("mode", "EDIT");
-    controls_.txtSciName.SetText(NameOf(taxon));
-    controls_.txtRank.SetText(taxon.rank_name);
-    controls_.txtAuthor.SetText(taxon.taxon_author);
-    controls_.txtUsage.SetText(taxon.usage);
-    controls_.txtParent.SetText(taxon.parent_name);
-    controls_.RVPanel4.SetEnabled(HasDistribution(taxon.rank_name));
-    state_.RecordDirty = false;
-    state_.gNewChangeTrackIds.clear();
+    const TaxonTab& tab = controls_.taxon;
+    return quillon::CurrentTaxonName({taxon.unit_ind1, taxon.unit_name1, taxon.unit_ind2, taxon.unit_name2,
+                                      taxon.unit_ind3, taxon.unit_name3, taxon.unit_ind4, taxon.unit_name4,
+                                      tab.cboName1.Text(), tab.txtName1.Text(), tab.cboName2.Text(),
+                                      tab.txtName2.Text(), tab.txtName3.Text()});
 }
 
-void RecView::ShowCounts(const ExplorerItem& item) {
-    StatusPanelSet("name", NameOf(state_.currentTaxon));
-    StatusPanelSet("taxa", fmt::format("TAXA: {}", CountTaxa()));
-    StatusPanelSet("children", fmt::format("CHILDREN: {}", item.children));
-    StatusPanelSet("descendants", fmt::format("DESCENDANTS: {}", item.descendants));
-    StatusPanelSet("rank", "RANK: " + state_.currentTaxon.rank_name);
-}
-
-int RecView::CountTaxa() const {
+std::int64_t RecView::CountTaxa() const {
     const auto count = state_.gDatabase->OpenRecordset("SELECT count(*) AS taxa FROM qb_taxonomic_units",
                                                        store::RecordsetType::ForwardOnly);
-    return count->Eof() ? 0 : static_cast<int>(count->At(0).AsLong());
+    return count->Eof() ? 0 : count->At(0).AsLong();
 }
 
 void RecView::StatusPanelSet(std::string_view panelKey, std::string_view text) {

@@ -1,11 +1,22 @@
 // The controls of the main window RecView, named as the system names them: menu commands, toolbar buttons,
-// status panels, tabs and the fields of the taxon tab. The rules are in rec_view.h; the window in src/ui.
+// status panels, and the eight tabs of the record. The rules are in rec_view.h; the window in src/ui.
 //
 // A menu item and the toolbar button of the same command are one control. Commands that are not there yet are
 // disabled.
 #pragma once
 
+#include <string_view>
+#include <vector>
+
 #include "core/controls.h"
+#include "documentation/expert_tab.h"
+#include "documentation/other_source_tab.h"
+#include "documentation/publication_tab.h"
+#include "editor/comment_tab.h"
+#include "editor/distribution_tab.h"
+#include "editor/synonym_tab.h"
+#include "editor/taxon_tab.h"
+#include "editor/vernacular_tab.h"
 
 namespace quillon::editor {
 
@@ -68,19 +79,21 @@ struct RecViewForm {
     // The panel of the tab "distribution", the fourth of the array RVPanel.
     LabelControl RVPanel4{form, "RVPanel4"};
 
-    // The taxon tab, for reading.
-    TextControl txtSciName{form, "txtSciName"};
-    TextControl txtRank{form, "txtRank"};
-    TextControl txtAuthor{form, "txtAuthor"};
-    TextControl txtUsage{form, "txtUsage"};
-    TextControl txtParent{form, "txtParent"};
-    LabelControl lblSciName{form, "lblSciName", "&Name"};
-    LabelControl lblRank{form, "lblRank", "Rank"};
-    LabelControl lblAuthor{form, "lblAuthor", "Author"};
-    LabelControl lblUsage{form, "lblUsage", "Usage"};
-    LabelControl lblParent{form, "lblParent", "Parent"};
+    TaxonTab taxon{form};
+    VernacularTab vernaculars{form};
+    SynonymTab synonyms{form};
+    DistributionTab distribution{form};
+    CommentTab comments{form};
+    documentation::PublicationTab publications{form};
+    documentation::ExpertTab experts{form};
+    documentation::OtherSourceTab otherSources{form};
 
     RecViewForm();
+
+    // The button of a toolbar key, which is its menu item too; nullptr when no command has the key.
+    ButtonControl* OfKey(std::string_view key);
+    // Every control whose change by the user makes the record one that is not saved.
+    std::vector<Control*> Tracked();
 };
 
 // The box of Help, About.

@@ -2,8 +2,9 @@
 
 #include <fmt/format.h>
 
+#include <utility>
+
 #include "core/names.h"
-#include "store/engine.h"
 
 namespace quillon::editor {
 
@@ -84,6 +85,12 @@ void LoadParent(store::Database& database, CurrentTaxon& taxon) {
 
 }  // namespace
 
+void ClearRecordVariables(ApplicationState& state) {
+    const int qb_id = state.currentTaxon.qb_id;
+    state.currentTaxon = CurrentTaxon();
+    state.currentTaxon.qb_id = qb_id;
+}
+
 void LoadTaxon(ApplicationState& state, Prompter& prompter, int qb_id) {
     store::Database& database = *state.gDatabase;
     const auto row = OpenWith(database, "Get Taxon Data", "qbid", qb_id);
@@ -99,11 +106,22 @@ void LoadTaxon(ApplicationState& state, Prompter& prompter, int qb_id) {
     state.currentTaxon = std::move(taxon);
 }
 
-std::string NameOf(const CurrentTaxon& taxon) {
-    return BuildSciName({Value::TextOrNull(taxon.unit_ind1), Value::TextOrNull(taxon.unit_name1),
-                         Value::TextOrNull(taxon.unit_ind2), Value::TextOrNull(taxon.unit_name2),
-                         Value::TextOrNull(taxon.unit_ind3), Value::TextOrNull(taxon.unit_name3),
-                         Value::TextOrNull(taxon.unit_ind4), Value::TextOrNull(taxon.unit_name4)});
+std::string GetRankName(store::Database& database, int rank_id) {
+    const auto rank = OpenWith(database, "Get Rank Info", "rank", rank_id);
+    return rank->Eof() ? "<unknown>" : rank->Get("rank_name").AsText();
+}
+
+int GetTSN(store::Database& database, int qb_id) {
+    const auto row =
+        database.CreateSnapshot(fmt::format("SELECT tsn FROM qb_taxonomic_units WHERE qb_id = {}", qb_id));
+    return row->Eof() ? 0 : IntOf(*row, "tsn");
+}
+
+int GetKingdomId(store::Database& database) {
+    const auto row = database.CreateSnapshot(
+        "SELECT qb_id  FROM qb_taxonomic_units INNER JOIN taxonomic_unit_types ON "
+        "qb_taxonomic_units.rank_id = taxonomic_unit_types.rank_id Where rank_name = \"Kingdom\"");
+    return row->Eof() ? 0 : IntOf(*row, "qb_id");
 }
 
 }  // namespace quillon::editor

@@ -33,7 +33,7 @@ void AddDocumentsOfVernaculars(TaggedRun& run) {
     RowStream rows(run.tools.database, kVernReferenceRecord.table,
                    {"qb_id", "qb_documentation_id_prefix", "qb_documentation_id"},
                    run.RowsAmong("qb_id", run.selected));
-    while (rows.Next())
+    while (rows.Next() && run.tools.NextTurn())
         if (run.selected.Has(Id(rows, 0))) run.documents.Add(rows.Text(1), Id(rows, 2));
 }
 
@@ -41,14 +41,15 @@ void AddDocumentsOfVernaculars(TaggedRun& run) {
 // first row.
 class Comments {
 public:
-    Comments(store::Database& database, const RecordLayout& layout)
-        : database_(database),
+    Comments(ExportTools& tools, const RecordLayout& layout)
+        : database_(tools.database),
           layout_(layout),
           column_(layout.fields.back().column),
           idColumn_(layout.fields[1].column) {
-        RowStream rows(database_, fmt::format("SELECT {0} FROM {1} GROUP BY {0} HAVING Count(*) > 1;",
-                                              idColumn_, layout.table));
-        while (rows.Next()) shared_.Add(Id(rows, 0));
+        IdSet met;
+        RowStream rows(database_, layout.table, {idColumn_}, {store::TableRows::Order::Any, {}, {}});
+        while (rows.Next() && tools.NextTurn())
+            met.Has(Id(rows, 0)) ? shared_.Add(Id(rows, 0)) : met.Add(Id(rows, 0));
     }
     bool IsShared(std::int32_t id) const { return shared_.Has(id); }
     std::string First(std::int32_t id) {
@@ -75,7 +76,8 @@ void WriteDocument(TaggedRun& run, const RecordLayout& layout, const RowStream& 
 
 void ExportDocuments(TaggedRun& run, const RecordLayout& layout) {
     if (run.tools.state.gBatchCancel) return;
-    Comments comments(run.tools.database, layout);
+    Comments comments(run.tools, layout);
+    if (run.tools.state.gBatchCancel) return;
     RowStream rows(run.tools.database, layout.table, layout.Columns(),
                    run.RowsAmong(layout.fields[1].column, run.documents.AllIds()));
     run.ForEachRow(rows, [&] {

@@ -1,5 +1,7 @@
 #include "export/exclusion.h"
 
+#include <utility>
+
 #include "store/row_stream.h"
 
 namespace quillon::exporting {
@@ -17,7 +19,8 @@ std::int32_t Id(const RowStream& rows, std::size_t column) {
 
 }  // namespace
 
-Exclusion::Exclusion(const ApplicationState& state, store::Database& database) : database_(database) {
+Exclusion::Exclusion(const ApplicationState& state, store::Database& database, Continue goOn)
+    : database_(database), goOn_(std::move(goOn)) {
     for (const int qb_id : state.gRejectedTaxa) taxa_.Add(qb_id);
     for (const auto& [prefix, id] : state.gRejectedDocs) documents_.Add(prefix, id);
 }
@@ -49,7 +52,7 @@ void Exclusion::ReadAuthors() {
     goodAuthors_.emplace();
     RowStream taxa(database_, "qb_taxonomic_units", {"qb_id", "qb_taxon_author_id", "hybrid_author_id"},
                    {kAny});
-    while (taxa.Next()) {
+    while (taxa.Next() && goOn_()) {
         if (!RowIsExportable(Id(taxa, 0))) continue;
         for (const std::size_t author : {1u, 2u})
             if (!taxa.IsNull(author)) goodAuthors_->Add(Id(taxa, author));
@@ -59,13 +62,13 @@ void Exclusion::ReadAuthors() {
 void Exclusion::ReadComments() {
     goodComments_.emplace();
     RowStream links(database_, "qb_tu_comments_link", {"qb_id", "qb_comment_id"}, {kAny});
-    while (links.Next())
+    while (links.Next() && goOn_())
         if (RowIsExportable(Id(links, 0))) goodComments_->Add(Id(links, 1));
 }
 
 void Exclusion::ReadDocuments(std::string_view table) {
     RowStream links(database_, table, {"qb_id", "qb_documentation_id_prefix", "qb_documentation_id"}, {kAny});
-    while (links.Next())
+    while (links.Next() && goOn_())
         if (LinkCounts(Id(links, 0))) goodDocuments_->Add(links.Text(1), Id(links, 2));
 }
 

@@ -8,15 +8,20 @@
 #include <string_view>
 
 #include "core/application_state.h"
-#include "export/id_set.h"
 #include "store/engine.h"
+#include "validation/selected_taxa.h"
 
 namespace quillon::exporting {
 
+using validation::Continue;
+using validation::DocumentSet;
+using validation::IdSet;
+
 class Exclusion {
 public:
-    // Takes gRejectedTaxa and gRejectedDocs as they stand.
-    Exclusion(const ApplicationState& state, store::Database& database);
+    // Takes gRejectedTaxa and gRejectedDocs as they stand. `goOn` is called for each row that a look-up
+    // reads; where it gives false the look-up is left unfinished.
+    Exclusion(const ApplicationState& state, store::Database& database, Continue goOn);
 
     // The taxon is not rejected.
     bool RowIsExportable(std::int32_t qb_id) const { return !taxa_.Has(qb_id); }
@@ -39,6 +44,7 @@ private:
     void ReadDocuments(std::string_view table);
 
     store::Database& database_;
+    Continue goOn_;
     IdSet taxa_;
     DocumentSet documents_;
     std::optional<IdSet> goodAuthors_, goodComments_;

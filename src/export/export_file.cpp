@@ -90,12 +90,13 @@ void ExportFile::Flush() {
     buffer_.clear();
 }
 
-// What was written so far, converted, to another file.
-void ExportFile::CopyAsUtf8(int to, const std::string& path) {
+// What was written so far, converted, to another file; false when the user wants no more.
+bool ExportFile::CopyAsUtf8(int to, const std::string& path, const std::function<bool()>& goOn) {
     if (lseek(descriptor_, 0, SEEK_SET) != 0) FailFile("Reading", making_);
     std::string block(kBufferSize, '\0');
     std::string text(kByteOrderMark);
     for (ssize_t got = 1; got != 0;) {
+        if (goOn && !goOn()) return false;
         got = read(descriptor_, block.data(), block.size());
         if (got < 0 && errno == EINTR) continue;
         if (got < 0) FailFile("Reading", making_);
@@ -103,14 +104,20 @@ void ExportFile::CopyAsUtf8(int to, const std::string& path) {
         WriteAll(to, text, path);
         text.clear();
     }
+    return true;
 }
 
-void ExportFile::SwitchToUtf8() {
+bool ExportFile::SwitchToUtf8(const std::function<bool()>& goOn) {
     Flush();
     const std::string again = target_ + "~utf8";
     const int converted = MakeFile(again);
     try {
-        CopyAsUtf8(converted, again);
+        if (!CopyAsUtf8(converted, again, goOn)) {
+            close(converted);
+            unlink(again.c_str());
+            if (lseek(descriptor_, 0, SEEK_END) < 0) FailFile("Writing", making_);
+            return false;
+        }
         if (rename(again.c_str(), making_.c_str()) != 0) FailFile("Writing", making_);
     } catch (...) {
         close(converted);
@@ -121,6 +128,7 @@ void ExportFile::SwitchToUtf8() {
     close(descriptor_);
     descriptor_ = converted;
     encoding_ = Encoding::Utf8;
+    return true;
 }
 
 void ExportFile::Publish() {

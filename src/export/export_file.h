@@ -8,6 +8,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -30,15 +31,16 @@ public:
     void LineDone() {
         if (buffer_.size() >= kBufferSize) Flush();
     }
-    // Turns all that was written, buffer included, from CP1252 into UTF-8.
-    void SwitchToUtf8();
+    // Turns all that was written, buffer included, from CP1252 into UTF-8. `goOn` is called for each block;
+    // where it gives false everything stays as it was, and so does the result. It may be empty.
+    bool SwitchToUtf8(const std::function<bool()>& goOn = {});
     // Writes the rest, makes the file durable, and puts it in the target's place.
     void Publish();
 
 private:
     static constexpr std::size_t kBufferSize = std::size_t{1} << 20;
     void Flush();
-    void CopyAsUtf8(int to, const std::string& path);
+    bool CopyAsUtf8(int to, const std::string& path, const std::function<bool()>& goOn);
     void Discard();
 
     std::string target_;  // with symbolic links followed

@@ -105,13 +105,17 @@ ExportResult ExportJob::WriteFile(const ExportOrder& order) {
     RefuseDataSets();
     ExportFile file(state_.gExportFile, order.encoding);
     const bool anyText = order.encoding == Encoding::Utf8;
-    LineWriter line(file, anyText ? LineWriter::Listener() : onForeign);
+    LineWriter line(file, anyText ? LineWriter::Listener() : onForeign, [this] {
+        outside_.events.Yield();
+        return !state_.gBatchCancel;
+    });
     ExportTools tools{state_, *database, outside_.prompter, outside_.events, outside_.gauge, line};
     state_.gRecordsDone = 0;
     WriteRecords(order, tools);
     ExportResult result;
     result.breaking = line.Breaking();
-    if (!anyText && line.Foreign().count > 0 && !AskUtf8(line.Foreign())) {
+    const bool becameUtf8 = !anyText && file.CurrentEncoding() == Encoding::Utf8;
+    if (becameUtf8 && !AskUtf8(line.Foreign())) {
         result.outcome = ExportOutcome::Refused;
         return result;
     }
@@ -124,7 +128,9 @@ void ExportJob::WriteRecords(const ExportOrder& order, ExportTools& tools) {
     if (order.kind == ExportKind::List) return WriteNameList(tools, order.listType);
     state_.gValidatingForExport = order.kind == ExportKind::Online;
     if (state_.gValidatingForExport) ValidateForExport();
+    store::Job job(engine_);
     WriteTaggedFile(tools);
+    job.End();
 }
 
 // The rules compare with the kingdom of the open DataSet, whichever is exported.

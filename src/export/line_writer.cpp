@@ -135,29 +135,31 @@ void LineWriter::NoteForeign(std::string_view line) {
     }
 }
 
-// The line at the end of the buffer is UTF-8; afterwards it is in the file's encoding.
-void LineWriter::Encode() {
+// The line at the end of the buffer is UTF-8; afterwards it is in the file's encoding, or gone.
+bool LineWriter::Encode() {
     std::string line = out_.substr(start_);
     auto encoded = Utf8ToCp1252(line);
     if (!encoded) NoteForeign(line);
-    if (file_.CurrentEncoding() == Encoding::Utf8) return;
+    if (file_.CurrentEncoding() == Encoding::Utf8) return true;
     out_.resize(start_);
     if (!encoded) {
-        file_.SwitchToUtf8();
+        if (!file_.SwitchToUtf8(goOn_)) return false;
         encoded = std::move(line);
     }
     out_ += *encoded;
+    return true;
 }
 
-void LineWriter::End() {
+bool LineWriter::End() {
     if (!layout_->closed) out_.pop_back();
     const std::string_view line = std::string_view(out_).substr(start_);
     const Look look = LookAt(line);
     const int expected = static_cast<int>(fields_.size()) - (layout_->closed ? 0 : 1);
     if (look.breaks || look.separators != expected) NoteBreaking(line);
-    if (!look.plain) Encode();
+    if (!look.plain && !Encode()) return false;
     out_ += kLineEnd;
     file_.LineDone();
+    return true;
 }
 
 void LineWriter::Header(std::string_view line) {

@@ -36,8 +36,9 @@ public:
     // Told of each value that CP1252 cannot hold, as it comes.
     using Listener = std::function<void(const OddValue&)>;
 
-    LineWriter(ExportFile& file, Listener onForeign)
-        : file_(file), out_(file.Buffer()), onForeign_(std::move(onForeign)) {}
+    // `goOn` is asked while a file that has become large is turned into UTF-8; it may be empty.
+    LineWriter(ExportFile& file, Listener onForeign, std::function<bool()> goOn = {})
+        : file_(file), out_(file.Buffer()), onForeign_(std::move(onForeign)), goOn_(std::move(goOn)) {}
 
     // The next record. One value a field follows, in the order of the layout, and End.
     void Begin(const RecordLayout& layout);
@@ -49,7 +50,8 @@ public:
     // nothing.
     void Date(std::string_view stored);
     void Stamp(std::string_view stored);
-    void End();
+    // False when the line is not written, since the user cancels while the file is turned into UTF-8 for it.
+    bool End();
 
     // The header of a list: a line as it stands.
     void Header(std::string_view line);
@@ -69,11 +71,12 @@ private:
     void Note(OddValues& values, OddValue value);
     void NoteBreaking(std::string_view line);
     void NoteForeign(std::string_view line);
-    void Encode();
+    bool Encode();
 
     ExportFile& file_;
     std::string& out_;
     Listener onForeign_;
+    std::function<bool()> goOn_;
     const RecordLayout* layout_ = nullptr;
     std::size_t start_ = 0;            // of the line, in the buffer
     std::vector<std::size_t> fields_;  // their starts within the line

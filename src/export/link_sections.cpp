@@ -45,13 +45,6 @@ void ExportRowsById(TaggedRun& run, const RecordLayout& layout, const IdSet& ids
     });
 }
 
-IdSet AllTaxa(store::Database& database) {
-    IdSet ids;
-    RowStream rows(database, kTaxonRecord.table, {"qb_id"}, {store::TableRows::Order::Any});
-    while (rows.Next()) ids.Add(Id(rows, 0));
-    return ids;
-}
-
 }  // namespace
 
 void ExportAuthors(TaggedRun& run) {
@@ -74,10 +67,9 @@ void ExportJurisdictions(TaggedRun& run) {
 
 // Both taxa must be selected; for the journal one of them, and the other need only be there.
 void ExportSynonymLinks(TaggedRun& run) {
-    const IdSet existing = run.journal ? AllTaxa(run.tools.database) : IdSet();
     const auto isSelected = [&](std::int32_t synonym, std::int32_t accepted) {
         if (!run.journal) return run.selected.Has(synonym) && run.selected.Has(accepted);
-        return existing.Has(synonym) && existing.Has(accepted) &&
+        return run.existing.Has(synonym) && run.existing.Has(accepted) &&
                (run.selected.Has(synonym) || run.selected.Has(accepted));
     };
     RowStream rows(run.tools.database, kSynonymRecord.table, kSynonymRecord.Columns());

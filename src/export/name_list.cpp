@@ -7,6 +7,7 @@
 #include <string>
 
 #include "validation/record_filter.h"
+#include "validation/selected_rows.h"
 
 namespace quillon::exporting {
 
@@ -26,32 +27,22 @@ constexpr std::array<std::string_view, 3> kHeaders = {"name", "name|author", "na
 constexpr std::size_t kUnits = 8, kAuthor = 9, kRank = 10;  // places of the columns behind qb_id
 
 constexpr std::string_view kColumns =
-    "qb_taxonomic_units.qb_id, unit_ind1, unit_name1, unit_ind2, unit_name2, unit_ind3, unit_name3, "
-    "unit_ind4, "
-    "unit_name4, qb_taxon_author_id, rank_id";
+    "qb_id, unit_ind1, unit_name1, unit_ind2, unit_name2, unit_ind3, unit_name3, unit_ind4, unit_name4, "
+    "qb_taxon_author_id, rank_id";
 
-std::string RowsUnder(std::string_view filter) {
-    const std::string select = fmt::format("SELECT {} FROM qb_taxonomic_units", kColumns);
-    if (filter == validation::kNoFilter) return select + ";";
-    if (filter == validation::kJournalFilter)
-        return select +
-               " INNER JOIN journal ON qb_taxonomic_units.qb_id = journal.qb_id "
-               "ORDER BY qb_taxonomic_units.qb_id;";
-    return select + validation::RunnableFilter(filter) + ";";
-}
-
-int CountUnder(store::Database& database, std::string_view filter) {
-    RowStream count(database, validation::BuildValidationSelect("qb_taxonomic_units",
-                                                                validation::RunnableFilter(filter), true));
+int CountTaxa(store::Database& database, const validation::SelectedTaxa& taxa) {
+    if (!taxa.All()) return static_cast<int>(taxa.Ids().Count());
+    RowStream count(database,
+                    validation::BuildValidationSelect("qb_taxonomic_units", validation::kNoFilter, true));
     return count.Next() ? static_cast<int>(count.Long(0)) : 0;
 }
 
 // The authors' texts one behind the other, so that many of them take little room.
 class AuthorNames {
 public:
-    explicit AuthorNames(store::Database& database) : starts_(1) {
-        RowStream rows(database, "qb_taxon_authors_lookup", {"qb_taxon_author_id", "taxon_author"});
-        while (rows.Next()) {
+    explicit AuthorNames(ExportTools& tools) : starts_(1) {
+        RowStream rows(tools.database, "qb_taxon_authors_lookup", {"qb_taxon_author_id", "taxon_author"});
+        while (rows.Next() && tools.NextTurn()) {
             texts_ += rows.Text(1);
             places_.Add(static_cast<std::int32_t>(rows.Long(0)), static_cast<std::int32_t>(starts_.size()));
             starts_.push_back(texts_.size());
@@ -67,7 +58,7 @@ public:
 private:
     std::string texts_;
     std::vector<std::size_t> starts_;
-    IdMap places_;  // from 1
+    validation::IdMap places_;  // from 1
 };
 
 // The first name of each rank, in the order of the table's key.
@@ -86,35 +77,58 @@ void BuildName(const RowStream& row, std::string& name) {
         if (!row.Text(unit).empty()) (name += ' ') += row.Text(unit);
 }
 
+// Writes a line for each row that it is given.
+class ListLines {
+public:
+    ListLines(ExportTools& tools, int type)
+        : tools_(tools),
+          type_(type),
+          layout_(kLists[static_cast<std::size_t>(type - 1)]),
+          authors_(tools),
+          ranks_(RankNames(tools.database)) {}
+
+    void Write(const RowStream& row) {
+        BuildName(row, name_);
+        tools_.line.Begin(layout_);
+        tools_.line.Text(name_);
+        if (type_ > 1) tools_.line.Text(authors_.Find(static_cast<std::int32_t>(row.Long(kAuthor))));
+        if (type_ > 2) tools_.line.Text(RankOf(row));
+        if (tools_.line.End()) ++tools_.state.gExportedCount;
+    }
+
+private:
+    std::string_view RankOf(const RowStream& row) const {
+        const auto rank = row.IsNull(kRank) ? ranks_.end() : ranks_.find(row.Long(kRank));
+        return rank == ranks_.end() ? std::string_view() : std::string_view(rank->second);
+    }
+
+    ExportTools& tools_;
+    int type_;
+    const RecordLayout& layout_;
+    AuthorNames authors_;
+    std::map<std::int64_t, std::string> ranks_;
+    std::string name_;
+};
+
 }  // namespace
 
 void WriteNameList(ExportTools& tools, int type) {
     ApplicationState& state = tools.state;
+    const validation::SelectedTaxa taxa(tools.database, state.gRecordFilter, tools.Turns());
     state.gRecordsDone = 0;
     state.gExportedCount = 0;
-    state.gRecordsTotal = CountUnder(tools.database, state.gRecordFilter);
+    state.gRecordsTotal = CountTaxa(tools.database, taxa);
     if (type < 1 || type > 3) {
         tools.prompter.Message(fmt::format("Export Type of {} is invalid!", type));
         return;
     }
-    const RecordLayout& layout = kLists[static_cast<std::size_t>(type - 1)];
-    const AuthorNames authors(tools.database);
-    const auto ranks = RankNames(tools.database);
-    RowStream rows(tools.database, RowsUnder(state.gRecordFilter));
+    ListLines lines(tools, type);
+    validation::SelectedRows rows(tools.database, "qb_taxonomic_units", kColumns, taxa);
     tools.line.Header(kHeaders[static_cast<std::size_t>(type - 1)]);
-    std::string name;
     while (rows.Next() && tools.NextTurn()) {
+        if (rows.Visits() == 0) continue;
         tools.CountRow();
-        BuildName(rows, name);
-        tools.line.Begin(layout);
-        tools.line.Text(name);
-        if (type > 1) tools.line.Text(authors.Find(static_cast<std::int32_t>(rows.Long(kAuthor))));
-        if (type > 2) {
-            const auto rank = rows.IsNull(kRank) ? ranks.end() : ranks.find(rows.Long(kRank));
-            tools.line.Text(rank == ranks.end() ? std::string_view() : std::string_view(rank->second));
-        }
-        tools.line.End();
-        ++state.gExportedCount;
+        lines.Write(rows.Row());
     }
 }
 

@@ -22,8 +22,9 @@ constexpr std::array<Section, 14> kSections = {
 
 int WriteTaggedFile(ExportTools& tools) {
     tools.state.gExportedCount = 0;
-    if (!tools.state.gValidatingForExport) validation::CountBatchRecords(tools.state, tools.database);
     TaggedRun run(tools);
+    if (!tools.state.gValidatingForExport)
+        validation::CountBatchRecords(tools.state, tools.database, run.taxa, tools.Turns());
     for (const Section section : kSections)
         if (!tools.state.gBatchCancel) section(run);
     return run.taxaWritten;

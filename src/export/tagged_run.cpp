@@ -26,7 +26,8 @@ void ExportTools::CountRow() {
 
 TaggedRun::TaggedRun(ExportTools& exportTools)
     : tools(exportTools),
-      exclusion(tools.state, tools.database),
+      exclusion(tools.state, tools.database, tools.Turns()),
+      taxa(tools.database, tools.state.gRecordFilter, tools.Turns()),
       filtered(tools.state.gRecordFilter != validation::kNoFilter),
       journal(tools.state.gRecordFilter == validation::kJournalFilter) {}
 
@@ -59,8 +60,7 @@ void TaggedRun::WriteRow(const RecordLayout& layout, const store::RowStream& row
 }
 
 void TaggedRun::EndLine() {
-    tools.line.End();
-    ++tools.state.gExportedCount;
+    if (tools.line.End()) ++tools.state.gExportedCount;
 }
 
 }  // namespace quillon::exporting

@@ -8,10 +8,10 @@
 #include "core/application_state.h"
 #include "core/outside.h"
 #include "export/exclusion.h"
-#include "export/id_set.h"
 #include "export/line_writer.h"
 #include "store/engine.h"
 #include "store/row_stream.h"
+#include "validation/selected_taxa.h"
 #include "validation/table_checks.h"
 
 namespace quillon::exporting {
@@ -27,6 +27,10 @@ struct ExportTools {
 
     // One row's turn: lets events through; false when the run is canceled.
     bool NextTurn();
+    // The same as a function, for what reads rows elsewhere; the tools must outlive it.
+    Continue Turns() {
+        return [this] { return NextTurn(); };
+    }
     // Counts the row and moves the gauge.
     void CountRow();
 };
@@ -49,8 +53,10 @@ struct TaggedRun {
 
     ExportTools& tools;
     Exclusion exclusion;
+    validation::SelectedTaxa taxa;
     bool filtered = false;  // gRecordFilter is other than "none"
     bool journal = false;
+    IdSet existing;  // all taxa
     IdSet listed;    // the ids of the filter's list, whether there is such a taxon or not
     IdSet selected;  // the taxa among them
     IdSet authors;   // of the selected taxa

@@ -1,11 +1,16 @@
 // The [TU] records: the kingdom's root first, then the taxa under the filter, each with a parent that is in
 // the file.
 
-#include <string>
+#include <fmt/format.h>
 
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/vocabulary.h"
 #include "export/tagged_export.h"
 #include "export/tagged_run.h"
-#include "validation/record_filter.h"
 
 namespace quillon::exporting {
 
@@ -13,58 +18,77 @@ namespace {
 
 using store::RowStream;
 
-// Fills every missing parent_tsn from the parent's row; the one write that an export performs. Rows whose
-// parent has no tsn either would stay as they are, so they are left alone.
+// Fills missing parent_tsn from the parents' rows; the one write that an export performs. The taxa are few
+// enough for one turn.
 constexpr std::string_view kFillParentTsn =
     "UPDATE qb_taxonomic_units INNER JOIN qb_taxonomic_units AS qb_taxonomic_units_1 "
     "ON qb_taxonomic_units.parent_qb_id = qb_taxonomic_units_1.qb_id "
     "SET qb_taxonomic_units.parent_tsn = [qb_taxonomic_units_1].[tsn] "
-    "WHERE (((qb_taxonomic_units.parent_tsn) Is Null) AND ((qb_taxonomic_units_1.tsn) Is Not Null));";
-constexpr std::string_view kMissingParentTsn =
-    "SELECT qb_taxonomic_units.parent_tsn FROM qb_taxonomic_units INNER JOIN qb_taxonomic_units AS "
-    "qb_taxonomic_units_1 "
-    "ON qb_taxonomic_units.parent_qb_id = qb_taxonomic_units_1.qb_id "
-    "WHERE (((qb_taxonomic_units.parent_tsn) Is Null) AND ((qb_taxonomic_units_1.tsn) Is Not Null));";
-constexpr std::string_view kRoot = "Select qb_id from qb_taxonomic_units where rank_id = 10;";
+    "WHERE (((qb_taxonomic_units.parent_tsn) Is Null) AND (qb_taxonomic_units.qb_id Between {} And {}));";
+constexpr std::size_t kMostFilled = 500;
+constexpr std::int64_t kMostVisited = 20000;
 
 constexpr std::string_view kCutReason = "syn-original combina";
 constexpr std::string_view kWholeReason = "syn-original combination";
 
-// A DataSet that cannot be written is exported all the same when there is nothing to fill.
-void FillParentTsn(store::Database& database) {
-    const bool missing = RowStream(database, kMissingParentTsn).Next();
-    if (missing) database.Execute(kFillParentTsn);
-}
+// All taxa, read once before any is written: which there are, the root, and who lacks a parent_tsn that its
+// parent could give. A DataSet that cannot be written is exported all the same when nobody does.
+class AllTaxa {
+public:
+    explicit AllTaxa(TaggedRun& run) {
+        RowStream rows(run.tools.database, kTaxonRecord.table,
+                       {"qb_id", "tsn", "parent_qb_id", "parent_tsn", "rank_id"});
+        while (rows.Next() && run.tools.NextTurn()) Add(rows, run.existing);
+    }
 
-IdSet ListIds(const TaggedRun& run) {
-    IdSet ids;
-    store::Database& database = run.tools.database;
-    const auto add = [&](RowStream&& rows) {
-        while (rows.Next()) ids.Add(static_cast<std::int32_t>(rows.Long(0)));
+    // The first taxon of the kingdom's rank; nothing when there is none.
+    std::optional<std::int32_t> Root() const { return root_; }
+
+    void FillParentTsn(ExportTools& tools) const {
+        for (std::size_t first = 0, next = 0; first < missing_.size(); first = next) {
+            std::int32_t last = 0;
+            std::size_t filled = 0;
+            for (; next < missing_.size() && filled < kMostFilled; ++next) {
+                if (std::int64_t{missing_[next].qb_id} - missing_[first].qb_id > kMostVisited) break;
+                if (!HasTsn(missing_[next].parent_qb_id)) continue;
+                last = missing_[next].qb_id;
+                ++filled;
+            }
+            if (filled == 0) continue;
+            if (!tools.NextTurn()) return;
+            tools.database.Execute(fmt::format(fmt::runtime(kFillParentTsn), missing_[first].qb_id, last));
+        }
+    }
+
+private:
+    struct Missing {
+        std::int32_t qb_id, parent_qb_id;
     };
-    if (run.journal)
-        add(RowStream(database, "journal", {"qb_id"}));
-    else if (run.filtered)
-        add(RowStream(database, "select qb_id from qb_taxonomic_units " +
-                                    validation::RunnableFilter(run.tools.state.gRecordFilter)));
-    else
-        add(RowStream(database, "qb_taxonomic_units", {"qb_id"}, {store::TableRows::Order::Any}));
-    return ids;
-}
+
+    void Add(const RowStream& row, IdSet& existing) {
+        const auto id = [&](std::size_t column) { return static_cast<std::int32_t>(row.Long(column)); };
+        existing.Add(id(0));
+        if (!row.IsNull(1)) withTsn_.Add(id(0));
+        if (row.IsNull(3) && !row.IsNull(2)) missing_.push_back({id(0), id(2)});
+        if (!root_ && row.Long(4) == kKingdomRankId) root_ = id(0);
+    }
+    bool HasTsn(std::int32_t qb_id) const { return withTsn_.Has(qb_id); }
+
+    IdSet withTsn_;
+    std::vector<Missing> missing_;
+    std::optional<std::int32_t> root_;
+};
 
 class TaxonLines {
 public:
-    explicit TaxonLines(TaggedRun& run) : run_(run), database_(run.tools.database) {
+    TaxonLines(TaggedRun& run, std::int32_t root) : run_(run), database_(run.tools.database), root_(root) {
         RowStream authors(database_, kAuthorRecord.table, {"qb_taxon_author_id", "taxon_author_id"});
-        while (authors.Next())
+        while (authors.Next() && run.tools.NextTurn())
             authorityAuthors_.Add(static_cast<std::int32_t>(authors.Long(0)),
                                   static_cast<std::int32_t>(authors.Long(1)));
     }
 
     void WriteRoot() {
-        RowStream first(database_, kRoot);
-        if (!first.Next()) throw ExportError("No current record.");
-        root_ = static_cast<std::int32_t>(first.Long(0));
         IdSet ids;
         ids.Add(root_);
         RowStream row(database_, kTaxonRecord.table, Columns(),
@@ -165,17 +189,22 @@ private:
 
     TaggedRun& run_;
     store::Database& database_;
-    IdMap authorityAuthors_;
-    std::int32_t root_ = 0;
+    validation::IdMap authorityAuthors_;
+    std::int32_t root_;
 };
 
 }  // namespace
 
 void ExportTaxa(TaggedRun& run) {
-    FillParentTsn(run.tools.database);
-    TaxonLines lines(run);
+    const bool& canceled = run.tools.state.gBatchCancel;
+    const AllTaxa all(run);
+    all.FillParentTsn(run.tools);
+    if (canceled) return;
+    if (!all.Root()) throw ExportError("No current record.");
+    run.listed = run.filtered ? run.taxa.Listed() : run.existing;
+    TaxonLines lines(run, *all.Root());
+    if (canceled) return;
     lines.WriteRoot();
-    run.listed = ListIds(run);
     lines.WriteOthers();
 }
 

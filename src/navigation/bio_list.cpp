@@ -1,5 +1,7 @@
 #include "navigation/bio_list.h"
 
+#include <fmt/format.h>
+
 #include "core/names.h"
 #include "core/text.h"
 #include "core/vocabulary.h"
@@ -54,6 +56,22 @@ std::unique_ptr<Recordset> OpenWithId(store::Database& database, std::string_vie
 std::int64_t CountOf(store::Database& database, std::string_view sql, int id) {
     const auto row = OpenWithId(database, sql, id);
     return row->Eof() ? 0 : row->Get("ChildCount").AsLong();
+}
+
+constexpr std::size_t kNamesAtOnce = 32;
+
+std::string NameParameter(std::size_t i) {
+    return fmt::format("theId{}", i);
+}
+
+std::string NamesSql() {
+    std::string declared, listed;
+    for (std::size_t i = 0; i < kNamesAtOnce; ++i) {
+        const std::string_view comma = i == 0 ? "" : ", ";
+        declared += fmt::format("{}{} Long", comma, NameParameter(i));
+        listed += fmt::format("{}[{}]", comma, NameParameter(i));
+    }
+    return fmt::format(fmt::runtime(kNamesSql), declared, listed);
 }
 
 void AddCounts(store::Database& database, std::string_view sql, int id,
@@ -209,6 +227,26 @@ std::string cBioList::CalcPlainNodeName(const Recordset& row) {
     const NameFields name{row["unit_ind1"], row["unit_name1"], row["unit_ind2"], row["unit_name2"],
                           row["unit_ind3"], row["unit_name3"], row["unit_ind4"], row["unit_name4"]};
     return quillon::CalcPlainNodeName(name, row["TaxAuthor"]);
+}
+
+std::unordered_map<int, std::string> cBioList::NodeNames(const BioListSource& source,
+                                                         const std::string& dbname,
+                                                         const std::vector<int>& ids) {
+    std::unordered_map<int, std::string> names;
+    const Connection connection(source, dbname);
+    if (!connection) return names;
+    names.reserve(ids.size());
+    Silently([&] {
+        auto query = (*connection).CreateQueryDef("", NamesSql());
+        for (std::size_t first = 0; first < ids.size(); first += kNamesAtOnce) {
+            for (std::size_t i = 0; i < kNamesAtOnce; ++i)
+                query.Set(NameParameter(i), first + i < ids.size() ? Value(ids[first + i]) : Value());
+            for (const auto row = query.OpenRecordset(RecordsetType::ForwardOnly); !row->Eof();
+                 row->MoveNext())
+                names[IdOf(*row, "qb_id")] = CalcNodeName(*row);
+        }
+    });
+    return names;
 }
 
 std::string cBioList::CalcNodeName(const Recordset& row) {

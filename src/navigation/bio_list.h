@@ -71,6 +71,11 @@ public:
     // Taxa of the open DataSet that no parent and no synonym link reaches, other than the root.
     Collection Orphans() const;
 
+    // The names of taxa as GetOneRecord gives them, all at once; those that are gone are left out.
+    static std::unordered_map<int, std::string> NodeNames(const BioListSource& source,
+                                                          const std::string& dbname,
+                                                          const std::vector<int>& ids);
+
     // The display text of a row of qb_taxonomic_units with TaxAuthor, with the mark "[Invalid] " or "[Not
     // Accepted] ".
     static std::string CalcNodeName(const store::Recordset& row);

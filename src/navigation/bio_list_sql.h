@@ -15,6 +15,12 @@ inline constexpr std::string_view kOneRecordSql =
     "LEFT JOIN qb_taxon_authors_lookup AS a ON t.qb_taxon_author_id = a.qb_taxon_author_id "
     "WHERE qb_id = [theId]";
 
+// Of several taxa: {0} declares their parameters, {1} lists them.
+inline constexpr std::string_view kNamesSql =
+    "PARAMETERS {0}; SELECT t.*, a.taxon_author AS TaxAuthor FROM qb_taxonomic_units AS t "
+    "LEFT JOIN qb_taxon_authors_lookup AS a ON t.qb_taxon_author_id = a.qb_taxon_author_id "
+    "WHERE qb_id In ({1})";
+
 inline constexpr std::string_view kCountChildrenSql =
     "PARAMETERS theId Long; SELECT count(*) AS ChildCount FROM qb_taxonomic_units "
     "WHERE qb_id <> parent_qb_id AND parent_qb_id = [theId]";
@@ -52,11 +58,12 @@ inline constexpr std::string_view kSynonymsOfSynonymsSql =
     "INNER JOIN qb_synonym_links AS s ON s.qb_id_accepted = p.qb_id "
     "WHERE p.qb_id_accepted = [theId] GROUP BY s.qb_id_accepted";
 
+// The links are looked up by their key, of which a DISTINCT would first make a copy.
 inline constexpr std::string_view kOrphansSql =
     "SELECT t.*, a.taxon_author AS TaxAuthor FROM qb_taxonomic_units AS t "
     "LEFT JOIN qb_taxon_authors_lookup AS a ON t.qb_taxon_author_id = a.qb_taxon_author_id "
-    "WHERE (((t.unit_name1) Not In (SELECT kingdom_name FROM kingdoms)) AND ((t.parent_qb_id) Is Null) AND "
-    "t.qb_id Not In (SELECT DISTINCT qb_id FROM qb_synonym_links)) "
+    "WHERE (((t.parent_qb_id) Is Null) AND t.qb_id Not In (SELECT qb_id FROM qb_synonym_links) AND "
+    "((t.unit_name1) Not In (SELECT kingdom_name FROM kingdoms))) "
     "ORDER BY t.unit_name1, t.unit_name2, t.unit_name3, t.unit_name4;";
 // For all taxa without a parent; the parameter is not used.
 inline constexpr std::string_view kChildrenOfOrphansSql =

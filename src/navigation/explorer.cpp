@@ -42,6 +42,7 @@ void cExplorer::Init() {
     root_.reset();
     listId_ = 0;
     ListTimer();
+    if (cut_.item && (!state_.gDatabase || cut_.item->dbname() != state_.gDatabase->Name())) cut_ = {};
     if (!state_.gDatabase) return list_.Close();
     list_.Open(state_.gDatabase, AlphabeticListQuery(FamilyOfKingdom(state_.gKingdomName)));
     auto root = std::make_shared<cBioList>(source_);
@@ -69,16 +70,18 @@ void cExplorer::AddOrphans() {
 TreeNode* cExplorer::AddNode(std::string_view text, Item item, std::int64_t childCount, TreeNode* relative,
                              Relationship relationship) {
     if (relative != nullptr && !nodes_.ItemOf(relative)) return nullptr;
-    TreeNode* parent = relative;
-    if (relative != nullptr && relationship == Relationship::NextSibling) parent = relative->Parent();
-    if (parent != nullptr && !NodeHasBeenExpanded(*parent)) tree_.Remove(parent->Child(0));
-    const std::size_t row = tree_.Append(parent, {{std::string(text), PlaceholderFor(childCount)}});
-    TreeNode* node = parent == nullptr ? tree_.Top(row) : parent->Child(row);
+    const bool isSibling = relative != nullptr && relationship == Relationship::NextSibling;
+    TreeNode* parent = isSibling ? relative->Parent() : relative;
+    if (!isSibling && parent != nullptr && !NodeHasBeenExpanded(*parent)) tree_.Remove(parent->Child(0));
+    const std::size_t row = isSibling ? relative->Row() + 1 : tree_.CountUnder(parent);
+    tree_.Insert(parent, row, {{std::string(text), PlaceholderFor(childCount)}});
+    TreeNode* node = tree_.Under(parent, row);
     nodes_.Add(node, std::move(item));
     return node;
 }
 
 void cExplorer::ClearNodes() {
+    CancelDrag();
     tree_.Clear();
     nodes_.Clear();
 }
@@ -154,6 +157,11 @@ TreeNode* cExplorer::ExpandContainingSubtree(int id, std::optional<int> accepted
         if (node == nullptr) return nullptr;
     }
     return node;
+}
+
+void cExplorer::HiliteNode(TreeNode* node) {
+    tree_.Select(node);
+    if (node != nullptr) tree_.EnsureVisible(node);
 }
 
 void cExplorer::NodeClick(TreeNode* node) {

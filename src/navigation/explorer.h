@@ -1,8 +1,9 @@
 // The explorer: the taxa of the DataSet as a tree that loads as it is opened, and as an alphabetical list,
-// kept in step. It tells the form through events what the user chose, and changes no data.
+// kept in step. It tells the form through events what the user chose, and changes no data: a move is
+// proposed by Dropped, and only the tree follows when nobody cancels it.
 //
 // It works on a TreeControl and a TaxonList, which a window mirrors; it shows no messages and knows no
-// widget.
+// widget. Nodes are the tree's, items are what they stand for.
 #pragma once
 
 #include <functional>
@@ -10,8 +11,11 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
+#include <vector>
 
 #include "core/outside.h"
+#include "core/value.h"
 #include "navigation/bio_list.h"
 #include "navigation/node_table.h"
 #include "navigation/taxon_list.h"
@@ -28,6 +32,8 @@ public:
     enum class Relationship { Child, NextSibling };
     // Where in the list a click landed.
     enum class ListArea { Other = 0, Text = 1, List = 2 };
+    // What the mouse shows while a node is dragged: "dragdrop" where it may be dropped, "nodrop" elsewhere.
+    enum class DropPicture { None, DragDrop, NoDrop };
 
     cExplorer(ApplicationState& state, store::Engine& engine, Prompter& prompter);
     cExplorer(const cExplorer&) = delete;
@@ -35,18 +41,26 @@ public:
 
     TreeControl& TreeV() { return tree_; }
     TaxonList& ListV() { return list_; }
+    // Which of the two is on show; the other follows unseen.
+    void SetTreeVisible(bool visible) { treeVisible_ = visible; }
+    bool TreeVisible() const { return treeVisible_; }
     // The taxon that the list stands on; 0 for none.
     int ListId() const { return listId_; }
     // The user moved in the list without choosing.
     void SetListId(int id) { listId_ = id; }
 
-    // Fills tree and list from the open DataSet, or empties them when none is open.
+    // Kept for the form, which alone uses them.
+    bool AllowDelete = false, AllowRename = false;
+    Value ItemData;
+
+    // Fills tree and list from the open DataSet, or empties them when none is open. What was cut stays cut
+    // while the DataSet is the same.
     void Init();
     // Empties the tree, and puts in the root.
     void SetRoot(Item root);
     const Item& Root() const { return root_; }
-    // A new node under `relative`, or beside it, or at the top level; with children it gets the placeholder.
-    // nullptr when `relative` is not a node of the explorer.
+    // A new node under `relative`, or next behind it, or last at the top level; with children it gets the
+    // placeholder. nullptr when `relative` is not a node of the explorer.
     TreeNode* AddNode(std::string_view text, Item item, std::int64_t childCount, TreeNode* relative = nullptr,
                       Relationship relationship = Relationship::Child);
     void ClearNodes();
@@ -54,6 +68,7 @@ public:
     void ExpandNode(TreeNode* node);
     // False when its only child is the placeholder.
     static bool NodeHasBeenExpanded(const TreeNode& node);
+    void RestorePrevious() {}
 
     // nullptr when the node is not one of the explorer's.
     Item GetNodeData(const TreeNode* node) const { return nodes_.ItemOf(node); }
@@ -67,7 +82,71 @@ public:
                                     Item& item) const;
     // Opens the path to a taxon and gives its node; nullptr when no path leads there.
     TreeNode* ExpandContainingSubtree(int id, std::optional<int> accepted = {});
-    void HiliteNode(TreeNode* node) { tree_.Select(node); }
+    // Selects a node and scrolls to it.
+    void HiliteNode(TreeNode* node);
+
+    // `candidate` stands above `node`. False for nullptr.
+    static bool IsNodeAncestor(const TreeNode* candidate, const TreeNode* node);
+    static bool AncestorsAreExpanded(const TreeNode* node);
+    // The nearest node above that stands open; nullptr when none does.
+    static TreeNode* GetClosestExpandedAncestor(const TreeNode* node);
+    // The nodes that a step through the rows on show leads to; at either end the node itself.
+    TreeNode* GetNextNode(TreeNode* node) const;
+    TreeNode* GetPreviousNode(TreeNode* node) const;
+    // The root for a node of the top level.
+    TreeNode* GetParentNode(const TreeNode* node) const;
+    // The last row on show among the node's siblings and below the last of them.
+    TreeNode* GetLastDisplayedNode(TreeNode* node) const;
+
+    // Move the selection in the view on show, raise ItemSelected, and then CurrentPos. Nothing where there is
+    // no way to go.
+    void MoveFirst();
+    void MoveLast();
+    void MoveNext();
+    void MovePrev();
+    void MoveParent();
+    // Of the view on show; false when nothing is selected.
+    bool IsFirstSelected();
+    bool IsLastSelected();
+
+    // Takes a node under another, or to the top level for nullptr, before the first child there whose text in
+    // lower case is above its own. The parent should have been opened: its placeholder counts as a child.
+    // False when nothing was to be done: the parent is the present one, or lies within the node's subtree. A
+    // synonym stands from then on under the taxon of its new parent.
+    bool MoveAndKeepSorted(TreeNode* node, TreeNode* newParent);
+    // The item of the sibling behind which `text` belongs. The siblings are looked at from the last one back
+    // to the one after the node's next; the node's own item when none of them is below the text.
+    Item InsertSiblingWhere(std::string_view text, const TreeNode* node) const;
+    void RemoveSubtree(TreeNode* node);
+    // All nodes of a taxon, or those under one accepted taxon.
+    void RemoveNodes(int id, std::optional<int> accepted = {});
+    // Read the names of all nodes, or of the first node of a taxon, anew. The order stays.
+    void RefreshNames();
+    void RefreshName(int id);
+    // Puts the nodes of a taxon back under the parents that the store has for it.
+    void ReflectRealNodePosition(int qb_id);
+
+    // The selected node is to be moved by the next Paste.
+    void Cut();
+    bool IsTaxonCut(int id) const;
+    // Puts the cut node under the selected one, or back; the same as dropping it there. True when that was
+    // cancelled or there is nothing to move.
+    bool Paste();
+    // Takes back the last move, by Paste or by the mouse; a second call does it again.
+    bool Undo();
+
+    // The mouse over the tree. `node` is the node under it, or nullptr; lengths are in twips.
+    void DragMouseDown(TreeNode* node);
+    // True when this begins a drag.
+    bool DragMouseMove(bool leftHeld);
+    void DragOver(int x, int y, int height, TreeNode* node);
+    void Drop();
+    void CancelDrag();
+    bool IsDragging() const { return drag_.dragging; }
+    TreeNode* DragNode() const { return drag_.node; }
+    DropPicture Picture() const { return drag_.picture; }
+    // TreeVTimer fired: one line of scrolling.
+    void TreeTimer();
 
     // A click on a node of the tree.
     void NodeClick(TreeNode* node);
@@ -82,15 +161,54 @@ public:
     std::function<void(const Item& item)> ItemSelected;
     std::function<void(bool first, bool last)> CurrentPos;
     std::function<void(TreeNode* node)> Expand;
-    // Start ListVTimer anew.
+    // A move is proposed; either parent is nullptr for the top level. Where nobody listens nothing moves.
+    std::function<void(TreeNode* moved, TreeNode* newParent, TreeNode* oldParent, bool& Cancel)> Dropped;
+
+    // What the window does for the explorer: start ListVTimer anew; start or stop TreeVTimer; scroll the tree
+    // by one line, -1 for up; let the list stand on another taxon.
     std::function<void()> StartListTimer;
-    // The list is to stand on another taxon.
+    std::function<void(bool run)> RunTreeTimer;
+    std::function<void(int lines)> ScrollTree;
     std::function<void(int id)> ListMoved;
 
 private:
+    struct DragState {
+        bool dragging = false;
+        TreeNode* node = nullptr;
+        TreeNode* lastHover = nullptr;
+        int lastX = 0, lastY = 0;
+        int scroll = 0;  // -1 up, 1 down
+        DropPicture picture = DropPicture::None;
+    };
+    // The node to paste, and afterwards the move to take back. Nodes are found anew by their items each time,
+    // since they may have been rebuilt; an empty parent is the top level.
+    struct CutState {
+        Item item, oldParent, target;
+        bool moved = false;
+    };
+    struct CutNodes {
+        TreeNode* node = nullptr;
+        TreeNode* other = nullptr;
+        bool found = false;
+    };
+    using Names = std::unordered_map<int, std::string>;
+
     int ParentOf(int id, std::optional<int> accepted) const;
     void AddOrphans();
     void LoadChildren(TreeNode* node, const Item& item);
+    void MoveTo(TreeNode* node);
+    void MoveListTo(int id);
+    void RaiseCurrentPos();
+    bool ProposeMove(TreeNode* node, TreeNode* newParent, TreeNode* oldParent);
+    TreeNode* FindAnew(const Item& item) const;
+    CutNodes FindCutNodes(const Item& other) const;
+    bool CanDropOn(TreeNode* target);
+    bool MayDrop(const TreeNode* target) const;
+    void ScrollWhileDragging(int direction);
+    void RefreshChildren(TreeNode* parent, const Names& names);
+    bool Reparent(TreeNode* node, TreeNode* newParent);
+    void TakeUnder(TreeNode* node, TreeNode* parent);
+    void TakeUnderAccepted(int qb_id);
     void MoveList(int id);
     void SearchTyped(bool onlyBefore);
     std::vector<int> AcceptedNamesOf(int id) const;
@@ -102,6 +220,9 @@ private:
     TaxonList list_;
     NodeTable nodes_;
     Item root_;
+    bool treeVisible_ = true;
+    DragState drag_;
+    CutState cut_;
     int listId_ = 0;
     std::string typed_;
     std::optional<int> lastBookmark_;  // the taxon of the last match

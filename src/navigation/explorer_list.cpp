@@ -75,16 +75,16 @@ void cExplorer::ListKeyPress(std::string_view key) {
 // A longer text is looked for from where the list stands, so that typing on stays on a row that still
 // matches. A shortened one leads back to the first row that matches.
 void cExplorer::SearchTyped(bool onlyBefore) {
-    std::size_t here = list_.RowOf(listId_);
-    if (here == TaxonList::kNone) here = 0;
-    const bool fromTop = onlyBefore || CharacterCount(typed_) == 1;
-    const std::size_t row = list_.Find(typed_, fromTop ? 0 : here);
-    if (row != TaxonList::kNone && (!onlyBefore || row < here)) {
-        lastBookmark_ = list_.IdAt(row);
-        MoveList(*lastBookmark_);
-    } else if (row == TaxonList::kNone && !onlyBefore && lastBookmark_) {
-        MoveList(*lastBookmark_);
+    std::optional<int> found;
+    if (onlyBefore) {
+        found = list_.FindBefore(typed_, listId_);
+    } else if (CharacterCount(typed_) == 1 || listId_ == 0) {
+        found = list_.Find(typed_);
+    } else {
+        found = list_.FindFrom(typed_, listId_);
     }
+    if (found) lastBookmark_ = found;
+    if (found || (!onlyBefore && lastBookmark_)) MoveList(*lastBookmark_);
 }
 
 void cExplorer::ListTimer() {

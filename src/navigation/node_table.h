@@ -2,7 +2,8 @@
 // added.
 //
 // A taxon that is a synonym of several accepted taxa has a node under each, so that a node's identity is the
-// pair of qb_id and accepted. Every look-up takes constant time.
+// pair of qb_id and accepted. Every look-up takes constant time, however many nodes a taxon has. An item's
+// key is that of the moment when it was added or replaced.
 #pragma once
 
 #include <cstdint>
@@ -24,12 +25,16 @@ public:
     void Add(TreeNode* node, std::shared_ptr<cBioList> item);
     // nullptr when the node is not in the table.
     std::shared_ptr<cBioList> ItemOf(const TreeNode* node) const;
-    // Gives an entry another item.
+    // Gives an entry another item, or the same one under its new key.
     void Replace(TreeNode* node, std::shared_ptr<cBioList> item);
     // The first node of the taxon at or after `place`, which moves there; with `accepted` given that must
     // match too. nullptr when there is none, and `place` stays.
     TreeNode* Find(int qb_id, Place& place, std::optional<int> accepted) const;
-    void Remove(TreeNode* node);
+    // All nodes of a taxon, in their order.
+    std::vector<TreeNode*> NodesOf(int qb_id) const;
+    // The taxa that have a node, each once, in no order.
+    std::vector<int> Taxa() const;
+    void Remove(const TreeNode* node);
     void Clear();
     std::size_t Count() const { return entries_.size(); }
 
@@ -37,9 +42,15 @@ private:
     struct Entry {
         std::shared_ptr<cBioList> item;
         Place place;
+        int qb_id, accepted;
     };
+    using Places = std::vector<std::pair<Place, TreeNode*>>;  // ascending
+    static std::uint64_t PairOf(int qb_id, int accepted);
+    void Put(TreeNode* node, std::shared_ptr<cBioList> item, Place place);
+
     std::unordered_map<const TreeNode*, Entry> entries_;
-    std::unordered_map<int, std::vector<std::pair<Place, TreeNode*>>> places_;  // by qb_id, ascending
+    std::unordered_map<int, Places> byTaxon_;
+    std::unordered_map<std::uint64_t, Places> byPair_;  // of qb_id and accepted
     Place last_ = 0;
 };
 

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "navigation/typed_search.h"
+
 namespace quillon::navigation {
 
 using store::RecordsetType;
@@ -11,58 +13,95 @@ using store::RecordsetType;
 namespace {
 
 constexpr std::size_t kCachedLines = 1000;
+// Rows shown on each side of a taxon that the list has not come to yet.
+constexpr std::size_t kRowsBeside = 200;
 constexpr std::string_view kLineSql = "PARAMETERS theId Long; SELECT line FROM [{}] WHERE qb_id = [theId]";
 
 }  // namespace
 
 void TaxonList::Open(std::shared_ptr<store::Database> database, std::string_view query) {
+    if (observer_ != nullptr) observer_->BeforeReset();
     database_ = std::move(database);
     query_ = query;
+    ForgetAll();
+    order_ = database_ ? std::make_unique<ListOrder>(database_) : nullptr;
+    if (observer_ != nullptr) observer_->AfterReset();
+}
+
+void TaxonList::ForgetAll() {
     order_.reset();
+    around_.clear();
     stopped_ = false;
     lineQuery_.reset();
-    unitsQuery_.reset();
     recent_.clear();
     cache_.clear();
-    try {
-        if (database_) order_ = std::make_unique<ListOrder>(database_, query_ == kMarkedQuery);
-    } catch (const store::StoreError&) {
-        database_.reset();
-    }
-    if (observer_) observer_();
 }
 
 void TaxonList::Reattach(std::shared_ptr<store::Database> database) {
-    if (!IsComplete()) return Open(std::move(database), std::string(query_));
+    if (!IsComplete() || !order_) return Open(std::move(database), std::string(query_));
     database_ = std::move(database);
+    order_->Reattach(database_);
     lineQuery_.reset();
-    unitsQuery_.reset();
 }
 
 bool TaxonList::Load(std::chrono::microseconds slice) {
     if (IsComplete()) return true;
-    const std::size_t before = RowCount();
+    const std::size_t before = order_->Ids().size();
     try {
         order_->Read(slice);
     } catch (const store::StoreError&) {
         stopped_ = true;
     }
-    if (observer_ && RowCount() > before) observer_();
+    if (IsComplete() && !around_.empty()) {
+        ShowInstead({});
+    } else if (observer_ != nullptr && around_.empty() && order_->Ids().size() > before) {
+        observer_->RowsAdded();
+    }
     return IsComplete();
 }
 
-const std::string& TaxonList::Line(std::size_t row) {
-    return LineOf(IdAt(row));
+void TaxonList::ShowInstead(std::vector<std::int32_t> around) {
+    if (observer_ != nullptr) observer_->BeforeReset();
+    around_ = std::move(around);
+    if (observer_ != nullptr) observer_->AfterReset();
 }
 
 std::size_t TaxonList::RowOf(int qb_id) const {
     if (!order_) return kNone;
-    const auto& ids = order_->Ids();
-    const auto found = std::find(ids.begin(), ids.end(), qb_id);
-    return found == ids.end() ? kNone : static_cast<std::size_t>(found - ids.begin());
+    const auto found = std::find(Shown().begin(), Shown().end(), qb_id);
+    return found == Shown().end() ? kNone : static_cast<std::size_t>(found - Shown().begin());
 }
 
-const std::string& TaxonList::LineOf(int qb_id) {
+void TaxonList::ShowAround(int qb_id) {
+    if (IsComplete() || RowOf(qb_id) != kNone) return;
+    std::vector<std::int32_t> ids;
+    try {
+        const auto key = KeyOf(*database_, qb_id);
+        if (!key) return;
+        AddBeside(*key, NameWalk::Direction::Backward, ids);
+        std::reverse(ids.begin(), ids.end());
+        // The name itself stands between what is before it and what is behind.
+        NameWalk::Units before = key->units;
+        if (!ids.empty()) before = KeyOf(*database_, ids.back()).value_or(*key).units;
+        NameWalk walk(*database_, NameWalk::Direction::Forward, ids.empty() ? nullptr : &before);
+        std::vector<std::int32_t> sameName;
+        for (const std::size_t enough = ids.size() + kRowsBeside; ids.size() < enough && walk.Next(sameName);)
+            ids.insert(ids.end(), sameName.begin(), sameName.end());
+    } catch (const store::StoreError&) {
+        return;
+    }
+    ShowInstead(std::move(ids));
+}
+
+void TaxonList::AddBeside(const NameKey& key, NameWalk::Direction direction, std::vector<std::int32_t>& ids) {
+    NameWalk walk(*database_, direction, &key.units);
+    std::vector<std::int32_t> sameName;
+    while (ids.size() < kRowsBeside && walk.Next(sameName))
+        ids.insert(ids.end(), sameName.begin(), sameName.end());
+}
+
+const std::string& TaxonList::Line(std::size_t row) {
+    const int qb_id = IdAt(row);
     if (const auto found = cache_.find(qb_id); found != cache_.end()) {
         recent_.splice(recent_.begin(), recent_, found->second);
         return recent_.front().second;
@@ -71,8 +110,8 @@ const std::string& TaxonList::LineOf(int qb_id) {
     try {
         if (!lineQuery_)
             lineQuery_ = database_->CreateQueryDef("", fmt::format(fmt::runtime(kLineSql), query_));
-        const auto row = lineQuery_->Set("theId", qb_id).OpenRecordset(RecordsetType::ForwardOnly);
-        if (!row->Eof()) line = row->At(0).AsText();
+        const auto found = lineQuery_->Set("theId", qb_id).OpenRecordset(RecordsetType::ForwardOnly);
+        if (!found->Eof()) line = found->At(0).AsText();
     } catch (const store::StoreError&) {
     }
     recent_.emplace_front(qb_id, std::move(line));
@@ -82,6 +121,12 @@ const std::string& TaxonList::LineOf(int qb_id) {
         recent_.pop_back();
     }
     return recent_.front().second;
+}
+
+void TaxonList::ForgetLines() {
+    recent_.clear();
+    cache_.clear();
+    if (observer_ != nullptr) observer_->LinesChanged();
 }
 
 }  // namespace quillon::navigation

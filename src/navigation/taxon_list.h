@@ -1,15 +1,14 @@
 // The alphabetical list of all taxa, as the stored query "Get Data" or "Get Animal Data" gives it: each row a
 // qb_id and a line. It is made for a million names: only the ids are held, in the order of the list; lines
-// are read when a row is looked at, and a typed text is found by searching the sorted names, not by walking
-// the list.
+// are read when a row is looked at, and a typed text is found along the index on the names.
 //
 // The ids come in through Load(), called again and again while the window is idle, so that the first rows
-// show at once. Lines are those of the stored query itself. What the store refuses shows as an empty line.
+// show at once. Until all are there the rows on show are the first ones, or those around a taxon that was
+// asked for. Lines are those of the stored query itself. What the store refuses shows as an empty line.
 #pragma once
 
 #include <chrono>
 #include <cstdint>
-#include <functional>
 #include <list>
 #include <memory>
 #include <optional>
@@ -21,6 +20,23 @@
 #include "navigation/list_order.h"
 
 namespace quillon::navigation {
+
+// Told of changes of the rows on show.
+class ListObserver {
+public:
+    virtual ~ListObserver() = default;
+    // All become other rows.
+    virtual void BeforeReset() = 0;
+    virtual void AfterReset() = 0;
+    // Some came behind the last.
+    virtual void RowsAdded() = 0;
+    virtual void BeforeInsert(std::size_t row) = 0;
+    virtual void AfterInsert() = 0;
+    virtual void BeforeRemove(std::size_t row) = 0;
+    virtual void AfterRemove() = 0;
+    // The rows stand, their lines are to be read anew.
+    virtual void LinesChanged() = 0;
+};
 
 class TaxonList {
 public:
@@ -40,50 +56,57 @@ public:
     }
     bool IsComplete() const { return !order_ || order_->IsComplete() || stopped_; }
 
-    // The rows that are there so far.
-    std::size_t RowCount() const { return order_ ? order_->Ids().size() : 0; }
-    int IdAt(std::size_t row) const { return order_->Ids().at(row); }
+    // The rows on show.
+    std::size_t RowCount() const { return order_ ? Shown().size() : 0; }
+    int IdAt(std::size_t row) const { return Shown().at(row); }
     // "" for a row whose taxon is gone.
     const std::string& Line(std::size_t row);
-    // Among the rows that are there so far; kNone when the taxon is not.
+    // kNone when the taxon is not on show.
     std::size_t RowOf(int qb_id) const;
+    // Shows the rows around a taxon that are not there yet. Nothing when all are there, or the taxon is gone.
+    void ShowAround(int qb_id);
 
-    // The first row at or after `from` whose line is Like the typed text and an asterisk; kNone when there is
-    // none. Reads on as far as needed.
-    std::size_t Find(std::string_view typed, std::size_t from);
+    // The ends of the list, and the next row from one; 0 when there is none. They show what they give.
+    int FirstId();
+    int LastId();
+    int NextId(int qb_id);
+    int PreviousId(int qb_id);
 
-    // Told after each Open() and each Load() that brought rows.
-    void OnRows(std::function<void()> observer) { observer_ = std::move(observer); }
+    // The first taxon whose line is Like the typed text and an asterisk: of all, from one on, or of those
+    // before one. Nothing when there is none.
+    std::optional<int> Find(std::string_view typed);
+    std::optional<int> FindFrom(std::string_view typed, int qb_id);
+    std::optional<int> FindBefore(std::string_view typed, int qb_id);
+
+    // A taxon is new or has another name: its row goes to its place. One that is gone goes.
+    void Update(int qb_id);
+    // Lines are read anew when they are looked at next.
+    void ForgetLines();
+
+    // At most one; nullptr to let go.
+    void SetObserver(ListObserver* observer) { observer_ = observer; }
 
 private:
-    // Some of the rows, in the order of the list: a stretch of all, or of those with one mark before the
-    // first unit.
-    struct Rows;
-    struct Search;
-
-    const std::string& LineOf(int qb_id);
-    // One of the first two name units, 0 or 1; "" for Null, nothing for a taxon that is gone.
-    std::optional<std::string> Unit(int qb_id, std::size_t unit);
-    std::size_t FindLoaded(std::string_view typed, std::size_t from);
-    void LoadUpTo(std::string_view literal);
-    void FindUnderMarks(std::string_view literal, Search& search);
-    void FindAmong(const Rows& rows, std::size_t unit, std::string_view rest, Search& search);
-    void FindBehindUnit(const Rows& rows, std::size_t unit, std::string_view rest, Search& search);
-    void FindByReading(const Rows& rows, std::string_view firstUnit, Search& search);
-    void FindIn(const Rows& rows, Search& search);
-    void FindInAll(Search& search);
-    std::size_t Bound(const Rows& rows, std::size_t unit, std::string_view name, bool after);
+    const std::vector<std::int32_t>& Shown() const { return around_.empty() ? order_->Ids() : around_; }
+    void ForgetAll();
+    void ShowInstead(std::vector<std::int32_t> around);
+    void AddBeside(const NameKey& key, NameWalk::Direction direction, std::vector<std::int32_t>& ids);
+    int Neighbour(int qb_id, int step);
+    std::optional<NameKey> KeyFrom(int qb_id);
+    std::optional<NameKey> Search(std::string_view typed, const NameKey* from);
+    void RemoveRow(std::size_t row);
 
     std::shared_ptr<store::Database> database_;
     std::string query_;
     std::unique_ptr<ListOrder> order_;  // nullptr without a DataSet
+    std::vector<std::int32_t> around_;  // on show instead of the first rows, while not all are there
     bool stopped_ = false;              // closed under the list: no more rows come
 
-    std::optional<store::QueryDef> lineQuery_, unitsQuery_;
+    std::optional<store::QueryDef> lineQuery_;
     using Cached = std::list<std::pair<int, std::string>>;
     Cached recent_;  // the lines looked at last, newest first
     std::unordered_map<int, Cached::iterator> cache_;
-    std::function<void()> observer_;
+    ListObserver* observer_ = nullptr;
 };
 
 }  // namespace quillon::navigation

@@ -1,46 +1,92 @@
 #include "navigation/tree_control.h"
 
+#include <algorithm>
+
 namespace quillon::navigation {
+
+bool TreeNode::IsWithin(const TreeNode* ancestor) const {
+    const TreeNode* node = this;
+    while (node != nullptr && node != ancestor) node = node->parent_;
+    return node != nullptr;
+}
 
 TreeControl::TreeControl() : top_("") {}
 
-std::size_t TreeControl::Append(TreeNode* parent, const std::vector<NewNode>& nodes) {
-    TreeNode& owner = Owner(parent);
-    const std::size_t first = owner.children_.size();
-    if (nodes.empty()) return first;
-    if (observer_ != nullptr) observer_->BeforeInsert(parent, first, first + nodes.size() - 1);
-    owner.children_.reserve(first + nodes.size());
-    for (const NewNode& added : nodes) {
-        std::unique_ptr<TreeNode> node(new TreeNode(added.text));
-        node->parent_ = parent;
-        node->row_ = owner.children_.size();
-        if (!added.placeholder.empty()) {
-            node->children_.emplace_back(new TreeNode(std::string(added.placeholder)));
-            node->children_.back()->parent_ = node.get();
-        }
-        owner.children_.push_back(std::move(node));
-    }
-    if (observer_ != nullptr) observer_->AfterInsert();
-    return first;
+TreeNode* TreeControl::NextSibling(const TreeNode* node) const {
+    const TreeNode& owner = Owner(node->Parent());
+    return node->row_ + 1 < owner.ChildCount() ? owner.Child(node->row_ + 1) : nullptr;
 }
 
-bool TreeControl::IsBelow(const TreeNode* node, const TreeNode* ancestor) {
-    while (node != nullptr && node != ancestor) node = node->parent_;
-    return node != nullptr;
+TreeNode* TreeControl::PreviousSibling(const TreeNode* node) const {
+    return node->row_ == 0 ? nullptr : Owner(node->Parent()).Child(node->row_ - 1);
+}
+
+TreeNode* TreeControl::LastSibling(const TreeNode* node) const {
+    const TreeNode& owner = Owner(node->Parent());
+    return owner.Child(owner.ChildCount() - 1);
+}
+
+void TreeControl::Renumber(TreeNode& owner, std::size_t from) {
+    for (std::size_t i = from; i < owner.children_.size(); ++i) owner.children_[i]->row_ = i;
+}
+
+std::unique_ptr<TreeNode> TreeControl::Make(TreeNode* parent, const NewNode& added) {
+    std::unique_ptr<TreeNode> node(new TreeNode(added.text));
+    node->parent_ = parent;
+    if (!added.placeholder.empty()) {
+        node->children_.emplace_back(new TreeNode(std::string(added.placeholder)));
+        node->children_.back()->parent_ = node.get();
+    }
+    return node;
+}
+
+void TreeControl::Insert(TreeNode* parent, std::size_t row, const std::vector<NewNode>& nodes) {
+    if (nodes.empty()) return;
+    TreeNode& owner = Owner(parent);
+    if (observer_ != nullptr) observer_->BeforeInsert(parent, row, row + nodes.size() - 1);
+    std::vector<std::unique_ptr<TreeNode>> made;
+    made.reserve(nodes.size());
+    for (const NewNode& added : nodes) made.push_back(Make(parent, added));
+    owner.children_.insert(owner.children_.begin() + static_cast<std::ptrdiff_t>(row),
+                           std::make_move_iterator(made.begin()), std::make_move_iterator(made.end()));
+    Renumber(owner, row);
+    if (observer_ != nullptr) observer_->AfterInsert();
+}
+
+std::size_t TreeControl::Append(TreeNode* parent, const std::vector<NewNode>& nodes) {
+    const std::size_t first = CountUnder(parent);
+    Insert(parent, first, nodes);
+    return first;
 }
 
 void TreeControl::Remove(TreeNode* node) {
     TreeNode* parent = node->parent_;
     TreeNode& owner = Owner(parent);
     const std::size_t row = node->row_;
-    if (IsBelow(selected_, node)) Select(nullptr);
+    if (selected_ != nullptr && selected_->IsWithin(node)) Select(nullptr);
+    if (dropHighlight_ != nullptr && dropHighlight_->IsWithin(node)) SetDropHighlight(nullptr);
     if (observer_ != nullptr) observer_->BeforeRemove(parent, row, row);
     owner.children_.erase(owner.children_.begin() + static_cast<std::ptrdiff_t>(row));
-    for (std::size_t i = row; i < owner.children_.size(); ++i) owner.children_[i]->row_ = i;
+    Renumber(owner, row);
     if (observer_ != nullptr) observer_->AfterRemove();
 }
 
+void TreeControl::Move(TreeNode* node, TreeNode* parent, std::size_t row) {
+    if (observer_ != nullptr) observer_->BeforeMove(node, parent, row);
+    TreeNode& from = Owner(node->parent_);
+    TreeNode& to = Owner(parent);
+    const auto place = from.children_.begin() + static_cast<std::ptrdiff_t>(node->row_);
+    std::unique_ptr<TreeNode> moved = std::move(*place);
+    from.children_.erase(place);
+    Renumber(from, node->row_);
+    node->parent_ = parent;
+    to.children_.insert(to.children_.begin() + static_cast<std::ptrdiff_t>(row), std::move(moved));
+    Renumber(to, row);
+    if (observer_ != nullptr) observer_->AfterMove();
+}
+
 void TreeControl::Clear() {
+    SetDropHighlight(nullptr);
     if (observer_ != nullptr) observer_->BeforeClear();
     selected_ = nullptr;
     top_.children_.clear();
@@ -50,7 +96,21 @@ void TreeControl::Clear() {
 void TreeControl::SetText(TreeNode* node, std::string_view text) {
     if (node->text_ == text) return;
     node->text_ = text;
-    if (observer_ != nullptr) observer_->TextChanged(node);
+    if (observer_ != nullptr) observer_->TextsChanged(node->parent_, node->row_, node->row_);
+}
+
+void TreeControl::SetTexts(TreeNode* parent, const std::vector<std::string>& texts) {
+    TreeNode& owner = Owner(parent);
+    std::size_t first = texts.size(), last = 0;
+    for (std::size_t row = 0; row < texts.size(); ++row) {
+        std::string& text = owner.children_.at(row)->text_;
+        if (text == texts[row]) continue;
+        text = texts[row];
+        first = std::min(first, row);
+        last = row;
+    }
+    if (first <= last && first < texts.size() && observer_ != nullptr)
+        observer_->TextsChanged(parent, first, last);
 }
 
 void TreeControl::SetExpanded(TreeNode* node, bool expanded) {
@@ -59,10 +119,22 @@ void TreeControl::SetExpanded(TreeNode* node, bool expanded) {
     if (observer_ != nullptr) observer_->ExpandedChanged(node);
 }
 
+void TreeControl::EnsureVisible(TreeNode* node) {
+    for (TreeNode* above = node->parent_; above != nullptr; above = above->parent_) SetExpanded(above, true);
+    if (observer_ != nullptr) observer_->MadeVisible(node);
+}
+
 void TreeControl::Select(TreeNode* node) {
     if (selected_ == node) return;
     selected_ = node;
     if (observer_ != nullptr) observer_->SelectionChanged(node);
+}
+
+void TreeControl::SetDropHighlight(TreeNode* node) {
+    if (dropHighlight_ == node) return;
+    TreeNode* before = dropHighlight_;
+    dropHighlight_ = node;
+    if (observer_ != nullptr) observer_->DropHighlightChanged(before, node);
 }
 
 }  // namespace quillon::navigation

@@ -1,8 +1,8 @@
-// The tree of the explorer without a widget: nodes with text, order, expansion and one selection. A window
-// mirrors it through a TreeObserver; the explorer alone changes it.
+// The tree of the explorer without a widget: nodes with text, order, expansion, one selection and one drop
+// highlight. A window mirrors it through a TreeObserver; the explorer alone changes it.
 //
-// A node is known by its address, which holds until the node is removed. Nodes know nothing of the taxa they
-// stand for.
+// A node is known by its address, which holds until the node is removed, also when it is moved. Nodes know
+// nothing of the taxa they stand for.
 #pragma once
 
 #include <memory>
@@ -22,6 +22,8 @@ public:
     std::size_t ChildCount() const { return children_.size(); }
     TreeNode* Child(std::size_t row) const { return children_.at(row).get(); }
     bool Expanded() const { return expanded_; }
+    // It lies in the subtree of `ancestor`, or is it.
+    bool IsWithin(const TreeNode* ancestor) const;
 
 private:
     friend class TreeControl;
@@ -43,12 +45,19 @@ public:
     virtual void AfterInsert() = 0;
     virtual void BeforeRemove(TreeNode* parent, std::size_t first, std::size_t last) = 0;
     virtual void AfterRemove() = 0;
+    // The node goes under `parent`, before the child that stands in `row` there now, or behind the last.
+    virtual void BeforeMove(TreeNode* node, TreeNode* parent, std::size_t row) = 0;
+    virtual void AfterMove() = 0;
     virtual void BeforeClear() = 0;
     virtual void AfterClear() = 0;
-    virtual void TextChanged(TreeNode* node) = 0;
+    virtual void TextsChanged(TreeNode* parent, std::size_t first, std::size_t last) = 0;
     virtual void ExpandedChanged(TreeNode* node) = 0;
     // `node` is nullptr when nothing is selected any more. It is to be made visible.
     virtual void SelectionChanged(TreeNode* node) = 0;
+    // The node stands under open nodes, and is to be scrolled to.
+    virtual void MadeVisible(TreeNode* node) = 0;
+    // Either may be nullptr; `before` may be a node that is about to go.
+    virtual void DropHighlightChanged(TreeNode* before, TreeNode* now) = 0;
 };
 
 class TreeControl {
@@ -65,22 +74,45 @@ public:
 
     std::size_t TopCount() const { return top_.ChildCount(); }
     TreeNode* Top(std::size_t row) const { return top_.Child(row); }
-    // Appends nodes under a parent, all told at once; gives the place of the first.
+    // Children of a node, or of the top level for nullptr.
+    std::size_t CountUnder(const TreeNode* parent) const { return Owner(parent).ChildCount(); }
+    TreeNode* Under(const TreeNode* parent, std::size_t row) const { return Owner(parent).Child(row); }
+    // nullptr where there is none.
+    TreeNode* NextSibling(const TreeNode* node) const;
+    TreeNode* PreviousSibling(const TreeNode* node) const;
+    TreeNode* LastSibling(const TreeNode* node) const;
+
+    // Puts nodes under a parent before the child in `row`, all told at once.
+    void Insert(TreeNode* parent, std::size_t row, const std::vector<NewNode>& nodes);
+    // The same behind the last child; gives the place of the first.
     std::size_t Append(TreeNode* parent, const std::vector<NewNode>& nodes);
     void Remove(TreeNode* node);
+    // Takes a node with its subtree under another parent, before the child that stands in `row` there. The
+    // parent is neither its present one nor within its subtree.
+    void Move(TreeNode* node, TreeNode* parent, std::size_t row);
     void Clear();
     void SetText(TreeNode* node, std::string_view text);
+    // The texts of all children, in their order; told at once, and only as far as they differ.
+    void SetTexts(TreeNode* parent, const std::vector<std::string>& texts);
     void SetExpanded(TreeNode* node, bool expanded);
+    // Opens the nodes above it as they are.
+    void EnsureVisible(TreeNode* node);
 
     TreeNode* Selected() const { return selected_; }
     void Select(TreeNode* node);
+    // The node that would take what is being dragged.
+    TreeNode* DropHighlight() const { return dropHighlight_; }
+    void SetDropHighlight(TreeNode* node);
 
 private:
     TreeNode& Owner(TreeNode* parent) { return parent == nullptr ? top_ : *parent; }
-    static bool IsBelow(const TreeNode* node, const TreeNode* ancestor);
+    const TreeNode& Owner(const TreeNode* parent) const { return parent == nullptr ? top_ : *parent; }
+    static void Renumber(TreeNode& owner, std::size_t from);
+    static std::unique_ptr<TreeNode> Make(TreeNode* parent, const NewNode& added);
 
     TreeNode top_;  // never shown; holds the top level
     TreeNode* selected_ = nullptr;
+    TreeNode* dropHighlight_ = nullptr;
     TreeObserver* observer_ = nullptr;
 };
 

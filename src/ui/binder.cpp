@@ -1,36 +1,10 @@
 #include "ui/binder.h"
 
-#include <QtWidgets>
-
-#include "ui/text_convert.h"
+#include "ui/binder_parts.h"
 
 namespace quillon::ui {
 
 namespace {
-
-template <typename Target>
-Target* Partner(const QWidget& window, const Control& control) {
-    return window.findChild<Target*>(ToQt(control.Name()));
-}
-
-void ShowCommon(const Control& control, QWidget& widget) {
-    widget.setEnabled(control.Enabled());
-    widget.setVisible(control.Visible());
-}
-
-// Shows the control now and after each change, as long as the widget lives. A widget is silent meanwhile, so
-// that what the program shows is not taken for the user's doing; an action must be heard by its menus, and
-// tells the user's doing apart by itself.
-template <typename Model, typename Target, typename Show>
-void Mirror(Model& control, Target& target, Show show) {
-    show(control, target);
-    control.Observe([&control, guard = QPointer<Target>(&target), show] {
-        if (!guard) return;
-        const bool silent = guard->blockSignals(guard->isWidgetType());
-        show(control, *guard);
-        if (guard) guard->blockSignals(silent);
-    });
-}
 
 void BindButton(ButtonControl& control, const QWidget& window) {
     if (auto* action = Partner<QAction>(window, control)) {
@@ -113,31 +87,6 @@ void BindText(TextControl& control, const QWidget& window) {
     }
 }
 
-void ShowCombo(const ComboControl& model, QComboBox& shown) {
-    ShowCommon(model, shown);
-    shown.setEnabled(model.Enabled() && !model.Locked());
-    shown.clear();
-    for (const auto& choice : model.Choices()) shown.addItem(ToQt(choice.text));
-    shown.setCurrentIndex(model.ListIndex());
-    if (shown.isEditable()) shown.setEditText(ToQt(model.Text()));
-}
-
-void BindCombo(ComboControl& control, const QWidget& window) {
-    auto* combo = Partner<QComboBox>(window, control);
-    if (combo == nullptr) return;
-    combo->setEditable(control.GetStyle() == ComboControl::Style::Editable);
-    Mirror(control, *combo, ShowCombo);
-    QObject::connect(combo, &QComboBox::activated, combo,
-                     [&control](int index) { control.UserChoose(index); });
-    if (combo->lineEdit() == nullptr) return;
-    QObject::connect(combo->lineEdit(), &QLineEdit::textEdited, combo,
-                     [&control, combo](const QString& text) {
-                         const int cursor = combo->lineEdit()->cursorPosition();
-                         control.UserSetText(FromQt(text));
-                         combo->lineEdit()->setCursorPosition(cursor);
-                     });
-}
-
 void BindGauge(GaugeControl& control, const QWidget& window) {
     auto* bar = Partner<QProgressBar>(window, control);
     if (bar == nullptr) return;
@@ -150,7 +99,7 @@ void BindGauge(GaugeControl& control, const QWidget& window) {
 
 void BindList(ListControl& control, const QWidget& window) {
     auto* list = Partner<QListWidget>(window, control);
-    if (list == nullptr) return;
+    if (list == nullptr) return BindListView(control, window);
     Mirror(control, *list, [](const ListControl& model, QListWidget& shown) {
         ShowCommon(model, shown);
         shown.clear();
@@ -161,33 +110,6 @@ void BindList(ListControl& control, const QWidget& window) {
                      [&control](int row) { control.UserSelect(row); });
     QObject::connect(list, &QListWidget::itemActivated, list,
                      [&control, list](QListWidgetItem* item) { control.UserActivate(list->row(item)); });
-}
-
-void ShowGrid(const GridControl& model, QTableWidget& shown) {
-    ShowCommon(model, shown);
-    const auto& columns = model.Columns();
-    shown.setColumnCount(static_cast<int>(columns.size()));
-    shown.setRowCount(static_cast<int>(model.Rows().size()));
-    for (int column = 0; column < shown.columnCount(); ++column) {
-        const auto at = static_cast<std::size_t>(column);
-        shown.setHorizontalHeaderItem(column, new QTableWidgetItem(ToQt(columns[at].heading)));
-        shown.setColumnHidden(column, columns[at].hidden);
-        for (int row = 0; row < shown.rowCount(); ++row) {
-            const std::string& cell = model.Cell(static_cast<std::size_t>(row), at);
-            shown.setItem(row, column, new QTableWidgetItem(ToQt(cell)));
-        }
-    }
-    shown.selectRow(model.SelectedRow());
-}
-
-void BindGrid(GridControl& control, const QWidget& window) {
-    auto* table = Partner<QTableWidget>(window, control);
-    if (table == nullptr) return;
-    Mirror(control, *table, ShowGrid);
-    QObject::connect(table, &QTableWidget::currentCellChanged, table,
-                     [&control](int row, int, int, int) { control.UserSelectRow(row); });
-    QObject::connect(table, &QTableWidget::cellActivated, table,
-                     [&control](int row, int) { control.UserActivateRow(row); });
 }
 
 void BindTabs(TabStripControl& control, const QWidget& window) {
@@ -235,7 +157,7 @@ bool HasPartner(const Control& control, const QWidget& window) {
     }
     if (is(static_cast<ComboControl*>(nullptr))) return Partner<QComboBox>(window, control) != nullptr;
     if (is(static_cast<GaugeControl*>(nullptr))) return Partner<QProgressBar>(window, control) != nullptr;
-    if (is(static_cast<ListControl*>(nullptr))) return Partner<QListWidget>(window, control) != nullptr;
+    if (is(static_cast<ListControl*>(nullptr))) return Partner<QListView>(window, control) != nullptr;
     if (is(static_cast<GridControl*>(nullptr))) return Partner<QTableWidget>(window, control) != nullptr;
     if (is(static_cast<TabStripControl*>(nullptr))) return Partner<QTabBar>(window, control) != nullptr;
     return Partner<QWidget>(window, control) != nullptr;

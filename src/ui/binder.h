@@ -5,7 +5,7 @@
 //     ButtonControl    QAction, QAbstractButton        LabelControl   QLabel, any other widget for enabled
 //     and visible OptionControl    QAction, QAbstractButton        TextControl    QLineEdit, QPlainTextEdit
 //     CheckControl     QAction, QAbstractButton        ComboControl   QComboBox
-//     ListControl      QListWidget                     GridControl    QTableWidget
+//     ListControl      QListWidget, QListView          GridControl    QTableWidget
 //     GaugeControl     QProgressBar                    TabStripControl QTabBar
 #pragma once
 

@@ -52,6 +52,12 @@ void DesktopPrompter::Register(std::string_view formName, std::function<void(QWi
     forms_[ToQt(formName)] = std::move(show);
 }
 
+QStringList DesktopPrompter::Forms() const {
+    QStringList names = forms_.keys();
+    names.sort();
+    return names;
+}
+
 void DesktopPrompter::Message(std::string_view text, std::string_view title) {
     const ArrowCursor arrow;
     QMessageBox box(QMessageBox::Information, {}, {}, QMessageBox::Ok, Above());

@@ -19,6 +19,8 @@ public:
     void SetWindow(QWidget* window) { window_ = window; }
     // How the form of that name is shown until it closes; `parent` is the window above it.
     void Register(std::string_view formName, std::function<void(QWidget* parent)> show);
+    // The names of the forms that it can show, sorted.
+    QStringList Forms() const;
 
     void Message(std::string_view text, std::string_view title) override;
     bool AskYesNo(std::string_view text, std::string_view title) override;

@@ -1,21 +1,49 @@
 #include "ui/desktop_program.h"
 
+#include <QCoreApplication>
+
+#include "startup/preferences_form.h"
 #include "ui/about_window.h"
+#include "ui/export_window.h"
 #include "ui/import_window.h"
+#include "ui/kingdom_window.h"
+#include "ui/no_db_window.h"
+#include "ui/plain_export_windows.h"
+#include "ui/preferences_window.h"
+#include "ui/text_convert.h"
+#include "ui/validate_window.h"
+#include "ui/validation_error_window.h"
 
 namespace quillon::ui {
 
-DesktopProgram::DesktopProgram(Prompter* prompter, std::string workDirectory)
+namespace {
+
+// The windows finish what they do, but take nothing new from the user.
+class QuietPump : public EventPump {
+public:
+    void Yield() override { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); }
+};
+
+}  // namespace
+
+DesktopProgram::DesktopProgram(Prompter* prompter, std::string workDirectory, std::string preferencesFile)
     : prompter_(prompter != nullptr ? *prompter : desktop_),
       workDirectory_(std::move(workDirectory)),
+      preferencesFile_(std::move(preferencesFile)),
+      profile_(prompter_),
       lifecycle_(state_, engine_, prompter_),
       explorer_(state_, engine_, prompter_),
-      recView_(state_, prompter_, progress_, lifecycle_) {
+      recView_(state_, prompter_, progress_, lifecycle_),
+      startUp_(state_, lifecycle_, profile_, prompter_, *this, {preferencesFile_, workDirectory_}) {
     state_.gVersion = store::kProgramVersion;
     Connect();
     RegisterForms();
+    RegisterValidationForms();
+    RegisterExportForms();
+    RegisterStartUpForms();
     window_ = std::make_unique<RecViewWindow>(recView_, explorer_);
     desktop_.SetWindow(window_.get());
+    ConnectHelp();
 }
 
 void DesktopProgram::Connect() {
@@ -25,6 +53,20 @@ void DesktopProgram::Connect() {
     };
     recView_.DataSetReopened = [this] { explorer_.ListV().Reattach(state_.gDatabase); };
     recView_.ImportCommand = [this] { return Import(); };
+    recView_.PreferencesCommand = [this] { prompter_.ShowModal("FrmPreferences"); };
+    recView_.StopCommand = [this] {
+        QuietPump pump;
+        return startup::StopProgram(state_, lifecycle_, prompter_, pump);
+    };
+    recView_.ValidateCommand = [this] { ShowJob("frmValidate"); };
+    recView_.ExportCommand = [this] { ShowJob("FrmNExport"); };
+}
+
+void DesktopProgram::ConnectHelp() {
+    help_ = std::make_unique<Help>(*window_,
+                                   [this] { return ToQt(recView_.Controls().TabStrip1.SelectedKey()); });
+    recView_.HelpContentsCommand = [this] { help_->ShowContents(); };
+    recView_.HelpSearchCommand = [this] { help_->ShowSearch(); };
 }
 
 void DesktopProgram::RegisterForms() {
@@ -42,6 +84,71 @@ void DesktopProgram::RegisterForms() {
     });
 }
 
+void DesktopProgram::RegisterStartUpForms() {
+    desktop_.Register("FrmKingdom", [this](QWidget* parent) {
+        startup::FrmKingdom form(state_, prompter_);
+        KingdomWindow(form, parent).exec();
+    });
+    desktop_.Register("frmNoDB", [this](QWidget* parent) {
+        startup::FrmNoDB form(state_, lifecycle_, prompter_);
+        NoDbWindow(form, parent).exec();
+    });
+    desktop_.Register("FrmPreferences", [this](QWidget* parent) {
+        startup::FrmPreferences form(state_, profile_, prompter_, preferencesFile_);
+        form.HelpContentsCommand = recView_.HelpContentsCommand;
+        form.HelpSearchCommand = recView_.HelpSearchCommand;
+        PreferencesWindow(form, parent).exec();
+    });
+}
+
+void DesktopProgram::RegisterValidationForms() {
+    desktop_.Register("frmValidate", [this](QWidget* parent) {
+        validation::frmValidate form(state_, engine_, prompter_, pump_, clock_, workDirectory_, findings_);
+        ValidateWindow(form, parent).exec();
+    });
+    desktop_.Register("FrmVError", [this](QWidget* parent) {
+        validation::FrmVError form(state_, prompter_, workDirectory_, findings_,
+                                   [this](int qb_id, std::string_view tab) { GoToTaxon(qb_id, tab); });
+        ValidationErrorWindow(form, parent).exec();
+    });
+}
+
+void DesktopProgram::RegisterExportForms() {
+    desktop_.Register("FrmNExport", [this](QWidget* parent) {
+        exporting::FrmNExport form(state_, engine_, prompter_, pump_, clock_, workDirectory_, findings_);
+        ExportWindow(form, parent).exec();
+    });
+    desktop_.Register("FrmDExport", [this](QWidget* parent) {
+        exporting::FrmDExport form(state_, engine_, prompter_, pump_, clock_, workDirectory_);
+        TaggedExportWindow window(form, parent);
+        if (form.AskFile()) window.exec();
+    });
+    desktop_.Register("ExpType", [this](QWidget* parent) {
+        exporting::ExpType form(exportType_, prompter_);
+        ExportTypeWindow(form, parent).exec();
+    });
+    desktop_.Register("FrmTExport", [this](QWidget* parent) {
+        exporting::FrmTExport form(state_, engine_, prompter_, pump_, clock_, exportType_);
+        NameExportWindow window(form, parent);
+        if (form.AskFile()) window.exec();
+    });
+}
+
+// The list must not be reading while a job reads as fast as it can, or writes.
+void DesktopProgram::ShowJob(std::string_view formName) {
+    explorer_.ListV().LoadAll();
+    prompter_.ShowModal(formName);
+}
+
+// A taxon to which no path of the tree leads stays where it is, behind the log.
+void DesktopProgram::GoToTaxon(int qb_id, std::string_view tab) {
+    navigation::TreeNode* node = explorer_.ExpandContainingSubtree(qb_id);
+    if (node == nullptr) return prompter_.Message("The taxon of this record is not in the explorer.");
+    explorer_.NodeClick(node);
+    TabStripControl& tabs = recView_.Controls().TabStrip1;
+    tabs.UserSelect(tabs.IndexOf(tab));
+}
+
 // The list must not be reading while the import writes.
 editor::ImportEnd DesktopProgram::Import() {
     explorer_.ListV().LoadAll();
@@ -56,15 +163,25 @@ editor::ImportEnd DesktopProgram::Import() {
     return editor::ImportEnd::NotStarted;
 }
 
+bool DesktopProgram::Start() {
+    startUp_.Run();
+    return !state_.gQuitRequested;
+}
+
 void DesktopProgram::OpenPreferredDataSet() {
-    std::string version;
-    if (!state_.gPrefDataSet.empty()) state_.gDataSetPath = lifecycle_.OpenDataSetFile(state_.gPrefDataSet);
-    if (state_.gDataSetOpen && !lifecycle_.IsDataSetVersionValid(version)) {
-        prompter_.Message("Dataset " + state_.gPrefDataSet +
-                          " is incompatible with this version of the QLN!");
-        lifecycle_.CloseDataSet();
-    }
-    recView_.ShowDataSet();
+    startUp_.InitDB();
+    if (!state_.gQuitRequested) recView_.ShowDataSet();
+}
+
+void DesktopProgram::ShowSplash() {
+    splash_ = std::make_unique<startup::FrmSplash>(state_.gVersion);
+    splashWindow_ = std::make_unique<SplashWindow>(*splash_);
+    splashWindow_->ShowNow();
+}
+
+void DesktopProgram::CloseSplash() {
+    splashWindow_.reset();
+    splash_.reset();
 }
 
 }  // namespace quillon::ui

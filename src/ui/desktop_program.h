@@ -1,29 +1,37 @@
 // The desktop program put together: state, store, outside, explorer, main form and main window, and the lines
-// between them. main() makes one, opens the preferred DataSet, and shows it.
+// between them. main() makes one and starts it; tests make one with answers of their own.
 #pragma once
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "core/application_state.h"
+#include "core/ini_profile.h"
 #include "editor/rec_view.h"
 #include "navigation/explorer.h"
+#include "startup/start_up.h"
 #include "store/engine.h"
 #include "store/lifecycle/lifecycle.h"
 #include "ui/desktop_outside.h"
+#include "ui/help.h"
 #include "ui/in_progress_window.h"
 #include "ui/rec_view_window.h"
+#include "ui/splash_window.h"
+#include "validation/validate_data_set.h"
 
 namespace quillon::ui {
 
-class DesktopProgram {
+class DesktopProgram : private startup::Stage {
 public:
-    // With `prompter` given questions go there instead of to the screen. `workDirectory` takes the logs; the
-    // current directory when empty.
-    explicit DesktopProgram(Prompter* prompter = nullptr, std::string workDirectory = {});
+    // With `prompter` given questions go there instead of to the screen. `workDirectory` takes the logs and
+    // becomes the current directory at the start; empty, it is the current one. `preferencesFile` is Qln.Ini.
+    explicit DesktopProgram(Prompter* prompter = nullptr, std::string workDirectory = {},
+                            std::string preferencesFile = {});
 
-    // Opens the DataSet of the preferences, when it names one that opens and has a version, and shows it or
-    // none.
+    // The whole start, up to a main window on the screen. False when the user chose to leave instead.
+    bool Start();
+    // Opens the DataSet of gPrefDataSet, asking where that fails, and shows it or none.
     void OpenPreferredDataSet();
 
     ApplicationState& State() { return state_; }
@@ -32,23 +40,44 @@ public:
     editor::RecView& RecView() { return recView_; }
     navigation::cExplorer& Explorer() { return explorer_; }
     RecViewWindow& Window() { return *window_; }
+    DesktopPrompter& Outside() { return desktop_; }
 
 private:
     void Connect();
+    void ConnectHelp();
     void RegisterForms();
+    void RegisterStartUpForms();
+    void RegisterValidationForms();
+    void RegisterExportForms();
     editor::ImportEnd Import();
+    void ShowJob(std::string_view formName);
+    void GoToTaxon(int qb_id, std::string_view tab);
+
+    void ShowSplash() override;
+    void CloseSplash() override;
+    void ShowDataSet() override { recView_.ShowDataSet(); }
+    void ShowMainForm() override { window_->show(); }
 
     ApplicationState state_;
     store::Engine engine_;
     DesktopPrompter desktop_;
     Prompter& prompter_;
     DesktopPump pump_;
+    validation::SystemClock clock_;
+    validation::FindingMarks findings_;  // of the last validation
+    int exportType_ = 1;                 // what ExpType has left
     InProgressWindow progress_;
     std::string workDirectory_;
+    std::string preferencesFile_;
+    IniProfile profile_;
     store::Lifecycle lifecycle_;
     navigation::cExplorer explorer_;
     editor::RecView recView_;
+    startup::StartUp startUp_;
+    std::unique_ptr<startup::FrmSplash> splash_;
+    std::unique_ptr<SplashWindow> splashWindow_;
     std::unique_ptr<RecViewWindow> window_;
+    std::unique_ptr<Help> help_;
 };
 
 }  // namespace quillon::ui

@@ -8,22 +8,27 @@ namespace {
 
 constexpr std::chrono::milliseconds kSlice(8);
 constexpr int kFirstLot = 200;
-constexpr int kGrowth = 4;
+constexpr int kGrowth = 10;
 
 }  // namespace
 
 ListModel::ListModel(navigation::TaxonList& list, QObject* parent) : QAbstractListModel(parent), list_(list) {
     idle_.setInterval(0);
     connect(&idle_, &QTimer::timeout, this, &ListModel::LoadMore);
-    list_.OnRows([this] { OnRows(); });
+    list_.SetObserver(this);
 }
 
 ListModel::~ListModel() {
-    list_.OnRows(nullptr);
+    list_.SetObserver(nullptr);
 }
 
 int ListModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : shown_;
+}
+
+QModelIndex ListModel::index(int row, int column, const QModelIndex& parent) const {
+    const bool isThere = row >= 0 && row < shown_ && column == 0 && !parent.isValid();
+    return isThere ? createIndex(row, column) : QModelIndex();
 }
 
 QVariant ListModel::data(const QModelIndex& index, int role) const {
@@ -32,26 +37,33 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
 }
 
 QModelIndex ListModel::IndexOf(int qb_id) {
+    list_.ShowAround(qb_id);
     const std::size_t row = list_.RowOf(qb_id);
     if (row == navigation::TaxonList::kNone) return {};
     if (static_cast<int>(row) >= shown_) CatchUp();
     return index(static_cast<int>(row));
 }
 
-void ListModel::OnRows() {
-    const int rows = static_cast<int>(list_.RowCount());
-    if (rows < shown_ || rows == 0) {
-        beginResetModel();
-        shown_ = 0;
-        endResetModel();
-    }
+void ListModel::BeforeReset() {
+    beginResetModel();
+}
+
+void ListModel::AfterReset() {
+    shown_ = static_cast<int>(list_.RowCount());
+    endResetModel();
     if (!list_.IsComplete()) idle_.start();
+    if (shown_ > 0) emit RowsArrived();
+}
+
+void ListModel::RowsAdded() {
+    const int rows = static_cast<int>(list_.RowCount());
     if (list_.IsComplete() || rows >= std::max(kFirstLot, shown_ * kGrowth)) CatchUp();
 }
 
 void ListModel::LoadMore() {
-    if (list_.Load(kSlice)) idle_.stop();
-    if (list_.IsComplete()) CatchUp();
+    if (!list_.Load(kSlice)) return;
+    idle_.stop();
+    CatchUp();
 }
 
 void ListModel::CatchUp() {
@@ -61,6 +73,29 @@ void ListModel::CatchUp() {
     shown_ = rows;
     endInsertRows();
     emit RowsArrived();
+}
+
+// The list tells of single rows only once all are there and on show.
+void ListModel::BeforeInsert(std::size_t row) {
+    beginInsertRows({}, static_cast<int>(row), static_cast<int>(row));
+}
+
+void ListModel::AfterInsert() {
+    ++shown_;
+    endInsertRows();
+}
+
+void ListModel::BeforeRemove(std::size_t row) {
+    beginRemoveRows({}, static_cast<int>(row), static_cast<int>(row));
+}
+
+void ListModel::AfterRemove() {
+    --shown_;
+    endRemoveRows();
+}
+
+void ListModel::LinesChanged() {
+    if (shown_ > 0) emit dataChanged(index(0), index(shown_ - 1));
 }
 
 }  // namespace quillon::ui

@@ -9,7 +9,7 @@
 
 namespace quillon::ui {
 
-class ListModel : public QAbstractListModel {
+class ListModel : public QAbstractListModel, public navigation::ListObserver {
     Q_OBJECT
 public:
     // The list must outlive the model.
@@ -17,16 +17,26 @@ public:
     ~ListModel() override;
 
     int rowCount(const QModelIndex& parent = {}) const override;
+    // A view that lays out a million rows asks for each.
+    QModelIndex index(int row, int column = 0, const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
     int IdAt(const QModelIndex& index) const { return list_.IdAt(static_cast<std::size_t>(index.row())); }
-    // Invalid when the taxon is not among the rows that the list has so far.
+    // Has the list show the taxon when it has not come to it yet, which resets the model. Invalid when there
+    // is no such taxon.
     QModelIndex IndexOf(int qb_id);
 
 signals:
     void RowsArrived();
 
 private:
-    void OnRows();
+    void BeforeReset() override;
+    void AfterReset() override;
+    void RowsAdded() override;
+    void BeforeInsert(std::size_t row) override;
+    void AfterInsert() override;
+    void BeforeRemove(std::size_t row) override;
+    void AfterRemove() override;
+    void LinesChanged() override;
     void LoadMore();
     // Shows all that the list has.
     void CatchUp();

@@ -2,13 +2,18 @@
 
 #include <QtWidgets>
 
-#include "ui/alpha_view.h"
 #include "ui/binder.h"
+#include "ui/explorer_view.h"
 #include "ui/icons.h"
-#include "ui/list_model.h"
+#include "ui/pages/comment_page.h"
+#include "ui/pages/distribution_page.h"
+#include "ui/pages/expert_page.h"
+#include "ui/pages/other_source_page.h"
+#include "ui/pages/publication_page.h"
+#include "ui/pages/synonym_page.h"
+#include "ui/pages/taxon_page.h"
+#include "ui/pages/vernacular_page.h"
 #include "ui/rec_view_commands.h"
-#include "ui/text_convert.h"
-#include "ui/tree_model.h"
 
 namespace quillon::ui {
 
@@ -16,17 +21,20 @@ namespace {
 
 constexpr int kExplorerMinimum = 24;  // average characters
 constexpr int kEditorMinimum = 44;
+constexpr int kExplorerWidth = 76;
+constexpr int kEditorWidth = 128;
+constexpr int kHeight = 124;
 constexpr int kModeWidth = 48;  // 720 twips
-constexpr std::chrono::milliseconds kTypedTextEnds(1500);
 
-// A little air between the lines of the explorer.
-class AiryLines : public QStyledItemDelegate {
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, option.fontMetrics.height() / 3);
-    }
-};
+// In the order of the tabs.
+using BuildPage = QWidget* (*)(QWidget*);
+constexpr BuildPage kPages[] = {BuildTaxonPage,        BuildVernacularPage, BuildSynonymPage,
+                                BuildDistributionPage, BuildCommentPage,    BuildPublicationPage,
+                                BuildExpertPage,       BuildOtherSourcePage};
+
+// The commands of the explorer's own menu; "-" for a separator.
+constexpr const char* kExplorerMenu[] = {"mnuAdd",   "mnuCopy", "-",          "mnuECut", "mnuPaste",
+                                         "mnuEUndo", "-",       "mnuEDelete", "-",       "mnuParent"};
 
 }  // namespace
 
@@ -37,20 +45,18 @@ RecViewWindow::RecViewWindow(editor::RecView& recView, navigation::cExplorer& ex
     BuildCommands(*this);
     BuildBody();
     BuildStatusBar();
-    ConnectTree();
-    ConnectList();
     Bind(recView_.Controls().form, *this);
+    recView_.Attach(explorer_);
     ConnectForm();
+    ConnectKeys();
     ShowView();
+    ShowPage();
     const int character = fontMetrics().averageCharWidth();
-    resize(character * 196, character * 115);
+    resize(QSize(kExplorerWidth + kEditorWidth, kHeight) * character);
 }
 
-// The explorer and the form outlive the window and must not call it any more.
+// The form outlives the window and must not call it any more.
 RecViewWindow::~RecViewWindow() {
-    explorer_.ItemSelected = nullptr;
-    explorer_.ListMoved = nullptr;
-    explorer_.StartListTimer = nullptr;
     recView_.ReselectLater = nullptr;
     recView_.Controls().form.OnClosed(nullptr);
 }
@@ -78,37 +84,23 @@ void RecViewWindow::BuildBody() {
     auto* splitter = new QSplitter(this);
     splitter->setObjectName("Splitter");
     splitter->setChildrenCollapsible(false);
-    QWidget* explorer = BuildExplorer();
+    BuildExplorer();
     QWidget* editor = BuildEditor();
     const int character = fontMetrics().averageCharWidth();
-    explorer->setMinimumWidth(character * kExplorerMinimum);
+    explorerView_->setMinimumWidth(character * kExplorerMinimum);
     editor->setMinimumWidth(character * kEditorMinimum);
-    splitter->addWidget(explorer);
+    splitter->addWidget(explorerView_);
     splitter->addWidget(editor);
     splitter->setStretchFactor(1, 1);
-    splitter->setSizes({character * 68, character * 128});
+    splitter->setSizes({character * kExplorerWidth, character * kEditorWidth});
     setCentralWidget(splitter);
 }
 
-QWidget* RecViewWindow::BuildExplorer() {
-    views_ = new QStackedWidget(this);
-    tree_ = new QTreeView(views_);
-    tree_->setObjectName("HierView");
-    tree_->setAccessibleName(tr("Hierarchy"));
-    tree_->setHeaderHidden(true);
-    tree_->setUniformRowHeights(true);
-    tree_->header()->setStretchLastSection(false);
-    tree_->header()->setResizeContentsPrecision(0);  // as wide as the rows on show
-    tree_->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    tree_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    list_ = new AlphaView(views_);
-    list_->setObjectName("AlphaView");
-    list_->setAccessibleName(tr("Alphabetical List"));
-    tree_->setItemDelegate(new AiryLines(tree_));
-    list_->setItemDelegate(new AiryLines(list_));
-    views_->addWidget(tree_);
-    views_->addWidget(list_);
-    return views_;
+void RecViewWindow::BuildExplorer() {
+    explorerView_ = new ExplorerView(explorer_, this);
+    QList<QAction*> commands;
+    for (const QString name : kExplorerMenu) commands << (name == "-" ? nullptr : findChild<QAction*>(name));
+    explorerView_->SetContextActions(commands);
 }
 
 QWidget* RecViewWindow::BuildEditor() {
@@ -118,153 +110,110 @@ QWidget* RecViewWindow::BuildEditor() {
     tabs_->setAccessibleName(tr("Record"));
     tabs_->setDrawBase(false);
     tabs_->setExpanding(false);
-    pages_ = new QStackedWidget(editor);
-    pages_->setFrameShape(QFrame::StyledPanel);
-    const std::size_t count = recView_.Controls().TabStrip1.Tabs().size();
-    pages_->addWidget(BuildTaxonTab());
-    for (std::size_t i = 2; i <= count; ++i) {
-        auto* page = new QWidget(pages_);
-        page->setObjectName(QString("RVPanel%1").arg(i));
-        pages_->addWidget(page);
-    }
+    auto* save = new QPushButton(editor);
+    save->setObjectName("cmdOK");
     auto* layout = new QVBoxLayout(editor);
     layout->setContentsMargins(4, 4, 4, 4);
     layout->setSpacing(0);
     layout->addWidget(tabs_);
-    layout->addWidget(pages_, 1);
-    auto* save = new QPushButton(editor);
-    save->setObjectName("cmdOK");
+    layout->addWidget(BuildPages(), 1);
     layout->addSpacing(4);
     layout->addWidget(save, 0, Qt::AlignRight);
     return editor;
 }
 
-QWidget* RecViewWindow::BuildTaxonTab() {
-    auto* panel = new QWidget;
-    panel->setObjectName("RVPanel1");
-    auto* layout = new QFormLayout(panel);
-    layout->setContentsMargins(20, 20, 20, 20);
-    layout->setHorizontalSpacing(16);
-    layout->setVerticalSpacing(10);
-    layout->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    layout->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-    for (const char* field : {"SciName", "Rank", "Author", "Usage", "Parent"}) {
-        auto* edit = new QLineEdit(panel);
-        edit->setObjectName(QString("txt") + field);
-        auto* label = new QLabel(panel);
-        label->setObjectName(QString("lbl") + field);
-        label->setBuddy(edit);
-        layout->addRow(label, edit);
+// All pages lie in one scrolling area, the one on show at its top left.
+QWidget* RecViewWindow::BuildPages() {
+    scroller_ = new QScrollArea(this);
+    scroller_->setFrameShape(QFrame::StyledPanel);
+    scroller_->setFocusPolicy(Qt::NoFocus);
+    scroller_->setWidgetResizable(true);
+    scroller_->horizontalScrollBar()->setObjectName("HScroll1");
+    scroller_->verticalScrollBar()->setObjectName("VScroll1");
+    auto* area = new QWidget;
+    auto* layout = new QVBoxLayout(area);
+    layout->setContentsMargins(0, 0, 0, 0);
+    for (const BuildPage build : kPages) {
+        QWidget* page = build(area);
+        pages_.push_back(page);
+        page->setObjectName(QString("RVPanel%1").arg(pages_.size()));
+        page->hide();
+        layout->addWidget(page);
     }
-    auto* name = panel->findChild<QLineEdit*>("txtSciName");
-    QFont font = name->font();
-    font.setItalic(true);
-    font.setPointSizeF(font.pointSizeF() * 1.2);
-    name->setFont(font);
-    auto* scroller = new QScrollArea(pages_);
-    scroller->setWidget(panel);
-    scroller->setWidgetResizable(true);
-    scroller->setFrameShape(QFrame::NoFrame);
-    scroller->setFocusPolicy(Qt::NoFocus);
-    return scroller;
-}
-
-void RecViewWindow::ConnectTree() {
-    treeModel_ = new TreeModel(explorer_.TreeV(), this);
-    tree_->setModel(treeModel_);
-    connect(tree_, &QTreeView::expanded, this, [this](const QModelIndex& index) {
-        navigation::TreeNode* node = treeModel_->NodeOf(index);
-        if (!node->Expanded()) explorer_.ExpandNode(node);
-    });
-    connect(tree_, &QTreeView::collapsed, this, [this](const QModelIndex& index) {
-        explorer_.TreeV().SetExpanded(treeModel_->NodeOf(index), false);
-    });
-    connect(treeModel_, &TreeModel::NodeExpanded, tree_, &QTreeView::setExpanded);
-    connect(treeModel_, &TreeModel::NodeSelected, this, [this](const QModelIndex& index) {
-        tree_->setCurrentIndex(index);
-        if (index.isValid()) tree_->scrollTo(index);
-    });
-    connect(tree_->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            [this](const QModelIndex& index) {
-                navigation::TreeNode* node = treeModel_->NodeOf(index);
-                if (node == nullptr || treeModel_->IsChanging() || node == explorer_.TreeV().Selected())
-                    return;
-                clicked_ = node;
-                explorer_.NodeClick(node);
-            });
-    connect(tree_, &QTreeView::clicked, this, [this](const QModelIndex& index) {
-        navigation::TreeNode* node = treeModel_->NodeOf(index);
-        if (std::exchange(clicked_, nullptr) != node) explorer_.NodeClick(node);
-    });
-}
-
-void RecViewWindow::ConnectList() {
-    listModel_ = new ListModel(explorer_.ListV(), this);
-    list_->setModel(listModel_);
-    listTimer_.setSingleShot(true);
-    listTimer_.setInterval(kTypedTextEnds);
-    connect(&listTimer_, &QTimer::timeout, this, [this] { explorer_.ListTimer(); });
-    explorer_.StartListTimer = [this] { listTimer_.start(); };
-    explorer_.ListMoved = [this](int id) { ShowListRow(id); };
-    connect(listModel_, &ListModel::RowsArrived, this, [this] {
-        if (!list_->currentIndex().isValid()) ShowListRow(explorer_.ListId());
-    });
-    connect(list_, &AlphaView::KeyTyped, this,
-            [this](const QString& key) { explorer_.ListKeyPress(FromQt(key)); });
-    connect(list_, &QListView::clicked, this, [this](const QModelIndex& index) {
-        explorer_.ListClick(navigation::cExplorer::ListArea::List, listModel_->IdAt(index));
-    });
-    connect(list_->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            [this](const QModelIndex& index) {
-                if (index.isValid()) explorer_.SetListId(listModel_->IdAt(index));
-            });
+    scroller_->setWidget(area);
+    return scroller_;
 }
 
 void RecViewWindow::ConnectForm() {
     editor::RecViewForm& form = recView_.Controls();
-    explorer_.ItemSelected = [this](const navigation::cExplorer::Item& item) {
-        recView_.SelectExplorerItem({item->qb_id(), item->NumChildren(), item->NumDescendants()}, true);
-    };
     recView_.ReselectLater = [this](int id) { QTimer::singleShot(0, this, [this, id] { Reselect(id); }); };
     form.hierarchy.Observe([guard = QPointer<RecViewWindow>(this)] {
         if (guard) guard->ShowView();
     });
     form.TabStrip1.Observe([guard = QPointer<RecViewWindow>(this)] {
-        if (guard) guard->pages_->setCurrentIndex(guard->recView_.Controls().TabStrip1.SelectedIndex() - 1);
+        if (guard) guard->ShowPage();
     });
     form.form.OnClosed([this] {
         mayClose_ = true;
         close();
     });
-    auto* other = new QShortcut(QKeySequence(Qt::Key_F6), this);
-    connect(other, &QShortcut::activated, this, &RecViewWindow::MoveFocus);
-    QWidget::setTabOrder(list_, tabs_);
+}
+
+void RecViewWindow::ConnectKeys() {
+    const auto key = [this](const QKeySequence& keys, auto run) {
+        connect(new QShortcut(keys, this), &QShortcut::activated, this, run);
+    };
+    key(Qt::Key_F6, [this] { MoveFocus(); });
+    key(Qt::CTRL | Qt::Key_PageUp, [this] { TurnTab(-1); });
+    key(Qt::CTRL | Qt::Key_PageDown, [this] { TurnTab(1); });
 }
 
 void RecViewWindow::ShowView() {
-    const bool isTree = recView_.Controls().hierarchy.Value();
-    views_->setCurrentWidget(isTree ? static_cast<QWidget*>(tree_) : list_);
-    if (!isTree) ShowListRow(explorer_.ListId());
+    explorerView_->ShowHierarchy(recView_.Controls().hierarchy.Value());
 }
 
-void RecViewWindow::ShowListRow(int qb_id) {
-    if (qb_id == 0 || !list_->isVisible()) return;
-    const QModelIndex index = listModel_->IndexOf(qb_id);
-    if (!index.isValid()) return;
-    list_->setCurrentIndex(index);
-    list_->scrollTo(index, QAbstractItemView::EnsureVisible);
+// The page never gets smaller than it wants to be: the area scrolls instead.
+void RecViewWindow::ShowPage() {
+    const int index = recView_.Controls().TabStrip1.SelectedIndex();
+    if (std::exchange(page_, index) == index) return;
+    for (QWidget* page : pages_) page->setVisible(page == pages_[static_cast<std::size_t>(index - 1)]);
+    QWidget* page = pages_[static_cast<std::size_t>(index - 1)];
+    page->setMinimumSize(page->minimumSize().expandedTo(page->sizeHint()));
+    scroller_->horizontalScrollBar()->setValue(0);
+    scroller_->verticalScrollBar()->setValue(0);
+}
+
+void RecViewWindow::TurnTab(int step) {
+    const int wanted = tabs_->currentIndex() + step;
+    if (wanted >= 0 && wanted < tabs_->count()) tabs_->setCurrentIndex(wanted);
 }
 
 // From the explorer to the editor and back.
 void RecViewWindow::MoveFocus() {
-    QWidget* view = views_->currentWidget();
+    QWidget* view = explorerView_->CurrentView();
     if (!view->hasFocus()) return view->setFocus(Qt::ShortcutFocusReason);
-    QWidget* field = pages_->currentWidget()->findChild<QLineEdit*>();
+    QWidget* field = FirstField();
     (field != nullptr ? field : tabs_)->setFocus(Qt::ShortcutFocusReason);
+}
+
+// The first field of the page that the Tab key stops at; nullptr when there is none.
+QWidget* RecViewWindow::FirstField() const {
+    QWidget* page = pages_[static_cast<std::size_t>(page_ - 1)];
+    for (QWidget* at = page->nextInFocusChain(); at != page; at = at->nextInFocusChain()) {
+        const bool takesTab = (at->focusPolicy() & Qt::TabFocus) == Qt::TabFocus;
+        if (page->isAncestorOf(at) && takesTab && at->isVisible() && at->isEnabled()) return at;
+    }
+    return nullptr;
 }
 
 void RecViewWindow::Reselect(int qb_id) {
     if (navigation::TreeNode* node = explorer_.ExpandContainingSubtree(qb_id)) explorer_.HiliteNode(node);
+}
+
+bool RecViewWindow::event(QEvent* event) {
+    if (event->type() == QEvent::WindowActivate && !std::exchange(activated_, true))
+        explorerView_->CurrentView()->setFocus(Qt::ActiveWindowFocusReason);
+    return QMainWindow::event(event);
 }
 
 void RecViewWindow::closeEvent(QCloseEvent* event) {

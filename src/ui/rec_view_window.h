@@ -1,24 +1,19 @@
-// The main window: menus, toolbars, the explorer's two views, the record's tabs and the status bar. It shows
-// what RecView and cExplorer hold, and hands them what the user does.
+// The main window: menus, toolbars, the explorer, the record's tabs and the status bar. It shows what RecView
+// and cExplorer hold, and hands them what the user does.
 #pragma once
 
 #include <QMainWindow>
-#include <QTimer>
+#include <vector>
 
 #include "editor/rec_view.h"
 #include "navigation/explorer.h"
 
-class QListView;
-class QSplitter;
-class QStackedWidget;
+class QScrollArea;
 class QTabBar;
-class QTreeView;
 
 namespace quillon::ui {
 
-class AlphaView;
-class ListModel;
-class TreeModel;
+class ExplorerView;
 
 class RecViewWindow : public QMainWindow {
     Q_OBJECT
@@ -29,34 +24,31 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    bool event(QEvent* event) override;
 
 private:
-    void BuildMenus();
-    void BuildToolBars();
     void BuildStatusBar();
     void BuildBody();
-    QWidget* BuildExplorer();
+    void BuildExplorer();
     QWidget* BuildEditor();
-    QWidget* BuildTaxonTab();
-    void ConnectTree();
-    void ConnectList();
+    QWidget* BuildPages();
     void ConnectForm();
+    void ConnectKeys();
     void ShowView();
-    void ShowListRow(int qb_id);
+    void ShowPage();
+    void TurnTab(int step);
     void MoveFocus();
+    QWidget* FirstField() const;
     void Reselect(int qb_id);
 
     editor::RecView& recView_;
     navigation::cExplorer& explorer_;
-    TreeModel* treeModel_ = nullptr;
-    ListModel* listModel_ = nullptr;
-    QTreeView* tree_ = nullptr;
-    AlphaView* list_ = nullptr;
-    QStackedWidget* views_ = nullptr;
+    ExplorerView* explorerView_ = nullptr;
     QTabBar* tabs_ = nullptr;
-    QStackedWidget* pages_ = nullptr;
-    const navigation::TreeNode* clicked_ = nullptr;  // chosen by the press of a click that is under way
-    QTimer listTimer_;
+    QScrollArea* scroller_ = nullptr;
+    std::vector<QWidget*> pages_;  // RVPanel1 to RVPanel8
+    int page_ = 0;                 // the one on show, from 1; 0 for none yet
+    bool activated_ = false;
     bool mayClose_ = false;
 };
 

@@ -65,6 +65,17 @@ void TreeModel::AfterRemove() {
     changing_ = false;
 }
 
+void TreeModel::BeforeMove(TreeNode* node, TreeNode* parent, std::size_t row) {
+    changing_ = true;
+    const int from = static_cast<int>(node->Row());
+    beginMoveRows(IndexOf(node->Parent()), from, from, IndexOf(parent), static_cast<int>(row));
+}
+
+void TreeModel::AfterMove() {
+    endMoveRows();
+    changing_ = false;
+}
+
 void TreeModel::BeforeClear() {
     changing_ = true;
     beginResetModel();
@@ -75,9 +86,9 @@ void TreeModel::AfterClear() {
     changing_ = false;
 }
 
-void TreeModel::TextChanged(TreeNode* node) {
-    const QModelIndex index = IndexOf(node);
-    emit dataChanged(index, index);
+void TreeModel::TextsChanged(TreeNode* parent, std::size_t first, std::size_t last) {
+    const QModelIndex above = IndexOf(parent);
+    emit dataChanged(index(static_cast<int>(first), 0, above), index(static_cast<int>(last), 0, above));
 }
 
 void TreeModel::ExpandedChanged(TreeNode* node) {
@@ -86,6 +97,18 @@ void TreeModel::ExpandedChanged(TreeNode* node) {
 
 void TreeModel::SelectionChanged(TreeNode* node) {
     emit NodeSelected(IndexOf(node));
+}
+
+void TreeModel::MadeVisible(TreeNode* node) {
+    emit NodeMadeVisible(IndexOf(node));
+}
+
+void TreeModel::DropHighlightChanged(TreeNode*, TreeNode*) {
+    emit HighlightMoved();
+}
+
+bool TreeModel::IsDropHighlight(const QModelIndex& index) const {
+    return tree_.DropHighlight() != nullptr && NodeOf(index) == tree_.DropHighlight();
 }
 
 }  // namespace quillon::ui

@@ -18,6 +18,8 @@ public:
     navigation::TreeNode* NodeOf(const QModelIndex& index) const;
     // Invalid for nullptr.
     QModelIndex IndexOf(navigation::TreeNode* node) const;
+    // Shown as the place where what is dragged would go.
+    bool IsDropHighlight(const QModelIndex& index) const;
     // True while nodes come or go: what the view then says of its current row is not the user's doing.
     bool IsChanging() const { return changing_; }
 
@@ -30,17 +32,25 @@ public:
 signals:
     void NodeExpanded(const QModelIndex& index, bool expanded);
     void NodeSelected(const QModelIndex& index);
+    // To be scrolled to; the nodes above stand open.
+    void NodeMadeVisible(const QModelIndex& index);
+    // The node that would take what is dragged is another one, or none.
+    void HighlightMoved();
 
 private:
     void BeforeInsert(navigation::TreeNode* parent, std::size_t first, std::size_t last) override;
     void AfterInsert() override;
     void BeforeRemove(navigation::TreeNode* parent, std::size_t first, std::size_t last) override;
     void AfterRemove() override;
+    void BeforeMove(navigation::TreeNode* node, navigation::TreeNode* parent, std::size_t row) override;
+    void AfterMove() override;
     void BeforeClear() override;
     void AfterClear() override;
-    void TextChanged(navigation::TreeNode* node) override;
+    void TextsChanged(navigation::TreeNode* parent, std::size_t first, std::size_t last) override;
     void ExpandedChanged(navigation::TreeNode* node) override;
     void SelectionChanged(navigation::TreeNode* node) override;
+    void MadeVisible(navigation::TreeNode* node) override;
+    void DropHighlightChanged(navigation::TreeNode* before, navigation::TreeNode* now) override;
 
     navigation::TreeControl& tree_;
     bool changing_ = false;

@@ -1,29 +1,31 @@
 #include "validation/keyed_walk.h"
 
+#include <utility>
+
 namespace quillon::validation {
 
-KeyedWalk::KeyedWalk(store::Database& database, std::string_view select)
-    : rows_(database.OpenRecordset(select, store::RecordsetType::ForwardOnly)) {
-    ended_ = rows_->Eof();
-    if (!ended_) key_ = rows_->At(0).AsLong();
+KeyedWalk::KeyedWalk(store::Database& database, std::string_view select, Continue goOn)
+    : rows_(database, select), goOn_(std::move(goOn)) {
+    Advance();
 }
 
-bool KeyedWalk::Advance() {
-    rows_->MoveNext();
-    ended_ = rows_->Eof();
-    if (ended_) return false;
-    key_ = rows_->At(0).AsLong();
-    return true;
+void KeyedWalk::Advance() {
+    ended_ = !rows_.Next();
+    if (!ended_) key_ = rows_.Long(0);
 }
 
 bool KeyedWalk::MoveTo(std::int64_t key) {
-    while (!ended_ && key_ < key) Advance();
-    return !ended_ && key_ == key;
+    while (!ended_ && !stopped_ && key_ < key) {
+        stopped_ = !goOn_();
+        if (!stopped_) Advance();
+    }
+    return !ended_ && !stopped_ && key_ == key;
 }
 
 bool KeyedWalk::MoveNext() {
     const std::int64_t key = key_;
-    return Advance() && key_ == key;
+    Advance();
+    return !ended_ && key_ == key;
 }
 
 }  // namespace quillon::validation

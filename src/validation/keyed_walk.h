@@ -3,31 +3,36 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <string_view>
 
-#include "store/engine.h"
+#include "store/row_stream.h"
+#include "validation/selected_taxa.h"
 
 namespace quillon::validation {
 
 class KeyedWalk {
 public:
-    // `select` gives the key in its first column and is ordered by it. Throws StoreError.
-    KeyedWalk(store::Database& database, std::string_view select);
+    // `select` gives the key in its first column and is ordered by it. `goOn` is called for each row that is
+    // passed over. Throws StoreError.
+    KeyedWalk(store::Database& database, std::string_view select, Continue goOn);
 
-    // Goes on to the first row of the key; false when there is none. Keys may be left out, but never go back.
+    // Goes on to the first row of the key; false when there is none, or the user wants no more. Keys may be
+    // left out, but never go back.
     bool MoveTo(std::int64_t key);
     // The next row, if it has the same key still.
     bool MoveNext();
     // The row at hand, after a true from either.
-    const store::Recordset& Row() const { return *rows_; }
+    const store::RowStream& Row() const { return rows_; }
+    // The user wanted no more before the key was reached.
+    bool Stopped() const { return stopped_; }
 
 private:
-    bool Advance();
+    void Advance();
 
-    std::unique_ptr<store::Recordset> rows_;
+    store::RowStream rows_;
+    Continue goOn_;
     std::int64_t key_ = 0;
-    bool ended_ = false;
+    bool ended_ = false, stopped_ = false;
 };
 
 }  // namespace quillon::validation

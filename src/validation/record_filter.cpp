@@ -125,4 +125,8 @@ std::string RunnableFilter(std::string_view filter) {
     return fmt::format(" WHERE {} {} {}", column, condition->comparison, Value(condition->value).AsBoolean());
 }
 
+std::string ConditionOf(std::string_view filter) {
+    return RunnableFilter(filter).substr(kWhere.size());
+}
+
 }  // namespace quillon::validation

@@ -1,6 +1,6 @@
 // Which rows a validation or an export visits: all of them, those of the journal, or those of taxa that meet
-// a condition which the user typed. frmValidate, the export form and quillon-batch build the filter here, and
-// the table checks take their selects from here.
+// a condition which the user typed. frmValidate, the export form and quillon-batch build the filter here; the
+// rows themselves are read by SelectedTaxa and SelectedRows.
 //
 // A filter is a text (gRecordFilter): "none", "journal", or a clause ` WHERE <column> <operator> "<value>"`
 // on a field of qb_taxonomic_units. A clause is checked before it runs, so that nothing but one condition
@@ -13,6 +13,7 @@
 
 #include "core/application_state.h"
 #include "store/engine.h"
+#include "validation/selected_taxa.h"
 
 namespace quillon::validation {
 
@@ -36,25 +37,20 @@ std::optional<std::string> ReadFilterText(store::Database& database, std::string
                                           std::string& filter);
 
 // The rows, or the count, of one of the tables that validation visits, in the dialect; with the filter "none"
-// the rows are the table's name. Empty for any other table.
+// the rows are the table's name. Empty for any other table. It says which rows they are; it does not run
+// fast.
 std::string BuildValidationSelect(std::string_view table, std::string_view filter, bool countOnly);
 // The filter with its column told apart from the fields of the same name in the joined tables: it is the
 // taxon's. A select that is to run is built with this one.
 std::string RunnableFilter(std::string_view filter);
 
-// The rows of a table under a filter, ready to open, in the order of the table's key. Without a filter only
-// `columns` are read.
-std::string FilteredRows(std::string_view table, std::string_view filter, std::string_view columns = "*");
-// " AND <column> IN (...)" with a field of the taxa that a filter lets through; empty for "none", which lets
-// all through.
-std::string AndAmongTaxa(std::string_view column, std::string_view taxonField, std::string_view filter);
+// The condition of a clause, ready to stand in a select.
+std::string ConditionOf(std::string_view filter);
 
-// The filter under which look-ups are read: the run's own when it lets few taxa through, else none, because
-// the engine reads whole tables faster than many rows by their keys.
-std::string LookUpFilter(store::Database& database, std::string_view filter);
-
-// Sets gRecordsTotal, the rows that an export visits, and gValidatedTotal, those that validation visits,
-// under gRecordFilter. Reference links count in neither.
-void CountBatchRecords(ApplicationState& state, store::Database& database);
+// Sets gRecordsTotal, the rows that an export visits, and gValidatedTotal, those that validation visits, for
+// the taxa under gRecordFilter. Reference links count in neither; a document counts once a link. It reaches
+// the documents of `taxa` when that has not been done. `goOn` is as SelectedTaxa takes it.
+void CountBatchRecords(ApplicationState& state, store::Database& database, SelectedTaxa& taxa,
+                       const Continue& goOn);
 
 }  // namespace quillon::validation

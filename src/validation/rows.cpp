@@ -125,6 +125,34 @@ std::size_t PlaceOf(const store::Recordset& rows, std::string_view column) {
                             fmt::format("There is no field '{}' in the rows to validate.", column));
 }
 
+std::vector<store::FieldType> TypesOf(const store::Database& database, std::string_view table,
+                                      const std::vector<std::string_view>& columns) {
+    std::vector<store::FieldType> types;
+    const store::TableDef* def = database.FindTableDef(table);
+    for (const std::string_view column : columns) {
+        const store::FieldDef* field = def == nullptr ? nullptr : def->Field(column);
+        if (field == nullptr)
+            throw store::StoreError(store::ErrorNumber::ItemNotFound,
+                                    fmt::format("There is no field '{}' in {}.", column, table));
+        types.push_back(field->type);
+    }
+    return types;
+}
+
+Value ValueAt(const store::RowStream& rows, std::size_t column, store::FieldType type) {
+    if (rows.IsNull(column)) return {};
+    switch (type) {
+        case store::FieldType::Boolean:
+            return rows.Long(column) != 0;
+        case store::FieldType::Byte:
+        case store::FieldType::Integer:
+        case store::FieldType::Long:
+            return rows.Long(column);
+        default:
+            return rows.Text(column);
+    }
+}
+
 std::int32_t IdOf(const Value& value) {
     return static_cast<std::int32_t>(value.AsLong());
 }

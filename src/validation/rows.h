@@ -1,7 +1,8 @@
 // The rows that validation reads, with the columns that its rules look at and the heading that the log gives
 // each.
 //
-// A row is filled by a RowReader from whatever recordset has its columns; the rules see the row alone.
+// A row is filled by a RowReader from whatever recordset has its columns, or by a StreamReader from a table;
+// the rules see the row alone.
 #pragma once
 
 #include <array>
@@ -13,7 +14,8 @@
 #include <vector>
 
 #include "core/value.h"
-#include "store/recordset.h"
+#include "store/engine.h"
+#include "store/row_stream.h"
 #include "validation/findings.h"
 
 namespace quillon::validation {
@@ -130,6 +132,33 @@ public:
 private:
     const store::Recordset& rows_;
     std::vector<std::size_t> places_;
+};
+
+// The types of columns of a table; 3265 when it has no such column.
+std::vector<store::FieldType> TypesOf(const store::Database& database, std::string_view table,
+                                      const std::vector<std::string_view>& columns);
+Value ValueAt(const store::RowStream& rows, std::size_t column, store::FieldType type);
+
+// Fills rows from the current row of a stream of a table's rows that reads the columns in their order; it
+// must outlive the reader.
+template <typename Row>
+class StreamReader {
+public:
+    StreamReader(const store::Database& database, std::string_view table, const store::RowStream& rows)
+        : rows_(rows) {
+        std::vector<std::string_view> columns;
+        for (const auto& column : Row::Columns()) columns.push_back(column.name);
+        types_ = TypesOf(database, table, columns);
+    }
+    void Read(Row& row) const {
+        const auto columns = Row::Columns();
+        for (std::size_t i = 0; i < columns.size(); ++i)
+            row.*columns[i].member = ValueAt(rows_, i, types_[i]);
+    }
+
+private:
+    const store::RowStream& rows_;
+    std::vector<store::FieldType> types_;
 };
 
 }  // namespace quillon::validation

@@ -8,9 +8,9 @@
 #include "core/application_state.h"
 #include "core/outside.h"
 #include "store/engine.h"
-#include "validation/record_filter.h"
 #include "validation/rows.h"
 #include "validation/run_facts.h"
+#include "validation/selected_rows.h"
 #include "validation/validation_log.h"
 
 namespace quillon::validation {
@@ -26,7 +26,7 @@ struct ValidationRun {
     ValidationLog& log;
     EventPump& events;
     const Gauge& gauge;
-    std::string lookUpFilter;  // as LookUpFilter gives it
+    const SelectedTaxa& taxa;  // with their documents
 
     // Lets events through; false when the user wants no more.
     bool GoOn() const;
@@ -53,15 +53,17 @@ void CheckPublication(const PublicationRow& row, const YearRange& years, Validat
 // Calls `check` with each row of a table under the filter, until it gives false or the user cancels.
 template <typename Row, typename Check>
 void ForEachRow(const ValidationRun& run, std::string_view table, const Check& check) {
-    const auto rows = run.database.OpenRecordset(
-        FilteredRows(table, run.state.gRecordFilter, ColumnList<Row>()), store::RecordsetType::ForwardOnly);
-    const RowReader<Row> reader(*rows);
+    SelectedRows rows(run.database, table, ColumnList<Row>(), run.taxa);
+    const StreamReader<Row> reader(run.database, table, rows.Row());
     Row row;
-    for (; !rows->Eof() && run.GoOn(); rows->MoveNext()) {
-        run.CountRow();
-        run.log.BeginRecord();
-        reader.Read(row);
-        if (!check(row)) return;
+    while (rows.Next() && run.GoOn()) {
+        for (int visit = 0, visits = rows.Visits(); visit < visits; ++visit) {
+            if (visit > 0 && !run.GoOn()) return;
+            run.CountRow();
+            run.log.BeginRecord();
+            reader.Read(row);
+            if (!check(row)) return;
+        }
     }
 }
 

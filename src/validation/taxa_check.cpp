@@ -17,7 +17,7 @@ void ValidationRun::CountRow() const {
 }
 
 void ValidateTaxa(const ValidationRun& run) {
-    TaxonLookUps lookUps(run.database, run.lookUpFilter, [&] { return run.GoOn(); });
+    TaxonLookUps lookUps(run.database, run.taxa, [&] { return run.GoOn(); });
     ForEachRow<TaxonRow>(run, "qb_taxonomic_units", [&](const TaxonRow& row) {
         if (!row.rank_id.IsNull() && row.rank_id.AsLong() == kKingdomRankId) return true;
         run.log.SetTaxon(IdOf(row.qb_id));
@@ -26,6 +26,7 @@ void ValidateTaxa(const ValidationRun& run) {
             run.log.LogTaxonError(Rule::RankMissing, row, "     a rank is required");
             return false;
         }
+        if (!lookUps.MoveTo(row.qb_id.AsLong())) return false;
         CheckTaxon({row, run.facts, lookUps, run.log, run.state, run.events});
         return true;
     });

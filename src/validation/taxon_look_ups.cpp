@@ -7,15 +7,15 @@
 #include "core/text.h"
 #include "core/vocabulary.h"
 #include "validation/dates.h"
-#include "validation/record_filter.h"
 
 namespace quillon::validation {
 
 namespace {
 
-constexpr std::string_view kTaxa = "SELECT qb_id, rank_id, usage FROM qb_taxonomic_units{};";
-constexpr std::string_view kParentsAndAccepted =
-    " WHERE (True{}) OR qb_id IN (SELECT qb_id_accepted FROM qb_synonym_links WHERE True{})";
+using store::RowStream;
+
+constexpr std::string_view kTaxa = "SELECT qb_id, rank_id, usage FROM qb_taxonomic_units WHERE True{};";
+constexpr std::string_view kParents = "SELECT parent_qb_id FROM qb_taxonomic_units WHERE True{};";
 constexpr std::string_view kAuthors =
     "SELECT qb_taxon_author_id, taxon_author FROM qb_taxon_authors_lookup WHERE True{};";
 constexpr std::string_view kSynonymLinks =
@@ -23,8 +23,7 @@ constexpr std::string_view kSynonymLinks =
 // Within a taxon the engine walks the key, which is the order of the documents' ids.
 constexpr std::string_view kReferenceLinks =
     "SELECT qb_id, qb_documentation_id_prefix, qb_documentation_id, original_desc_ind FROM "
-    "qb_reference_links "
-    "WHERE True{} ORDER BY qb_id;";
+    "qb_reference_links WHERE True{} ORDER BY qb_id;";
 constexpr std::string_view kPublications =
     "SELECT qb_publication_id, actual_pub_date, publication_id_prefix FROM qb_publications "
     "WHERE publication_id_prefix Is Not Null{};";
@@ -38,62 +37,64 @@ constexpr std::string_view kPublication =
     "qb_publication_id, publication_name, title, actual_pub_date FROM qb_publications "
     "WHERE StrComp(publication_id_prefix, theprefix, 0) = 0 AND qb_publication_id = theid;";
 
-std::string With(std::string_view select, const std::string& condition) {
+std::string With(std::string_view select, std::string_view condition) {
     return fmt::format(fmt::runtime(select), condition);
 }
 
-std::string TaxaSelect(std::string_view filter) {
-    if (filter == kNoFilter) return With(kTaxa, {});
-    return With(kTaxa,
-                fmt::format(fmt::runtime(kParentsAndAccepted), AndAmongTaxa("qb_id", "parent_qb_id", filter),
-                            AndAmongTaxa("qb_id", "qb_id", filter)));
+std::string Among(std::string_view column, const IdSet* ids) {
+    return ids == nullptr ? std::string() : AndAmong(column, *ids);
 }
 
-// The documents that the taxa under the filter refer to.
-std::string DocumentSelect(std::string_view select, std::string_view id, std::string_view filter) {
-    if (filter == kNoFilter) return With(select, {});
-    return With(select,
-                fmt::format(" AND {} IN (SELECT qb_documentation_id FROM qb_reference_links WHERE True{})",
-                            id, AndAmongTaxa("qb_id", "qb_id", filter)));
+// Of the taxa themselves, whose rows or links these are; empty when they are many.
+std::string OfTaxa(const SelectedTaxa& taxa) {
+    return Among("qb_id", taxa.All() ? nullptr : &taxa.Ids());
 }
 
-std::int32_t ActualYear(const Value& actual_pub_date) {
-    if (!actual_pub_date.IsText()) return kNoDateYear;
-    const std::string_view year = YearText(actual_pub_date.Text());
+std::int32_t ActualYear(std::string_view actual_pub_date) {
+    const std::string_view year = YearText(actual_pub_date);
     return year.empty() ? kNoDateYear : ShortNumber(year).value_or(INT32_MAX);
-}
-
-bool IsUsable(const Value& usage) {
-    return usage.IsText() && UsageIsAccepted(usage.Text());
 }
 
 bool IsPrefix(std::string_view prefix, std::string_view word) {
     return prefix == word || EqualText(prefix, word);
 }
 
+std::int32_t Id(const RowStream& rows, std::size_t column) {
+    return static_cast<std::int32_t>(rows.Long(column));
+}
+
 template <typename Read>
-void ReadRows(store::Database& database, std::string_view select, const Continue& goOn, const Read& read) {
-    const auto rows = database.OpenRecordset(select, store::RecordsetType::ForwardOnly);
-    for (; !rows->Eof() && goOn(); rows->MoveNext()) read(*rows);
+void ReadRows(store::Database& database, const std::string& select, const Continue& goOn, const Read& read) {
+    RowStream rows(database, select);
+    while (rows.Next() && goOn()) read(rows);
+}
+
+// The parents of few taxa and the names that they are linked to; nothing for many, of which all are read.
+std::string ParentsAndAccepted(store::Database& database, const SelectedTaxa& taxa, const Continue& goOn) {
+    const std::string ofTaxa = OfTaxa(taxa);
+    if (ofTaxa.empty()) return {};
+    IdSet ids;
+    const auto add = [&](std::size_t column) {
+        return [&ids, column](const RowStream& row) { ids.Add(Id(row, column)); };
+    };
+    ReadRows(database, With(kParents, ofTaxa), goOn, add(0));
+    ReadRows(database, With(kSynonymLinks, ofTaxa), goOn, add(1));
+    return AndAmong("qb_id", ids);
 }
 
 }  // namespace
 
-TaxonTable::TaxonTable(store::Database& database, std::string_view filter, const Continue& goOn) {
-    ReadRows(database, TaxaSelect(filter), goOn, [this](const store::Recordset& row) {
-        const Value rank_id = row.At(1);
-        taxa_.Append({IdOf(row.At(0)), static_cast<std::int16_t>(rank_id.AsLong()), !rank_id.IsNull(),
-                      IsUsable(row.At(2))});
+TaxonTable::TaxonTable(store::Database& database, std::string_view among, const Continue& goOn) {
+    ReadRows(database, With(kTaxa, among), goOn, [this](const RowStream& row) {
+        taxa_.Append({Id(row, 0), static_cast<std::int16_t>(row.Long(1)), !row.IsNull(1),
+                      UsageIsAccepted(row.Text(2))});
     });
 }
 
-AuthorTable::AuthorTable(store::Database& database, std::string_view filter, const Continue& goOn) {
-    const std::string select =
-        With(kAuthors, AndAmongTaxa("qb_taxon_author_id", "qb_taxon_author_id", filter));
-    ReadRows(database, select, goOn, [this](const store::Recordset& row) {
-        const Value taxon_author = row.At(1);
-        const std::string_view text = taxon_author.IsText() ? std::string_view(taxon_author.Text()) : "";
-        places_.Append({IdOf(row.At(0)), static_cast<std::uint32_t>(texts_.size()), YearFromAuthor(text)});
+AuthorTable::AuthorTable(store::Database& database, std::string_view among, const Continue& goOn) {
+    ReadRows(database, With(kAuthors, among), goOn, [this](const RowStream& row) {
+        const std::string_view text = row.Text(1);
+        places_.Append({Id(row, 0), static_cast<std::uint32_t>(texts_.size()), YearFromAuthor(text)});
         texts_ += text;
     });
 }
@@ -106,19 +107,18 @@ AuthorFacts AuthorTable::Find(std::int64_t qb_taxon_author_id) const {
     return {std::string_view(texts_).substr(place->begin, end - place->begin), place->year};
 }
 
-DocumentTable::DocumentTable(store::Database& database, std::string_view filter, const Continue& goOn) {
-    ReadRows(database, DocumentSelect(kPublications, "qb_publication_id", filter), goOn,
-             [this](const store::Recordset& row) {
-                 PublicationFacts facts{IdOf(row.At(0)), ActualYear(row.At(1)), {}};
-                 const std::string prefix = row.At(2).AsText();
-                 std::copy_n(prefix.begin(), std::min(prefix.size(), facts.prefix.size()),
-                             facts.prefix.begin());
-                 publications_.Append(facts);
-             });
-    ReadRows(database, DocumentSelect(kExperts, "qb_expert_id", filter), goOn,
-             [this](const store::Recordset& row) { experts_.Append({IdOf(row.At(0))}); });
-    ReadRows(database, DocumentSelect(kOtherSources, "qb_source_id", filter), goOn,
-             [this](const store::Recordset& row) { otherSources_.Append({IdOf(row.At(0))}); });
+DocumentTable::DocumentTable(store::Database& database, const IdSet* ids, const Continue& goOn) {
+    ReadRows(
+        database, With(kPublications, Among("qb_publication_id", ids)), goOn, [this](const RowStream& row) {
+            PublicationFacts facts{Id(row, 0), ActualYear(row.Text(1)), {}};
+            const std::string_view prefix = row.Text(2);
+            std::copy_n(prefix.begin(), std::min(prefix.size(), facts.prefix.size()), facts.prefix.begin());
+            publications_.Append(facts);
+        });
+    ReadRows(database, With(kExperts, Among("qb_expert_id", ids)), goOn,
+             [this](const RowStream& row) { experts_.Append({Id(row, 0)}); });
+    ReadRows(database, With(kOtherSources, Among("qb_source_id", ids)), goOn,
+             [this](const RowStream& row) { otherSources_.Append({Id(row, 0)}); });
     publications_.Sort();
     experts_.Sort();
     otherSources_.Sort();
@@ -136,19 +136,25 @@ void DocumentTable::Resolve(std::string_view prefix, std::int64_t id, bool isOri
     }
 }
 
-TaxonLookUps::TaxonLookUps(store::Database& database, std::string_view filter, const Continue& goOn)
-    : taxa_(database, filter, goOn),
-      authors_(database, filter, goOn),
-      documents_(database, filter, goOn),
-      synonymLinks_(database, With(kSynonymLinks, AndAmongTaxa("qb_id", "qb_id", filter))),
-      referenceLinks_(database, With(kReferenceLinks, AndAmongTaxa("qb_id", "qb_id", filter))),
+TaxonLookUps::TaxonLookUps(store::Database& database, const SelectedTaxa& taxa, const Continue& goOn)
+    : taxa_(database, ParentsAndAccepted(database, taxa, goOn), goOn),
+      authors_(database, Among("qb_taxon_author_id", taxa.All() ? nullptr : &taxa.Authors()), goOn),
+      documents_(database, taxa.All() ? nullptr : &taxa.Documents().Ids(), goOn),
+      synonymLinks_(database, With(kSynonymLinks, OfTaxa(taxa)), goOn),
+      referenceLinks_(database, With(kReferenceLinks, OfTaxa(taxa)), goOn),
       publication_(database.CreateQueryDef("", kPublication)) {}
+
+bool TaxonLookUps::MoveTo(std::int64_t qb_id) {
+    synonymLinks_.MoveTo(qb_id);
+    referenceLinks_.MoveTo(qb_id);
+    return !synonymLinks_.Stopped() && !referenceLinks_.Stopped();
+}
 
 // As the query joins them: a link to no taxon gives no name.
 std::vector<AcceptedLink> TaxonLookUps::AcceptedNames(std::int64_t qb_id) {
     std::vector<AcceptedLink> links;
     for (bool found = synonymLinks_.MoveTo(qb_id); found; found = synonymLinks_.MoveNext()) {
-        const TaxonFacts* accepted = Taxon(synonymLinks_.Row().At(1).AsLong());
+        const TaxonFacts* accepted = Taxon(synonymLinks_.Row().Long(1));
         if (accepted != nullptr) links.push_back({accepted->id, true, accepted->isUsable});
     }
     return links;
@@ -159,10 +165,8 @@ const TaxonReferences& TaxonLookUps::References(std::int64_t qb_id) {
     references_.hasExpert = false;
     references_.hasOtherSource = false;
     for (bool found = referenceLinks_.MoveTo(qb_id); found; found = referenceLinks_.MoveNext()) {
-        const store::Recordset& row = referenceLinks_.Row();
-        const Value prefix = row.At(1);
-        documents_.Resolve(prefix.IsText() ? std::string_view(prefix.Text()) : "", row.At(2).AsLong(),
-                           row.At(3).AsBoolean(), references_);
+        const RowStream& row = referenceLinks_.Row();
+        documents_.Resolve(row.Text(1), row.Long(2), row.Long(3) != 0, references_);
     }
     return references_;
 }

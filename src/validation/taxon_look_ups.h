@@ -7,7 +7,6 @@
 
 #include <array>
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -58,13 +57,10 @@ struct TaxonReferences {
     bool hasOtherSource = false;
 };
 
-// Called for each row that is read; false ends the reading.
-using Continue = std::function<bool()>;
-
 class TaxonTable {
 public:
-    // The parents of the taxa under the filter, and the names that they are linked to.
-    TaxonTable(store::Database& database, std::string_view filter, const Continue& goOn);
+    // `among` is a condition on qb_id as AndAmong gives it, for all tables here.
+    TaxonTable(store::Database& database, std::string_view among, const Continue& goOn);
     // nullptr when there is no such taxon.
     const TaxonFacts* Find(std::int64_t qb_id) const { return taxa_.Find(qb_id); }
 
@@ -74,7 +70,7 @@ private:
 
 class AuthorTable {
 public:
-    AuthorTable(store::Database& database, std::string_view filter, const Continue& goOn);
+    AuthorTable(store::Database& database, std::string_view among, const Continue& goOn);
     AuthorFacts Find(std::int64_t qb_taxon_author_id) const;
 
 private:
@@ -89,7 +85,8 @@ private:
 
 class DocumentTable {
 public:
-    DocumentTable(store::Database& database, std::string_view filter, const Continue& goOn);
+    // Of the documents with these ids, under whatever prefix; nullptr for all.
+    DocumentTable(store::Database& database, const IdSet* ids, const Continue& goOn);
     // Adds what a reference link leads to.
     void Resolve(std::string_view prefix, std::int64_t id, bool isOriginal,
                  TaxonReferences& references) const;
@@ -104,8 +101,12 @@ private:
 
 class TaxonLookUps {
 public:
+    // For the selected taxa, whose documents have been reached. `goOn` is called for each row that is read.
     // Throws StoreError.
-    TaxonLookUps(store::Database& database, std::string_view filter, const Continue& goOn);
+    TaxonLookUps(store::Database& database, const SelectedTaxa& taxa, const Continue& goOn);
+
+    // Goes on to the links of a taxon; false when the user wants no more.
+    bool MoveTo(std::int64_t qb_id);
 
     const TaxonFacts* Taxon(std::int64_t qb_id) const { return taxa_.Find(qb_id); }
     AuthorFacts Author(const Value& qb_taxon_author_id) const {

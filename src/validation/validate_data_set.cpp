@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "validation/log_file.h"
+#include "validation/record_filter.h"
 
 namespace quillon::validation {
 
@@ -62,8 +63,8 @@ private:
         return true;
     }
 
-    void CountRows() {
-        CountBatchRecords(state_, *database_);
+    void CountRows(SelectedTaxa& taxa, const Continue& goOn) {
+        CountBatchRecords(state_, *database_, taxa, goOn);
         state_.gRecordsTotal = state_.gValidatingForExport ? state_.gRecordsTotal + state_.gValidatedTotal
                                                            : state_.gValidatedTotal;
     }
@@ -71,16 +72,15 @@ private:
     void CheckTables(int kingdomId) {
         const RunFacts facts = ReadRunFacts(*database_, kingdomId, KingdomNameOfDataSet(*state_.gDatabase),
                                             outside_.clock.Now());
-        CountRows();
+        const Continue goOn = [this] {
+            outside_.events.Yield();
+            return !state_.gBatchCancel;
+        };
+        SelectedTaxa taxa(*database_, state_.gRecordFilter, goOn);
+        CountRows(taxa, goOn);
         state_.gErrorsOccurred = false;
         ValidationLog log(state_, [this](const Finding& finding) { Write(finding); });
-        const ValidationRun run{state_,
-                                *database_,
-                                facts,
-                                log,
-                                outside_.events,
-                                outside_.gauge,
-                                LookUpFilter(*database_, state_.gRecordFilter)};
+        const ValidationRun run{state_, *database_, facts, log, outside_.events, outside_.gauge, taxa};
         for (const TableCheck check : kTableChecks)
             if (!state_.gBatchCancel) check(run);
         result_.canceled = state_.gBatchCancel;

@@ -21,17 +21,27 @@ constexpr std::string_view kSaveTitle = "Save Error Log As";
 constexpr std::string_view kLogFilter = "Taxonomic Files (*.LOG)|*.log|All Files (*.*)|*.*";
 constexpr std::string_view kLead = "     ";  // of a message; a heading has none
 
+bool IsAscii(std::string_view text) {
+    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+// `wanted` is in lower case. Most lines are plain, and need no copy in lower case.
+bool Holds(std::string_view line, std::string_view wanted) {
+    if (!IsAscii(line)) return LowerCase(line).find(wanted) != std::string::npos;
+    const auto found = std::search(
+        line.begin(), line.end(), wanted.begin(), wanted.end(),
+        [](char c, char w) { return (c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c) == w; });
+    return wanted.empty() || found != line.end();
+}
+
 // Which lines stay when the log is narrowed: a message that holds the text, with the heading above it; a
 // heading that holds it, with all its messages.
 std::vector<std::size_t> LinesWith(const std::vector<std::string>& lines, const std::string& wanted) {
-    const auto holds = [&](const std::string& line) {
-        return LowerCase(line).find(wanted) != std::string::npos;
-    };
     std::vector<std::size_t> kept;
     std::size_t heading = lines.size();  // one that has not been kept yet
     bool wholeRecord = false;
     for (std::size_t i = 0; i < lines.size(); ++i) {
-        const bool matches = holds(lines[i]);
+        const bool matches = Holds(lines[i], wanted);
         if (!lines[i].starts_with(kLead)) {
             wholeRecord = matches;
             heading = matches ? lines.size() : i;
@@ -86,11 +96,13 @@ void FrmVError::ShowLines() {
 }
 
 void FrmVError::ShowCounts() {
+    if (marks_.empty() && !lines_.empty()) return;  // a log of another run
     std::array<std::size_t, kRuleCount> counts{};
     std::size_t total = 0;
+    auto mark = marks_.begin();
     for (const ChoiceControl::Choice& line : lstError.Choices()) {
-        const FindingMark* mark = MarkFrom(marks_, line.itemData);
-        if (mark == nullptr || mark->line != line.itemData) continue;
+        while (mark != marks_.end() && mark->line < line.itemData) ++mark;
+        if (mark == marks_.end() || mark->line != line.itemData) continue;
         ++counts[static_cast<std::size_t>(mark->rule)];
         ++total;
     }

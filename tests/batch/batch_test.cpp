@@ -1,44 +1,17 @@
 // quillon-batch as a script meets it: standard output, standard error, exit status.
 #include <gtest/gtest.h>
 #include <signal.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <filesystem>
 #include <string>
 
-#include "testkit/testkit.h"
+#include "batch_fixture.h"
 
 namespace quillon::batch {
 
 using testkit::ReadFile;
-using testkit::TempDir;
 using testkit::WriteFile;
-
-namespace {
-
-struct Ended {
-    int status = -1;
-    std::string out, err;
-};
-
-struct Batch {
-    TempDir dir;
-
-    // Runs quillon-batch with the words as a shell has them, in the temporary folder.
-    Ended Run(const std::string& words) const {
-        const std::string command =
-            "cd " + dir.path() + " && " QUILLON_BATCH " " + words + " >out.txt 2>err.txt </dev/null";
-        const int code = std::system(command.c_str());
-        return {WEXITSTATUS(code), ReadFile(dir.File("out.txt")), ReadFile(dir.File("err.txt"))};
-    }
-};
-
-constexpr const char* kTwoTaxa =
-    "[TU]|100||Animalia||||||||valid|||||||100|||||5|10|No|\r\n"
-    "[TU]|101||Chordata||||||||valid|||||||100|||||5|30|No|\r\n";
-
-}  // namespace
 
 TEST(Batch, MakesADataSetAndTellsAboutIt) {
     Batch batch;

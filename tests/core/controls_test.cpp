@@ -247,6 +247,57 @@ TEST(GaugeControl, TellsAtOnceWhatChangedDuringAJob) {
     EXPECT_EQ(*gauge, 1);
 }
 
+TEST(ChoiceControl, ReadsChoicesThatAreDearOnlyWhenAskedFor) {
+    SampleForm sample;
+    int reads = 0;
+    const auto fetch = [&reads]() -> std::vector<ChoiceControl::Choice> {
+        ++reads;
+        return {{"Gray", 7}, {"Gill", 8}};
+    };
+    sample.cboAuth.SetText("Gill");
+    sample.cboAuth.SetChoicesLater(fetch);
+    sample.cboAuth.SetText("Gray");
+    sample.cboAuth.SetText("Gill");
+    EXPECT_TRUE(sample.cboAuth.ChoicesPending());
+    EXPECT_EQ(sample.cboAuth.Text(), "Gill");
+    EXPECT_EQ(reads, 0);
+    EXPECT_EQ(sample.cboAuth.ListIndex(), 1);
+    EXPECT_EQ(sample.cboAuth.ItemData(1), 8);
+    EXPECT_EQ(sample.cboAuth.ListCount(), 2u);
+    EXPECT_FALSE(sample.cboAuth.ChoicesPending());
+    EXPECT_EQ(reads, 1);
+    sample.cboAuth.SetChoicesLater(fetch);
+    sample.cboAuth.SetChoices({{"Owen", 9}});
+    EXPECT_EQ(sample.cboAuth.Choices().front().text, "Owen");
+    EXPECT_EQ(reads, 1);
+}
+
+TEST(ChoiceControl, AListOnlyComboReadsThemForItsText) {
+    SampleForm sample;
+    sample.cboRank.SetTexts({"Genus"});
+    sample.cboRank.SetText("Genus");
+    sample.cboRank.SetChoicesLater([]() -> std::vector<ChoiceControl::Choice> { return {{"Species", 0}}; });
+    EXPECT_EQ(sample.cboRank.Text(), "");
+    sample.cboRank.SetText("Species");
+    EXPECT_EQ(sample.cboRank.Text(), "Species");
+    EXPECT_EQ(sample.cboRank.ListIndex(), 0);
+}
+
+TEST(ChoiceControl, CountsTheChangesOfItsChoices) {
+    SampleForm sample;
+    const auto told = CountOf(sample.cboAuth);
+    const auto first = sample.cboAuth.ChoicesRevision();
+    sample.cboAuth.SetTexts({"Gray"});
+    const auto second = sample.cboAuth.ChoicesRevision();
+    EXPECT_NE(second, first);
+    sample.cboAuth.SetTexts({"Gray"});
+    sample.cboAuth.SetText("Gill");
+    EXPECT_EQ(sample.cboAuth.ChoicesRevision(), second);
+    sample.cboAuth.SetChoicesLater([]() -> std::vector<ChoiceControl::Choice> { return {}; });
+    EXPECT_NE(sample.cboAuth.ChoicesRevision(), second);
+    EXPECT_EQ(*told, 3);
+}
+
 TEST(TabStripControl, IgnoresTheTabThatIsShown) {
     SampleForm sample;
     int clicks = 0;

@@ -1,129 +1,287 @@
-// The rules of the main form, without its window.
+// The modes and commands of the main form, without its window.
 #include "editor/rec_view.h"
 
-#include <gtest/gtest.h>
-
-#include "testkit/testkit.h"
+#include "rec_view_fixture.h"
 
 namespace quillon::editor {
 namespace {
 
-// Writes down what the progress dialog is told.
-class Progress : public ProgressDialog {
-public:
-    std::string told;
-    void NewTask(std::string_view caption) override { told += "task " + std::string(caption) + ";"; }
-    void SetStatus(std::string_view status) override { told += "status " + std::string(status) + ";"; }
-    void SetMin(int) override {}
-    void SetMax(int) override {}
-    void UpdateValue(int) override {}
-    void Increment(int) override {}
-    void EndTask() override { told += "end;"; }
-};
+constexpr const char* kQuestion =
+    "A new or modified record was not saved.  Continuing will lose that record!  Continue?";
+constexpr const char* kTabDisabled =
+    "You cannot enter any geographical and/or jurisdictional data when editing ranks above the species "
+    "level.  This screen is currently disabled!";
 
-class RecViewRules : public testing::Test {
+class RecViewModes : public RecViewFixture {
 protected:
-    RecViewRules() {
-        recView.RebuildExplorer = [this] { events += "rebuild;"; };
-        recView.DataSetReopened = [this] { events += "reopened;"; };
-        recView.ReselectLater = [this](int id) { events += "reselect " + std::to_string(id) + ";"; };
+    // What stands on the first tab, and the rest of a record that is kept or dropped.
+    std::string Kept() const {
+        std::string kept;
+        if (!tab.cboAuth.Text().empty()) kept += "author;";
+        if (!tab.cboDPRank.Text().empty() || !tab.cboParentName.Text().empty()) kept += "parent;";
+        if (!tab.cboName1.Text().empty() || tab.optValid.Value()) kept += "fields;";
+        if (form.vernaculars.grdVernacular.Rows().size() > 1) kept += "vernaculars;";
+        if (form.comments.grdComments.Rows().size() > 1) kept += "comments;";
+        if (form.experts.grdExperts.Rows().size() > 1) kept += "references;";
+        return kept;
     }
-    void Make() {
-        data.Make("Animalia");
-        data.db().Execute(
-            "INSERT INTO qb_taxon_authors_lookup (qb_taxon_author_id, taxon_author) VALUES (1, 'Gray')");
-        data.db().Execute(
-            "INSERT INTO qb_taxonomic_units (qb_id, unit_name1, unit_name2, usage, rank_id, "
-            "parent_qb_id, qb_taxon_author_id, kingdom_id) "
-            "VALUES (2, 'Orca', 'alpha', 'valid', 220, 1, 1, 5)");
-        recView.ShowDataSet();
-        events.clear();
+    void ShowFullSpecies() {
+        Make();
+        Execute("UPDATE qb_taxonomic_units SET qb_taxon_author_id = 2 WHERE qb_id = 3");
+        Execute(
+            "INSERT INTO qb_vernaculars (qb_vern_id, qb_id, vernacular_name, [language], approved_ind) "
+            "VALUES (1, 3, 'orca', 'English', True)");
+        Execute("INSERT INTO qb_comments (qb_comment_id, commentator, comment_detail) VALUES (1, 'A', 'B')");
+        Execute("INSERT INTO qb_tu_comments_link (qb_id, qb_comment_id) VALUES (3, 1)");
+        Execute(
+            "INSERT INTO qb_experts (qb_expert_id, expert_id_prefix, expert) VALUES (1, 'EXP', 'Dr. Who')");
+        Execute(
+            "INSERT INTO qb_reference_links (qb_id, qb_documentation_id_prefix, qb_documentation_id) "
+            "VALUES (3, 'EXP', 1)");
+        Select(3);
+        ASSERT_EQ(Kept(), "author;parent;fields;vernaculars;comments;references;");
     }
-    std::string Fields() const {
-        return form.txtSciName.Text() + "|" + form.txtRank.Text() + "|" + form.txtAuthor.Text() + "|" +
-               form.txtUsage.Text() + "|" + form.txtParent.Text();
-    }
-    std::string Panels() const {
-        return form.name.Caption() + "|" + form.taxa.Caption() + "|" + form.mode.Caption();
-    }
-
-    testkit::DataSetFixture data;
-    Progress progress;
-    RecView recView{data.state, data.prompter, progress, data.lifecycle};
-    RecViewForm& form = recView.Controls();
-    std::string events;
 };
 
-TEST_F(RecViewRules, BeginsWithoutADataSet) {
+TEST_F(RecViewModes, WithoutADataSetTheCommandsRefuse) {
     EXPECT_EQ(form.form.Title(), "Taxonomic Quillon - No Open DataSet");
     EXPECT_EQ(Panels(), "||");
     EXPECT_EQ(form.cmdOK.Caption(), "&Save");
     EXPECT_TRUE(form.hierarchy.Value());
-    form.mnuFSaveAs.UserClick();
-    EXPECT_EQ(data.prompter.messages, std::vector<std::string>{"No DataSet is Open"});
+    for (ButtonControl* command :
+         {&form.mnuFSaveAs, &form.mnuFValidate, &form.mnuFExport, &form.mnuAdd, &form.mnuCopy, &form.mnuECut,
+          &form.mnuParent, &form.mnuFirst, &form.mnuPrev, &form.mnuNext, &form.mnuLast}) {
+        command->UserClick();
+    }
+    EXPECT_EQ(data.prompter.messages, Messages(11, "No DataSet is Open"));
+    form.mnuFPreferences.UserClick();
+    EXPECT_EQ(data.prompter.messages.back(), "A DataSet must be open before you can select Preferences!");
 }
 
-TEST_F(RecViewRules, ANewDataSetIsReadyForInput) {
+TEST_F(RecViewModes, CommandsThatWriteAreNotThereYet) {
+    Make();
+    Select(3);
+    for (const ButtonControl* command :
+         {&form.mnuSave, &form.mnuEDelete, &form.mnuAuth, &form.mnuMerge, &form.mnuSplit, &form.mnuFReports,
+          &form.mnuTaxonomy, &form.mnuFullRecord, &form.cmdOK}) {
+        EXPECT_FALSE(command->Enabled()) << command->Name();
+    }
+}
+
+TEST_F(RecViewModes, ADataSetBeginsReadyForInput) {
     Make();
     EXPECT_EQ(form.form.Title(), "Taxonomic Quillon - " + data.state.gDataSetPath);
-    EXPECT_EQ(Panels(), "|TAXA: 2|INPUT");
-    EXPECT_EQ(Fields(), "||||");
-    EXPECT_EQ(progress.told, "task Loading Taxon Data;status Loading...;end;");
+    EXPECT_EQ(Panels(), "|TAXA: 6|INPUT");
+    EXPECT_EQ(form.cmdOK.Caption(), "&Save");
+    EXPECT_EQ(tab.txtKingdom.Text(), "Animalia");
+    EXPECT_EQ(tab.cboRank.Text(), "Kingdom");
+    EXPECT_EQ(tab.lblName1.Caption(), "Kingdom");
+    EXPECT_FALSE(tab.optValid.Value() || tab.optInvalid.Value());
+    EXPECT_EQ(data.state.currentTaxon.qb_id, 0);
+    EXPECT_TRUE(recView.Editing().firstWarning);
+    EXPECT_FALSE(data.state.RecordDirty);
     EXPECT_FALSE(data.prompter.waitCursor);
+    recView.ShowDataSet();
+    EXPECT_EQ(progress.told, "task Loading Taxon Data;status Loading...;end;");
 }
 
-TEST_F(RecViewRules, AnItemShowsItsRecord) {
+TEST_F(RecViewModes, TheFormBeginsWithThePreferredRank) {
     Make();
-    recView.SelectExplorerItem({2, 0, 0}, true);
-    EXPECT_EQ(Fields(), "Orca alpha|Species|Gray|valid|Animalia  ");
-    EXPECT_EQ(Panels(), "Orca alpha|TAXA: 2|EDIT");
-    EXPECT_EQ(form.cmdOK.Caption(), "&Save Changes");
+    data.state.gPrefRank = "Species";
+    Show();
+    EXPECT_EQ(tab.cboRank.Text(), "Species");
+    EXPECT_TRUE(tab.cboName1.Visible() && tab.txtName2.Visible());
+    EXPECT_EQ(Texts(tab.cboName1), "Cetus|Gladiator|Orca");
     EXPECT_TRUE(form.RVPanel4.Enabled());
-    EXPECT_EQ(data.state.currentTaxon.parent_rank_name, "Kingdom");
 }
 
-TEST_F(RecViewRules, TheSameItemIsNotLoadedAgain) {
+TEST_F(RecViewModes, AnotherKingdomThanThePreferenceIsTold) {
     Make();
-    recView.SelectExplorerItem({2, 0, 0}, true);
-    data.db().Execute("UPDATE qb_taxonomic_units SET usage = 'invalid' WHERE qb_id = 2");
-    recView.SelectExplorerItem({2, 0, 0}, true);
-    EXPECT_EQ(form.txtUsage.Text(), "valid");
+    data.state.gKingdomName = "Plantae";
+    data.state.gPrefRank = "Variety";
+    Show();
+    EXPECT_EQ(data.prompter.messages,
+              (Messages{"Warning:  The 'Preference' kingdom does not match what is in the " +
+                            data.state.gDataSetPath + " dataset!  Dataset Kingdom will be used.",
+                        "The 'Preference' rank is not valid for the " + data.state.gDataSetPath +
+                            " dataset!  Defaulting to 'Kingdom'."}));
+    EXPECT_EQ(data.state.gKingdomName + "|" + data.state.gOldKingdomName, "Animalia|Plantae");
+    EXPECT_EQ(data.state.gPrefRank + "|" + data.state.gOldPrefRank, "Kingdom|Variety");
+    EXPECT_EQ(data.state.gKingdomId, 5);
+    EXPECT_EQ(data.state.gRankGenus, 180);
+    EXPECT_EQ(data.state.gRankSpecies, 220);
 }
 
-TEST_F(RecViewRules, AnUnsavedRecordMayBeKept) {
+TEST_F(RecViewModes, TheWordsFollowTheKingdom) {
+    data.Make("Fungi");
+    Show();
+    EXPECT_EQ(tab.fraUsage.Caption() + "|" + tab.optValid.Caption() + "|" + tab.optInvalid.Caption(),
+              "Accepted Name|Accepted|Not Accepted");
+    EXPECT_EQ(form.synonyms.lblSRName.Caption(), "Accepted Name");
+    EXPECT_TRUE(tab.chkUnnamed.Visible() && tab.lblUnnamed.Visible());
+    data.Make("Animalia", "animals.mdb");
+    Show();
+    EXPECT_EQ(tab.fraUsage.Caption() + "|" + tab.optValid.Caption() + "|" + tab.optInvalid.Caption(),
+              "Valid Name|Valid|Invalid");
+    EXPECT_EQ(form.synonyms.lblSRName.Caption(), "Valid Name");
+    EXPECT_FALSE(tab.chkUnnamed.Visible() || tab.lblUnnamed.Visible());
+}
+
+TEST_F(RecViewModes, AddNewKeepsWhatNoPreferenceDrops) {
+    ShowFullSpecies();
+    tab.chkParentUn.SetValue(true);
+    form.mnuAdd.UserClick();
+    EXPECT_EQ(Kept(), "author;parent;fields;vernaculars;comments;references;");
+    EXPECT_EQ(form.cmdOK.Caption(), "&Save");
+    EXPECT_EQ(form.mode.Caption(), "INPUT");
+    EXPECT_EQ(data.state.currentTaxon.qb_id, 0);
+    EXPECT_EQ(data.state.currentTaxon.tsn, 0);
+    EXPECT_EQ(data.state.currentTaxon.unit_name1, "");
+    EXPECT_FALSE(tab.chkParentUn.Value());
+    EXPECT_FALSE(data.state.RecordDirty);
+    EXPECT_EQ(recView.CurrentTaxonName(), "Orca alpha");
+}
+
+TEST_F(RecViewModes, AddNewDropsWhatThePreferencesDoNotKeep) {
+    struct Case {
+        std::string ApplicationState::*preference;
+        const char* kept;
+    };
+    const Case cases[] = {
+        {&ApplicationState::gPrefSaveReferences, "author;parent;fields;vernaculars;comments;"},
+        {&ApplicationState::gPrefSaveAuthor, "parent;fields;vernaculars;comments;references;"},
+        {&ApplicationState::gPrefSaveParent, "author;fields;vernaculars;comments;references;"},
+        {&ApplicationState::gPrefSaveComments, "author;parent;fields;vernaculars;references;"},
+        {&ApplicationState::gPrefSaveOtherFields, "author;parent;comments;references;"},
+    };
+    ShowFullSpecies();
+    data.state.gPrefRank = "Species";
+    for (const Case& row : cases) {
+        recView.Reset();
+        data.state.*row.preference = "No";
+        form.mnuAdd.UserClick();
+        EXPECT_EQ(Kept(), row.kept);
+        data.state.*row.preference = "no";
+        data.state.currentTaxon.qb_id = 3;
+        recView.Reset();
+        form.mnuAdd.UserClick();
+        EXPECT_EQ(Kept(), "author;parent;fields;vernaculars;comments;references;") << "only \"No\" drops";
+        data.state.*row.preference = "";
+        data.state.currentTaxon.qb_id = 3;
+    }
+}
+
+TEST_F(RecViewModes, AddNewAsksForAnUnsavedRecord) {
     Make();
-    recView.SelectExplorerItem({2, 0, 0}, true);
+    Select(3);
     data.state.RecordDirty = true;
     data.prompter.yesNo = {false};
-    recView.SelectExplorerItem({1, 1, 1}, true);
-    EXPECT_EQ(events, "reselect 2;");
-    EXPECT_EQ(data.state.currentTaxon.qb_id, 2);
+    form.mnuAdd.UserClick();
+    EXPECT_EQ(data.state.currentTaxon.qb_id, 3);
+    EXPECT_EQ(form.mode.Caption(), "EDIT");
+    EXPECT_EQ(data.prompter.questions, Messages{kQuestion});
+    EXPECT_EQ(data.prompter.titles, Messages{"Losing new/modified record"});
     EXPECT_TRUE(data.state.RecordDirty);
     data.prompter.yesNo = {true};
-    recView.SelectExplorerItem({1, 1, 1}, true);
-    EXPECT_EQ(data.state.currentTaxon.qb_id, 1);
+    form.mnuAdd.UserClick();
+    EXPECT_EQ(data.state.currentTaxon.qb_id, 0);
     EXPECT_FALSE(data.state.RecordDirty);
+}
+
+TEST_F(RecViewModes, ACopyOfAPublishedRecordHasNoTsn) {
+    Make();
+    explorer.NodeClick(Node(3));
+    EXPECT_EQ(tab.txtTSN.Text(), "7001");
+    form.mnuCopy.UserClick();
+    EXPECT_EQ(data.state.currentTaxon.qb_id, 0);
+    EXPECT_EQ(data.state.currentTaxon.tsn, 0);
+    EXPECT_EQ(tab.txtTSN.Text(), "0");
+    EXPECT_EQ(tab.cboName1.Text() + " " + tab.txtName2.Text(), "Orca alpha");
+    EXPECT_EQ(form.cmdOK.Caption(), "&Save");
+    EXPECT_EQ(form.mode.Caption(), "INPUT");
+    EXPECT_EQ(Disabled(), "cut copy paste undo moveprev movenext addnew");
+    explorer.NodeClick(Node(3));
+    EXPECT_EQ(Disabled(), "paste undo");
+    EXPECT_EQ(tab.txtTSN.Text(), "7001");
+}
+
+TEST_F(RecViewModes, CopyAsksForAnUnsavedRecord) {
+    Make();
+    Select(3);
     data.state.RecordDirty = true;
-    recView.SelectExplorerItem({2, 0, 0}, false);
-    EXPECT_EQ(data.state.currentTaxon.qb_id, 2);
+    data.prompter.yesNo = {false};
+    form.mnuCopy.UserClick();
+    EXPECT_EQ(form.mode.Caption(), "EDIT");
+    EXPECT_EQ(data.state.currentTaxon.tsn, 7001);
 }
 
-TEST_F(RecViewRules, ATaxonThatIsGoneIsTold) {
+// Changes a control as a user would; false for one that takes nothing.
+bool Touch(Control& control) {
+    if (auto* combo = dynamic_cast<ComboControl*>(&control)) {
+        if (combo->GetStyle() == ComboControl::Style::Editable)
+            return combo->UserSetText(combo->Text() == "a" ? "b" : "a");
+        return combo->UserChoose(combo->ListIndex() == 0 ? 1 : 0);
+    }
+    if (auto* text = dynamic_cast<TextControl*>(&control)) return text->UserSetText(text->Text() + "a");
+    if (auto* check = dynamic_cast<CheckControl*>(&control)) return check->UserSetValue(!check->Value());
+    if (auto* option = dynamic_cast<OptionControl*>(&control)) return option->UserChoose();
+    return false;
+}
+
+TEST_F(RecViewModes, TheControlsOfARecordMakeItDirty) {
+    const Messages expected = {
+        "cboADate",        "cboAuth",        "cboAuth2",         "cboAuthor",        "cboCoverage",
+        "cboCredibility",  "cboDPRank",      "cboInvalidReason", "cboName1",         "cboName2",
+        "cboParentName",   "cboPublication", "cboRank",          "cboSource",        "cboTitle",
+        "chkHybrid1",      "chkHybrid2",     "chkHybrid3",       "chkQuad",          "chkUnnamed",
+        "txtCurrency",     "txtName1",       "txtName2",         "txtName3",         "txtName4",
+        "optValid",        "optInvalid",     "chkNorthAmerica",  "chkMiddleAmerica", "chkCaribbean",
+        "chkSouthAmerica", "chkEurasia",     "chkAfrica",        "chkAsia",          "chkAustralia",
+        "chkOceaniania",   "chkAntarctica",  "chkEAtlantic",     "chkWAtlantic",     "chkIndoWestPacific",
+        "chkEastPacific"};
     Make();
-    recView.SelectExplorerItem({77, 0, 0}, true);
-    EXPECT_EQ(data.prompter.messages, std::vector<std::string>{"Not Found, qb_id: 77"});
+    for (const std::string& name : expected) {
+        Select(3);
+        data.state.RecordDirty = false;
+        Control* control = form.form.Find(name);
+        ASSERT_NE(control, nullptr) << name;
+        // The one option of two that is not on yet.
+        if (name == "optValid") tab.optInvalid.SetValue(true);
+        EXPECT_FALSE(data.state.RecordDirty) << name;
+        EXPECT_TRUE(Touch(*control)) << name;
+        EXPECT_TRUE(data.state.RecordDirty) << name;
+        data.state.RecordDirty = false;
+        recView.SelectExplorerItem({2, 0, 0}, false);
+    }
 }
 
-TEST_F(RecViewRules, AMissingAuthorIsToldAndTheRestIsShown) {
+TEST_F(RecViewModes, OtherControlsDoNotMakeItDirty) {
     Make();
-    data.db().Execute("DELETE * FROM qb_taxon_authors_lookup");
-    recView.SelectExplorerItem({2, 0, 0}, true);
-    EXPECT_EQ(data.prompter.messages,
-              std::vector<std::string>{"No Author name in dataset for author id '1'!"});
-    EXPECT_EQ(Fields(), "Orca alpha|Species||valid|Animalia  ");
+    Select(3);
+    for (const char* name : {"chkParentUn", "cboMexico", "txtVName", "txtComment"}) {
+        EXPECT_TRUE(Touch(*form.form.Find(name))) << name;
+        EXPECT_FALSE(data.state.RecordDirty) << name;
+    }
 }
 
-TEST_F(RecViewRules, APanelThatDoesNotExistIsIgnored) {
+TEST_F(RecViewModes, TheDistributionIsForSpeciesAndBelow) {
+    Make();
+    form.TabStrip1.UserSelect(4);
+    EXPECT_EQ(data.prompter.messages, Messages{kTabDisabled});
+    Select(3);
+    EXPECT_EQ(data.prompter.messages.size(), 1u);
+    EXPECT_TRUE(form.RVPanel4.Enabled());
+    Select(2);
+    EXPECT_EQ(data.prompter.messages, Messages(2, kTabDisabled));
+    EXPECT_FALSE(form.RVPanel4.Enabled());
+    EXPECT_EQ(form.TabStrip1.SelectedKey(), "distribution");
+    form.TabStrip1.UserSelect(4);
+    EXPECT_EQ(data.prompter.messages.size(), 2u) << "a click on the tab that is shown";
+    form.TabStrip1.UserSelect(3);
+    EXPECT_EQ(data.prompter.messages.size(), 2u);
+}
+
+TEST_F(RecViewModes, APanelThatDoesNotExistIsIgnored) {
     recView.StatusPanelSet("children", "CHILDREN: 5");
     recView.StatusPanelSet("rank", "RANK: Genus");
     EXPECT_EQ(Panels(), "||");
@@ -131,23 +289,68 @@ TEST_F(RecViewRules, APanelThatDoesNotExistIsIgnored) {
     EXPECT_EQ(Panels(), "||EDIT");
 }
 
-TEST_F(RecViewRules, TheDistributionIsForSpeciesAndBelow) {
+TEST_F(RecViewModes, PreferencesThatChangeAreAppliedAgain) {
     Make();
-    form.TabStrip1.UserSelect(4);
-    EXPECT_EQ(data.prompter.messages.size(), 1u);
-    recView.SelectExplorerItem({2, 0, 0}, true);
-    EXPECT_EQ(data.prompter.messages.size(), 1u);
-    recView.SelectExplorerItem({1, 0, 0}, true);
-    EXPECT_EQ(data.prompter.messages.size(), 2u);
-    form.TabStrip1.UserSelect(4);
-    EXPECT_EQ(data.prompter.messages.size(), 2u) << "a click on the tab that is shown";
-    form.TabStrip1.UserSelect(3);
-    EXPECT_EQ(data.prompter.messages.size(), 2u);
+    recView.PreferencesCommand = [this] {
+        data.state.gPreferencesChanging = true;
+        data.state.gPrefRank = "Species";
+        data.state.gOldPrefRank = data.state.gOldKingdomName = "";
+    };
+    form.mnuFPreferences.UserClick();
+    EXPECT_FALSE(data.state.gPreferencesChanging);
+    EXPECT_EQ(tab.cboRank.Text(), "Species");
+    EXPECT_EQ(form.mode.Caption(), "INPUT");
+    EXPECT_EQ(events, "");
 }
 
-TEST_F(RecViewRules, AnImportRebuildsUnlessItWasCanceled) {
+TEST_F(RecViewModes, PreferencesThatChangeLeaveTheRecordOnTheForm) {
     Make();
-    recView.SelectExplorerItem({2, 0, 0}, true);
+    Select(2);
+    data.state.RecordDirty = true;
+    tab.cboAuth.SetText("Nobody");
+    data.state.gPreferencesChanging = true;
+    data.state.gKingdomName = "Plantae";
+    data.state.gPrefRank = "Species";
+    recView.Reset();
+    EXPECT_EQ(tab.cboRank.Text() + "|" + tab.txtName1.Text() + "|" + tab.cboAuth.Text(), "Genus|Orca|Nobody");
+    EXPECT_TRUE(data.state.RecordDirty);
+    EXPECT_EQ(data.state.gKingdomName, "Animalia") << "the DataSet's kingdom is used";
+    EXPECT_EQ(data.prompter.messages.size(), 1u);
+    EXPECT_EQ(tab.optValid.Caption(), "Valid");
+    EXPECT_EQ(form.mode.Caption(), "EDIT");
+}
+
+TEST_F(RecViewModes, AResetShowsTheRecordThatIsCurrent) {
+    Make();
+    Select(2);
+    tab.txtName1.SetText("Orka");
+    recView.Reset();
+    EXPECT_EQ(tab.txtName1.Text(), "Orca");
+    data.state.currentTaxon.qb_id = 0;
+    recView.Reset();
+    EXPECT_EQ(Panels(), "|TAXA: 6|INPUT");
+    EXPECT_EQ(tab.txtName1.Text(), "");
+}
+
+TEST_F(RecViewModes, OtherCommandsAreHandedOn) {
+    Make();
+    recView.ValidateCommand = [this] { events += "validate;"; };
+    recView.ExportCommand = [this] { events += "export;"; };
+    recView.HelpContentsCommand = [this] { events += "contents;"; };
+    recView.HelpSearchCommand = [this] { events += "search;"; };
+    for (ButtonControl* command :
+         {&form.mnuFValidate, &form.mnuFExport, &form.mnuHContents, &form.mnuHSearch, &form.mnuHAbout}) {
+        command->UserClick();
+    }
+    EXPECT_EQ(events, "validate;export;contents;search;");
+    EXPECT_EQ(data.prompter.forms, Messages{"FrmAbout"});
+    FrmAbout about("4.0.6");
+    EXPECT_EQ(about.lblVersion.Caption(), "Taxonomic Quillon Version 4.0.6 (SR6)");
+}
+
+TEST_F(RecViewModes, AnImportRebuildsUnlessItWasCanceled) {
+    Make();
+    Select(3);
     recView.ImportCommand = [] { return ImportEnd::NotStarted; };
     form.mnuFImport.UserClick();
     EXPECT_EQ(events, "");
@@ -161,32 +364,35 @@ TEST_F(RecViewRules, AnImportRebuildsUnlessItWasCanceled) {
     EXPECT_EQ(events, "rebuild;");
 }
 
-TEST_F(RecViewRules, SaveAsTellsThatTheDataSetWasReopened) {
+TEST_F(RecViewModes, SaveAsTellsThatTheDataSetWasReopened) {
     Make();
     data.prompter.filesToSave.push_back(data.dir.File("copy.mdb"));
     form.mnuFSaveAs.UserClick();
     EXPECT_EQ(events, "reopened;");
-    recView.SelectExplorerItem({2, 0, 0}, true);
-    EXPECT_EQ(form.txtRank.Text(), "Species");
+    Select(3);
+    EXPECT_EQ(tab.cboRank.Text(), "Species");
+    EXPECT_EQ(Texts(tab.cboAuth), "Brown|Gray, 1846");
 }
 
-TEST_F(RecViewRules, OpenAndNewShowTheOtherDataSet) {
+TEST_F(RecViewModes, OpenAndNewShowTheOtherDataSet) {
     Make();
     const std::string first = data.state.gDataSetPath;
+    Select(3);
     data.prompter.filesToSave.push_back(data.dir.File("second.mdb"));
     form.mnuFNew.UserClick();
     EXPECT_EQ(events, "rebuild;");
     EXPECT_EQ(Panels(), "|TAXA: 1|INPUT");
+    EXPECT_EQ(tab.cboName1.Text() + tab.txtName2.Text() + tab.cboParentName.Text(), "");
     data.prompter.filesToOpen.push_back(first);
     form.mnuFOpen.UserClick();
     EXPECT_EQ(events, "rebuild;rebuild;");
-    EXPECT_EQ(Panels(), "|TAXA: 2|INPUT");
+    EXPECT_EQ(Panels(), "|TAXA: 6|INPUT");
     data.prompter.filesToOpen.push_back(std::nullopt);
     form.mnuFOpen.UserClick();
     EXPECT_EQ(events, "rebuild;rebuild;");
 }
 
-TEST_F(RecViewRules, QuitClosesTheDataSetAndTheForm) {
+TEST_F(RecViewModes, QuitClosesTheDataSetAndTheForm) {
     Make();
     int closed = 0;
     form.form.OnClosed([&] { ++closed; });
@@ -199,13 +405,6 @@ TEST_F(RecViewRules, QuitClosesTheDataSetAndTheForm) {
     form.form.UserClose();
     EXPECT_EQ(closed, 1);
     EXPECT_FALSE(data.state.gDataSetOpen);
-}
-
-TEST_F(RecViewRules, HelpAboutShowsItsBox) {
-    form.mnuHAbout.UserClick();
-    EXPECT_EQ(data.prompter.forms, std::vector<std::string>{"FrmAbout"});
-    FrmAbout about("4.0.6");
-    EXPECT_EQ(about.lblVersion.Caption(), "Taxonomic Quillon Version 4.0.6 (SR6)");
 }
 
 }  // namespace

@@ -88,6 +88,7 @@ TEST_F(ExportForm, FilterFollowsTheOptions) {
 TEST_F(ExportForm, AsksForDataSetAndFile) {
     set.prompter.filesToOpen = {std::nullopt, "/data/other.mdb"};
     set.prompter.filesToSave = {std::nullopt, "/data.d/file", "/data/file.txt"};
+    set.prompter.filesOffered.clear();
     form->cmdSelectDB.UserClick();
     EXPECT_EQ(set.state.gExportPath, set.state.gDataSetPath);
     form->cmdSelectDB.UserClick();
@@ -106,6 +107,7 @@ TEST_F(ExportForm, AsksForDataSetAndFile) {
               (Texts{"Select DataSet to Export", "Select DataSet to Export", "Save Exported DataSet As",
                      "Save Exported DataSet As", "Save Exported DataSet As"}));
     EXPECT_EQ(set.prompter.fileFilters, (Texts{open, open, save, save, save}));
+    EXPECT_EQ(set.prompter.filesOffered, Texts(3, "/data/other.qln"));
 }
 
 TEST_F(ExportForm, ExportsTheDataSetAndTellsTheTotal) {
@@ -155,7 +157,7 @@ TEST_F(ExportForm, PartialListEndsSilently) {
 }
 
 TEST_F(ExportForm, CanceledRunSaysSoAndTheNextBeginsAnew) {
-    pump.cancelAt = 2;
+    pump.cancelAt = TurnsBeforeRows(2) + 2;
     form->cmdOK.UserClick();
     EXPECT_EQ(set.prompter.messages, Texts{"Export Canceled!"});
     EXPECT_EQ(testkit::ReadFile(set.dir.File("test.qln")), Lines({kRootLine}));

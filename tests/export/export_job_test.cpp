@@ -89,7 +89,7 @@ TEST_F(Job, CancelLeavesTheLinesWrittenSoFar) {
     AddTaxon(2, "Alpha");
     AddTaxon(3, "Beta");
     testkit::WriteFile(set.state.gExportFile, "old");
-    pump.cancelAt = 3;  // the turns are those of the rows 1, 2 and 3
+    pump.cancelAt = TurnsBeforeRows(3) + 3;
     EXPECT_EQ(RunJob().outcome, ExportOutcome::Canceled);
     EXPECT_EQ(OutFile(), Lines({kRootLine, TaxonLine(2, "Alpha", "100", 1)}));
     EXPECT_EQ(set.state.gExportedCount, 2);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "testkit/testkit.h"
 
 namespace quillon::exporting {
@@ -96,6 +98,22 @@ TEST_F(LineWriting, ForeignTextAfterManyLinesLosesNone) {
     }
     Write("Жук", "");
     EXPECT_EQ(Published(), expected + "[XX]Жук||\r\n");
+}
+
+// The file stays what it was, without the line that would have turned it.
+TEST_F(LineWriting, CancelWhileTheFileIsTurnedKeepsItAsItIs) {
+    const std::string target = dir.File("canceled.qln");
+    ExportFile canceled(target, Encoding::Cp1252);
+    LineWriter writer(canceled, {}, [] { return false; });
+    for (const std::string_view text : {"Müller", "Жук"}) {
+        writer.Begin(kRecord);
+        writer.Text(text);
+        EXPECT_EQ(writer.End(), text == "Müller");
+    }
+    EXPECT_EQ(canceled.CurrentEncoding(), Encoding::Cp1252);
+    canceled.Publish();
+    EXPECT_EQ(testkit::ReadFile(target), "[XX]M\xFCller|\r\n");
+    EXPECT_FALSE(std::filesystem::exists(target + "~utf8"));
 }
 
 TEST_F(LineWriting, BrokenUtf8IsForeign) {

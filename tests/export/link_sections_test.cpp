@@ -147,6 +147,15 @@ TEST_F(LinkSections, TombstonesTravelUnderEveryFilterInTheOrderOfTheTable) {
     EXPECT_EQ(Tagged(), Lines({kRootLine}) + tombstones);
 }
 
+TEST_F(LinkSections, EmptyJournalGivesTheRootAndAllTombstones) {
+    SetTaxon(2, "qb_taxon_author_id", "4");
+    Insert("qb_taxon_authors_lookup", "qb_taxon_author_id, taxon_author", {"4, 'Smith, 1900'"});
+    Insert("qb_synonym_links", "qb_id, qb_id_accepted", {"2, 1"});
+    Insert("db_tombstone", "table_name, pk1", {"'comments', '5'"});
+    FilterByJournal();
+    EXPECT_EQ(Tagged(), Lines({kRootLine, "[CM-]5|"}));
+}
+
 TEST(Tombstones, TagIsEmptyForATableItDoesNotKnow) {
     EXPECT_EQ(TombstoneTag("Vern_Ref_Links"), "[VL-]");
     EXPECT_EQ(TombstoneTag("nodc_ids"), "");

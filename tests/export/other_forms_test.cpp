@@ -55,7 +55,7 @@ TEST_F(OtherForms, TaggedFormTellsACancel) {
     FrmDExport form(set.state, set.engine, set.prompter, pump, clock, set.dir.path());
     set.prompter.filesToSave = {set.dir.File("out.exp")};
     form.AskFile();
-    pump.cancelAt = 2;
+    pump.cancelAt = TurnsBeforeRows(3) + 2;
     form.Continue();
     EXPECT_EQ(set.prompter.messages, Texts{"Export Canceled!"});
     EXPECT_EQ(OutFile(), Lines({kRootLine}));

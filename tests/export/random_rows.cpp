@@ -21,6 +21,8 @@ public:
                 {"unit_ind2", 'c'},
                 {"unit_name2", 't'},
                 {"unnamed_taxon_ind", 'c'},
+                {"usage", 'u'},
+                {"taxonomic_credibility_rating", 'g'},
                 {"unacceptability_reason", 'r'},
                 {"phylo_sort_sequence", 'n'},
                 {"parent_tsn", 'n'},
@@ -92,7 +94,8 @@ private:
                 {"qb_vern_id", 'i'},
                 {"vern_id", 'n'},
                 {"tsn", 'n'},
-                {"documentation_id", 'n'}});
+                {"documentation_id", 'n'},
+                {"vernacular_name", 't'}});
         Repeat(20, "qb_publications",
                {{"publication_id_prefix", 'p'},
                 {"qb_publication_id", 'i'},
@@ -148,7 +151,11 @@ private:
             case '5':
                 return std::to_string(Below(2) == 0 ? 5 : 3);
             case 'k':
-                return OrNull(std::to_string(180 + 10 * Below(3)));
+                return Below(60) == 0 ? "Null" : std::to_string(180 + 10 * Below(5));
+            case 'u':
+                return OrNull(OneOf({"valid", "valid", "invalid", "accepted"}));
+            case 'g':
+                return OrNull(OneOf({"KSP standards met", "KSP Standards Met"}));
             case 'b':
                 return OrNull(Below(2) == 0 ? "True" : "False");
             case 'c':

@@ -22,9 +22,19 @@ public:
     void AfterRemove() override { told += "removed;"; }
     void BeforeClear() override { told += "clear;"; }
     void AfterClear() override { told += "cleared;"; }
-    void TextChanged(TreeNode* node) override { told += "text " + Name(node) + ";"; }
+    void BeforeMove(TreeNode* node, TreeNode* parent, std::size_t row) override {
+        told += fmt::format("move {} {} {};", Name(node), Name(parent), row);
+    }
+    void AfterMove() override { told += "moved;"; }
+    void TextsChanged(TreeNode* parent, std::size_t first, std::size_t last) override {
+        told += fmt::format("text {} {}-{};", Name(parent), first, last);
+    }
     void ExpandedChanged(TreeNode* node) override { told += "expanded " + Name(node) + ";"; }
     void SelectionChanged(TreeNode* node) override { told += "select " + Name(node) + ";"; }
+    void MadeVisible(TreeNode* node) override { told += "visible " + Name(node) + ";"; }
+    void DropHighlightChanged(TreeNode* before, TreeNode* now) override {
+        told += "highlight " + Name(before) + " " + Name(now) + ";";
+    }
 };
 
 TEST(TreeControl, TellsEachChangeOnce) {
@@ -40,7 +50,7 @@ TEST(TreeControl, TellsEachChangeOnce) {
     tree.SetExpanded(a, true);
     tree.Select(a);
     tree.Select(a);
-    EXPECT_EQ(recorder.told, "insert - 0-1;inserted;text A;expanded A;select A;");
+    EXPECT_EQ(recorder.told, "insert - 0-1;inserted;text - 0-0;expanded A;select A;");
     EXPECT_EQ(tree.Top(1)->Child(0)->Text(), "later");
 }
 
@@ -66,6 +76,106 @@ TEST(TreeControl, ASelectionGoesWithTheNodeOrAnAncestor) {
     tree.Remove(tree.Top(0));
     EXPECT_EQ(tree.Selected(), nullptr);
     EXPECT_EQ(recorder.told, "remove - 1-1;removed;select -;remove - 0-0;removed;");
+}
+
+TEST(TreeControl, InsertsBetweenChildren) {
+    TreeControl tree;
+    tree.Append(nullptr, {{"a", ""}, {"d", ""}});
+    Recorder recorder;
+    tree.SetObserver(&recorder);
+    tree.Insert(nullptr, 1, {{"b", ""}, {"c", "later"}});
+    EXPECT_EQ(recorder.told, "insert - 1-2;inserted;");
+    std::string texts;
+    for (std::size_t row = 0; row < tree.TopCount(); ++row) {
+        texts += tree.Top(row)->Text();
+        EXPECT_EQ(tree.Top(row)->Row(), row);
+    }
+    EXPECT_EQ(texts, "abcd");
+}
+
+TEST(TreeControl, MovesANodeWithItsSubtree) {
+    TreeControl tree;
+    tree.Append(nullptr, {{"a", ""}, {"b", ""}, {"c", ""}});
+    TreeNode *a = tree.Top(0), *b = tree.Top(1), *c = tree.Top(2);
+    tree.Append(b, {{"child", ""}});
+    tree.Append(c, {{"x", ""}, {"y", ""}});
+    tree.Select(b);
+    Recorder recorder;
+    tree.SetObserver(&recorder);
+    tree.Move(b, c, 1);
+    EXPECT_EQ(recorder.told, "move b c 1;moved;");
+    EXPECT_EQ(tree.TopCount(), 2u);
+    EXPECT_EQ(c->Row(), 1u);
+    EXPECT_EQ(c->Child(1), b);
+    EXPECT_EQ(c->Child(2)->Text(), "y");
+    EXPECT_EQ(c->Child(2)->Row(), 2u);
+    EXPECT_EQ(b->Parent(), c);
+    EXPECT_EQ(b->Child(0)->Text(), "child");
+    EXPECT_EQ(tree.Selected(), b);
+    tree.Move(b, nullptr, 1);
+    EXPECT_EQ(tree.Top(1), b);
+    EXPECT_EQ(tree.Top(0), a);
+    EXPECT_EQ(b->Parent(), nullptr);
+}
+
+TEST(TreeControl, KnowsSiblingsAndAncestors) {
+    TreeControl tree;
+    tree.Append(nullptr, {{"a", ""}, {"b", ""}, {"c", ""}});
+    TreeNode *a = tree.Top(0), *b = tree.Top(1), *c = tree.Top(2);
+    tree.Append(a, {{"child", ""}});
+    EXPECT_EQ(tree.NextSibling(a), b);
+    EXPECT_EQ(tree.NextSibling(c), nullptr);
+    EXPECT_EQ(tree.PreviousSibling(a), nullptr);
+    EXPECT_EQ(tree.PreviousSibling(c), b);
+    EXPECT_EQ(tree.LastSibling(a), c);
+    EXPECT_EQ(tree.LastSibling(a->Child(0)), a->Child(0));
+    EXPECT_TRUE(a->Child(0)->IsWithin(a));
+    EXPECT_TRUE(a->IsWithin(a));
+    EXPECT_FALSE(a->IsWithin(a->Child(0)));
+    EXPECT_EQ(tree.CountUnder(nullptr), 3u);
+    EXPECT_EQ(tree.Under(a, 0)->Text(), "child");
+}
+
+TEST(TreeControl, TellsChangedTextsOfANodesChildrenOnce) {
+    TreeControl tree;
+    tree.Append(nullptr, {{"a", ""}, {"b", ""}, {"c", ""}, {"d", ""}});
+    Recorder recorder;
+    tree.SetObserver(&recorder);
+    tree.SetTexts(nullptr, {"a", "B", "c", "D"});
+    EXPECT_EQ(recorder.told, "text - 1-3;");
+    tree.SetTexts(nullptr, {"a", "B", "c", "D"});
+    tree.SetTexts(tree.Top(0), {});
+    EXPECT_EQ(recorder.told, "text - 1-3;");
+    EXPECT_EQ(tree.Top(3)->Text(), "D");
+}
+
+TEST(TreeControl, OpensWhatStandsAboveANodeThatIsToBeVisible) {
+    TreeControl tree;
+    tree.Append(nullptr, {{"a", ""}});
+    tree.Append(tree.Top(0), {{"b", ""}});
+    tree.Append(tree.Top(0)->Child(0), {{"c", ""}});
+    Recorder recorder;
+    tree.SetObserver(&recorder);
+    tree.EnsureVisible(tree.Top(0)->Child(0)->Child(0));
+    EXPECT_EQ(recorder.told, "expanded b;expanded a;visible c;");
+}
+
+TEST(TreeControl, TheDropHighlightGoesWithItsNode) {
+    TreeControl tree;
+    tree.Append(nullptr, {{"a", ""}, {"b", ""}});
+    tree.Append(tree.Top(0), {{"child", ""}});
+    Recorder recorder;
+    tree.SetObserver(&recorder);
+    tree.SetDropHighlight(tree.Top(0)->Child(0));
+    tree.SetDropHighlight(tree.Top(0)->Child(0));
+    tree.Remove(tree.Top(0));
+    EXPECT_EQ(tree.DropHighlight(), nullptr);
+    tree.SetDropHighlight(tree.Top(0));
+    tree.Clear();
+    EXPECT_EQ(tree.DropHighlight(), nullptr);
+    EXPECT_EQ(recorder.told,
+              "highlight - child;highlight child -;remove - 0-0;removed;highlight - b;highlight b "
+              "-;clear;cleared;");
 }
 
 class Nodes : public TaxaFixture {
@@ -133,6 +243,20 @@ TEST_F(Nodes, TakeAnotherItemInTheirPlace) {
     EXPECT_EQ(Find(8), tree.Top(0));
     table.Replace(tree.Top(2), Item(9));
     EXPECT_EQ(Find(9), nullptr);
+}
+
+TEST_F(Nodes, AreFoundUnderTheNewTaxonOfAnItem) {
+    const auto item = Item(7, 1);
+    table.Add(tree.Top(0), Item(7, 3));
+    table.Add(tree.Top(1), item);
+    item->SetAccepted(2);
+    EXPECT_EQ(Find(7, 1), tree.Top(1)) << "until the table hears of it";
+    table.Replace(tree.Top(1), item);
+    EXPECT_EQ(Find(7, 1), nullptr);
+    EXPECT_EQ(Find(7, 2), tree.Top(1));
+    EXPECT_EQ(table.NodesOf(7), (std::vector<TreeNode*>{tree.Top(0), tree.Top(1)}));
+    EXPECT_EQ(table.NodesOf(8), std::vector<TreeNode*>{});
+    EXPECT_EQ(table.Taxa(), std::vector<int>{7});
 }
 
 }  // namespace

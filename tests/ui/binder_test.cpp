@@ -5,6 +5,8 @@
 #include <QtTest>
 #include <QtWidgets>
 
+#include "documentation/pick_list.h"
+
 namespace quillon::ui {
 namespace {
 
@@ -152,6 +154,156 @@ TEST_F(BinderTest, ListsAndGridsTellTheSelection) {
     EXPECT_EQ(grid->item(1, 0)->text(), "second");
     grid->setCurrentCell(1, 0);
     EXPECT_EQ(sample.grdComments.SelectedRow(), 1);
+}
+
+TEST_F(BinderTest, AGridThatLosesItsRowsLosesItsSelection) {
+    sample.grdComments.AddRow({"first", "1"});
+    grid->setCurrentCell(0, 0);
+    sample.grdComments.SetRows({{"other", "3"}, {"last", "4"}});
+    EXPECT_EQ(grid->currentRow(), -1);
+    EXPECT_TRUE(grid->selectedItems().isEmpty());
+    grid->setCurrentCell(0, 0);
+    EXPECT_EQ(sample.grdComments.SelectedRow(), 0);
+    sample.grdComments.SetSelectedRow(1);
+    EXPECT_EQ(grid->selectedItems().front()->text(), "last");
+}
+
+TEST_F(BinderTest, AGridKeepsTheWidthsThatTheUserGaveIt) {
+    sample.grdComments.AddRow({"first", "1"});
+    grid->setColumnWidth(0, 321);
+    sample.grdComments.SetRows({{"other", "3"}});
+    sample.grdComments.SetHeading(0, "Remark");
+    EXPECT_EQ(grid->columnWidth(0), 321);
+    EXPECT_EQ(grid->horizontalHeaderItem(0)->text(), "Remark");
+    EXPECT_EQ(grid->item(0, 0)->text(), "other");
+    EXPECT_TRUE(grid->isColumnHidden(1));
+}
+
+TEST_F(BinderTest, AThousandRowsComeAndGo) {
+    std::vector<GridControl::Row> rows;
+    for (int i = 0; i < 1000; ++i) rows.push_back({"comment " + std::to_string(i), std::to_string(i)});
+    sample.grdComments.SetRows(rows);
+    ASSERT_EQ(grid->rowCount(), 1000);
+    EXPECT_EQ(grid->item(999, 0)->text(), "comment 999");
+    sample.grdComments.RemoveRow(0);
+    EXPECT_EQ(grid->rowCount(), 999);
+    EXPECT_EQ(grid->item(0, 1)->text(), "1");
+    sample.grdComments.Clear();
+    EXPECT_EQ(grid->rowCount(), 0);
+}
+
+class LateChoices : public BinderTest {
+protected:
+    void SetUp() override {
+        BinderTest::SetUp();
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        Offer();
+    }
+    void Offer() {
+        sample.cboAuth.SetChoicesLater([this]() -> std::vector<ChoiceControl::Choice> {
+            ++reads;
+            return {{"Gill, 1860", 3}, {"Gray, 1846", 4}};
+        });
+    }
+    int reads = 0;
+};
+
+TEST_F(LateChoices, AreReadWhenTheUserGoesForThem) {
+    sample.cboAuth.SetText("Gray, 1846");
+    author->setFocus();
+    QTest::keyClick(author->lineEdit(), Qt::Key_Right);
+    QTest::keyClick(author->lineEdit(), Qt::Key_Tab);
+    EXPECT_EQ(reads, 0);
+    EXPECT_EQ(author->count(), 0);
+    author->setFocus();
+    QTest::keyClick(author->lineEdit(), Qt::Key_Up);
+    EXPECT_EQ(reads, 1);
+    EXPECT_EQ(author->count(), 2);
+    EXPECT_EQ(author->currentText(), "Gill, 1860") << "the one above";
+    EXPECT_EQ(sample.cboAuth.ListIndex(), 0);
+    Offer();
+    EXPECT_EQ(author->count(), 0);
+    EXPECT_EQ(author->currentText(), "Gill, 1860");
+    EXPECT_EQ(reads, 1);
+}
+
+TEST_F(LateChoices, TheFirstKeyReplacesWhatWasSelected) {
+    sample.cboAuth.SetText("Owen");
+    author->setFocus();
+    author->lineEdit()->selectAll();
+    QTest::keyClicks(author->lineEdit(), "x");
+    EXPECT_EQ(author->currentText(), "x");
+    EXPECT_EQ(sample.cboAuth.Text(), "x");
+    EXPECT_EQ(reads, 1);
+}
+
+TEST_F(LateChoices, WhatIsCompletedReachesTheModel) {
+    author->setFocus();
+    QTest::keyClicks(author->lineEdit(), "Gr");
+    EXPECT_EQ(author->currentText(), "Gray, 1846");
+    EXPECT_EQ(sample.cboAuth.Text(), "Gray, 1846");
+    EXPECT_EQ(sample.cboAuth.ListIndex(), 1);
+    EXPECT_EQ(author->lineEdit()->selectedText(), "ay, 1846");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(author->lineEdit()->selectedText(), "ay, 1846");
+    EXPECT_EQ(author->currentIndex(), 1);
+    QTest::keyClicks(author->lineEdit(), "o");
+    EXPECT_EQ(author->currentText(), "Gro");
+    EXPECT_EQ(sample.cboAuth.Text(), "Gro");
+    EXPECT_EQ(sample.cboAuth.ListIndex(), -1);
+}
+
+TEST_F(LateChoices, TypingInTheMiddleKeepsItsPlace) {
+    sample.cboAuth.SetText("Gll, 1860");
+    author->setFocus();
+    author->lineEdit()->setCursorPosition(1);
+    QTest::keyClicks(author->lineEdit(), "i");
+    EXPECT_EQ(author->currentText(), "Gill, 1860");
+    EXPECT_EQ(author->lineEdit()->cursorPosition(), 2);
+    EXPECT_EQ(sample.cboAuth.ListIndex(), 0);
+}
+
+TEST_F(LateChoices, TheWheelOverAFieldWithoutTheFocusChangesNothing) {
+    sample.cboRank.SetTexts({"Genus", "Species"});
+    sample.cboRank.SetText("Genus");
+    const auto turn = [this] {
+        QWheelEvent wheel(QPointF(3, 3), rank->mapToGlobal(QPointF(3, 3)), {}, QPoint(0, -120), Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(rank, &wheel);
+    };
+    author->setFocus();
+    turn();
+    EXPECT_EQ(sample.cboRank.Text(), "Genus");
+    rank->setFocus();
+    turn();
+    EXPECT_EQ(sample.cboRank.Text(), "Species");
+}
+
+TEST(PickListBinding, TellsTheDropDownThePickAndTheLeaving) {
+    Form form("FrmSample");
+    documentation::PickListControl cboTitle(form, "cboTitle");
+    QWidget window;
+    QComboBox title(&window);
+    title.setObjectName("cboTitle");
+    QLineEdit other(&window);
+    std::string told;
+    cboTitle.OnDropDown([&] {
+        told += "drop down;";
+        cboTitle.SetTexts({"Mammals", "Whales"});
+    });
+    cboTitle.OnPick([&] { told += "pick " + cboTitle.Text() + ";"; });
+    Bind(form, window);
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    title.setFocus();
+    QTest::keyClick(&title, Qt::Key_Down);
+    EXPECT_EQ(told, "drop down;pick Mammals;");
+    cboTitle.Refilled();
+    EXPECT_FALSE(cboTitle.LeftSinceRefill());
+    other.setFocus();
+    EXPECT_TRUE(cboTitle.LeftSinceRefill());
 }
 
 TEST_F(BinderTest, ATabThatIsClickedIsSelected) {

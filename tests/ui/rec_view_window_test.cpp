@@ -46,7 +46,19 @@ protected:
         EXPECT_TRUE(QTest::qWaitFor([=] { return model->rowCount() == rows; }));
     }
     QAction* action(const char* name) { return window.findChild<QAction*>(name); }
-    QString field(const char* name) { return window.findChild<QLineEdit*>(name)->text(); }
+    QString field(const char* name) {
+        if (auto* combo = window.findChild<QComboBox*>(name)) return combo->currentText();
+        return window.findChild<QLineEdit*>(name)->text();
+    }
+    // The name as the first tab has it.
+    QString name() {
+        QStringList units;
+        for (const char* unit : {"cboName1", "txtName1", "cboName2", "txtName2", "txtName3"}) {
+            auto* widget = window.findChild<QWidget*>(unit);
+            if (!widget->isHidden()) units << field(unit);
+        }
+        return units.join(' ');
+    }
     QString panel(const char* name) { return window.findChild<QLabel*>(name)->text(); }
     void Activate() {
         window.activateWindow();
@@ -144,12 +156,13 @@ TEST_F(MainWindow, ShortcutsAndIconsAreEachThereOnce) {
 
 TEST_F(MainWindow, CommandsThatAreNotThereYetAreDisabled) {
     MakeWhales();
-    for (const char* name :
-         {"mnuSave", "mnuEDelete", "mnuECut", "mnuCopy", "mnuPaste", "mnuEUndo", "mnuParent", "mnuFValidate",
-          "mnuFExport", "mnuFPreferences", "mnuAdd", "mnuHContents"}) {
+    for (const char* name : {"mnuSave", "mnuEDelete", "mnuPaste", "mnuEUndo", "mnuPrev", "mnuAuth",
+                             "mnuMerge", "mnuSplit", "mnuTaxonomy", "mnuFullRecord"}) {
         EXPECT_FALSE(action(name)->isEnabled()) << name;
     }
-    for (const char* name : {"mnuFNew", "mnuFOpen", "mnuFSaveAs", "mnuFImport", "mnuFQuit", "mnuHAbout"}) {
+    for (const char* name : {"mnuFNew", "mnuFOpen", "mnuFSaveAs", "mnuFImport", "mnuFValidate", "mnuFExport",
+                             "mnuFPreferences", "mnuECut", "mnuCopy", "mnuParent", "mnuFirst", "mnuNext",
+                             "mnuLast", "mnuAdd", "mnuFQuit", "mnuHContents", "mnuHSearch", "mnuHAbout"}) {
         EXPECT_TRUE(action(name)->isEnabled()) << name;
     }
 }
@@ -182,12 +195,13 @@ TEST_F(MainWindow, AClickShowsTheTaxon) {
     MakeWhales();
     tree->expand(tree->model()->index(0, 0));
     Click(tree->model()->index(0, 0, tree->model()->index(0, 0)));
-    EXPECT_EQ(field("txtSciName"), "Orca");
-    EXPECT_EQ(field("txtRank"), "Genus");
-    EXPECT_EQ(field("txtAuthor"), "Gray, 1846");
-    EXPECT_EQ(field("txtUsage"), "valid");
-    EXPECT_EQ(field("txtParent"), "Animalia  ");
-    EXPECT_TRUE(window.findChild<QLineEdit*>("txtSciName")->isReadOnly());
+    EXPECT_EQ(name(), "Orca");
+    EXPECT_EQ(field("cboRank"), "Genus");
+    EXPECT_EQ(field("cboAuth"), "Gray, 1846");
+    EXPECT_TRUE(window.findChild<QRadioButton*>("optValid")->isChecked());
+    EXPECT_EQ(field("cboDPRank") + " " + field("cboParentName"), "Kingdom Animalia  ");
+    EXPECT_EQ(window.findChild<QLabel*>("lblName1")->text(), "Genus");
+    EXPECT_TRUE(window.findChild<QLineEdit*>("txtTSN")->isReadOnly());
     EXPECT_EQ(panel("name"), "Orca");
     EXPECT_EQ(panel("mode"), "EDIT");
     EXPECT_EQ(program.State().currentTaxon.qb_id, 2);
@@ -197,7 +211,7 @@ TEST_F(MainWindow, AClickOnTheRootThatIsAlreadyCurrentShowsItToo) {
     MakeWhales();
     Click(tree->model()->index(0, 0));
     EXPECT_EQ(program.State().currentTaxon.qb_id, 1);
-    EXPECT_EQ(field("txtRank"), "Kingdom");
+    EXPECT_EQ(field("cboRank"), "Kingdom");
 }
 
 TEST_F(MainWindow, TheKeyboardMovesThroughTheTree) {
@@ -217,7 +231,7 @@ TEST_F(MainWindow, StayingOnAnUnsavedRecordPutsTheSelectionBack) {
     Click(tree->model()->index(0, 0, tree->model()->index(0, 0)));
     EXPECT_TRUE(QTest::qWaitFor([&] { return tree->currentIndex() == tree->model()->index(0, 0); }));
     EXPECT_EQ(program.State().currentTaxon.qb_id, 1);
-    EXPECT_EQ(field("txtRank"), "Kingdom");
+    EXPECT_EQ(field("cboRank"), "Kingdom");
     EXPECT_EQ(prompter.titles.back(), "Losing new/modified record");
     program.State().RecordDirty = false;
 }
@@ -252,8 +266,8 @@ TEST_F(MainWindow, AClickInTheListShowsTheTaxonAndItsPlaceInTheTree) {
     action("alpha")->trigger();
     const QModelIndex gladiator = list->model()->index(1, 0);
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(gladiator).center());
-    EXPECT_EQ(field("txtSciName"), "Gladiator");
-    EXPECT_EQ(field("txtUsage"), "invalid");
+    EXPECT_EQ(name(), "Gladiator");
+    EXPECT_TRUE(window.findChild<QRadioButton*>("optInvalid")->isChecked());
     EXPECT_EQ(tree->currentIndex().data(), "[Invalid] Gladiator");
     EXPECT_EQ(tree->currentIndex().parent().data(), "Orca  Gray, 1846");
 }
@@ -315,7 +329,7 @@ TEST_F(MainWindow, OpensAnotherDataSet) {
     action("mnuFOpen")->trigger();
     EXPECT_EQ(window.windowTitle().toStdString(), "Taxonomic Quillon - " + dir.File("whales.mdb"));
     EXPECT_EQ(Rows(), QStringList{"Animalia"});
-    EXPECT_EQ(field("txtSciName"), "");
+    EXPECT_EQ(name(), "");
     EXPECT_EQ(panel("mode"), "INPUT");
     EXPECT_EQ(program.State().currentTaxon.qb_id, 0);
 }
@@ -332,7 +346,7 @@ TEST_F(MainWindow, ARefusedFileLeavesTheDataSetAsItWas) {
     QTest::keyClicks(list, "gl");
     EXPECT_EQ(list->currentIndex().data(), "Gladiator (invalid)");
     QTest::keyClick(list, Qt::Key_Return);
-    EXPECT_EQ(field("txtSciName"), "Gladiator");
+    EXPECT_EQ(name(), "Gladiator");
 }
 
 TEST_F(MainWindow, SaveAsKeepsTheOldDataSetOpen) {
@@ -342,7 +356,7 @@ TEST_F(MainWindow, SaveAsKeepsTheOldDataSetOpen) {
     EXPECT_TRUE(QFile::exists(QString::fromStdString(dir.File("copy.mdb"))));
     EXPECT_EQ(window.windowTitle().toStdString(), "Taxonomic Quillon - " + dir.File("whales.mdb"));
     program.Explorer().ListDblClick(3);
-    EXPECT_EQ(field("txtSciName"), "Orca alpha");
+    EXPECT_EQ(name(), "Orca alpha");
 }
 
 TEST_F(MainWindow, ShowsTheAboutBoxAndTheImportForm) {
@@ -357,7 +371,7 @@ TEST_F(MainWindow, F6GoesFromTheExplorerToTheRecordAndBack) {
     Activate();
     tree->setFocus();
     QTest::keyClick(&window, Qt::Key_F6);
-    EXPECT_TRUE(window.findChild<QLineEdit*>("txtSciName")->hasFocus());
+    EXPECT_TRUE(window.findChild<QComboBox*>("cboRank")->hasFocus());
     QTest::keyClick(&window, Qt::Key_F6);
     EXPECT_TRUE(tree->hasFocus());
 }
@@ -369,12 +383,13 @@ TEST_F(MainWindow, TheTabKeyLeadsFromTheExplorerToTheRecord) {
     QTest::keyClick(tree, Qt::Key_Tab);
     EXPECT_TRUE(window.findChild<QTabBar*>("TabStrip1")->hasFocus());
     QTest::keyClick(window.findChild<QTabBar*>("TabStrip1"), Qt::Key_Tab);
-    EXPECT_TRUE(window.findChild<QLineEdit*>("txtSciName")->hasFocus());
+    EXPECT_TRUE(window.findChild<QComboBox*>("cboRank")->hasFocus());
 }
 
 TEST_F(MainWindow, WidgetsHaveNamesForAScreenReader) {
     MakeWhales();
-    for (const char* name : {"HierView", "AlphaView", "TabStrip1", "txtSciName", "txtRank"}) {
+    for (const char* name :
+         {"HierView", "AlphaView", "TabStrip1", "cboRank", "txtName1", "cboAuth", "chkUnnamed"}) {
         auto* widget = window.findChild<QWidget*>(name);
         QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(widget);
         ASSERT_NE(accessible, nullptr) << name;
@@ -412,6 +427,146 @@ TEST_F(MainWindow, OpensThePreferredDataSet) {
     program.OpenPreferredDataSet();
     EXPECT_EQ(window.windowTitle().toStdString(), "Taxonomic Quillon - " + dir.File("whales.mdb"));
     EXPECT_EQ(Rows(), QStringList{"Animalia"});
+}
+
+TEST_F(MainWindow, TheToolbarAndItsKeysGoFromNameToName) {
+    MakeWhales();
+    Activate();
+    tree->expand(tree->model()->index(0, 0));
+    Click(tree->model()->index(0, 0));
+    action("mnuNext")->trigger();
+    EXPECT_EQ(name(), "Orca");
+    EXPECT_EQ(tree->currentIndex().data(), "Orca  Gray, 1846");
+    EXPECT_FALSE(action("mnuNext")->isEnabled());
+    EXPECT_TRUE(action("mnuPrev")->isEnabled());
+    QTest::keyClick(&window, Qt::Key_Up, Qt::AltModifier);
+    EXPECT_EQ(field("cboRank"), "Kingdom");
+    EXPECT_FALSE(action("mnuPrev")->isEnabled());
+    QTest::keyClick(&window, Qt::Key_End, Qt::AltModifier);
+    EXPECT_EQ(name(), "Orca");
+}
+
+TEST_F(MainWindow, MovesGoThroughTheListWhileItIsOnShow) {
+    MakeWhales();
+    action("alpha")->trigger();
+    action("mnuFirst")->trigger();
+    EXPECT_EQ(field("cboRank"), "Kingdom");
+    action("mnuNext")->trigger();
+    EXPECT_EQ(name(), "Gladiator");
+    EXPECT_EQ(list->currentIndex().row(), 1);
+    action("mnuLast")->trigger();
+    EXPECT_EQ(name(), "Orca alpha");
+    EXPECT_FALSE(action("mnuNext")->isEnabled());
+}
+
+TEST_F(MainWindow, WhatIsTypedStaysWhenTheUserStays) {
+    MakeWhales();
+    Activate();
+    tree->expand(tree->model()->index(0, 0));
+    Click(tree->model()->index(0, 0, tree->model()->index(0, 0)));
+    auto* edit = window.findChild<QLineEdit*>("txtName1");
+    edit->setFocus();
+    edit->selectAll();
+    QTest::keyClicks(edit, "Orka");
+    EXPECT_TRUE(program.State().RecordDirty);
+    prompter.yesNo.push_back(false);
+    Click(tree->model()->index(0, 0));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return tree->currentIndex().data() == "Orca  Gray, 1846"; }));
+    EXPECT_EQ(edit->text(), "Orka");
+    prompter.yesNo.push_back(true);
+    action("mnuAdd")->trigger();
+    EXPECT_EQ(panel("mode"), "INPUT");
+    EXPECT_EQ(window.findChild<QPushButton*>("cmdOK")->text(), "&Save");
+}
+
+TEST_F(MainWindow, AListIsFilledWhenItIsOpened) {
+    MakeWhales();
+    program.Explorer().ListDblClick(3);
+    auto* authors = window.findChild<QComboBox*>("cboAuth");
+    EXPECT_EQ(authors->count(), 0);
+    authors->setFocus();
+    QTest::mousePress(authors, Qt::LeftButton);
+    EXPECT_EQ(authors->count(), 1);
+    EXPECT_EQ(authors->itemText(0), "Gray, 1846");
+    authors->hidePopup();
+    EXPECT_FALSE(program.State().RecordDirty);
+}
+
+TEST_F(MainWindow, KeysTurnTheTabs) {
+    MakeWhales();
+    Activate();
+    auto* tabs = window.findChild<QTabBar*>("TabStrip1");
+    QTest::keyClick(&window, Qt::Key_PageUp, Qt::ControlModifier);
+    EXPECT_EQ(tabs->currentIndex(), 0);
+    QTest::keyClick(&window, Qt::Key_PageDown, Qt::ControlModifier);
+    EXPECT_EQ(tabs->currentIndex(), 1);
+    EXPECT_TRUE(window.findChild<QWidget*>("RVPanel2")->isVisible());
+    tabs->setCurrentIndex(7);
+    QTest::keyClick(&window, Qt::Key_PageDown, Qt::ControlModifier);
+    EXPECT_EQ(tabs->currentIndex(), 7);
+}
+
+TEST_F(MainWindow, ThePanelScrollsInsteadOfShrinking) {
+    MakeWhales();
+    auto* panel = window.findChild<QWidget*>("RVPanel6");
+    auto* across = window.findChild<QScrollBar*>("HScroll1");
+    auto* down = window.findChild<QScrollBar*>("VScroll1");
+    window.findChild<QTabBar*>("TabStrip1")->setCurrentIndex(5);
+    const QSize wanted = panel->sizeHint();
+    window.resize(300, 200);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return across->isVisible() && down->isVisible(); }));
+    EXPECT_GE(panel->width(), wanted.width());
+    EXPECT_GE(panel->height(), wanted.height());
+    down->setValue(down->maximum());
+    across->setValue(across->maximum());
+    EXPECT_GT(down->value(), 0);
+    window.findChild<QTabBar*>("TabStrip1")->setCurrentIndex(0);
+    EXPECT_EQ(down->value(), 0);
+    EXPECT_EQ(across->value(), 0);
+}
+
+TEST_F(MainWindow, NamesAreCutAndPastedByTheToolbar) {
+    MakeWhales();
+    AddTaxon(5, "1", 180, "'Cetus', Null", "valid", "Null");
+    program.RecView().ShowDataSet();
+    program.Explorer().ListDblClick(3);
+    action("mnuECut")->trigger();
+    EXPECT_TRUE(action("mnuPaste")->isEnabled());
+    program.Explorer().ListDblClick(5);
+    action("mnuPaste")->trigger();
+    EXPECT_EQ(name(), "Orca alpha");
+    EXPECT_EQ(field("cboParentName"), "Cetus");
+    EXPECT_EQ(tree->currentIndex().data(), "Orca  alpha");
+    EXPECT_EQ(tree->currentIndex().parent().data(), "Cetus");
+    action("mnuEUndo")->trigger();
+    EXPECT_EQ(field("cboParentName"), "Orca");
+    EXPECT_EQ(tree->currentIndex().parent().data(), "Orca  Gray, 1846");
+    program.State().RecordDirty = false;
+}
+
+TEST_F(MainWindow, TheAccessKeysOfATabAreAllDifferent) {
+    MakeWhales();
+    auto* tabs = window.findChild<QTabBar*>("TabStrip1");
+    for (int tab = 0; tab < tabs->count(); ++tab) {
+        tabs->setCurrentIndex(tab);
+        program.RecView().SelectExplorerItem({3, 0, 0}, false);
+        QStringList keys;
+        for (const QAction* menu : window.menuBar()->actions())
+            keys << QKeySequence::mnemonic(menu->text()).toString();
+        for (const QLabel* label : window.findChildren<QLabel*>()) {
+            if (label->isVisible() && label->buddy() != nullptr)
+                keys << QKeySequence::mnemonic(label->text()).toString();
+        }
+        for (const QAbstractButton* button : window.findChildren<QAbstractButton*>()) {
+            if (button->isVisible()) keys << QKeySequence::mnemonic(button->text()).toString();
+        }
+        keys.removeAll("");
+        QStringList once = keys;
+        once.removeDuplicates();
+        keys.sort();
+        once.sort();
+        EXPECT_EQ(keys.join(' '), once.join(' ')) << tabs->tabText(tab).toStdString();
+    }
 }
 
 }  // namespace

@@ -159,6 +159,28 @@ TEST_F(ErrorForm, CountsFindingsByRule) {
               "5 findings: 2 reference missing, 1 credibility missing, 1 currency wrong, 1 expert missing");
 }
 
+// The log is there still, and what its lines are about is not known.
+TEST_F(ErrorForm, LogOfAnEarlierDayHasNoCounts) {
+    marks.clear();
+    const auto form = Load();
+    EXPECT_EQ(form->lstError.ListCount(), 7u);
+    EXPECT_EQ(form->lblCounts.Caption(), "");
+    form->lstError.UserActivate(1);
+    EXPECT_TRUE(visited.empty());
+}
+
+TEST_F(ErrorForm, FilterFindsLettersOfAnyCaseAndAlphabet) {
+    Set(3, "unit_name2", "'élégans'");
+    Validate();
+    const auto form = Load();
+    for (const char* wanted : {"ÉLÉG", "élég", "alpha É"}) {
+        form->txtFilter.UserSetText(wanted);
+        EXPECT_EQ(Shown(*form),
+                  (Texts{"ID =  3   Name = Alpha élégans", "     at least one reference is required"}))
+            << wanted;
+    }
+}
+
 TEST_F(ErrorForm, FilterKeepsFindingsWithTheirHeadings) {
     const auto form = Load();
     form->txtFilter.UserSetText("CURRENCY");

@@ -1,5 +1,6 @@
 #include "validation/record_filter.h"
 
+#include "validation/selected_rows.h"
 #include "validation_fixture.h"
 
 namespace quillon::validation {
@@ -13,10 +14,19 @@ protected:
     }
     std::vector<std::int64_t> Ids(std::string_view table, std::string_view filter, std::string_view column) {
         std::vector<std::int64_t> ids;
-        for (const auto rows = set.db().CreateSnapshot(FilteredRows(table, filter)); !rows->Eof();
-             rows->MoveNext())
-            ids.push_back(rows->Get(column).AsLong());
+        const SelectedTaxa taxa = Selected(filter);
+        SelectedRows rows(set.db(), table, fmt::format("{}, {} AS wanted", KeyOf(table), column), taxa);
+        const std::size_t place = KeyOf(table).find(',') == std::string_view::npos ? 1 : 2;
+        while (rows.Next())
+            for (int visit = 0; visit < rows.Visits(); ++visit) ids.push_back(rows.Row().Long(place));
         return ids;
+    }
+    static std::string_view KeyOf(std::string_view table) {
+        if (table == "qb_taxon_authors_lookup") return "qb_taxon_author_id";
+        if (table == "qb_publications") return "publication_id_prefix, qb_publication_id";
+        if (table == "qb_experts") return "expert_id_prefix, qb_expert_id";
+        if (table == "qb_other_sources") return "source_id_prefix, qb_source_id";
+        return "qb_id";
     }
     std::vector<std::int64_t> Taxa(std::string_view filter) {
         return Ids("qb_taxonomic_units", filter, "qb_id");
@@ -216,14 +226,21 @@ TEST_F(RecordFilter, RowsComeInTheOrderOfTheKey) {
     EXPECT_EQ(Ids("qb_reference_links", "journal", "qb_documentation_id"), (Numbers{1, 9, 1, 10}));
 }
 
-TEST_F(RecordFilter, LookUpsAreReadWholeUnlessFewTaxaPass) {
-    for (int qb_id = 4; qb_id <= 20; ++qb_id) AddTaxon(qb_id, "Gamma", 220, 2);
-    const std::string genus = ColumnClause("rank_id", "=", "180"),
-                      species = ColumnClause("rank_id", "=", "220");
-    EXPECT_EQ(LookUpFilter(set.db(), genus), genus);
-    EXPECT_EQ(LookUpFilter(set.db(), species), "none");
-    EXPECT_EQ(LookUpFilter(set.db(), "journal"), "journal");
-    EXPECT_EQ(LookUpFilter(set.db(), "none"), "none");
+TEST_F(RecordFilter, FewIdsAreLookedUpAndManyReadWhole) {
+    IdSet ids;
+    EXPECT_EQ(AndAmong("qb_id", ids), " AND False");
+    ids.Add(7);
+    ids.Add(-3);
+    EXPECT_EQ(AndAmong("qb_id", ids), " AND qb_id IN (-3, 7)");
+    for (int id = 0; id < 6000; ++id) ids.Add(id);
+    EXPECT_EQ(AndAmong("qb_id", ids), "");
+}
+
+TEST_F(RecordFilter, JournalOfTaxaThatAreGoneSelectsNone) {
+    Run("INSERT INTO journal (qb_id) VALUES (3)");
+    Run("INSERT INTO journal (qb_id) VALUES (77)");
+    EXPECT_EQ(Selected("journal").Ids().Ids(), (std::vector<std::int32_t>{3}));
+    EXPECT_TRUE(Selected("none").All());
 }
 
 class BatchTotals : public ValidationTest {
@@ -257,7 +274,8 @@ protected:
     }
     std::pair<int, int> Totals(std::string_view filter) {
         set.state.gRecordFilter = filter;
-        CountBatchRecords(set.state, set.db());
+        SelectedTaxa taxa = Selected(filter);
+        CountBatchRecords(set.state, set.db(), taxa, [] { return true; });
         return {set.state.gValidatedTotal, set.state.gRecordsTotal};
     }
 };

@@ -11,6 +11,7 @@
 
 #include "testkit/testkit.h"
 #include "validation/log_file.h"
+#include "validation/record_filter.h"
 #include "validation/validate_data_set.h"
 
 namespace quillon::validation {
@@ -90,6 +91,13 @@ protected:
     std::string Validate(std::string_view filter = kNoFilter) {
         ValidateInto(filter);
         return testkit::ReadFile(set.dir.File(kLogName));
+    }
+    // The taxa under a filter, with their documents.
+    SelectedTaxa Selected(std::string_view filter) {
+        const Continue goOn = [] { return true; };
+        SelectedTaxa taxa(set.db(), filter, goOn);
+        taxa.ReachDocuments(set.db(), goOn);
+        return taxa;
     }
     // The log of one finding, or several, on the species.
     static std::string OnSpecies(std::initializer_list<std::string_view> messages) {

@@ -27,6 +27,10 @@ bool IsSameFile(const std::string& left, const std::string& right) {
     return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
 }
 
+std::string IncompatibleText(const std::string& path) {
+    return fmt::format("Dataset {} is incompatible with this version of the QLN!", path);
+}
+
 // The test looks at the whole path, its folders included.
 std::string WithExtension(std::string path) {
     if (path.find('.') == std::string::npos) path += ".MDB";
@@ -182,29 +186,31 @@ bool Lifecycle::NewDataSet() {
     }
 }
 
+void Lifecycle::TellIncompatible(const std::string& path) {
+    prompter_.Message(IncompatibleText(path));
+}
+
+bool Lifecycle::OfferUpdate(const std::string& path) {
+    const bool update = prompter_.AskYesNo(fmt::format("Dataset {} is incompatible with this version of "
+                                                       "the QLN.  Do you wish to update the Dataset?",
+                                                       path),
+                                           kUpdateTitle);
+    // Nothing here brings an older file up to date yet, so the answer Yes ends like a failed update.
+    if (update) prompter_.Message(fmt::format("Unable to update {}!", path));
+    return false;
+}
+
 bool Lifecycle::RefuseVersion(const std::string& path) {
     std::string version;
-    const std::string refused = fmt::format("Dataset {} is incompatible with this version of the QLN!", path);
-    if (!IsDataSetVersionValid(version)) {
-        prompter_.Message(refused);
-        return true;
-    }
-    const std::string order = CompareDataSetVersion(version);
+    const std::string order = IsDataSetVersionValid(version) ? CompareDataSetVersion(version) : "";
     if (order == "EQ") return false;
-    if (order == "LT") {
-        const bool update = prompter_.AskYesNo(fmt::format("Dataset {} is incompatible with this version of "
-                                                           "the QLN.  Do you wish to update the Dataset?",
-                                                           path),
-                                               kUpdateTitle);
-        // Nothing here brings an older file up to date yet, so the answer Yes ends like a failed update.
-        if (update) prompter_.Message(fmt::format("Unable to update {}!", path));
-        return true;
-    }
+    if (order == "LT") return !OfferUpdate(path);
     if (order == "GT") {
-        prompter_.Message(refused + "\nDownload the current version of the QLN at:\n" + state_.gDownloadPage);
-        return true;
+        prompter_.Message(IncompatibleText(path) + "\nDownload the current version of the QLN at:\n" +
+                          state_.gDownloadPage);
+    } else {
+        TellIncompatible(path);
     }
-    prompter_.Message(refused);
     return true;
 }
 

@@ -26,6 +26,13 @@ public:
     // "LT", "EQ", "GT" or "UN".
     std::string CompareDataSetVersion(std::string_view version) const;
 
+    // What a refused DataSet is told, and the question whether the open one, `path`, is to be brought up to
+    // date; true when it has been.
+    void TellIncompatible(const std::string& path);
+    bool OfferUpdate(const std::string& path);
+    // The version check of a DataSet that the user chose, with its questions; true when it may not stay open.
+    bool RefuseVersion(const std::string& path);
+
     // Replaces the open DataSet. Gives the path when opened, "" when not; says nothing by itself.
     std::string OpenDataSetFile(const std::string& path);
     // The text of the last failure to open, for callers that want to say more than that it failed.
@@ -55,7 +62,6 @@ public:
 
 private:
     bool HasValidVersion(Database& database, std::string& version);
-    bool RefuseVersion(const std::string& path);
     void CheckPreferenceRank();
 
     ApplicationState& state_;

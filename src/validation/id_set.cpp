@@ -1,10 +1,10 @@
-#include "export/id_set.h"
+#include "validation/id_set.h"
 
 #include <algorithm>
 
 #include "core/text.h"
 
-namespace quillon::exporting {
+namespace quillon::validation {
 
 namespace {
 
@@ -89,4 +89,4 @@ IdSet DocumentSet::AllIds() const {
     return all;
 }
 
-}  // namespace quillon::exporting
+}  // namespace quillon::validation

@@ -1,6 +1,6 @@
-// Sets and maps of row ids for the length of one export: which taxa are selected, which documents they reach.
-// Ids that AutoNumbers give lie close together, so they are bits and places of a vector; any other id still
-// has its place.
+// Sets and maps of row ids for the length of one validation or export: which taxa are selected, which
+// documents they reach. Ids that AutoNumbers give lie close together, so they are bits and places of a
+// vector; any other id still has its place.
 #pragma once
 
 #include <cstddef>
@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-namespace quillon::exporting {
+namespace quillon::validation {
 
 class IdSet {
 public:
@@ -60,4 +60,4 @@ private:
     std::vector<std::pair<std::string, IdSet>> byPrefix_;
 };
 
-}  // namespace quillon::exporting
+}  // namespace quillon::validation

@@ -1,11 +1,11 @@
-#include "export/id_set.h"
+#include "validation/id_set.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdint>
 #include <limits>
 
-namespace quillon::exporting {
+namespace quillon::validation {
 namespace {
 
 constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
@@ -56,4 +56,4 @@ TEST(DocumentSets, TellPrefixesApartAsTheStoreDoes) {
 }
 
 }  // namespace
-}  // namespace quillon::exporting
+}  // namespace quillon::validation

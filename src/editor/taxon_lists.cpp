@@ -1,0 +1,196 @@
+#include "editor/taxon_lists.h"
+
+#include <fmt/format.h>
+
+#include <array>
+
+#include "core/text.h"
+#include "core/vocabulary.h"
+#include "store/engine.h"
+#include "store/write_count.h"
+
+namespace quillon::editor {
+
+using store::RecordsetType;
+
+namespace {
+
+constexpr std::string_view kAuthors = "SELECT DISTINCT taxon_author FROM qb_taxon_authors_lookup";
+constexpr std::string_view kMayBeParent =
+    "(t.usage Is Null Or t.usage='valid' Or t.usage='accepted') AND (t.rank_id= {})";
+constexpr std::array<std::string_view, 3> kLines = {
+    R"(trim(unit_ind1 & " " & trim (unit_name1)))",
+    R"(trim(unit_ind1 & " " & trim (unit_name1)) & " " & trim(unit_ind2 & " " & trim (unit_name2)))",
+    R"(trim(unit_ind1 & " " & trim (unit_name1)) & " " & trim(unit_ind2 & " " & trim (unit_name2)))"
+    R"( & " " & trim(unit_ind3 & " " & trim (unit_name3)))",
+};
+constexpr std::array<std::string_view, 3> kOrders = {"t.unit_name1", "t.unit_name1, t.unit_name2",
+                                                     "t.unit_name1, t.unit_name2, t.unit_name3"};
+constexpr std::string_view kNoFourthUnit =
+    R"( AND (unit_ind4 IS NULL or unit_ind4 = "") AND (t.unit_name4 IS NULL or t.unit_name4 = ""))";
+
+// How many units the name of a parent of this rank has: a subgenus has two, all other ranks above Species
+// one.
+std::size_t UnitsOf(std::string_view rank) {
+    const std::string word = UpperCase(Trim(rank));
+    if (!GetIndicatorFromRank(word).empty()) return 3;
+    return word == "SPECIES" || word == "SUBGENUS" ? 2 : 1;
+}
+
+bool HasGenusAndEpithet(std::string_view rank) {
+    return EqualText(rank, "Species") || !GetIndicatorFromRank(rank).empty();
+}
+
+std::vector<std::string> WordsOf(std::span<const std::string_view> words) {
+    return {words.begin(), words.end()};
+}
+
+}  // namespace
+
+TaxonLists::TaxonLists(ApplicationState& state, Prompter& prompter, TaxonTab& tab)
+    : state_(state), prompter_(prompter), tab_(tab) {}
+
+std::vector<std::string> TaxonLists::Texts(const std::string& sql) const {
+    std::vector<std::string> texts;
+    for (const auto rows = state_.gDatabase->OpenRecordset(sql, RecordsetType::ForwardOnly); !rows->Eof();
+         rows->MoveNext()) {
+        texts.push_back(rows->At(0).AsText());
+    }
+    return texts;
+}
+
+// The first column is the text, the second, where there is one, the item data.
+TaxonLists::Choices TaxonLists::Read(const std::string& sql) const {
+    Choices choices;
+    if (!state_.gDatabase) return choices;
+    try {
+        const auto rows = state_.gDatabase->OpenRecordset(sql, RecordsetType::ForwardOnly);
+        const bool hasId = rows->ColumnCount() > 1;
+        for (; !rows->Eof(); rows->MoveNext()) {
+            if (rows->At(0).IsNull()) continue;
+            choices.push_back({rows->At(0).AsText(), hasId ? rows->At(1).AsLong() : 0});
+        }
+    } catch (const store::StoreError&) {
+        choices.clear();
+    }
+    return choices;
+}
+
+void TaxonLists::FillLater(ComboControl& combo, std::string sql) {
+    combo.SetChoicesLater([this, statement = std::move(sql)] { return Read(statement); });
+}
+
+const TaxonLists::Choices& TaxonLists::ReadKept(Kept& kept, const std::string& sql) {
+    const std::int64_t writeCount = state_.gDatabase ? store::WriteCount(*state_.gDatabase) : 0;
+    const bool stands = kept.sql == sql && kept.writeCount == writeCount && state_.gDatabase &&
+                        kept.database.lock() == state_.gDatabase;
+    if (!stands) kept = {sql, state_.gDatabase, writeCount, Read(sql)};
+    return kept.choices;
+}
+
+void TaxonLists::FillLater(ComboControl& combo, std::string sql, Kept& kept) {
+    combo.SetChoicesLater([this, statement = std::move(sql), &kept]() -> Choices {
+        try {
+            return ReadKept(kept, statement);
+        } catch (const store::StoreError&) {
+            return {};
+        }
+    });
+}
+
+int TaxonLists::RankIdOf(std::string_view rank) const {
+    const auto row = state_.gDatabase->OpenQueryDef("Get Rank ID").Set("rank", rank).CreateSnapshot();
+    return row->Eof() ? 0 : static_cast<int>(row->At(0).AsLong());
+}
+
+void TaxonLists::FillRankList() {
+    if (!state_.gDatabase) return tab_.cboRank.Clear();
+    tab_.cboRank.SetTexts(
+        Texts(fmt::format("SELECT rank_name FROM taxonomic_unit_types WHERE kingdom_id = {} ORDER BY rank_id",
+                          state_.gKingdomId)));
+}
+
+void TaxonLists::FillRatingLists() {
+    tab_.cboCredibility.SetTexts(WordsOf(CredibilityRatings()));
+    tab_.cboCoverage.SetTexts(WordsOf(CompletenessRatings()));
+}
+
+void TaxonLists::FillReasonList() {
+    tab_.cboInvalidReason.SetTexts(WordsOf(UnacceptabilityReasons(FamilyOfKingdom(state_.gKingdomName))));
+}
+
+void TaxonLists::FillAuthorLists() {
+    if (!state_.gDatabase) return prompter_.Message("No DataSet is Open");
+    FillLater(tab_.cboAuth, std::string(kAuthors), authors_);
+    FillLater(tab_.cboAuth2, std::string(kAuthors), authors_);
+}
+
+void TaxonLists::FillGenusList() {
+    if (!state_.gDatabase) return;
+    const bool isKingdom = EqualText(state_.currentTaxon.rank_name, "Kingdom");
+    const int rank = isKingdom ? RankIdOf("Kingdom") : state_.gRankGenus;
+    FillLater(tab_.cboName1,
+              fmt::format("SELECT DISTINCT unit_name1 FROM qb_taxonomic_units WHERE rank_id = {} AND "
+                          "kingdom_id = {}",
+                          rank, state_.gKingdomId),
+              genera_);
+}
+
+void TaxonLists::FillSpeciesList() {
+    const std::string& rank = tab_.cboRank.Text();
+    if (!state_.gDatabase || (rank != "Species" && rank != "Subspecies" && rank != "Variety")) return;
+    const std::string& genus = tab_.cboName1.Text();
+    auto query = state_.gDatabase->OpenQueryDef("Get Taxon ID");
+    const auto found = query.Set("name", genus).Set("rank", RankIdOf("Genus")).CreateSnapshot();
+    if (found->Eof()) return;
+    const int species = RankIdOf("Species");
+    if (RankIdOf(rank) >= species) {
+        FillLater(tab_.cboName2,
+                  fmt::format("SELECT unit_name2 FROM qb_taxonomic_units WHERE unit_name1 = '{}' AND "
+                              "parent_qb_id <> null AND rank_id = {}",
+                              QuoteSQL(genus), species));
+    }
+    if (!tab_.cboDPRank.Text().empty()) FillParentNameList();
+}
+
+void TaxonLists::SetPRankList(std::string_view rank) {
+    if (rank.empty() || !state_.gDatabase) return;
+    const auto own = state_.gDatabase->CreateSnapshot(
+        fmt::format("SELECT rank_id  FROM taxonomic_unit_types WHERE rank_name = '{}'", QuoteSQL(rank)));
+    if (own->Eof()) return;
+    tab_.cboDPRank.SetChoices(
+        Read(fmt::format("SELECT rank_name,rank_id FROM taxonomic_unit_types WHERE rank_id < {}   OR "
+                         "rank_name = 'Kingdom' ORDER BY rank_id",
+                         own->At(0).AsLong())));
+}
+
+std::string TaxonLists::GenusOnForm() const {
+    return tab_.cboName1.Visible() ? tab_.cboName1.Text() : tab_.txtName1.Text();
+}
+
+void TaxonLists::FillParentNameList() {
+    if (!state_.gDatabase) return;
+    const std::string& rank = tab_.cboDPRank.Text();
+    state_.currentTaxon.direct_parent_rank_id = RankIdOf(rank);
+    const std::size_t units = UnitsOf(rank);
+    std::string condition =
+        fmt::format(fmt::runtime(kMayBeParent), state_.currentTaxon.direct_parent_rank_id);
+    if (HasGenusAndEpithet(rank))
+        condition += fmt::format(" AND t.unit_name1 = \"{}\"", QuoteDoubleQuotes(GenusOnForm()));
+    if (units == 3) condition += kNoFourthUnit;
+    if (recordInEdit_ != 0) condition += fmt::format(" AND  qb_id <> {}", recordInEdit_);
+    FillLater(tab_.cboParentName,
+              fmt::format("SELECT DISTINCTROW {} as Line, qb_id, tsn FROM qb_taxonomic_units as t WHERE "
+                          "({}) ORDER BY {};",
+                          kLines.at(units - 1), condition, kOrders.at(units - 1)));
+}
+
+std::vector<std::string> TaxonLists::GetRanksBetween(std::string_view lowRank,
+                                                     std::string_view highRank) const {
+    if (!state_.gDatabase) return {};
+    return Texts(fmt::format(
+        "SELECT rank_name FROM taxonomic_unit_types WHERE rank_id > {} AND rank_id < {} ORDER BY rank_id",
+        RankIdOf(lowRank), RankIdOf(highRank)));
+}
+
+}  // namespace quillon::editor

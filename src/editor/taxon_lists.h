@@ -1,0 +1,76 @@
+// What the combo boxes of the taxon tab offer. RecView fills them at the start of a DataSet and with each
+// record that it shows; the lists that grow with the DataSet (authors, genera, species, parents) are read
+// when somebody looks at them, so that showing a record costs the same in a large DataSet as in a small one,
+// and those of authors and genera are kept until something is written.
+//
+// Filling a list never changes the text of an editable combo, nor RecordDirty. Without a DataSet nothing is
+// filled. The errors of the store pass through; a list that is read later stays empty when it cannot be read.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/application_state.h"
+#include "core/outside.h"
+#include "editor/taxon_tab.h"
+
+namespace quillon::editor {
+
+class TaxonLists {
+public:
+    TaxonLists(ApplicationState& state, Prompter& prompter, TaxonTab& tab);
+
+    // cboRank: the ranks of gKingdomId. Lets go of the rank that is chosen.
+    void FillRankList();
+    // cboCredibility and cboCoverage.
+    void FillRatingLists();
+    // cboInvalidReason, by the family of gKingdomName.
+    void FillReasonList();
+    // cboAuth and cboAuth2. Without a DataSet it says so.
+    void FillAuthorLists();
+    // cboName1: the genera; for the kingdom record the names of rank Kingdom.
+    void FillGenusList();
+    // What a click on cboName1 does for "Species", "Subspecies" and "Variety": with a genus of that name in
+    // the DataSet it fills cboName2 and the parents.
+    void FillSpeciesList();
+    // cboDPRank: the ranks above `rank`, and "Kingdom". Nothing happens for "" and for a rank that is none.
+    void SetPRankList(std::string_view rank);
+    // cboParentName: the taxa of the rank in cboDPRank that can be parents, whose genus is that of the form
+    // where the rank is Species or below. In EDIT mode the record itself is kept out.
+    void FillParentNameList();
+    // The record in EDIT mode; 0 in INPUT mode.
+    void SetRecordInEdit(int qb_id) { recordInEdit_ = qb_id; }
+
+    // The names of the ranks strictly between two, in their order.
+    std::vector<std::string> GetRanksBetween(std::string_view lowRank, std::string_view highRank) const;
+    // "Get Rank ID"; 0 for a rank that the DataSet does not have.
+    int RankIdOf(std::string_view rank) const;
+
+private:
+    using Choices = std::vector<ChoiceControl::Choice>;
+    // What a select gave when it was read last.
+    struct Kept {
+        std::string sql;
+        std::weak_ptr<store::Database> database;
+        std::int64_t writeCount = 0;
+        Choices choices;
+    };
+
+    std::string GenusOnForm() const;
+    Choices Read(const std::string& sql) const;
+    const Choices& ReadKept(Kept& kept, const std::string& sql);
+    void FillLater(ComboControl& combo, std::string sql);
+    void FillLater(ComboControl& combo, std::string sql, Kept& kept);
+    std::vector<std::string> Texts(const std::string& sql) const;
+
+    ApplicationState& state_;
+    Prompter& prompter_;
+    TaxonTab& tab_;
+    int recordInEdit_ = 0;
+    Kept authors_, genera_;
+};
+
+}  // namespace quillon::editor

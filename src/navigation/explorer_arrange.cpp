@@ -1,0 +1,102 @@
+// Nodes that change their place, their name, or go.
+#include "core/text.h"
+#include "navigation/explorer.h"
+
+namespace quillon::navigation {
+
+namespace {
+
+// Strictly, by character code, in lower case; the marks before names count.
+bool IsBelow(const std::string& leftInLowerCase, std::string_view right) {
+    return CompareBinary(leftInLowerCase, LowerCase(right)) < 0;
+}
+
+}  // namespace
+
+bool cExplorer::Reparent(TreeNode* node, TreeNode* newParent) {
+    if (node->Parent() == newParent || (newParent != nullptr && newParent->IsWithin(node))) return false;
+    const std::string text = LowerCase(node->Text());
+    // The root stands before whatever else is at the top.
+    std::size_t row = newParent == nullptr ? 1 : 0;
+    while (row < tree_.CountUnder(newParent) && !IsBelow(text, tree_.Under(newParent, row)->Text())) ++row;
+    tree_.Move(node, newParent, row);
+    const Item item = nodes_.ItemOf(node);
+    if (item && item->IsSyn()) {
+        item->SetAccepted(FindIdOfNode(newParent));
+        nodes_.Replace(node, item);
+    }
+    return true;
+}
+
+bool cExplorer::MoveAndKeepSorted(TreeNode* node, TreeNode* newParent) {
+    if (!Reparent(node, newParent)) return false;
+    tree_.EnsureVisible(node);
+    return true;
+}
+
+cExplorer::Item cExplorer::InsertSiblingWhere(std::string_view text, const TreeNode* node) const {
+    const TreeNode* end = tree_.NextSibling(node);
+    for (const TreeNode* at = tree_.LastSibling(node); at != nullptr && at != end;
+         at = tree_.PreviousSibling(at)) {
+        if (IsBelow(LowerCase(at->Text()), text)) return nodes_.ItemOf(at);
+    }
+    return nodes_.ItemOf(node);
+}
+
+void cExplorer::RemoveSubtree(TreeNode* node) {
+    if (drag_.node != nullptr) CancelDrag();
+    std::vector<const TreeNode*> waiting = {node};
+    while (!waiting.empty()) {
+        const TreeNode* at = waiting.back();
+        waiting.pop_back();
+        nodes_.Remove(at);
+        for (std::size_t row = 0; row < at->ChildCount(); ++row) waiting.push_back(at->Child(row));
+    }
+    tree_.Remove(node);
+}
+
+void cExplorer::RemoveNodes(int id, std::optional<int> accepted) {
+    while (TreeNode* node = FindNodeWithId(id, accepted)) RemoveSubtree(node);
+}
+
+void cExplorer::RefreshNames() {
+    list_.ForgetLines();
+    if (!root_) return;
+    const Names names = cBioList::NodeNames(source_, root_->dbname(), nodes_.Taxa());
+    std::vector<TreeNode*> waiting = {nullptr};
+    while (!waiting.empty()) {
+        TreeNode* parent = waiting.back();
+        waiting.pop_back();
+        RefreshChildren(parent, names);
+        for (std::size_t row = 0; row < tree_.CountUnder(parent); ++row) {
+            TreeNode* child = tree_.Under(parent, row);
+            if (child->ChildCount() > 0) waiting.push_back(child);
+        }
+    }
+}
+
+void cExplorer::RefreshChildren(TreeNode* parent, const Names& names) {
+    std::vector<std::string> texts;
+    texts.reserve(tree_.CountUnder(parent));
+    for (std::size_t row = 0; row < tree_.CountUnder(parent); ++row) {
+        const TreeNode* child = tree_.Under(parent, row);
+        const Item item = nodes_.ItemOf(child);
+        const auto name = item ? names.find(item->qb_id()) : names.end();
+        texts.push_back(name == names.end() ? child->Text() : name->second);
+        if (name != names.end()) item->SetSciname(name->second);
+    }
+    tree_.SetTexts(parent, texts);
+}
+
+void cExplorer::RefreshName(int id) {
+    TreeNode* node = FindNodeWithId(id);
+    if (node == nullptr) return;
+    const Item item = nodes_.ItemOf(node);
+    const Names names = cBioList::NodeNames(source_, item->dbname(), {id});
+    const auto name = names.find(id);
+    if (name == names.end()) return;
+    item->SetSciname(name->second);
+    tree_.SetText(node, name->second);
+}
+
+}  // namespace quillon::navigation

@@ -1,0 +1,102 @@
+// Steps through the explorer: from row to row of the tree as it stands open, or of the list while that is on
+// show.
+#include "navigation/explorer.h"
+
+namespace quillon::navigation {
+
+bool cExplorer::IsNodeAncestor(const TreeNode* candidate, const TreeNode* node) {
+    return candidate != nullptr && node != nullptr && node != candidate && node->IsWithin(candidate);
+}
+
+bool cExplorer::AncestorsAreExpanded(const TreeNode* node) {
+    for (const TreeNode* above = node->Parent(); above != nullptr; above = above->Parent()) {
+        if (!above->Expanded()) return false;
+    }
+    return true;
+}
+
+TreeNode* cExplorer::GetClosestExpandedAncestor(const TreeNode* node) {
+    TreeNode* above = node->Parent();
+    while (above != nullptr && !above->Expanded()) above = above->Parent();
+    return above;
+}
+
+TreeNode* cExplorer::GetNextNode(TreeNode* node) const {
+    if (node->Expanded() && node->ChildCount() > 0) return node->Child(0);
+    for (const TreeNode* at = node; at != nullptr; at = at->Parent()) {
+        if (TreeNode* next = tree_.NextSibling(at)) return next;
+    }
+    return node;
+}
+
+TreeNode* cExplorer::GetPreviousNode(TreeNode* node) const {
+    TreeNode* before = tree_.PreviousSibling(node);
+    if (before == nullptr) return GetParentNode(node);
+    const bool isOpen = before->Expanded() && before->ChildCount() > 0;
+    return isOpen ? GetLastDisplayedNode(before->Child(0)) : before;
+}
+
+TreeNode* cExplorer::GetParentNode(const TreeNode* node) const {
+    return node->Parent() == nullptr ? tree_.Top(0) : node->Parent();
+}
+
+TreeNode* cExplorer::GetLastDisplayedNode(TreeNode* node) const {
+    TreeNode* last = tree_.LastSibling(node);
+    while (last->Expanded() && last->ChildCount() > 0) last = tree_.LastSibling(last->Child(0));
+    return last;
+}
+
+void cExplorer::MoveTo(TreeNode* node) {
+    HiliteNode(node);
+    NodeClick(node);
+    RaiseCurrentPos();
+}
+
+// What the list moves to is chosen there too, so that the tree follows.
+void cExplorer::MoveListTo(int id) {
+    if (id == 0) return;
+    MoveList(id);
+    ListDblClick(id);
+    RaiseCurrentPos();
+}
+
+void cExplorer::RaiseCurrentPos() {
+    if (CurrentPos) CurrentPos(IsFirstSelected(), IsLastSelected());
+}
+
+void cExplorer::MoveFirst() {
+    if (!treeVisible_) return MoveListTo(list_.FirstId());
+    if (tree_.TopCount() > 0) MoveTo(tree_.Top(0));
+}
+
+void cExplorer::MoveLast() {
+    if (!treeVisible_) return MoveListTo(list_.LastId());
+    if (tree_.TopCount() > 0) MoveTo(GetLastDisplayedNode(tree_.Top(0)));
+}
+
+void cExplorer::MoveNext() {
+    if (!treeVisible_) return MoveListTo(list_.NextId(listId_));
+    if (TreeNode* node = tree_.Selected()) MoveTo(GetNextNode(node));
+}
+
+void cExplorer::MovePrev() {
+    if (!treeVisible_) return MoveListTo(list_.PreviousId(listId_));
+    if (TreeNode* node = tree_.Selected()) MoveTo(GetPreviousNode(node));
+}
+
+// A list has no parents: the way leads through the tree, and the list follows.
+void cExplorer::MoveParent() {
+    if (const TreeNode* node = tree_.Selected()) MoveTo(GetParentNode(node));
+}
+
+bool cExplorer::IsFirstSelected() {
+    if (!treeVisible_) return listId_ != 0 && listId_ == list_.FirstId();
+    return tree_.Selected() != nullptr && tree_.Selected() == tree_.Top(0);
+}
+
+bool cExplorer::IsLastSelected() {
+    if (!treeVisible_) return listId_ != 0 && listId_ == list_.LastId();
+    return tree_.Selected() != nullptr && tree_.Selected() == GetLastDisplayedNode(tree_.Top(0));
+}
+
+}  // namespace quillon::navigation

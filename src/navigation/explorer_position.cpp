@@ -1,0 +1,55 @@
+// Nodes that have been moved without being stored, back to where the store has them.
+#include "navigation/explorer.h"
+
+namespace quillon::navigation {
+
+using store::RecordsetType;
+
+namespace {
+
+constexpr std::string_view kTaxonSql =
+    "PARAMETERS theId Long; SELECT * FROM qb_taxonomic_units WHERE qb_id = [theId]";
+
+}  // namespace
+
+void cExplorer::ReflectRealNodePosition(int qb_id) {
+    if (qb_id == 0 || !state_.gDatabase) return;
+    auto query = state_.gDatabase->CreateQueryDef("", kTaxonSql);
+    const auto row = query.Set("theId", qb_id).OpenRecordset(RecordsetType::ForwardOnly);
+    if (row->Eof()) return;
+    if (row->Get("parent_qb_id").IsNull()) return TakeUnderAccepted(qb_id);
+    const auto parent = static_cast<int>(row->Get("parent_qb_id").AsLong());
+    TreeNode* node = FindNodeWithId(qb_id);
+    if (node != nullptr && parent != qb_id) TakeUnder(node, FindNodeWithId(parent));
+}
+
+// Where the parent has not been opened yet, or is itself not there, its opening will bring the node.
+void cExplorer::TakeUnder(TreeNode* node, TreeNode* parent) {
+    if (parent == nullptr || (!parent->Expanded() && !NodeHasBeenExpanded(*parent))) {
+        RemoveSubtree(node);
+    } else {
+        Reparent(node, parent);
+    }
+}
+
+// A synonym has one node under each of its accepted taxa; a taxon without any stands at the top level.
+void cExplorer::TakeUnderAccepted(int qb_id) {
+    const std::vector<int> accepted = AcceptedNamesOf(qb_id);
+    std::vector<int> missing = accepted;
+    std::vector<TreeNode*> strays;
+    for (TreeNode* node : nodes_.NodesOf(qb_id)) {
+        if (std::erase(missing, FindIdOfNode(node->Parent())) == 0) strays.push_back(node);
+    }
+    for (TreeNode* stray : strays) {
+        if (accepted.empty()) {
+            Reparent(stray, nullptr);
+        } else if (missing.empty()) {
+            RemoveSubtree(stray);
+        } else {
+            TakeUnder(stray, FindNodeWithId(missing.front()));
+            missing.erase(missing.begin());
+        }
+    }
+}
+
+}  // namespace quillon::navigation

@@ -1,0 +1,60 @@
+// The taxa in the order of the alphabetical list: by the four name units, then by author. The order is read
+// from the index on the names, forwards or backwards from any name on, so that the first rows are there at
+// once however many names there are.
+//
+// A walk reads the DataSet while it lives, and nothing may be written meanwhile: it is made for one slice of
+// time and thrown away. The errors of the store pass through.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "store/engine.h"
+#include "store/row_stream.h"
+
+namespace quillon::navigation {
+
+// What places a taxon in the list. "" stands for Null, which no stored text is.
+struct NameKey {
+    std::array<std::string, 4> units;
+    std::string author;
+    int qb_id = 0;
+};
+
+// Negative, 0 or positive; only the units, or everything.
+int CompareUnits(const std::array<std::string, 4>& left, const std::array<std::string, 4>& right);
+int CompareKeys(const NameKey& left, const NameKey& right);
+// Nothing for a taxon that is gone.
+std::optional<NameKey> KeyOf(store::Database& database, int qb_id);
+
+class NameWalk {
+public:
+    enum class Direction { Forward, Backward };
+    using Units = std::array<std::string, 4>;
+
+    // It begins behind the name `from` (before it, backwards), or at the first (last) name of all. Backwards
+    // from a name, taxa without a first unit are left out.
+    NameWalk(store::Database& database, Direction direction, const Units* from = nullptr);
+
+    // Gives the taxa of the next name, in the order of the walk; false past the last one.
+    bool Next(std::vector<std::int32_t>& qb_ids);
+    // The name that Next() gave last.
+    const Units& Name() const { return name_; }
+
+private:
+    bool Step();
+    void SkipTo(const Units& from);
+    void OrderByAuthor(std::vector<std::int32_t>& qb_ids);
+    bool HasName(const Units& name) const;
+
+    store::Database& database_;
+    Direction direction_;
+    store::RowStream rows_;
+    bool hasRow_ = false;
+    Units name_;
+};
+
+}  // namespace quillon::navigation

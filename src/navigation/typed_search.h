@@ -1,0 +1,58 @@
+// The search for a typed text in the alphabetical list: the first row, from the beginning or from a taxon on,
+// whose line is Like the text and an asterisk. The list is not needed for it: a line begins with the first
+// unit of the name, so the names that can match stand together in the index on the names, and are read there
+// and tested one by one. A typed key is answered at once, however much of the list has been loaded.
+//
+// Only a text that begins with a wildcard makes it read lines until one matches. The errors of the store pass
+// through.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "navigation/name_walk.h"
+
+namespace quillon::navigation {
+
+class TypedSearch {
+public:
+    // `query` is the named query behind the list. Both must outlive the search, as `from` must, which is the
+    // taxon to begin with or nullptr.
+    TypedSearch(store::Database& database, std::string_view query, std::string_view typed,
+                const NameKey* from);
+
+    // Nothing when no row matches.
+    std::optional<NameKey> Run();
+
+private:
+    // Which rows are looked at: those of the list, or those with one mark before the first unit.
+    struct Rows;
+    struct Range {
+        std::string_view where;
+        std::string name = {}, first = {}, last = {}, mark = {};
+    };
+
+    void SearchFirstUnit(const Rows& rows, std::string_view rest);
+    void SearchFirstUnitBetween(const Rows& rows, std::string_view first, std::string_view last);
+    void SearchSecondUnit(std::string_view name, std::string_view rest);
+    void SearchSecondUnitBetween(std::string_view name, std::string_view first, std::string_view last);
+    void SearchMarks(std::string_view literal);
+    void ScanAmong(const Rows& rows, Range range);
+    void Scan(const Range& range);
+    void ScanMarked(const Range& range);
+    std::unique_ptr<store::Recordset> Open(const std::string& sql, const Range& range);
+    bool IsBehindBest(const NameKey& key) const;
+    void Test(const NameKey& key, std::string_view line);
+    std::string LineOf(int qb_id);
+
+    store::Database& database_;
+    std::string_view query_;
+    const NameKey* from_;
+    std::string literal_, pattern_;
+    bool withMarks_;
+    std::optional<NameKey> best_;
+};
+
+}  // namespace quillon::navigation

@@ -1,0 +1,64 @@
+// The small dialogs of the start: the splash, the question for a kingdom, and the dialog that stands in for a
+// DataSet that could not be opened. Start-up shows them; the windows over them are thin.
+#pragma once
+
+#include <string>
+
+#include "core/application_state.h"
+#include "core/controls.h"
+#include "core/outside.h"
+#include "store/lifecycle/lifecycle.h"
+
+namespace quillon::startup {
+
+struct FrmSplash {
+    Form form{"frmSplash"};
+    LabelControl lblTitle{form, "lblTitle", "Taxonomic Quillon"};
+    LabelControl lblVersion{form, "lblVersion"};
+
+    // `version` is major.minor.revision; the splash leaves out the revision.
+    explicit FrmSplash(const std::string& version);
+};
+
+class FrmKingdom {
+public:
+    FrmKingdom(ApplicationState& state, Prompter& prompter);
+
+    Form form{"FrmKingdom"};
+    LabelControl lblKingdom{form, "lblKingdom", "&Kingdom"};
+    ComboControl cboKingdom{form, "cboKingdom", ComboControl::Style::ListOnly};
+    ButtonControl cmdOK{form, "cmdOK", "&OK"};
+
+private:
+    // The program cannot go on without a kingdom, so closing the window asks for one as OK does.
+    void Accept();
+
+    ApplicationState& state_;
+    Prompter& prompter_;
+};
+
+class FrmNoDB {
+public:
+    FrmNoDB(ApplicationState& state, store::Lifecycle& lifecycle, Prompter& prompter);
+
+    Form form{"frmNoDB"};
+    LabelControl Instructions{form, "Instructions"};
+    // What the store had to say about the file; hidden when nothing was tried.
+    LabelControl lblReason{form, "lblReason"};
+    ButtonControl cmdOpen{form, "cmdOpen", "&Open..."};
+    ButtonControl cmdNew{form, "cmdNew", "&New..."};
+    ButtonControl cmdExit{form, "cmdExit", "E&xit"};
+
+private:
+    void Open();
+    void New();
+    void Exit();
+    // True when the DataSet is open and may stay so; otherwise the user has been told why not.
+    bool OpenFile(const std::string& path);
+
+    ApplicationState& state_;
+    store::Lifecycle& lifecycle_;
+    Prompter& prompter_;
+};
+
+}  // namespace quillon::startup

@@ -1,0 +1,31 @@
+// The ten preferences: their keys in Qln.Ini and the variables that they stand for. Start-up reads them,
+// FrmPreferences writes them; nobody else touches the file.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "core/application_state.h"
+#include "core/ini_profile.h"
+
+namespace quillon::startup {
+
+inline constexpr std::string_view kPreferencesSection = "Taxonomic Quillon";
+inline constexpr std::string_view kPreferencesFile = "Qln.Ini";
+inline constexpr std::string_view kKingdomKey = "Kingdom";
+
+struct Preference {
+    std::string_view key;
+    std::string ApplicationState::*variable;
+};
+// In the order of writing.
+std::span<const Preference> Preferences();
+
+// Takes every key of `file` that is a preference to its variable. Gives the number of all keys found, those
+// that the program does not know among them; 0 also when there is no file.
+int ReadPreferences(ApplicationState& state, IniProfile& profile, const std::string& file);
+// All ten, in one step; false, with a message, when they could not be written.
+bool WritePreferences(const ApplicationState& state, IniProfile& profile, const std::string& file);
+
+}  // namespace quillon::startup

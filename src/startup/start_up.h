@@ -1,0 +1,56 @@
+// The start of the program, from nothing to a main window with a DataSet in it or without one, and its end.
+// The windows stand behind Stage; main() runs it through the desktop program, and tests script it.
+#pragma once
+
+#include "core/application_state.h"
+#include "core/ini_profile.h"
+#include "core/outside.h"
+#include "startup/places.h"
+#include "store/lifecycle/lifecycle.h"
+
+namespace quillon::startup {
+
+// What the start asks of the windows.
+class Stage {
+public:
+    virtual ~Stage() = default;
+    // Without waiting for the user.
+    virtual void ShowSplash() = 0;
+    virtual void CloseSplash() = 0;
+    // The explorer, the taxon list and the form of the DataSet that is open, or of none; the root is current.
+    virtual void ShowDataSet() = 0;
+    virtual void ShowMainForm() = 0;
+};
+
+class StartUp {
+public:
+    // An empty place is left out: no preferences are found, or the current directory stays. Everything handed
+    // in must outlive this.
+    StartUp(ApplicationState& state, store::Lifecycle& lifecycle, IniProfile& profile, Prompter& prompter,
+            Stage& stage, Places places);
+
+    // The whole start. With gQuitRequested afterwards the program is to end; the main form was not shown.
+    void Run();
+    // What the main form does when it loads, from the preferences to the current node.
+    void LoadMainForm();
+    // Opens the DataSet of the preferences and asks the user where that fails.
+    void InitDB();
+
+private:
+    void ChooseKingdom();
+    void OpenPreferred();
+    void Close();
+
+    ApplicationState& state_;
+    store::Lifecycle& lifecycle_;
+    IniProfile& profile_;
+    Prompter& prompter_;
+    Stage& stage_;
+    Places places_;
+};
+
+// The end, when the main form closes by any means and the question about an unsaved record has been answered:
+// the DataSet is closed, with a pause for events before and after. False when the form must stay.
+bool StopProgram(ApplicationState& state, store::Lifecycle& lifecycle, Prompter& prompter, EventPump& events);
+
+}  // namespace quillon::startup

@@ -1,0 +1,222 @@
+#include <optional>
+
+#include "documentation/pick_list.h"
+#include "ui/binder_parts.h"
+
+namespace quillon::ui {
+
+namespace {
+
+constexpr int kLeastCharacters = 12;
+
+// Keys that open the list or walk through it; the combo gets them, from its line edit too.
+bool OpensList(int key) {
+    return key == Qt::Key_F4 || key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp ||
+           key == Qt::Key_PageDown;
+}
+
+// Whether another field has the focus now: the list of the combo is a part of it, and another program leaves
+// the field where it is.
+bool IsLeft(const QComboBox& combo) {
+    const QWidget* now = QApplication::focusWidget();
+    if (now == nullptr) return false;
+    for (const QWidget* part = now; part != nullptr; part = part->parentWidget())
+        if (part == &combo) return false;
+    return true;
+}
+
+// What stands in the line of an editable combo, to be put back after the list has been exchanged.
+class KeepLine {
+public:
+    explicit KeepLine(QLineEdit* line) : line_(line) {
+        if (line_ == nullptr) return;
+        text_ = line_->text();
+        cursor_ = line_->cursorPosition();
+        start_ = line_->selectionStart();
+        length_ = static_cast<int>(line_->selectedText().size());
+    }
+    ~KeepLine() {
+        if (line_ == nullptr) return;
+        if (line_->text() != text_) line_->setText(text_);
+        line_->setCursorPosition(cursor_);
+        if (start_ < 0) return;
+        const bool fromEnd = cursor_ == start_;  // as a completion is selected
+        line_->setSelection(fromEnd ? start_ + length_ : start_, fromEnd ? -length_ : length_);
+    }
+    KeepLine(const KeepLine&) = delete;
+    KeepLine& operator=(const KeepLine&) = delete;
+
+private:
+    QLineEdit* line_;
+    QString text_;
+    int cursor_ = 0, start_ = -1, length_ = 0;
+};
+
+// One combo box and its model. The list is put into the box only when the choices have changed, and choices
+// that are still to be read only when the user goes for them.
+class ComboBinding : public QObject {
+public:
+    ComboBinding(ComboControl& control, QComboBox& combo);
+
+    void Show();
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void PrepareList();
+    void ConnectLine();
+    void Fill();
+    void ShowText();
+    void DropDown();
+    void Typed(const QString& text);
+    void Completed(const QString& completion);
+
+    ComboControl& control_;
+    documentation::PickListControl* pickList_;
+    QComboBox& combo_;
+    QStringListModel* offered_;
+    std::optional<std::uint64_t> filled_;  // the revision of the choices in the box
+    bool typing_ = false, completing_ = false;
+};
+
+ComboBinding::ComboBinding(ComboControl& control, QComboBox& combo)
+    : QObject(&combo),
+      control_(control),
+      pickList_(dynamic_cast<documentation::PickListControl*>(&control)),
+      combo_(combo),
+      offered_(new QStringListModel(this)) {
+    combo_.setEditable(control_.GetStyle() == ComboControl::Style::Editable);
+    combo_.setInsertPolicy(QComboBox::NoInsert);
+    PrepareList();
+    combo_.installEventFilter(this);
+    connect(&combo_, &QComboBox::activated, this, [this](int index) {
+        if (pickList_ != nullptr)
+            pickList_->UserPick(index);
+        else
+            control_.UserChoose(index);
+    });
+    if (combo_.lineEdit() != nullptr) ConnectLine();
+}
+
+// A list that stays quick with a hundred thousand names in it.
+void ComboBinding::PrepareList() {
+    combo_.setModel(offered_);
+    if (auto* list = qobject_cast<QListView*>(combo_.view())) {
+        list->setUniformItemSizes(true);
+        list->setLayoutMode(QListView::Batched);
+    }
+    // The width goes by the layout, not by the longest name of the DataSet.
+    if (!combo_.isEditable()) return;
+    combo_.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    if (combo_.minimumContentsLength() == 0) combo_.setMinimumContentsLength(kLeastCharacters);
+}
+
+void ComboBinding::ConnectLine() {
+    combo_.lineEdit()->installEventFilter(this);
+    connect(combo_.lineEdit(), &QLineEdit::textEdited, this, &ComboBinding::Typed);
+    connect(combo_.completer(), qOverload<const QString&>(&QCompleter::highlighted), this,
+            &ComboBinding::Completed);
+}
+
+void ComboBinding::Show() {
+    ShowCommon(control_, combo_);
+    combo_.setEnabled(control_.Enabled() && !control_.Locked());
+    if (control_.ChoicesPending()) {
+        if (filled_) offered_->setStringList({});
+        filled_.reset();
+    } else if (filled_ != control_.ChoicesRevision()) {
+        Fill();
+    }
+    if (!completing_) ShowText();
+}
+
+void ComboBinding::Fill() {
+    const QSignalBlocker quiet(&combo_);
+    const KeepLine line(combo_.lineEdit());
+    QStringList texts;
+    texts.reserve(static_cast<qsizetype>(control_.ListCount()));
+    for (const auto& choice : control_.Choices()) texts << ToQt(choice.text);
+    offered_->setStringList(texts);
+    combo_.setCurrentIndex(control_.ListIndex());
+    filled_ = control_.ChoicesRevision();
+}
+
+void ComboBinding::ShowText() {
+    QLineEdit* line = combo_.lineEdit();
+    const int index = filled_ ? control_.ListIndex() : -1;
+    if (line == nullptr) return combo_.setCurrentIndex(index);
+    const QString text = ToQt(control_.Text());
+    if (line->text() == text) {
+        if (combo_.currentIndex() == index) return;
+        const KeepLine same(line);
+        return combo_.setCurrentIndex(index);
+    }
+    const int cursor = typing_ || line->hasFocus() ? line->cursorPosition() : 0;
+    combo_.setCurrentIndex(index);
+    if (line->text() != text) line->setText(text);
+    line->setCursorPosition(cursor);  // away from the field the beginning of the text is seen
+}
+
+void ComboBinding::DropDown() {
+    if (pickList_ != nullptr) pickList_->UserDropDown();
+    if (filled_ != control_.ChoicesRevision()) Fill();
+}
+
+void ComboBinding::Typed(const QString& text) {
+    const QSignalBlocker quiet(&combo_);
+    typing_ = true;
+    control_.UserSetText(FromQt(text));
+    ShowText();  // the model may have taken less than was typed
+    typing_ = false;
+}
+
+// The line is about to take the end of a choice that begins as what was typed.
+void ComboBinding::Completed(const QString& completion) {
+    const QLineEdit* line = combo_.lineEdit();
+    if (!line->hasFocus()) return;
+    const int typed = line->cursorPosition();
+    completing_ = true;
+    control_.UserSetText(FromQt(line->text().left(typed) + completion.mid(typed)));
+    completing_ = false;
+    QTimer::singleShot(0, this, [this] {
+        const QSignalBlocker quiet(&combo_);
+        Show();
+    });
+}
+
+bool ComboBinding::eventFilter(QObject* watched, QEvent* event) {
+    const bool isCombo = watched == &combo_;
+    switch (event->type()) {
+        case QEvent::Wheel:
+            if (combo_.hasFocus()) {
+                DropDown();
+                return false;
+            }
+            event->ignore();  // a page that scrolls under the pointer must not change the record
+            return true;
+        case QEvent::MouseButtonPress:
+            if (isCombo) DropDown();
+            return false;
+        case QEvent::KeyPress: {
+            const auto& key = dynamic_cast<QKeyEvent&>(*event);
+            if (isCombo && OpensList(key.key())) DropDown();
+            if (!key.text().trimmed().isEmpty() && filled_ != control_.ChoicesRevision()) Fill();
+            return false;
+        }
+        case QEvent::FocusOut:
+            if (pickList_ != nullptr && IsLeft(combo_)) pickList_->UserLeave();
+            return false;
+        default:
+            return false;
+    }
+}
+
+}  // namespace
+
+void BindCombo(ComboControl& control, const QWidget& window) {
+    auto* combo = Partner<QComboBox>(window, control);
+    if (combo == nullptr) return;
+    auto* binding = new ComboBinding(control, *combo);
+    Mirror(control, *combo, [binding](const ComboControl&, QComboBox&) { binding->Show(); });
+}
+
+}  // namespace quillon::ui

@@ -1,0 +1,64 @@
+#include "ui/binder_parts.h"
+
+namespace quillon::ui {
+
+namespace {
+
+void ShowColumns(const GridControl& model, QTableWidget& shown) {
+    const auto& columns = model.Columns();
+    shown.setColumnCount(static_cast<int>(columns.size()));
+    for (int column = 0; column < shown.columnCount(); ++column) {
+        const auto& wanted = columns[static_cast<std::size_t>(column)];
+        const QTableWidgetItem* heading = shown.horizontalHeaderItem(column);
+        if (heading == nullptr || heading->text() != ToQt(wanted.heading))
+            shown.setHorizontalHeaderItem(column, new QTableWidgetItem(ToQt(wanted.heading)));
+        if (shown.isColumnHidden(column) != wanted.hidden) shown.setColumnHidden(column, wanted.hidden);
+    }
+}
+
+// Only what differs is set, so that a row that is chosen, or added, costs no more than it changes.
+void ShowCells(const GridControl& model, QTableWidget& shown) {
+    shown.setRowCount(static_cast<int>(model.Rows().size()));
+    for (int row = 0; row < shown.rowCount(); ++row) {
+        for (int column = 0; column < shown.columnCount(); ++column) {
+            const QString text =
+                ToQt(model.Cell(static_cast<std::size_t>(row), static_cast<std::size_t>(column)));
+            QTableWidgetItem* cell = shown.item(row, column);
+            if (cell == nullptr)
+                shown.setItem(row, column, new QTableWidgetItem(text));
+            else if (cell->text() != text)
+                cell->setText(text);
+        }
+    }
+}
+
+void ShowSelection(const GridControl& model, QTableWidget& shown) {
+    const int row = model.SelectedRow();
+    if (row < 0) {
+        shown.clearSelection();
+        shown.setCurrentItem(nullptr);  // or a click on the same row again would be none
+    } else if (shown.currentRow() != row || !shown.selectionModel()->isRowSelected(row)) {
+        shown.selectRow(row);
+    }
+}
+
+void ShowGrid(const GridControl& model, QTableWidget& shown) {
+    ShowCommon(model, shown);
+    ShowColumns(model, shown);
+    ShowCells(model, shown);
+    ShowSelection(model, shown);
+}
+
+}  // namespace
+
+void BindGrid(GridControl& control, const QWidget& window) {
+    auto* table = Partner<QTableWidget>(window, control);
+    if (table == nullptr) return;
+    Mirror(control, *table, ShowGrid);
+    QObject::connect(table, &QTableWidget::currentCellChanged, table,
+                     [&control](int row, int, int, int) { control.UserSelectRow(row); });
+    QObject::connect(table, &QTableWidget::cellActivated, table,
+                     [&control](int row, int) { control.UserActivateRow(row); });
+}
+
+}  // namespace quillon::ui

@@ -1,0 +1,41 @@
+// What the files of the binder share; nobody else includes this.
+#pragma once
+
+#include <QtWidgets>
+
+#include "core/controls.h"
+#include "ui/text_convert.h"
+
+namespace quillon::ui {
+
+// The widget or action of the control's name, or nullptr.
+template <typename Target>
+Target* Partner(const QWidget& window, const Control& control) {
+    return window.findChild<Target*>(ToQt(control.Name()));
+}
+
+inline void ShowCommon(const Control& control, QWidget& widget) {
+    widget.setEnabled(control.Enabled());
+    widget.setVisible(control.Visible());
+}
+
+// Shows the control now and after each change, as long as the widget lives. A widget is silent meanwhile, so
+// that what the program shows is not taken for the user's doing; an action must be heard by its menus, and
+// tells the user's doing apart by itself.
+template <typename Model, typename Target, typename Show>
+void Mirror(Model& control, Target& target, Show show) {
+    show(control, target);
+    control.Observe([&control, guard = QPointer<Target>(&target), show] {
+        if (!guard) return;
+        const bool silent = guard->blockSignals(guard->isWidgetType());
+        show(control, *guard);
+        if (guard) guard->blockSignals(silent);
+    });
+}
+
+// The kinds that take more than a few lines.
+void BindCombo(ComboControl& control, const QWidget& window);
+void BindGrid(GridControl& control, const QWidget& window);
+void BindListView(ListControl& control, const QWidget& window);
+
+}  // namespace quillon::ui

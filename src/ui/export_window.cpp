@@ -1,0 +1,64 @@
+#include "ui/export_window.h"
+
+#include <QtWidgets>
+
+#include "ui/elided_label.h"
+#include "ui/filter_frame.h"
+#include "ui/named.h"
+
+namespace quillon::ui {
+
+namespace {
+
+constexpr int kWidth = 84;  // in average characters
+
+QGroupBox* MakeOptions(QWidget* parent, const char* frame, std::initializer_list<const char*> options) {
+    auto* box = Named<QGroupBox>(parent, frame);
+    auto* layout = new QVBoxLayout(box);
+    for (const char* option : options) layout->addWidget(Named<QRadioButton>(box, option));
+    return box;
+}
+
+// What is exported and where to, with the buttons that ask for another.
+QLayout* MakePaths(QWidget* parent) {
+    auto* grid = new QGridLayout;
+    grid->setColumnStretch(0, 1);
+    int row = 0;
+    for (const auto& [label, button] :
+         {std::pair("lblDataSet", "cmdSelectDB"), std::pair("lblFile", "cmdExportFile")}) {
+        grid->addWidget(Named<ElidedLabel>(parent, label), row, 0);
+        auto* ask = Named<QPushButton>(parent, button);
+        ask->setAutoDefault(false);
+        grid->addWidget(ask, row++, 1);
+    }
+    return grid;
+}
+
+}  // namespace
+
+ExportWindow::ExportWindow(exporting::FrmNExport& form, QWidget* parent) : FormDialog(form.form, parent) {
+    auto* layout = new QVBoxLayout(this);
+    layout->addLayout(MakePaths(this));
+    auto* options = new QHBoxLayout;
+    options->addWidget(MakeOptions(this, "FraExport", {"OptDataSet", "OptOnline", "OptPartial"}), 1);
+    options->addWidget(MakeOptions(this, "fraPartial", {"optName", "optAuthority", "optRank"}), 1);
+    auto* gauge = Named<QProgressBar>(this, "Gauge1");
+    gauge->setAccessibleName(tr("Progress"));
+    auto* start = Named<QPushButton>(this, "cmdOK");
+    start->setDefault(true);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(start);
+    buttons->addWidget(Named<QPushButton>(this, "cmdCancel"));
+    layout->setSpacing(10);
+    layout->addLayout(options);
+    layout->addWidget(MakeFilterFrame(this));
+    layout->addWidget(gauge);
+    layout->addStretch();
+    layout->addLayout(buttons);
+    BindAll();
+    start->setFocus();
+    resize(fontMetrics().averageCharWidth() * kWidth, sizeHint().height());
+}
+
+}  // namespace quillon::ui

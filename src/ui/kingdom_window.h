@@ -1,0 +1,15 @@
+// FrmKingdom, which asks for a kingdom when the preferences name none.
+#pragma once
+
+#include "startup/dialogs.h"
+#include "ui/form_dialog.h"
+
+namespace quillon::ui {
+
+class KingdomWindow : public FormDialog {
+    Q_OBJECT
+public:
+    KingdomWindow(startup::FrmKingdom& form, QWidget* parent);
+};
+
+}  // namespace quillon::ui

@@ -1,0 +1,15 @@
+// frmNoDB, which asks what to do when the DataSet of the preferences does not open.
+#pragma once
+
+#include "startup/dialogs.h"
+#include "ui/form_dialog.h"
+
+namespace quillon::ui {
+
+class NoDbWindow : public FormDialog {
+    Q_OBJECT
+public:
+    NoDbWindow(startup::FrmNoDB& form, QWidget* parent);
+};
+
+}  // namespace quillon::ui

@@ -1,0 +1,83 @@
+#include "ui/pages/page_parts.h"
+
+namespace quillon::ui {
+
+namespace {
+
+constexpr int kLeastRows = 6;
+constexpr int kMargin = 12;
+
+// A text of several lines on one; the whole text in a tool tip.
+class OneLine : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QString displayText(const QVariant& value, const QLocale&) const override {
+        return value.toString().simplified();
+    }
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override {
+        const QString text = index.data().toString();
+        const bool fits = option.fontMetrics.horizontalAdvance(text) < option.rect.width();
+        if (event->type() != QEvent::ToolTip || fits)
+            return QStyledItemDelegate::helpEvent(event, view, option, index);
+        QToolTip::showText(event->globalPos(), "<p>" + text.toHtmlEscaped().replace('\n', "<br>") + "</p>",
+                           view);
+        return true;
+    }
+};
+
+}  // namespace
+
+QLabel* FieldLabel(QWidget* parent, const char* name, QWidget* field) {
+    auto* label = Named<QLabel>(parent, name);
+    label->setBuddy(field);
+    return label;
+}
+
+QTableWidget* RowTable(QWidget* parent, const char* name, const QString& accessibleName,
+                       std::initializer_list<int> characters) {
+    auto* table = Named<QTableWidget>(parent, name);
+    table->setAccessibleName(accessibleName);
+    table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table->setSelectionMode(QAbstractItemView::SingleSelection);
+    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table->setTabKeyNavigation(false);  // Tab leads on to the fields
+    table->setWordWrap(false);
+    table->setAlternatingRowColors(true);
+    table->setItemDelegate(new OneLine(table));
+    table->verticalHeader()->hide();
+    const int line = table->fontMetrics().height();
+    table->verticalHeader()->setDefaultSectionSize(line + line / 2);
+    table->horizontalHeader()->setDefaultAlignment(Qt::AlignCenter);
+    table->horizontalHeader()->setHighlightSections(false);
+    table->horizontalHeader()->setStretchLastSection(true);
+    table->setColumnCount(static_cast<int>(characters.size()));
+    int column = 0;
+    for (const int width : characters)
+        table->setColumnWidth(column++, table->fontMetrics().averageCharWidth() * width);
+    table->setMinimumHeight((line + line / 2) * (kLeastRows + 1));
+    return table;
+}
+
+QVBoxLayout* PageLayout(QWidget* page) {
+    auto* layout = new QVBoxLayout(page);
+    layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    layout->setSpacing(kMargin);
+    return layout;
+}
+
+QGridLayout* FieldLayout() {
+    auto* layout = new QGridLayout;
+    layout->setHorizontalSpacing(kMargin);
+    layout->setColumnStretch(1, 1);
+    return layout;
+}
+
+QHBoxLayout* ButtonRow(QWidget* parent, std::initializer_list<const char*> names) {
+    auto* layout = new QHBoxLayout;
+    layout->addStretch();
+    for (const char* name : names) layout->addWidget(Named<QPushButton>(parent, name));
+    return layout;
+}
+
+}  // namespace quillon::ui

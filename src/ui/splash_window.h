@@ -1,0 +1,19 @@
+// frmSplash, what is seen of the program until its main window stands.
+#pragma once
+
+#include <QWidget>
+
+#include "startup/dialogs.h"
+
+namespace quillon::ui {
+
+class SplashWindow : public QWidget {
+    Q_OBJECT
+public:
+    // The form must outlive the window.
+    explicit SplashWindow(startup::FrmSplash& form);
+    // On the screen when this returns, though no event loop runs.
+    void ShowNow();
+};
+
+}  // namespace quillon::ui

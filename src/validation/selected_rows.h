@@ -1,0 +1,38 @@
+// The rows of one of the tables that validation visits, under a filter: in the order of the table's key, read
+// one by one. What they give is what BuildValidationSelect's select would give for the table.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "store/row_stream.h"
+#include "validation/selected_taxa.h"
+
+namespace quillon::validation {
+
+class SelectedRows {
+public:
+    // `columns` are parted by commas. They begin with those by which a row hangs on the taxa: the taxon's
+    // qb_id, the author's id, or prefix and id of a document. Throws StoreError.
+    SelectedRows(store::Database& database, std::string_view table, std::string_view columns,
+                 const SelectedTaxa& taxa);
+
+    // Goes on to the next row of the table, whether it is selected or not; false past the last.
+    bool Next() { return rows_.Next(); }
+    // How often the row at hand is visited: not at all unless it is selected; an author once a taxon, any
+    // other row once.
+    int Visits() const;
+    const store::RowStream& Row() const { return rows_; }
+
+private:
+    enum class Reach { Taxon, Listed, Author, Document };
+    static Reach ReachOf(std::string_view table);
+    static std::string Select(std::string_view table, std::string_view columns, const SelectedTaxa& taxa);
+
+    const SelectedTaxa& taxa_;
+    Reach reach_;
+    store::RowStream rows_;
+};
+
+}  // namespace quillon::validation

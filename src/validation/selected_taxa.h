@@ -1,0 +1,76 @@
+// The taxa that a filter lets through, and what they reach: their authors and, through their reference links,
+// documents. Read once, when a validation or an export begins.
+//
+// A million names are read row by row and never joined or sorted by the engine: each row is a turn at which
+// the user may cancel, and whole tables are read faster than many rows by their keys. Few taxa are looked up.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "store/engine.h"
+#include "store/row_stream.h"
+#include "validation/id_set.h"
+
+namespace quillon::validation {
+
+// Called for each row that is read; false ends the reading.
+using Continue = std::function<bool()>;
+
+// " AND <column> IN (3, 7, 12)" while the ids are few enough to be looked up one by one; empty for more, so
+// that all rows are read. An empty set gives a condition that no row meets.
+std::string AndAmong(std::string_view column, const IdSet& ids);
+
+// Documents, and by how many links each is reached. Prefixes compare as the store compares texts.
+class DocumentLinks {
+public:
+    void Add(std::string_view prefix, std::int32_t id);
+    // 0 for a document that no link leads to.
+    std::int32_t Count(std::string_view prefix, std::int32_t id) const;
+    // The ids under all prefixes.
+    const IdSet& Ids() const { return ids_; }
+
+private:
+    std::size_t Find(std::string_view prefix) const;
+    std::vector<std::pair<std::string, IdMap>> byPrefix_;
+    IdSet ids_;
+};
+
+class SelectedTaxa {
+public:
+    // The filter has been checked. Throws StoreError.
+    SelectedTaxa(store::Database& database, std::string_view filter, const Continue& goOn);
+
+    // There is no filter: every row of every table is selected, and nothing below has been read.
+    bool All() const { return all_; }
+    bool Has(std::int64_t qb_id) const { return all_ || ids_.Has(static_cast<std::int32_t>(qb_id)); }
+    const IdSet& Ids() const { return ids_; }
+    // The ids that the filter names: those of the journal, whether there is such a taxon or not; else the
+    // taxa.
+    const IdSet& Listed() const { return listed_; }
+    const IdSet& Authors() const { return authors_; }
+    // How many of the taxa have the author.
+    std::int32_t CountOfAuthor(std::int32_t authorId) const { return taxaOfAuthor_.Find(authorId); }
+
+    // Reads the reference links of the taxa, once.
+    void ReachDocuments(store::Database& database, const Continue& goOn);
+    const DocumentLinks& Documents() const { return documents_; }
+
+private:
+    void ReadJournal(store::Database& database, const Continue& goOn);
+    void ReadMatching(store::Database& database, std::string_view filter, const Continue& goOn);
+    void Add(const store::RowStream& taxon);
+
+    bool all_ = false;
+    bool reached_ = false;
+    IdSet ids_, listed_, authors_;
+    IdMap taxaOfAuthor_;
+    DocumentLinks documents_;
+};
+
+}  // namespace quillon::validation

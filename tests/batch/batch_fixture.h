@@ -1,0 +1,35 @@
+// Runs quillon-batch as a script does, in a temporary folder of its own.
+#pragma once
+
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <string>
+
+#include "testkit/testkit.h"
+
+namespace quillon::batch {
+
+struct Ended {
+    int status = -1;
+    std::string out, err;
+};
+
+struct Batch {
+    testkit::TempDir dir;
+
+    // Runs quillon-batch with the words as a shell has them, in the temporary folder.
+    Ended Run(const std::string& words) const {
+        const std::string command =
+            "cd " + dir.path() + " && " QUILLON_BATCH " " + words + " >out.txt 2>err.txt </dev/null";
+        const int code = std::system(command.c_str());
+        return {WEXITSTATUS(code), testkit::ReadFile(dir.File("out.txt")),
+                testkit::ReadFile(dir.File("err.txt"))};
+    }
+};
+
+inline constexpr const char* kTwoTaxa =
+    "[TU]|100||Animalia||||||||valid|||||||100|||||5|10|No|\r\n"
+    "[TU]|101||Chordata||||||||valid|||||||100|||||5|30|No|\r\n";
+
+}  // namespace quillon::batch

@@ -1,0 +1,57 @@
+// A DataSet with the taxon 2, "Orcinus orca", under edit, and what the tests of the three tabs read from
+// them.
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "core/controls.h"
+#include "testkit/testkit.h"
+
+namespace quillon::documentation {
+
+class DocumentationTest : public testing::Test {
+protected:
+    DocumentationTest() {
+        data.Make();
+        form.SetTitle("Taxonomic Quillon");
+        data.state.currentTaxon.qb_id = 2;
+        data.state.currentTaxon.unit_name1 = "Orcinus";
+        data.state.currentTaxon.unit_name2 = "orca";
+        Run("INSERT INTO qb_vernaculars (qb_id, qb_vern_id, vernacular_name, language, approved_ind) "
+            "VALUES (2, 5, 'Killer whale', 'English', true)");
+    }
+    void Run(const std::string& sql) { data.db().Execute(sql); }
+
+    testkit::DataSetFixture data;
+    Form form{"RecView"};
+};
+
+// The cells of a row, with bars between them.
+inline std::string TextOf(const GridControl::Row& row) {
+    std::string text;
+    for (const std::string& cell : row) text += (&cell == row.data() ? "" : "|") + cell;
+    return text;
+}
+// One line a row.
+inline std::string TextOf(const GridControl& grid) {
+    std::string text;
+    for (const GridControl::Row& row : grid.Rows()) text += TextOf(row) + "\n";
+    return text;
+}
+// The headings, those of hidden columns in brackets.
+inline std::string HeadingsOf(const GridControl& grid) {
+    GridControl::Row headings;
+    for (const auto& column : grid.Columns())
+        headings.push_back(column.hidden ? "(" + column.heading + ")" : column.heading);
+    return TextOf(headings);
+}
+inline std::string TextOf(const ChoiceControl& list) {
+    GridControl::Row texts;
+    for (const auto& choice : list.Choices()) texts.push_back(choice.text);
+    return TextOf(texts);
+}
+
+}  // namespace quillon::documentation

@@ -1,0 +1,152 @@
+// How the experts tab shows what is stored of a taxon.
+#include "documentation/expert_tab.h"
+
+#include "documentation/documentation_fixture.h"
+
+namespace quillon::documentation {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr const char* kEmptyRow = "||||||||\n";
+constexpr const char* kNoFields = "||||Scientific Name||hidden|hidden";
+constexpr const char* kCommands = "cmdExpAdd cmdExpModify cmdExpDelete ";
+
+class ExpertTabTest : public DocumentationTest {
+protected:
+    ExpertTabTest() {
+        SetUpExperts(tab, data.state, data.prompter);
+        Run("INSERT INTO qb_experts (expert_id_prefix, qb_expert_id, expert_id, expert, exp_comment) "
+            "VALUES ('EXP', 7, 70, 'Dale Rice', 'adviser')");
+        Run("INSERT INTO qb_experts (expert_id_prefix, qb_expert_id, expert) VALUES ('EXP', 8, 'Dale Rice')");
+        Run("INSERT INTO qb_experts (expert_id_prefix, qb_expert_id, expert, exp_comment) "
+            "VALUES ('EXP', 9, 'James \"Jim\" Mead', 'whales')");
+    }
+    void Link(const std::string& document, const std::string& changeTrack = "NULL") {
+        Run("INSERT INTO qb_reference_links (qb_id, qb_documentation_id_prefix, qb_documentation_id, "
+            "qb_change_track_id) VALUES (2, 'EXP', " +
+            document + ", " + changeTrack + ")");
+    }
+    void LinkVernacular(const std::string& document, const std::string& vernacular, const std::string& name) {
+        Run("INSERT INTO qb_vern_ref_links (qb_id, qb_vern_id, qb_documentation_id_prefix, "
+            "qb_documentation_id, vernacular_name) VALUES (2, " +
+            vernacular + ", 'EXP', " + document + ", '" + name + "')");
+    }
+    void Load() { LoadExpertGrid(tab, data.state, data.prompter, 2); }
+    std::string Fields() const {
+        return TextOf({tab.cboExpert.Text(), tab.txtExpComments.Text(), tab.txtEQBID.Text(),
+                       tab.txtEID.Text(), tab.cboVernExpSelect.Text(), tab.cboVernExp.Text(),
+                       tab.cboVernExp.Visible() ? "shown" : "hidden",
+                       tab.lblVernExpCbo.Visible() ? "shown" : "hidden"});
+    }
+    std::string Disabled() const {
+        std::string names;
+        for (const Control* control : form.Controls())
+            if (!control->Enabled()) names += control->Name() + " ";
+        return names;
+    }
+
+    ExpertTab tab{form};
+};
+
+TEST_F(ExpertTabTest, BeginsWithAnEmptyRowAndEmptyFields) {
+    EXPECT_EQ(HeadingsOf(tab.grdExperts),
+              "Name|Expert|Comments|(QB EID)|(EID)|(CTID)|Assocociated With|(QB VERN ID)|(Orig QB EID)");
+    EXPECT_EQ(TextOf(tab.grdExperts), kEmptyRow);
+    EXPECT_EQ(Fields(), kNoFields);
+    EXPECT_EQ(TextOf(tab.cboVernExpSelect), "Scientific Name|Vernacular|Both");
+    EXPECT_EQ(Disabled(), kCommands);
+}
+
+TEST_F(ExpertTabTest, ShowsTheLinksOfTheNameBeforeThoseOfItsVernaculars) {
+    Link("9");
+    Link("7", "12");
+    Link("8");
+    LinkVernacular("8", "6", "Orque");
+    LinkVernacular("7", "5", "Killer whale");
+    Run("INSERT INTO qb_reference_links (qb_id, qb_documentation_id_prefix, qb_documentation_id) "
+        "VALUES (2, 'PUB', 7)");
+    Load();
+    EXPECT_EQ(TextOf(tab.grdExperts),
+              "Orcinus  orca|Dale Rice|adviser|7|70|12|Scientific Name|0|7\n"
+              "Orcinus  orca|Dale Rice||8|0|0|Scientific Name|0|8\n"
+              "Orcinus  orca|James \"Jim\" Mead|whales|9|0|0|Scientific Name|0|9\n"
+              "Killer whale [English]|Dale Rice|adviser|7|70|0|Vernacular|5|7\n"
+              "Orque [unspecified]|Dale Rice||8|0|0|Vernacular|6|8\n" +
+                  std::string(kEmptyRow));
+    EXPECT_EQ(tab.grdExperts.SelectedRow(), 0);
+    EXPECT_EQ(Fields(), "Dale Rice|adviser|7|70|Scientific Name||hidden|hidden");
+    tab.grdExperts.UserSelectRow(4);
+    EXPECT_EQ(Fields(), "Dale Rice||8|0|Vernacular|Orque [unspecified]|shown|shown");
+    tab.grdExperts.UserSelectRow(5);
+    EXPECT_EQ(Fields(), kNoFields);
+}
+
+TEST_F(ExpertTabTest, TheRowOfAChangeTrackLeavesItsCommentEnabled) {
+    Link("7", "12");
+    Load();
+    EXPECT_EQ(Disabled(), "cboExpert cmdExpAdd cmdExpModify cmdExpDelete ");
+    tab.grdExperts.UserSelectRow(1);
+    EXPECT_EQ(Disabled(), kCommands);
+    form.SetTitle("Change Tracking");
+    Load();
+    EXPECT_EQ(Disabled(), kCommands);
+}
+
+TEST_F(ExpertTabTest, AnIdAbove32767FailsAtTheLoad) {
+    Run("UPDATE qb_experts SET expert_id = 32768 WHERE qb_expert_id = 8");
+    Link("7");
+    Link("8");
+    Load();
+    EXPECT_THAT(data.prompter.messages, ElementsAre("Failed Overflow: expert_id 32768"));
+    EXPECT_EQ(TextOf(tab.grdExperts), kEmptyRow);
+    EXPECT_EQ(Fields(), kNoFields);
+}
+
+TEST_F(ExpertTabTest, ARecordThatIsNotStoredBeginsWithNothing) {
+    Link("7", "12");
+    Load();
+    ResetExperts(tab);
+    EXPECT_EQ(TextOf(tab.grdExperts), kEmptyRow);
+    EXPECT_EQ(Fields(), kNoFields);
+    EXPECT_EQ(Disabled(), kCommands);
+}
+
+TEST_F(ExpertTabTest, TheListHasEachNameOnceAndKeepsTheText) {
+    tab.cboExpert.SetText("Somebody");
+    ReloadExperts(tab, data.state, data.prompter);
+    EXPECT_TRUE(tab.cboExpert.ChoicesPending()) << "nobody has looked yet";
+    EXPECT_EQ(TextOf(tab.cboExpert), "Dale Rice|James \"Jim\" Mead");
+    EXPECT_EQ(tab.cboExpert.Text(), "Somebody");
+}
+
+TEST_F(ExpertTabTest, APickFillsTheCommentAndTheIds) {
+    ReloadExperts(tab, data.state, data.prompter);
+    ASSERT_TRUE(tab.cboExpert.UserPick(1));
+    EXPECT_EQ(Fields(), "James \"Jim\" Mead|whales|9||Scientific Name||hidden|hidden");
+    ASSERT_TRUE(tab.cboExpert.UserPick(0));
+    EXPECT_EQ(Fields(), "Dale Rice|adviser|7|70|Scientific Name||hidden|hidden") << "the first of two";
+}
+
+TEST_F(ExpertTabTest, AnUnknownExpertFillsNothing) {
+    tab.txtExpComments.SetText("kept");
+    tab.cboExpert.SetText("Somebody");
+    ExpertSelectionFill(tab, data.state, data.prompter);
+    EXPECT_EQ(Fields(), "Somebody|kept|||Scientific Name||hidden|hidden");
+    data.state.gDatabase.reset();
+    tab.cboExpert.SetText("Dale Rice");
+    ExpertSelectionFill(tab, data.state, data.prompter);
+    EXPECT_EQ(Fields(), "Dale Rice|kept|||Scientific Name||hidden|hidden");
+    EXPECT_THAT(data.prompter.messages, IsEmpty());
+}
+
+TEST_F(ExpertTabTest, ThePickerFollowsTheAssociation) {
+    tab.cboVernExpSelect.UserSetText("Both");
+    EXPECT_EQ(Fields(), "||||Both||shown|shown");
+    tab.cboVernExpSelect.UserSetText("Scientific Name");
+    EXPECT_EQ(Fields(), kNoFields);
+}
+
+}  // namespace
+}  // namespace quillon::documentation

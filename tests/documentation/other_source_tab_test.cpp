@@ -1,0 +1,159 @@
+// How the other sources tab shows what is stored of a taxon.
+#include "documentation/other_source_tab.h"
+
+#include "documentation/documentation_fixture.h"
+
+namespace quillon::documentation {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr const char* kEmptyRow = "|||||||||||\n";
+constexpr const char* kNoFields = "|||||||Scientific Name||hidden|hidden";
+constexpr const char* kCommands = "cmdOSAdd cmdOSModify cmdOSDelete ";
+
+class OtherSourceTabTest : public DocumentationTest {
+protected:
+    OtherSourceTabTest() {
+        SetUpOtherSources(tab, data.state, data.prompter);
+        Run("INSERT INTO qb_other_sources (source_id_prefix, qb_source_id, source_id, source, source_type, "
+            "version, acquisition_date, source_comment) VALUES ('SRC', 4, 40, 'Marine list', 'website', "
+            "'2023', "
+            "'06/15/2023', 'a list')");
+        Run("INSERT INTO qb_other_sources (source_id_prefix, qb_source_id, source, acquisition_date) "
+            "VALUES ('SRC', 5, 'Marine list', '06/16/2023')");
+        Run("INSERT INTO qb_other_sources (source_id_prefix, qb_source_id, source) "
+            "VALUES ('SRC', 6, 'Catalogue')");
+    }
+    void Link(const std::string& document, const std::string& changeTrack = "NULL") {
+        Run("INSERT INTO qb_reference_links (qb_id, qb_documentation_id_prefix, qb_documentation_id, "
+            "qb_change_track_id) VALUES (2, 'SRC', " +
+            document + ", " + changeTrack + ")");
+    }
+    void LinkVernacular(const std::string& document, const std::string& vernacular, const std::string& name) {
+        Run("INSERT INTO qb_vern_ref_links (qb_id, qb_vern_id, qb_documentation_id_prefix, "
+            "qb_documentation_id, vernacular_name) VALUES (2, " +
+            vernacular + ", 'SRC', " + document + ", '" + name + "')");
+    }
+    void Load() { LoadOtherSourceGrid(tab, data.state, data.prompter, 2); }
+    std::string Fields() const {
+        return TextOf({tab.cboSource.Text(), tab.txtSourceType.Text(), tab.txtVersion.Text(),
+                       tab.txtADate.Text(), tab.txtOSComments.Text(), tab.txtOSQBID.Text(),
+                       tab.txtOSID.Text(), tab.cboVernSrcSelect.Text(), tab.cboVernSrc.Text(),
+                       tab.cboVernSrc.Visible() ? "shown" : "hidden",
+                       tab.lblVernSrcCbo.Visible() ? "shown" : "hidden"});
+    }
+    std::string Disabled() const {
+        std::string names;
+        for (const Control* control : form.Controls())
+            if (!control->Enabled()) names += control->Name() + " ";
+        return names;
+    }
+
+    OtherSourceTab tab{form};
+};
+
+TEST_F(OtherSourceTabTest, BeginsWithAnEmptyRowAndEmptyFields) {
+    EXPECT_EQ(HeadingsOf(tab.grdOtherSources),
+              "Name|Source|Srce Type|Version|Acquis Date|Comments|(QB OSID)|(OSID)|(CTID)|Associated With|"
+              "(QB VERN ID)|(Orig QB OSID)");
+    EXPECT_EQ(TextOf(tab.grdOtherSources), kEmptyRow);
+    EXPECT_EQ(Fields(), kNoFields);
+    EXPECT_EQ(TextOf(tab.cboVernSrcSelect), "Scientific Name|Vernacular|Both");
+    EXPECT_EQ(Disabled(), kCommands);
+}
+
+TEST_F(OtherSourceTabTest, ShowsTheLinksOfTheNameBeforeThoseOfItsVernaculars) {
+    Link("5");
+    Link("4", "12");
+    LinkVernacular("6", "6", "Orque");
+    LinkVernacular("4", "5", "Killer whale");
+    Run("INSERT INTO qb_vern_ref_links (qb_id, qb_vern_id, qb_documentation_id_prefix, qb_documentation_id, "
+        "vernacular_name) VALUES (3, 5, 'SRC', 6, 'Killer whale')");
+    Load();
+    EXPECT_EQ(TextOf(tab.grdOtherSources),
+              "Orcinus  orca|Marine list|website|2023|06/15/2023|a list|4|40|12|Scientific Name|0|4\n"
+              "Orcinus  orca|Marine list|||06/16/2023||5|0|0|Scientific Name|0|5\n"
+              "Killer whale [English]|Marine list|website|2023|06/15/2023|a list|4|40|0|Vernacular|5|4\n"
+              "Orque [unspecified]|Catalogue|||||6|0|0|Vernacular|6|6\n" +
+                  std::string(kEmptyRow));
+    EXPECT_EQ(tab.grdOtherSources.SelectedRow(), 0);
+    EXPECT_EQ(Fields(), "Marine list|website|2023|06/15/2023|a list|4|40|Scientific Name||hidden|hidden");
+    tab.grdOtherSources.UserSelectRow(2);
+    EXPECT_EQ(
+        Fields(),
+        "Marine list|website|2023|06/15/2023|a list|4|40|Vernacular|Killer whale [English]|shown|shown");
+    tab.grdOtherSources.UserSelectRow(4);
+    EXPECT_EQ(Fields(), kNoFields);
+}
+
+TEST_F(OtherSourceTabTest, TheRowOfAChangeTrackIsReadOnly) {
+    Link("4", "12");
+    Load();
+    EXPECT_EQ(Disabled(),
+              "cboSource txtSourceType txtVersion txtADate txtOSComments cmdOSAdd cmdOSModify cmdOSDelete ");
+    tab.grdOtherSources.UserSelectRow(1);
+    EXPECT_EQ(Disabled(), kCommands);
+    form.SetTitle("Change Tracking");
+    Load();
+    EXPECT_EQ(Disabled(), kCommands);
+}
+
+TEST_F(OtherSourceTabTest, AnIdAbove32767FailsAtTheLoad) {
+    Run("UPDATE qb_other_sources SET source_id = 32768 WHERE qb_source_id = 5");
+    Link("4");
+    Link("5");
+    Load();
+    EXPECT_THAT(data.prompter.messages, ElementsAre("Failed Overflow: source_id 32768"));
+    EXPECT_EQ(TextOf(tab.grdOtherSources), kEmptyRow);
+    EXPECT_EQ(Fields(), kNoFields);
+}
+
+TEST_F(OtherSourceTabTest, ARecordThatIsNotStoredBeginsWithNothing) {
+    Link("4", "12");
+    Load();
+    ResetOtherSources(tab);
+    EXPECT_EQ(TextOf(tab.grdOtherSources), kEmptyRow);
+    EXPECT_EQ(Fields(), kNoFields);
+    EXPECT_EQ(Disabled(), kCommands);
+}
+
+TEST_F(OtherSourceTabTest, TheListHasEachSourceOnceAndKeepsTheText) {
+    tab.cboSource.SetText("Something");
+    ReloadOtherSources(tab, data.state, data.prompter);
+    EXPECT_TRUE(tab.cboSource.ChoicesPending()) << "nobody has looked yet";
+    EXPECT_EQ(TextOf(tab.cboSource), "Catalogue|Marine list");
+    EXPECT_EQ(tab.cboSource.Text(), "Something");
+}
+
+TEST_F(OtherSourceTabTest, APickFillsTheOtherFields) {
+    ReloadOtherSources(tab, data.state, data.prompter);
+    ASSERT_TRUE(tab.cboSource.UserPick(1));
+    EXPECT_EQ(Fields(), "Marine list|website|2023|06/15/2023|a list|4|40|Scientific Name||hidden|hidden")
+        << "the first of two";
+    ASSERT_TRUE(tab.cboSource.UserPick(0));
+    EXPECT_EQ(Fields(), "Catalogue|||||6||Scientific Name||hidden|hidden");
+}
+
+TEST_F(OtherSourceTabTest, AnUnknownSourceFillsNothing) {
+    tab.txtVersion.SetText("kept");
+    tab.cboSource.SetText("Something");
+    OtherSourceSelectionFill(tab, data.state, data.prompter);
+    EXPECT_EQ(Fields(), "Something||kept|||||Scientific Name||hidden|hidden");
+    data.state.gDatabase.reset();
+    tab.cboSource.SetText("Catalogue");
+    OtherSourceSelectionFill(tab, data.state, data.prompter);
+    EXPECT_EQ(Fields(), "Catalogue||kept|||||Scientific Name||hidden|hidden");
+    EXPECT_THAT(data.prompter.messages, IsEmpty());
+}
+
+TEST_F(OtherSourceTabTest, ThePickerFollowsTheAssociation) {
+    tab.cboVernSrcSelect.UserSetText("Vernacular");
+    EXPECT_EQ(Fields(), "|||||||Vernacular||shown|shown");
+    tab.cboVernSrcSelect.UserSetText("Scientific Name");
+    EXPECT_EQ(Fields(), kNoFields);
+}
+
+}  // namespace
+}  // namespace quillon::documentation

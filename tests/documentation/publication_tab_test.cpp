@@ -1,0 +1,233 @@
+// How the publications tab shows what is stored of a taxon.
+#include "documentation/publication_tab.h"
+
+#include "documentation/documentation_fixture.h"
+
+namespace quillon::documentation {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr const char* kEmptyRow = "||||||||||||||||||\n";
+constexpr const char* kSystema =
+    "Linnaeus, C.|Yes|01/01/1758|Systema naturae|Editio decima|02/01/1758|Salvius|Stockholm|I1|S1|1-824|"
+    "Tomus I.|3|17|";
+
+class PublicationTabTest : public DocumentationTest {
+protected:
+    PublicationTabTest() {
+        SetUpPublications(tab, data.state, data.prompter);
+        Run("INSERT INTO qb_publications (publication_id_prefix, qb_publication_id, publication_id, "
+            "reference_author, title, publication_name, listed_pub_date, actual_pub_date, publisher, "
+            "pub_place, "
+            "isbn, issn, pages, pub_comment) VALUES ('PUB', 3, 17, 'Linnaeus, C.', 'Systema naturae', "
+            "'Editio decima', '02/01/1758', '01/01/1758', 'Salvius', 'Stockholm', 'I1', 'S1', '1-824', "
+            "'Tomus I.')");
+        Run("INSERT INTO qb_publications (publication_id_prefix, qb_publication_id, publication_name) "
+            "VALUES ('PUB', 4, 'Notes')");
+    }
+    void Link(const std::string& document, const std::string& original = "false",
+              const std::string& changeTrack = "NULL") {
+        Run("INSERT INTO qb_reference_links (qb_id, qb_documentation_id_prefix, qb_documentation_id, "
+            "original_desc_ind, qb_change_track_id) VALUES (2, 'PUB', " +
+            document + ", " + original + ", " + changeTrack + ")");
+    }
+    void LinkVernacular(const std::string& document, const std::string& vernacular, const std::string& name) {
+        Run("INSERT INTO qb_vern_ref_links (qb_id, qb_vern_id, qb_documentation_id_prefix, "
+            "qb_documentation_id, vernacular_name) VALUES (2, " +
+            vernacular + ", 'PUB', " + document + ", '" + name + "')");
+    }
+    void Load() { LoadPubGrid(tab, data.state, data.prompter, 2); }
+    // What the edit controls hold; the picker with its visibility.
+    std::string Fields() const {
+        return TextOf({tab.cboAuthor.Text(), tab.chkPOD.Value() ? "x" : "", tab.cboADate.Text(),
+                       tab.cboTitle.Text(), tab.cboPublication.Text(), tab.txtLDate.Text(),
+                       tab.txtPublisher.Text(), tab.txtLocation.Text(), tab.txtISBN.Text(),
+                       tab.txtISSN.Text(), tab.txtPages.Text(), tab.txtPubComments.Text(),
+                       tab.txtPQBID.Text(), tab.txtPID.Text(), tab.cboVernPubSelect.Text(),
+                       tab.cboVernPub.Text(), tab.cboVernPub.Visible() ? "shown" : "hidden",
+                       tab.lblVernPubCbo.Visible() ? "shown" : "hidden"});
+    }
+    // The names of the controls that take no input.
+    std::string Disabled() const {
+        std::string names;
+        for (const Control* control : form.Controls())
+            if (!control->Enabled()) names += control->Name() + " ";
+        return names;
+    }
+
+    PublicationTab tab{form};
+};
+
+constexpr const char* kNoFields = "||||||||||||||Scientific Name||hidden|hidden";
+constexpr const char* kCommands = "cmdPubAdd cmdPubModify cmdPubDelete ";
+
+TEST_F(PublicationTabTest, BeginsWithAnEmptyRowAndEmptyFields) {
+    EXPECT_EQ(HeadingsOf(tab.grdPublications),
+              "Name|Author|Org. Desc.|Act. Date|Title|Publication|Listed Date|Publisher|Location|ISBN|ISSN|"
+              "Pages|Comments|(QB PID)|(PID)|(CT ID)|Associated With|(QB VERN ID)|(Orig QB PID)");
+    EXPECT_EQ(TextOf(tab.grdPublications), kEmptyRow);
+    EXPECT_EQ(Fields(), kNoFields);
+    EXPECT_EQ(TextOf(tab.cboVernPubSelect), "Scientific Name|Vernacular|Both");
+    EXPECT_EQ(Disabled(), kCommands);
+    EXPECT_FALSE(tab.txtPQBID.UserSetText("1"));
+    EXPECT_FALSE(tab.txtPID.UserSetText("1"));
+}
+
+TEST_F(PublicationTabTest, ShowsTheLinksOfTheNameBeforeThoseOfItsVernaculars) {
+    Link("4");
+    Link("3", "true", "9");
+    LinkVernacular("3", "6", "Orque");
+    LinkVernacular("3", "5", "Killer whale");
+    Run("INSERT INTO qb_reference_links (qb_id, qb_documentation_id_prefix, qb_documentation_id) "
+        "VALUES (3, 'PUB', 4)");
+    Run("INSERT INTO qb_reference_links (qb_id, qb_documentation_id_prefix, qb_documentation_id) "
+        "VALUES (2, 'EXP', 3)");
+    Load();
+    const std::string systema(kSystema);
+    const std::string ofVernacular =
+        "Linnaeus, C.|No|01/01/1758|Systema naturae|Editio decima|02/01/1758|Salvius|Stockholm|I1|S1|1-824|"
+        "Tomus I.|3|17|0|Vernacular|";
+    EXPECT_EQ(TextOf(tab.grdPublications),
+              "Orcinus  orca|" + systema + "9|Scientific Name|0|3\n" +
+                  "Orcinus  orca||No|||Notes||||||||4|0|0|Scientific Name|0|4\n" + "Killer whale [English]|" +
+                  ofVernacular + "5|3\n" + "Orque [unspecified]|" + ofVernacular + "6|3\n" + kEmptyRow);
+    EXPECT_THAT(data.prompter.messages, IsEmpty());
+}
+
+TEST_F(PublicationTabTest, LoadingShowsTheFirstRow) {
+    Link("3", "true");
+    Link("4");
+    Load();
+    EXPECT_EQ(tab.grdPublications.SelectedRow(), 0);
+    EXPECT_EQ(
+        Fields(),
+        "Linnaeus, C.|x|01/01/1758|Systema naturae|Editio decima|02/01/1758|Salvius|Stockholm|I1|S1|1-824|"
+        "Tomus I.|3|17|Scientific Name||hidden|hidden");
+    EXPECT_EQ(TextOf({tab.PubFieldSnapshot.begin(), tab.PubFieldSnapshot.end()}),
+              "Orcinus  orca|" + std::string(kSystema) + "0|Scientific Name|0|3|");
+    EXPECT_EQ(Disabled(), kCommands);
+}
+
+TEST_F(PublicationTabTest, ATaxonWithoutLinksLeavesEmptyFieldsToTypeInto) {
+    Link("3", "true", "9");
+    Load();
+    LoadPubGrid(tab, data.state, data.prompter, 7);
+    EXPECT_EQ(TextOf(tab.grdPublications), kEmptyRow);
+    EXPECT_EQ(Fields(), kNoFields);
+    EXPECT_EQ(Disabled(), kCommands);
+    EXPECT_EQ(TextOf({tab.PubFieldSnapshot.begin(), tab.PubFieldSnapshot.end()}), "|||||||||||||||||||");
+}
+
+TEST_F(PublicationTabTest, ACommentComesWhole) {
+    const std::string comment(60000, 'c');
+    Run("UPDATE qb_publications SET pub_comment = '" + comment + "' WHERE qb_publication_id = 4");
+    Link("4");
+    Load();
+    EXPECT_EQ(tab.grdPublications.Cell(0, kPubComments), comment);
+    EXPECT_EQ(tab.txtPubComments.Text(), comment);
+}
+
+TEST_F(PublicationTabTest, AnIdAbove32767FailsAtTheLoad) {
+    Run("UPDATE qb_publications SET publication_id = 32767 WHERE qb_publication_id = 4");
+    Link("4");
+    Load();
+    EXPECT_THAT(data.prompter.messages, IsEmpty());
+    EXPECT_EQ(tab.txtPID.Text(), "32767");
+    Run("UPDATE qb_publications SET publication_id = 32768 WHERE qb_publication_id = 4");
+    Link("3");
+    Load();
+    EXPECT_THAT(data.prompter.messages, ElementsAre("Failed Overflow: publication_id 32768"));
+    EXPECT_EQ(TextOf(tab.grdPublications), kEmptyRow) << "no half of it either";
+    EXPECT_EQ(Fields(), kNoFields);
+}
+
+TEST_F(PublicationTabTest, ALocalIdAbove32767FailsAtTheLoadToo) {
+    Run("INSERT INTO qb_publications (publication_id_prefix, qb_publication_id) VALUES ('PUB', 32768)");
+    LinkVernacular("32768", "5", "Killer whale");
+    Load();
+    EXPECT_THAT(data.prompter.messages, ElementsAre("Failed Overflow: qb_publication_id 32768"));
+    EXPECT_EQ(TextOf(tab.grdPublications), kEmptyRow);
+}
+
+TEST_F(PublicationTabTest, AClickShowsTheRowAndOnTheEmptyRowClears) {
+    Link("4");
+    LinkVernacular("3", "5", "Killer whale");
+    Load();
+    ASSERT_TRUE(tab.grdPublications.UserSelectRow(1));
+    EXPECT_EQ(
+        Fields(),
+        "Linnaeus, C.||01/01/1758|Systema naturae|Editio decima|02/01/1758|Salvius|Stockholm|I1|S1|1-824|"
+        "Tomus I.|3|17|Vernacular|Killer whale [English]|shown|shown");
+    ASSERT_TRUE(tab.grdPublications.UserSelectRow(2));
+    EXPECT_EQ(Fields(), kNoFields);
+    ASSERT_TRUE(tab.grdPublications.UserSelectRow(0));
+    tab.cboPublication.UserSetText("Other notes");
+    ASSERT_TRUE(tab.grdPublications.UserActivateRow(0));
+    EXPECT_EQ(Fields(), "||||Notes||||||||4|0|Scientific Name||hidden|hidden") << "what was typed is gone";
+}
+
+TEST_F(PublicationTabTest, TheRowOfAChangeTrackIsReadOnly) {
+    Link("3", "true", "9");
+    Link("4");
+    Load();
+    EXPECT_EQ(Disabled(),
+              "cboAuthor cboADate txtLDate cboTitle cboPublication txtPublisher txtLocation txtISBN txtISSN "
+              "txtPages txtPubComments chkPOD cmdPubAdd cmdPubModify cmdPubDelete ");
+    tab.grdPublications.UserSelectRow(1);
+    EXPECT_EQ(Disabled(), kCommands);
+    tab.grdPublications.UserSelectRow(0);
+    tab.grdPublications.UserSelectRow(2);
+    EXPECT_EQ(Disabled(), kCommands) << "a new row is typed here";
+}
+
+TEST_F(PublicationTabTest, OnTheChangeTrackingFormNothingIsDisabled) {
+    form.SetTitle("Change Tracking");
+    Link("3", "true", "9");
+    Load();
+    EXPECT_EQ(tab.txtPQBID.Text(), "3");
+    EXPECT_EQ(Disabled(), kCommands);
+}
+
+TEST_F(PublicationTabTest, ThePickerFollowsTheAssociation) {
+    const auto visible = [&] { return tab.cboVernPub.Visible() && tab.lblVernPubCbo.Visible(); };
+    tab.cboVernPubSelect.UserSetText("Vernacular");
+    EXPECT_TRUE(visible());
+    tab.cboVernPubSelect.UserSetText("Both");
+    EXPECT_TRUE(visible());
+    tab.cboVernPubSelect.UserSetText("Scientific Name");
+    EXPECT_FALSE(tab.cboVernPub.Visible());
+    EXPECT_FALSE(tab.lblVernPubCbo.Visible());
+}
+
+TEST_F(PublicationTabTest, ARecordThatIsNotStoredBeginsWithNothing) {
+    Link("3", "true", "9");
+    Load();
+    ResetPublications(tab);
+    EXPECT_EQ(TextOf(tab.grdPublications), kEmptyRow);
+    EXPECT_EQ(Fields(), kNoFields);
+    EXPECT_EQ(Disabled(), kCommands);
+}
+
+TEST_F(PublicationTabTest, WithoutADataSetThereIsNothingToShow) {
+    Link("3");
+    Load();
+    data.state.gDatabase.reset();
+    Load();
+    EXPECT_EQ(TextOf(tab.grdPublications), kEmptyRow);
+    EXPECT_THAT(data.prompter.messages, IsEmpty());
+}
+
+TEST_F(PublicationTabTest, ShowingARowIsNoEditByTheUser) {
+    int edits = 0;
+    for (ComboControl* field : {static_cast<ComboControl*>(&tab.cboAuthor),
+                                static_cast<ComboControl*>(&tab.cboADate), &tab.cboVernPubSelect})
+        field->OnEdit([&] { ++edits; });
+    Link("3");
+    Load();
+    EXPECT_EQ(edits, 0);
+}
+
+}  // namespace
+}  // namespace quillon::documentation

@@ -1,0 +1,37 @@
+// Measures how much the store does between two turns of a job, in steps of its own machine and not in time,
+// so that a test can show that a Cancel is heard however large the tables are; and cancels at a turn.
+#pragma once
+
+#include <algorithm>
+
+#include "core/application_state.h"
+#include "core/outside.h"
+
+struct sqlite3;
+
+namespace quillon::testkit {
+
+class TurnMeter : public EventPump {
+public:
+    explicit TurnMeter(ApplicationState& state) : state_(state) {}
+    ~TurnMeter() override;
+
+    // Begins to count the steps of the open DataSet.
+    void Watch();
+    void Yield() override;
+
+    int turns = 0;
+    int cancelAt = 0;  // the turn that cancels, counted from 1; 0 for none
+    long longest = 0;  // steps between two turns, in the longest stretch
+    // Steps since the last turn count, too.
+    long Longest() const { return std::max(longest, steps_); }
+
+private:
+    static int Count(void* meter);
+
+    ApplicationState& state_;
+    sqlite3* watched_ = nullptr;
+    long steps_ = 0;
+};
+
+}  // namespace quillon::testkit

@@ -1,0 +1,215 @@
+// frmValidate and FrmVError on the screen, and the way from the main window to them and from a finding back.
+#include <gtest/gtest.h>
+
+#include <QtTest>
+#include <QtWidgets>
+
+#include "testkit/testkit.h"
+#include "ui/binder.h"
+#include "ui/desktop_program.h"
+#include "ui/validate_window.h"
+#include "ui/validation_error_window.h"
+
+namespace quillon::ui {
+namespace {
+
+class FixedClock : public Clock {
+public:
+    std::string Now() const override { return "2024-06-01 12:34:56"; }
+};
+
+// Runs once a modal window is there.
+void WhenModal(const std::function<void(QWidget&)>& act) {
+    QTimer::singleShot(0, [act] {
+        QWidget* modal = QApplication::activeModalWidget();
+        ASSERT_NE(modal, nullptr);
+        act(*modal);
+    });
+}
+
+// Animalia, and Orca without ratings, author or reference.
+class ValidationWindows : public testing::Test {
+protected:
+    ValidationWindows() {
+        data.Make("Animalia");
+        data.db().Execute(
+            "INSERT INTO qb_taxonomic_units (qb_id, unit_name1, usage, parent_qb_id, kingdom_id, rank_id) "
+            "VALUES (2, 'Orca', 'valid', 1, 5, 180)");
+    }
+
+    testkit::DataSetFixture data;
+    testkit::NullPump pump;
+    FixedClock clock;
+    validation::FindingMarks marks;
+};
+
+TEST_F(ValidationWindows, ShowsTheDataSetAndTheFilter) {
+    validation::frmValidate form(data.state, data.engine, data.prompter, pump, clock, data.dir.path(), marks);
+    ValidateWindow window(form, nullptr);
+    EXPECT_EQ(NamesWithoutPartner(form.form, window).join(" "), "");
+    EXPECT_EQ(window.windowTitle(), "DataSetValidation");
+    EXPECT_EQ(window.findChild<QLabel*>("lblValidate")->text(), "Perform Validation for DataSet");
+    auto* path = window.findChild<QLineEdit*>("txtValidate");
+    EXPECT_EQ(path->text().toStdString(), data.state.gDataSetPath);
+    EXPECT_TRUE(path->isReadOnly());
+    EXPECT_EQ(window.findChild<QGroupBox*>("fraFilter")->title(), "Filter Validated  Records");
+    EXPECT_EQ(window.findChild<QRadioButton*>("optModified")->text(),
+              "Validate only Changed and New Records");
+    EXPECT_EQ(window.findChild<QPushButton*>("cmdContinue")->text(), "&Continue");
+    auto* fields = window.findChild<QComboBox*>("cboFields");
+    EXPECT_FALSE(fields->isEnabled());
+    EXPECT_EQ(fields->currentText(), "taxonomic_credibility_rating");
+    window.findChild<QRadioButton*>("optColumn")->click();
+    EXPECT_TRUE(fields->isEnabled());
+}
+
+TEST_F(ValidationWindows, TypedConditionFiltersTheRun) {
+    validation::frmValidate form(data.state, data.engine, data.prompter, pump, clock, data.dir.path(), marks);
+    ValidateWindow window(form, nullptr);
+    WhenModal([](QWidget& modal) {
+        modal.findChild<QRadioButton*>("optColumn")->click();
+        for (const auto& [name, text] : {std::pair("cboFields", "unit_name1"), std::pair("cboOperators", "="),
+                                         std::pair("cboValues", "Delphinus")}) {
+            QLineEdit* edit = modal.findChild<QComboBox*>(name)->lineEdit();
+            edit->selectAll();
+            QTest::keyClicks(edit, text);
+        }
+        QTest::keyClick(modal.findChild<QComboBox*>("cboValues")->lineEdit(), Qt::Key_Return);
+    });
+    window.exec();
+    EXPECT_EQ(data.state.gRecordFilter, " WHERE unit_name1 = \"Delphinus\"");
+    EXPECT_EQ(data.prompter.messages, std::vector<std::string>{"Validation Complete -- No Errors!"});
+    EXPECT_EQ(window.findChild<QProgressBar*>("Gauge1")->value(), 0);
+    EXPECT_FALSE(window.isVisible());
+}
+
+TEST_F(ValidationWindows, ContinueOffersTheLog) {
+    validation::frmValidate form(data.state, data.engine, data.prompter, pump, clock, data.dir.path(), marks);
+    ValidateWindow window(form, nullptr);
+    data.prompter.yesNo = {true};
+    WhenModal([](QWidget& modal) { modal.findChild<QPushButton*>("cmdContinue")->click(); });
+    window.exec();
+    EXPECT_EQ(data.prompter.forms, std::vector<std::string>{"FrmVError"});
+    EXPECT_EQ(window.findChild<QProgressBar*>("Gauge1")->value(), 100);
+}
+
+TEST_F(ValidationWindows, EscapeClosesAnIdleForm) {
+    validation::frmValidate form(data.state, data.engine, data.prompter, pump, clock, data.dir.path(), marks);
+    ValidateWindow window(form, nullptr);
+    WhenModal([](QWidget& modal) { QTest::keyClick(&modal, Qt::Key_Escape); });
+    window.exec();
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_FALSE(data.state.gBatchCancel);
+}
+
+// The log of a run over Orca, shown.
+class ErrorWindow : public ValidationWindows {
+protected:
+    ErrorWindow() {
+        data.prompter.yesNo = {false};
+        validation::frmValidate(data.state, data.engine, data.prompter, pump, clock, data.dir.path(), marks)
+            .Continue();
+        form = std::make_unique<validation::FrmVError>(
+            data.state, data.prompter, data.dir.path(), marks, [this](int qb_id, std::string_view tab) {
+                visited << QString("%1 %2").arg(qb_id).arg(QString::fromUtf8(tab.data(), tab.size()));
+            });
+        window = std::make_unique<ValidationErrorWindow>(*form, nullptr);
+        list = window->findChild<QListView*>("lstError");
+        window->show();
+    }
+    QStringList Lines() const {
+        QStringList lines;
+        for (int row = 0; row < list->model()->rowCount(); ++row)
+            lines << list->model()->index(row, 0).data().toString();
+        return lines;
+    }
+
+    std::unique_ptr<validation::FrmVError> form;
+    std::unique_ptr<ValidationErrorWindow> window;
+    QListView* list = nullptr;
+    QStringList visited;
+};
+
+const QStringList kLines = {
+    "ID =  2   Name = Orca",
+    "     a taxonomic credibility rating is required for all records",
+    "     a taxonomic completeness rating (coverage) is required for ranks of Genus and above",
+    "     a currency rating is required for ranks of Genus and above",
+    "     an authority is required for records with a rank of Genus or lower",
+    "     at least one reference is required"};
+
+TEST_F(ErrorWindow, ShowsTheLinesAndTheirCounts) {
+    EXPECT_EQ(NamesWithoutPartner(form->form, *window).join(" "), "");
+    EXPECT_EQ(window->windowTitle(), "Validation Error Log");
+    EXPECT_EQ(Lines(), kLines);
+    EXPECT_EQ(window->findChild<QLabel*>("lblCounts")->text(),
+              "5 findings: 1 credibility missing, 1 completeness missing, 1 currency missing, "
+              "1 author missing, 1 reference missing");
+    EXPECT_EQ(window->findChild<QPushButton*>("cmdSave")->text(), "&Save Log As...");
+    EXPECT_EQ(window->findChild<QPushButton*>("cmdOK")->text(), "E&xit");
+}
+
+TEST_F(ErrorWindow, FilterNarrowsTheList) {
+    QTest::keyClicks(window->findChild<QLineEdit*>("txtFilter"), "currency");
+    EXPECT_EQ(Lines(), (QStringList{kLines[0], kLines[3]}));
+    EXPECT_EQ(window->findChild<QLabel*>("lblCounts")->text(), "1 finding: 1 currency missing");
+}
+
+TEST_F(ErrorWindow, DoubleClickBringsTheTaxonUpWhereTheFaultLies) {
+    const QPoint place = list->visualRect(list->model()->index(5, 0)).center();
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, {20, place.y()});
+    QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, {20, place.y()});
+    EXPECT_EQ(visited, QStringList{"2 publications"});
+    EXPECT_EQ(form->lstError.ListIndex(), 5);
+}
+
+TEST_F(ErrorWindow, ReturnBringsTheTaxonUpAndLeavesTheLogOpen) {
+    list->setCurrentIndex(list->model()->index(1, 0));
+    QTest::keyClick(list, Qt::Key_Return);
+    EXPECT_EQ(visited, QStringList{"2 taxon"});
+    EXPECT_TRUE(window->isVisible());
+}
+
+TEST_F(ErrorWindow, ListFillsTheFormAboveTheButtons) {
+    window->resize(700, 500);
+    QCoreApplication::processEvents();
+    const int before = list->height();
+    window->resize(700, 700);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(list->height(), before + 200);
+    EXPECT_GT(window->findChild<QPushButton*>("cmdOK")->y(), list->geometry().bottom());
+}
+
+// The main window over a DataSet with a fault, up to the log and back to the taxon.
+TEST(ValidationOnTheDesktop, FindingLeadsToItsTaxonInTheMainWindow) {
+    testkit::TempDir dir;
+    testkit::ScriptedPrompter prompter;
+    DesktopProgram program(&prompter, dir.path());
+    program.State().gKingdomName = "Animalia";
+    program.State().gPrefRank = "Kingdom";
+    program.Window().show();
+    prompter.filesToSave.push_back(dir.File("whales.mdb"));
+    program.Window().findChild<QAction*>("mnuFNew")->trigger();
+    program.State().gDatabase->Execute(
+        "INSERT INTO qb_taxonomic_units (qb_id, unit_name1, usage, parent_qb_id, kingdom_id, rank_id) "
+        "VALUES (2, 'Orca', 'valid', 1, 5, 180)");
+    program.RecView().ShowDataSet();
+    program.Window().findChild<QAction*>("mnuFValidate")->trigger();
+    EXPECT_EQ(prompter.forms, std::vector<std::string>{"frmValidate"});
+
+    prompter.yesNo = {false};
+    WhenModal([](QWidget& modal) { modal.findChild<QPushButton*>("cmdContinue")->click(); });
+    program.Outside().ShowModal("frmValidate");
+    WhenModal([](QWidget& modal) {
+        auto* list = modal.findChild<QListView*>("lstError");
+        list->setCurrentIndex(list->model()->index(5, 0));
+        QTest::keyClick(list, Qt::Key_Return);
+        modal.findChild<QPushButton*>("cmdOK")->click();
+    });
+    program.Outside().ShowModal("FrmVError");
+    EXPECT_EQ(program.State().currentTaxon.qb_id, 2);
+    EXPECT_EQ(program.RecView().Controls().TabStrip1.SelectedKey(), "publications");
+}
+
+}  // namespace
+}  // namespace quillon::ui
