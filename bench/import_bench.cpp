@@ -1,25 +1,21 @@
 // Imports generated files with quillon-batch and lets the stock sqlite3 client import the same rows into the
 // same tables, in turn, so that both meet the same machine. Prints medians of ratios, the time per line at
 // three sizes, and the peak memory. Exits with 1 when a goal is missed.
-#include <fcntl.h>
 #include <fmt/format.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <chrono>
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
 #include <fstream>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "client_script.h"
 #include "generator/tagged_generator.h"
+#include "run_program.h"
 
 namespace quillon::bench {
 
@@ -27,51 +23,6 @@ namespace {
 
 constexpr double kMostAgainstClient = 1.0, kMostGrowth = 1.3, kMostMegabytes = 300;
 constexpr std::uint64_t kSeed = 2024;
-
-struct Run {
-    double seconds = 0;
-    double processor = 0;  // seconds of it, which a busy machine changes little
-    double megabytes = 0;  // most at any time
-};
-
-double Median(std::vector<double> numbers) {
-    std::sort(numbers.begin(), numbers.end());
-    const std::size_t middle = numbers.size() / 2;
-    return numbers.size() % 2 == 1 ? numbers[middle] : (numbers[middle - 1] + numbers[middle]) / 2;
-}
-
-[[noreturn]] void BecomeProgram(const std::vector<std::string>& words, const std::string& input) {
-    std::vector<char*> arguments;
-    for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
-    arguments.push_back(nullptr);
-    const int in = open(input.empty() ? "/dev/null" : input.c_str(), O_RDONLY);
-    const int out = open("/dev/null", O_WRONLY);
-    dup2(in, STDIN_FILENO);
-    dup2(out, STDOUT_FILENO);
-    dup2(out, STDERR_FILENO);
-    execvp(arguments[0], arguments.data());
-    _exit(127);
-}
-
-double Seconds(const timeval& time) {
-    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
-}
-
-// Runs a program to its end with `input` as its standard input. Throws when it fails.
-Run RunProgram(const std::vector<std::string>& words, const std::string& input = {}) {
-    const auto start = std::chrono::steady_clock::now();
-    const pid_t child = fork();
-    if (child < 0) throw std::runtime_error("cannot start a process");
-    if (child == 0) BecomeProgram(words, input);
-    int status = 0;
-    rusage usage{};
-    wait4(child, &status, 0, &usage);
-    const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
-    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
-        throw std::runtime_error(fmt::format("{} {} ended with status {}", words[0], words[1], status));
-    return {taken.count(), Seconds(usage.ru_utime) + Seconds(usage.ru_stime),
-            static_cast<double>(usage.ru_maxrss) / 1024};
-}
 
 class Bench {
 public:
@@ -98,7 +49,7 @@ public:
     double Client(Indexes indexes) {
         const std::string script = File(indexes == Indexes::Live ? "live.sql" : "after.sql");
         std::filesystem::remove(File("client.db"));
-        return RunProgram({client_, "-batch", File("client.db")}, script).seconds;
+        return RunProgram({client_, "-batch", File("client.db")}, 0, {}, script).seconds;
     }
     void PrepareClient() {
         New();
@@ -153,11 +104,6 @@ PerLine MeasureLines(Bench& bench, std::size_t names, int runs) {
     fmt::print("{} names, {} lines: {:.2f} us a line, {:.2f} us of the processor, {:.0f} MB\n", names,
                bench.Lines(), result.microseconds, result.processor, result.megabytes);
     return result;
-}
-
-bool Judge(const char* goal, double value, double most) {
-    fmt::print("{} {:.2f}, at most {:.2f}: {}\n", goal, value, most, value <= most ? "met" : "missed");
-    return value <= most;
 }
 
 }  // namespace

@@ -117,6 +117,8 @@ void FrmNExport::Export() {
     ExportJob job(state_, engine_, outside_);
     const ExportOrder order = Order();
     const ExportResult result = job.Run(order);
+    if (state_.gExportPath != state_.gDataSetPath)
+        for (validation::FindingMark& mark : *outside_.marks) mark.id = 0;
     if (order.kind == ExportKind::List) {
         if (result.outcome == ExportOutcome::Done) TellBreaking(outside_.prompter, result.breaking);
     } else {

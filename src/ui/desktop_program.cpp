@@ -142,9 +142,10 @@ void DesktopProgram::ShowJob(std::string_view formName) {
 
 // A taxon to which no path of the tree leads stays where it is, behind the log.
 void DesktopProgram::GoToTaxon(int qb_id, std::string_view tab) {
-    navigation::TreeNode* node = explorer_.ExpandContainingSubtree(qb_id);
-    if (node == nullptr) return prompter_.Message("The taxon of this record is not in the explorer.");
-    explorer_.NodeClick(node);
+    explorer_.ListDblClick(qb_id);
+    if (explorer_.FindNodeWithId(qb_id) == nullptr)
+        return prompter_.Message("The taxon of this record is not in the explorer.");
+    if (state_.currentTaxon.qb_id != qb_id) return;  // the user stays on an unsaved record
     TabStripControl& tabs = recView_.Controls().TabStrip1;
     tabs.UserSelect(tabs.IndexOf(tab));
 }

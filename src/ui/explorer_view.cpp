@@ -66,13 +66,13 @@ void ExplorerView::ConnectTree() {
     });
     connect(treeModel_, &TreeModel::NodeExpanded, tree_, &QTreeView::setExpanded);
     connect(treeModel_, &TreeModel::NodeMadeVisible, tree_,
-            [this](const QModelIndex& index) { tree_->scrollTo(index); });
+            [this](const QModelIndex& index) { tree_->Reveal(index); });
 }
 
 void ExplorerView::ConnectTreeSelection() {
     connect(treeModel_, &TreeModel::NodeSelected, this, [this](const QModelIndex& index) {
         tree_->setCurrentIndex(index);
-        if (index.isValid()) tree_->scrollTo(index);
+        if (index.isValid()) tree_->Reveal(index);
     });
     connect(tree_->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this](const QModelIndex& index) {

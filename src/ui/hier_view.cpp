@@ -1,6 +1,7 @@
 #include "ui/hier_view.h"
 
 #include <QtWidgets>
+#include <algorithm>
 
 #include "ui/icons.h"
 #include "ui/tree_model.h"
@@ -58,6 +59,7 @@ HierView::HierView(cExplorer& explorer, QWidget* parent)
     setAccessibleName(tr("Hierarchy"));
     setHeaderHidden(true);
     setUniformRowHeights(true);
+    setIndentation(fontMetrics().height() * 4 / 5);  // names stand ten levels deep
     header()->setStretchLastSection(false);
     header()->setResizeContentsPrecision(0);  // as wide as the rows on show
     header()->setSectionResizeMode(QHeaderView::ResizeToContents);
@@ -77,6 +79,18 @@ HierView::~HierView() {
     explorer_.CancelDrag();
     explorer_.RunTreeTimer = nullptr;
     explorer_.ScrollTree = nullptr;
+}
+
+void HierView::Reveal(const QModelIndex& index) {
+    scrollTo(index);
+    const int left = visualRect(index).left() - indentation();
+    const int hidden = left + indentation() + sizeHintForIndex(index).width() - viewport()->width();
+    QScrollBar* bar = horizontalScrollBar();
+    if (left < 0) {
+        bar->setValue(bar->value() + left);
+    } else if (hidden > 0) {
+        bar->setValue(bar->value() + std::min(left, hidden));
+    }
 }
 
 void HierView::SetTreeModel(TreeModel* model) {
@@ -155,7 +169,8 @@ void HierView::DragTo(const QPoint& at) {
 void HierView::ShowPicture() {
     const bool may = explorer_.Picture() == cExplorer::DropPicture::DragDrop;
     viewport()->setCursor(may ? dropCursor_ : noDropCursor_);
-    ghost_->move(viewport()->mapTo(this, lastAt_) + kGhostFromMouse);
+    const QPoint at = viewport()->mapTo(this, lastAt_) + kGhostFromMouse;
+    ghost_->move(std::max(0, std::min(at.x(), viewport()->width() - ghost_->width())), at.y());
 }
 
 void HierView::EndDrag() {

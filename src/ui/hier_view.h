@@ -26,6 +26,8 @@ public:
 
     // Takes the place of setModel().
     void SetTreeModel(TreeModel* model);
+    // Scrolls to a name that the program chose, sidewise too, so that as much of it shows as fits.
+    void Reveal(const QModelIndex& index);
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;

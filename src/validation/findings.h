@@ -119,7 +119,8 @@ using FindingSink = std::function<void(const Finding&)>;
 // memory.
 struct FindingMark {
     std::uint32_t line = 0;  // of the message, from 0
-    std::int32_t id = 0;
+    std::int32_t id =
+        0;  // 0 when the record is not to be gone to: it is in another DataSet than the open one
     Rule rule = Rule::RankMissing;
     RecordKind kind = RecordKind::Taxon;
     std::array<char, 3> prefix{};  // of a document, filled up with NUL

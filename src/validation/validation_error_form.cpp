@@ -122,6 +122,8 @@ void FrmVError::GoToFinding() {
     const FindingMark* mark =
         lstError.ListIndex() < 0 ? nullptr : MarkFrom(marks_, lstError.ItemData(lstError.ListIndex()));
     if (mark == nullptr) return;
+    if (mark->id == 0 || !state_.gDatabase)
+        return prompter_.Message("This record is not in the DataSet that is open.");
     const auto qb_id = TaxonOfFinding(*state_.gDatabase, *mark);
     if (!qb_id) {
         prompter_.Message("No taxon refers to this record.");

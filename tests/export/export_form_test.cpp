@@ -232,6 +232,22 @@ TEST_F(ExportForm, OnlineRunMarksItsFindingsForTheViewer) {
     EXPECT_EQ(testkit::ReadFile(set.dir.File("test.qln")), Lines({kRootLine}));
 }
 
+TEST_F(ExportForm, FindingsOfAnotherDataSetLeadNowhere) {
+    testkit::DataSetFixture other;
+    other.Make("Animalia", "other.mdb");
+    other.db().Execute(
+        "INSERT INTO qb_taxonomic_units (qb_id, unit_name1, usage, parent_qb_id, kingdom_id, rank_id) "
+        "VALUES (2, 'Orca', 'valid', 1, 5, 180)");
+    other.lifecycle.CloseDataSet();
+    set.prompter.filesToOpen = {other.dir.File("other.mdb")};
+    form->cmdSelectDB.UserClick();
+    form->OptOnline.UserChoose();
+    set.prompter.yesNo = {false};
+    form->cmdOK.UserClick();
+    EXPECT_EQ(marks.size(), 5U);
+    for (const validation::FindingMark& mark : marks) EXPECT_EQ(mark.id, 0);
+}
+
 TEST(ExportCommands, ShowTheForm) {
     testkit::ScriptedPrompter prompter;
     ExportCommand(prompter);

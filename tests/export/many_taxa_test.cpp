@@ -39,6 +39,7 @@ protected:
     void Copy(std::string_view table, const std::vector<std::string>& numbers, std::string_view rest,
               int step) {
         std::vector<std::string> raised;
+        raised.reserve(numbers.size());
         for (const std::string& number : numbers) raised.push_back(fmt::format("{} + {}", number, step));
         Run(fmt::format("INSERT INTO {0} ({1}, {2}) SELECT {3}, {2} FROM {0} WHERE {4} >= {5}", table,
                         fmt::join(numbers, ", "), rest, fmt::join(raised, ", "), numbers[0], kFirst));

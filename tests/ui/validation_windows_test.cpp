@@ -193,6 +193,10 @@ TEST(ValidationOnTheDesktop, FindingLeadsToItsTaxonInTheMainWindow) {
     program.State().gDatabase->Execute(
         "INSERT INTO qb_taxonomic_units (qb_id, unit_name1, usage, parent_qb_id, kingdom_id, rank_id) "
         "VALUES (2, 'Orca', 'valid', 1, 5, 180)");
+    program.State().gDatabase->Execute(
+        "INSERT INTO qb_taxonomic_units (qb_id, unit_name1, usage, kingdom_id, rank_id) "
+        "VALUES (3, 'Orka', 'invalid', 5, 180)");
+    program.State().gDatabase->Execute("INSERT INTO qb_synonym_links (qb_id, qb_id_accepted) VALUES (3, 2)");
     program.RecView().ShowDataSet();
     program.Window().findChild<QAction*>("mnuFValidate")->trigger();
     EXPECT_EQ(prompter.forms, std::vector<std::string>{"frmValidate"});
@@ -209,6 +213,18 @@ TEST(ValidationOnTheDesktop, FindingLeadsToItsTaxonInTheMainWindow) {
     program.Outside().ShowModal("FrmVError");
     EXPECT_EQ(program.State().currentTaxon.qb_id, 2);
     EXPECT_EQ(program.RecView().Controls().TabStrip1.SelectedKey(), "publications");
+    WhenModal([](QWidget& modal) {
+        auto* list = modal.findChild<QListView*>("lstError");
+        for (int row = 0; row < list->model()->rowCount(); ++row) {
+            if (!list->model()->index(row, 0).data().toString().contains("Name = Orka")) continue;
+            list->setCurrentIndex(list->model()->index(row + 1, 0));
+        }
+        QTest::keyClick(list, Qt::Key_Return);
+        modal.findChild<QPushButton*>("cmdOK")->click();
+    });
+    program.Outside().ShowModal("FrmVError");
+    EXPECT_EQ(program.State().currentTaxon.qb_id, 3);
+    EXPECT_EQ(program.RecView().Controls().TabStrip1.SelectedKey(), "taxon");
 }
 
 }  // namespace

@@ -205,6 +205,14 @@ TEST_F(ErrorForm, ActivatedLineBringsItsTaxonUp) {
     EXPECT_EQ(visited.back(), "3 publications");
 }
 
+TEST_F(ErrorForm, RecordOfAnotherDataSetBringsNothingUp) {
+    const auto form = Load();
+    for (FindingMark& mark : marks) mark.id = 0;
+    form->lstError.UserActivate(2);
+    EXPECT_EQ(set.prompter.messages, Texts{"This record is not in the DataSet that is open."});
+    EXPECT_EQ(visited, Texts{});
+}
+
 TEST_F(ErrorForm, DocumentBringsATaxonUpThatRefersToIt) {
     const auto form = Load();
     form->lstError.UserActivate(6);
