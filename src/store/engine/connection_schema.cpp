@@ -53,8 +53,8 @@ private:
     bool kept_ = false;
 };
 
-// A large sort is done in parts as big as the page cache. Small ones stay near the processor, and a second thread
-// sorts one while the next is read.
+// A large sort is done in parts as big as the page cache. Small ones stay near the processor, and a second
+// thread sorts one while the next is read.
 constexpr const char* kSortInParts = "PRAGMA cache_size = -4096; PRAGMA threads = 1";
 constexpr const char* kSortWhole = "PRAGMA cache_size = -65536; PRAGMA threads = 0";
 
