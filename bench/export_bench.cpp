@@ -2,14 +2,9 @@
 // print the same tables to a file, in turn, so that both meet the same machine. Prints the median ratio and
 // the peak memory. Exits with 1 when a goal is missed.
 #include <fmt/format.h>
-#include <unistd.h>
 
-#include <CLI/CLI.hpp>
-#include <algorithm>
-#include <exception>
 #include <filesystem>
 #include <string>
-#include <vector>
 
 #include "generator/tagged_generator.h"
 #include "run_program.h"
@@ -39,21 +34,20 @@ void MakeDataSet(const std::string& folder, const std::string& dataSet, std::siz
     RunProgram({QUILLON_BATCH, "export", dataSet, folder + "/ours.qln"});
 }
 
-bool Compare(const std::string& folder, const std::string& client, std::size_t names, int pairs) {
-    const std::string dataSet = folder + "/names.mdb", ours = folder + "/ours.qln";
-    MakeDataSet(folder, dataSet, names);
-    std::vector<double> ratios;
-    double megabytes = 0;
-    for (int i = 0; i < pairs; ++i) {
-        const Run exported = RunProgram({QUILLON_BATCH, "export", dataSet, ours, "--yes"});
-        const Run printed =
-            RunProgram({client, "-batch", dataSet, kExportedTables}, 0, folder + "/client.txt");
-        fmt::print("pair {}: ours {:.2f} s, client {:.2f} s\n", i + 1, exported.seconds, printed.seconds);
-        ratios.push_back(exported.seconds / printed.seconds);
-        megabytes = std::max(megabytes, exported.megabytes);
-    }
-    const bool fast = Judge("export against the client's print", Median(ratios), kMostAgainstClient);
-    return Judge("peak memory in MB", megabytes, kMostMegabytes) && fast;
+bool Compare(const Options& options) {
+    const std::string dataSet = options.folder + "/names.mdb", ours = options.folder + "/ours.qln";
+    MakeDataSet(options.folder, dataSet, options.names);
+    const Pairs pairs = RunPairs(
+        options.pairs,
+        [&] {
+            return RunProgram({QUILLON_BATCH, "export", dataSet, ours, "--yes"});
+        },
+        [&] {
+            return RunProgram({options.client, "-batch", dataSet, kExportedTables}, 0,
+                              options.folder + "/client.txt");
+        });
+    const bool fast = Judge("export against the client's print", pairs.ratio, kMostAgainstClient);
+    return Judge("peak memory in MB", pairs.megabytes, kMostMegabytes) && fast;
 }
 
 }  // namespace
@@ -61,26 +55,7 @@ bool Compare(const std::string& folder, const std::string& client, std::size_t n
 }  // namespace quillon::bench
 
 int main(int argc, char** argv) {
-    using namespace quillon::bench;
-    CLI::App app("Exports generated names, against the stock sqlite3 client.", "bench_export");
-    std::string folder =
-        (std::filesystem::temp_directory_path() / fmt::format("quillon-bench-{}", getpid())).string();
-    std::string client = "sqlite3";
-    std::size_t names = 1'000'000;
-    int pairs = 5;
-    app.add_option("--folder", folder, "where the files go; they are removed at the end");
-    app.add_option("--client", client, "the sqlite3 client");
-    app.add_option("--names", names, "names to export");
-    app.add_option("--pairs", pairs, "pairs of the comparison")->check(CLI::PositiveNumber);
-    CLI11_PARSE(app, argc, argv);
-    setlinebuf(stdout);
-    bool met = false;
-    try {
-        std::filesystem::create_directories(folder);
-        met = Compare(folder, client, names, pairs);
-    } catch (const std::exception& error) {
-        fmt::print(stderr, "bench_export: {}\n", error.what());
-    }
-    std::filesystem::remove_all(folder);
-    return met ? 0 : 1;
+    return quillon::bench::RunBench(argc, argv, "bench_export",
+                                    "Exports generated names, against the stock sqlite3 client.",
+                                    quillon::bench::Compare);
 }

@@ -6,8 +6,10 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <chrono>
+#include <filesystem>
 #include <stdexcept>
 
 namespace quillon::bench {
@@ -57,9 +59,46 @@ double Median(std::vector<double> numbers) {
     return numbers.size() % 2 == 1 ? numbers[middle] : (numbers[middle - 1] + numbers[middle]) / 2;
 }
 
+Pairs RunPairs(int pairs, const std::function<Run()>& ours, const std::function<Run()>& theirs) {
+    std::vector<double> ratios;
+    Pairs result;
+    for (int i = 0; i < pairs; ++i) {
+        const Run first = ours(), second = theirs();
+        fmt::print("pair {}: ours {:.2f} s, client {:.2f} s\n", i + 1, first.seconds, second.seconds);
+        ratios.push_back(first.seconds / second.seconds);
+        result.megabytes = std::max(result.megabytes, first.megabytes);
+    }
+    result.ratio = Median(ratios);
+    return result;
+}
+
 bool Judge(const char* goal, double value, double most) {
     fmt::print("{} {:.2f}, at most {:.2f}: {}\n", goal, value, most, value <= most ? "met" : "missed");
     return value <= most;
+}
+
+int RunBench(int argc, char** argv, const std::string& name, const std::string& purpose,
+             const std::function<bool(const Options&)>& compare) {
+    CLI::App app(purpose, name);
+    Options options;
+    options.folder =
+        (std::filesystem::temp_directory_path() / fmt::format("quillon-bench-{}", getpid())).string();
+    app.add_option("--folder", options.folder, "where the files go; they are removed at the end");
+    app.add_option("--client", options.client, "the sqlite3 client");
+    app.add_option("--names", options.names, "how many names");
+    app.add_option("--pairs", options.pairs, "pairs of the comparison")->check(CLI::PositiveNumber);
+    CLI11_PARSE(app, argc, argv);
+    setlinebuf(stdout);
+    bool met = false;
+    try {
+        std::filesystem::create_directories(options.folder);
+        met = compare(options);
+    } catch (const std::exception& error) {
+        fmt::print(stderr, "{}: {}\n", name, error.what());
+    }
+    std::error_code ignored;
+    std::filesystem::remove_all(options.folder, ignored);
+    return met ? 0 : 1;
 }
 
 }  // namespace quillon::bench

@@ -1,6 +1,8 @@
 // Programs that a bench times from outside, as a user starts them.
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -20,7 +22,26 @@ Run RunProgram(const std::vector<std::string>& words, int expected = 0, const st
 // The mean of the two in the middle of an even number.
 double Median(std::vector<double> numbers);
 
+// Two programs in turn, so that both meet the same machine: prints their times, and gives the median of the
+// ratios and the most memory of the first.
+struct Pairs {
+    double ratio = 0;
+    double megabytes = 0;
+};
+Pairs RunPairs(int pairs, const std::function<Run()>& ours, const std::function<Run()>& theirs);
+
 // Prints how a value stands to its goal; true when it is met.
 bool Judge(const char* goal, double value, double most);
+
+// What the main() of such a bench does: takes its options, runs `compare` in a folder of its own that is
+// removed afterwards, and gives the exit status: 1 when a goal is missed or something failed.
+struct Options {
+    std::string folder;
+    std::string client = "sqlite3";
+    std::size_t names = 1'000'000;
+    int pairs = 5;
+};
+int RunBench(int argc, char** argv, const std::string& name, const std::string& purpose,
+             const std::function<bool(const Options&)>& compare);
 
 }  // namespace quillon::bench

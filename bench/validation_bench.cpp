@@ -1,15 +1,8 @@
 // Validates a generated DataSet with a finding in every fifth name by quillon-batch, and lets the stock
 // sqlite3 client print the tables that validation visits, in turn, so that both meet the same machine. Prints
 // the median ratio and the peak memory. Exits with 1 when a goal is missed.
-#include <fmt/format.h>
-#include <unistd.h>
-
-#include <CLI/CLI.hpp>
-#include <algorithm>
-#include <exception>
 #include <filesystem>
 #include <string>
-#include <vector>
 
 #include "generator/tagged_generator.h"
 #include "run_program.h"
@@ -61,20 +54,19 @@ void MakeDataSet(const std::string& folder, const std::string& dataSet, std::siz
     for (const char* repair : kRepairs) store::ExecuteNative(*database, repair);
 }
 
-bool Compare(const std::string& folder, const std::string& client, std::size_t names, int pairs) {
-    const std::string dataSet = folder + "/names.mdb";
-    MakeDataSet(folder, dataSet, names);
-    std::vector<double> ratios;
-    double megabytes = 0;
-    for (int i = 0; i < pairs; ++i) {
-        const Run ours = RunProgram({QUILLON_BATCH, "validate", dataSet, "--work-dir", folder}, kFindings);
-        const Run theirs = RunProgram({client, "-batch", dataSet, kVisitedTables});
-        fmt::print("pair {}: ours {:.2f} s, client {:.2f} s\n", i + 1, ours.seconds, theirs.seconds);
-        ratios.push_back(ours.seconds / theirs.seconds);
-        megabytes = std::max(megabytes, ours.megabytes);
-    }
-    const bool fast = Judge("validation against the client's print", Median(ratios), kMostAgainstClient);
-    return Judge("peak memory in MB", megabytes, kMostMegabytes) && fast;
+bool Compare(const Options& options) {
+    const std::string dataSet = options.folder + "/names.mdb";
+    MakeDataSet(options.folder, dataSet, options.names);
+    const Pairs pairs = RunPairs(
+        options.pairs,
+        [&] {
+            return RunProgram({QUILLON_BATCH, "validate", dataSet, "--work-dir", options.folder}, kFindings);
+        },
+        [&] {
+            return RunProgram({options.client, "-batch", dataSet, kVisitedTables});
+        });
+    const bool fast = Judge("validation against the client's print", pairs.ratio, kMostAgainstClient);
+    return Judge("peak memory in MB", pairs.megabytes, kMostMegabytes) && fast;
 }
 
 }  // namespace
@@ -82,26 +74,7 @@ bool Compare(const std::string& folder, const std::string& client, std::size_t n
 }  // namespace quillon::bench
 
 int main(int argc, char** argv) {
-    using namespace quillon::bench;
-    CLI::App app("Validates generated names, against the stock sqlite3 client.", "bench_validation");
-    std::string folder =
-        (std::filesystem::temp_directory_path() / fmt::format("quillon-bench-{}", getpid())).string();
-    std::string client = "sqlite3";
-    std::size_t names = 1'000'000;
-    int pairs = 5;
-    app.add_option("--folder", folder, "where the files go; they are removed at the end");
-    app.add_option("--client", client, "the sqlite3 client");
-    app.add_option("--names", names, "names to validate");
-    app.add_option("--pairs", pairs, "pairs of the comparison")->check(CLI::PositiveNumber);
-    CLI11_PARSE(app, argc, argv);
-    setlinebuf(stdout);
-    bool met = false;
-    try {
-        std::filesystem::create_directories(folder);
-        met = Compare(folder, client, names, pairs);
-    } catch (const std::exception& error) {
-        fmt::print(stderr, "bench_validation: {}\n", error.what());
-    }
-    std::filesystem::remove_all(folder);
-    return met ? 0 : 1;
+    return quillon::bench::RunBench(argc, argv, "bench_validation",
+                                    "Validates generated names, against the stock sqlite3 client.",
+                                    quillon::bench::Compare);
 }

@@ -4,23 +4,13 @@
 
 #include "ui/binder.h"
 #include "ui/icons.h"
+#include "ui/named.h"
 
 namespace quillon::ui {
 
 namespace {
 
 constexpr int kPicture = 96;
-
-QLabel* Line(QWidget* parent, const char* name, double scale, bool bold) {
-    auto* label = new QLabel(parent);
-    label->setObjectName(name);
-    label->setAlignment(Qt::AlignCenter);
-    QFont font = label->font();
-    font.setPointSizeF(font.pointSizeF() * scale);
-    font.setBold(bold);
-    label->setFont(font);
-    return label;
-}
 
 }  // namespace
 
@@ -36,8 +26,8 @@ SplashWindow::SplashWindow(startup::FrmSplash& form) : QWidget(nullptr, Qt::Spla
     lines->setSpacing(10);
     lines->addWidget(picture);
     lines->addSpacing(8);
-    lines->addWidget(Line(frame, "lblTitle", 1.9, true));
-    lines->addWidget(Line(frame, "lblVersion", 1.0, false));
+    lines->addWidget(CenteredLine(frame, "lblTitle", 1.9, true));
+    lines->addWidget(CenteredLine(frame, "lblVersion", 1.0, false));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(frame);

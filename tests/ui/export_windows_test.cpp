@@ -9,25 +9,12 @@
 #include "ui/desktop_program.h"
 #include "ui/export_window.h"
 #include "ui/plain_export_windows.h"
+#include "when_modal.h"
 
 namespace quillon::ui {
 namespace {
 
 using Texts = std::vector<std::string>;
-
-class FixedClock : public Clock {
-public:
-    std::string Now() const override { return "2024-06-01 12:34:56"; }
-};
-
-// Runs once a modal window is there.
-void WhenModal(const std::function<void(QWidget&)>& act) {
-    QTimer::singleShot(0, [act] {
-        QWidget* modal = QApplication::activeModalWidget();
-        ASSERT_NE(modal, nullptr);
-        act(*modal);
-    });
-}
 
 class ExportWindows : public testing::Test {
 protected:

@@ -10,18 +10,10 @@
 #include "ui/desktop_outside.h"
 #include "ui/import_window.h"
 #include "ui/in_progress_window.h"
+#include "when_modal.h"
 
 namespace quillon::ui {
 namespace {
-
-// Runs once a modal window is there.
-void WhenModal(const std::function<void(QWidget&)>& act) {
-    QTimer::singleShot(0, [act] {
-        QWidget* modal = QApplication::activeModalWidget();
-        ASSERT_NE(modal, nullptr);
-        act(*modal);
-    });
-}
 
 TEST(AboutWindow, ShowsItsTextsAndCloses) {
     editor::FrmAbout form("4.0.6");

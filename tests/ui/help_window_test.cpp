@@ -79,7 +79,6 @@ protected:
     // The marked texts; the one that the user stands on in brackets.
     QStringList Marks() {
         QStringList marks;
-        QColor first;
         for (const auto& mark : page->extraSelections()) {
             const bool isCurrent = mark.format.background().color() == QColor(255, 157, 60);
             marks << (isCurrent ? "[" + mark.cursor.selectedText() + "]" : mark.cursor.selectedText());

@@ -9,23 +9,10 @@
 #include "ui/desktop_program.h"
 #include "ui/validate_window.h"
 #include "ui/validation_error_window.h"
+#include "when_modal.h"
 
 namespace quillon::ui {
 namespace {
-
-class FixedClock : public Clock {
-public:
-    std::string Now() const override { return "2024-06-01 12:34:56"; }
-};
-
-// Runs once a modal window is there.
-void WhenModal(const std::function<void(QWidget&)>& act) {
-    QTimer::singleShot(0, [act] {
-        QWidget* modal = QApplication::activeModalWidget();
-        ASSERT_NE(modal, nullptr);
-        act(*modal);
-    });
-}
 
 // Animalia, and Orca without ratings, author or reference.
 class ValidationWindows : public testing::Test {
