@@ -31,12 +31,6 @@ public:
     ArrowCursor& operator=(const ArrowCursor&) = delete;
 };
 
-std::optional<std::string> Chosen(QFileDialog& dialog) {
-    const ArrowCursor arrow;
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
-    return FromQt(QDir::toNativeSeparators(dialog.selectedFiles().constFirst()));
-}
-
 }  // namespace
 
 DesktopPrompter::~DesktopPrompter() {
@@ -46,6 +40,22 @@ DesktopPrompter::~DesktopPrompter() {
 QWidget* DesktopPrompter::Above() const {
     QWidget* modal = QApplication::activeModalWidget();
     return modal != nullptr ? modal : window_.data();
+}
+
+QString DesktopPrompter::StartFolder() const {
+    QString folder = lastFolder_;
+    if (folder.isEmpty() && folder_) folder = ToQt(folder_());
+    if (!folder.isEmpty() && QFileInfo(folder).isDir()) return folder;
+    folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QFileInfo(folder).isDir() ? folder : QDir::homePath();
+}
+
+std::optional<std::string> DesktopPrompter::Chosen(QFileDialog& dialog) {
+    const ArrowCursor arrow;
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+    const QString path = dialog.selectedFiles().constFirst();
+    lastFolder_ = QFileInfo(path).absolutePath();
+    return FromQt(QDir::toNativeSeparators(path));
 }
 
 void DesktopPrompter::Register(std::string_view formName, std::function<void(QWidget*)> show) {
@@ -74,7 +84,7 @@ bool DesktopPrompter::AskYesNo(std::string_view text, std::string_view title) {
 }
 
 std::optional<std::string> DesktopPrompter::FileToOpen(std::string_view title, std::string_view filter) {
-    QFileDialog dialog(Above(), ToQt(title), {}, ToolkitFilter(filter));
+    QFileDialog dialog(Above(), ToQt(title), StartFolder(), ToolkitFilter(filter));
     dialog.setFileMode(QFileDialog::ExistingFile);
     return Chosen(dialog);
 }
@@ -82,7 +92,7 @@ std::optional<std::string> DesktopPrompter::FileToOpen(std::string_view title, s
 std::optional<std::string> DesktopPrompter::FileToSave(std::string_view title, std::string_view filter,
                                                        bool overwritePrompt, std::string_view suggested) {
     const QFileInfo offered(ToQt(suggested));
-    QFileDialog dialog(Above(), ToQt(title), suggested.empty() ? QString() : offered.absolutePath(),
+    QFileDialog dialog(Above(), ToQt(title), suggested.empty() ? StartFolder() : offered.absolutePath(),
                        ToolkitFilter(filter));
     if (!suggested.empty()) dialog.selectFile(offered.fileName());
     dialog.setAcceptMode(QFileDialog::AcceptSave);

@@ -7,8 +7,11 @@
 #include <QPointer>
 #include <QWidget>
 #include <functional>
+#include <utility>
 
 #include "core/outside.h"
+
+class QFileDialog;
 
 namespace quillon::ui {
 
@@ -17,6 +20,9 @@ public:
     ~DesktopPrompter() override;
     // The window that boxes and dialogs belong to.
     void SetWindow(QWidget* window) { window_ = window; }
+    // Where file dialogs begin until the user has chosen a file; they go on from the folder of the last one.
+    // The user's documents when it gives nothing.
+    void SetFolder(std::function<std::string()> folder) { folder_ = std::move(folder); }
     // How the form of that name is shown until it closes; `parent` is the window above it.
     void Register(std::string_view formName, std::function<void(QWidget* parent)> show);
     // The names of the forms that it can show, sorted.
@@ -33,9 +39,13 @@ public:
 private:
     // The modal window on top, or the main window.
     QWidget* Above() const;
+    QString StartFolder() const;
+    std::optional<std::string> Chosen(QFileDialog& dialog);
 
     QPointer<QWidget> window_;
     QHash<QString, std::function<void(QWidget*)>> forms_;
+    std::function<std::string()> folder_;
+    QString lastFolder_;
     bool waiting_ = false;
 };
 

@@ -1,6 +1,7 @@
 #include "ui/desktop_program.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 
 #include "startup/preferences_form.h"
 #include "ui/about_window.h"
@@ -43,6 +44,10 @@ DesktopProgram::DesktopProgram(Prompter* prompter, std::string workDirectory, st
     RegisterStartUpForms();
     window_ = std::make_unique<RecViewWindow>(recView_, explorer_);
     desktop_.SetWindow(window_.get());
+    desktop_.SetFolder([this] {
+        const std::string& path = state_.gDataSetPath.empty() ? state_.gPrefDataSet : state_.gDataSetPath;
+        return path.empty() ? std::string() : FromQt(QFileInfo(ToQt(path)).absolutePath());
+    });
     ConnectHelp();
 }
 

@@ -10,6 +10,7 @@
 #include "ui/desktop_program.h"
 #include "ui/help_window.h"
 #include "ui/in_progress_window.h"
+#include "ui/splash_window.h"
 #include "ui/text_convert.h"
 
 namespace quillon::screens {
@@ -149,6 +150,9 @@ void TakeForms(ui::DesktopProgram& program, Camera& camera, const testkit::TempD
             "Losing new/modified record");
     });
     camera.TakeModal("message", [&] { program.Outside().Message("Import Complete -- No Errors!", {}); });
+    startup::FrmSplash splashForm(program.State().gVersion);
+    ui::SplashWindow splash(splashForm);
+    camera.Take(splash, "frmSplash");
     ui::InProgressWindow progress;
     progress.NewTask("Loading Taxon Data");
     progress.SetStatus("Loading...");

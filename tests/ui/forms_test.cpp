@@ -178,6 +178,31 @@ TEST(DesktopPrompter, AChosenFileComesBack) {
     EXPECT_EQ(prompter.FileToSave("Save", store::kDataSetFilter, false, {}), dir.File("new.mdb"));
 }
 
+TEST(DesktopPrompter, DialogsBeginWhereTheDataSetIsAndGoOnWhereTheUserWas) {
+    const testkit::TempDir dataSets, elsewhere;
+    DesktopPrompter prompter;
+    prompter.SetFolder([&] { return dataSets.path(); });
+    QStringList folders;
+    const auto choose = [&](const std::string& file) {
+        WhenModal([&, file](QWidget& modal) {
+            auto& dialog = dynamic_cast<QFileDialog&>(modal);
+            folders << dialog.directory().absolutePath();
+            dialog.selectFile(QString::fromStdString(file));
+            QMetaObject::invokeMethod(&dialog, "accept");
+        });
+        prompter.FileToSave("Save", store::kDataSetFilter, false, {});
+    };
+    choose(elsewhere.File("one.mdb"));
+    choose(dataSets.File("two.mdb"));
+    WhenModal([&](QWidget& modal) {
+        folders << dynamic_cast<QFileDialog&>(modal).directory().absolutePath();
+        QMetaObject::invokeMethod(&modal, "reject");
+    });
+    prompter.FileToOpen("Open", store::kDataSetFilter);
+    EXPECT_EQ(folders.join(" ").toStdString(),
+              dataSets.path() + " " + elsewhere.path() + " " + dataSets.path());
+}
+
 TEST(ToolkitFilter, TakesBothCasesOfAnEnding) {
     EXPECT_EQ(ToolkitFilter("QLN Files (*.qln)|*.qln|All Files (*.*)|*.*"),
               "QLN Files (*.qln *.QLN);;All Files (*)");

@@ -22,7 +22,7 @@ public:
     }
     // A message box with that text, closed with Return.
     void ExpectMessage(const QString& text) {
-        Answer("QMessageBox", [this, text](QWidget& box) {
+        Answer("QMessageBox", [text](QWidget& box) {
             EXPECT_EQ(dynamic_cast<QMessageBox&>(box).text().toStdString(), text.toStdString());
             Press(box, Qt::Key_Return);
         });
