@@ -39,7 +39,9 @@ DesktopPrompter::~DesktopPrompter() {
 
 QWidget* DesktopPrompter::Above() const {
     QWidget* modal = QApplication::activeModalWidget();
-    return modal != nullptr ? modal : window_.data();
+    if (modal != nullptr) return modal;
+    // Beside a window that is not there yet, boxes would stand anywhere.
+    return window_ != nullptr && window_->isVisible() ? window_.data() : nullptr;
 }
 
 QString DesktopPrompter::StartFolder() const {

@@ -37,7 +37,7 @@ public:
     void WaitCursor(bool on) override;
 
 private:
-    // The modal window on top, or the main window.
+    // The modal window on top, or the main window once it is shown.
     QWidget* Above() const;
     QString StartFolder() const;
     std::optional<std::string> Chosen(QFileDialog& dialog);
