@@ -179,6 +179,11 @@ void Bench::List() {
     double worst = 0;
     for (const char* key : {"p", "a", "r", "o", "\b", "z"}) worst = std::max(worst, Key(key));
     Tell("a key afterwards", worst, kKeyGoal);
+    explorer.ListTimer();
+    worst = 0;
+    for (const char* key : {"[", "x", "]"}) worst = std::max(worst, Key(key));
+    explorer.ListTimer();
+    Tell("a wildcard", std::max(worst, Key("#")), kKeyGoal);
     Tell("the last row is shown", Time(list, [&] { explorer.MoveLast(); }), kStepGoal);
     Tell("a step back", Time(list, [&] { explorer.MovePrev(); }), kStepGoal);
     const int id = explorer.ListId();

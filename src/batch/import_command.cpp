@@ -1,6 +1,9 @@
 #include <sys/stat.h>
 
-#include <cstdio>
+#include <algorithm>
+#include <array>
+#include <string>
+#include <string_view>
 
 #include "batch/session.h"
 #include "import/tagged_import.h"
@@ -14,9 +17,21 @@ constexpr std::string_view kNotEmpty =
     "You will be importing into a non-empty DataSet.\rIf the imported data contains a Kingdom record,\r"
     "the existing Kingdom record will be deleted \rfrom the DataSet. Continue?";
 
+// What a new DataSet has rows in, beside its root taxon.
+constexpr std::array<std::string_view, 4> kSeeded = {"kingdoms", "taxonomic_unit_types", "db_control",
+                                                     "change_operations_lookup"};
+
+bool HasRows(store::Database& database, const std::string& select) {
+    return !database.OpenRecordset(select, store::RecordsetType::ForwardOnly)->Eof();
+}
+
 bool HoldsOnlySeedRows(store::Database& database) {
-    const auto more = database.CreateSnapshot("SELECT qb_id FROM qb_taxonomic_units WHERE qb_id <> 1");
-    return more->Eof();
+    for (const store::TableDef& table : database.TableDefs()) {
+        if (std::find(kSeeded.begin(), kSeeded.end(), table.name) != kSeeded.end()) continue;
+        const std::string root = table.name == "qb_taxonomic_units" ? " WHERE qb_id <> 1" : "";
+        if (HasRows(database, "SELECT * FROM [" + table.name + "]" + root)) return false;
+    }
+    return true;
 }
 
 }  // namespace

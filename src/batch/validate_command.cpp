@@ -24,7 +24,7 @@ ExitStatus RunValidate(const CommonOptions& options, const std::string& path, co
         {session.prompter, session.pump, clock, [&](double percent) { progress.Show(percent); },
          options.workDir, tellComplete});
     session.lifecycle.CloseDataSet();
-    if (!result.ran || result.canceled) return ExitStatus::Failed;
+    if (!result.ran || result.canceled || result.logFailed) return ExitStatus::Failed;
     return result.errors ? ExitStatus::Findings : ExitStatus::Done;
 }
 

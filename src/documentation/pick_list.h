@@ -1,8 +1,8 @@
 // A combo box whose list depends on what the user does with it: the rule that fills it runs when it is
 // dropped down, and a click on one of its items is told apart from a text that was typed.
 //
-// The documentation tabs use it for the fields that narrow one another. What a window has to tell, beside
-// what every combo tells, stands in the three User... procedures.
+// The documentation tabs use it for the fields that narrow one another, the taxon tab for the parent's rank.
+// What a window has to tell, beside what every combo tells, stands in the three User... procedures.
 #pragma once
 
 #include "core/controls.h"
@@ -14,6 +14,7 @@ public:
     // `maxLength` in characters bounds what the user types; 0 for none.
     PickListControl(Form& form, std::string name, std::size_t maxLength = 0)
         : ComboControl(form, std::move(name), Style::Editable, maxLength) {}
+    PickListControl(Form& form, std::string name, Style style) : ComboControl(form, std::move(name), style) {}
 
     // Runs each time before the list is shown.
     void OnDropDown(std::function<void()> rule) { dropDownRule_ = std::move(rule); }

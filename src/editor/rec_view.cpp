@@ -1,6 +1,7 @@
 #include "editor/rec_view.h"
 
 #include "core/names.h"
+#include "editor/attempt.h"
 
 namespace quillon::editor {
 
@@ -19,10 +20,15 @@ RecView::RecView(ApplicationState& state, Prompter& prompter, ProgressDialog& pr
       lifecycle_(lifecycle),
       lists_(state, prompter, controls_.taxon),
       fields_(state, prompter, controls_.taxon, lists_) {
+    lifecycle_.RecordDiscarded = [this] { Guarded([this] { ReflectRealNodePosition(); }); };
     MakeToolbarManagers();
     HangOnCommands();
     HangOnTabs();
     StartOfDataSet();
+}
+
+RecView::~RecView() {
+    lifecycle_.RecordDiscarded = nullptr;
 }
 
 void RecView::HangOnCommands() {
@@ -57,7 +63,8 @@ void RecView::HangOnCommands() {
 void RecView::HangOnTabs() {
     for (Control* control : controls_.Tracked()) control->OnEdit([this] { state_.RecordDirty = true; });
     controls_.taxon.cboName1.OnEdit([this] { Guarded([this] { lists_.FillSpeciesList(); }); });
-    controls_.taxon.cboDPRank.OnEdit([this] {
+    controls_.taxon.cboDPRank.OnPick([this] {
+        state_.RecordDirty = true;
         if (!controls_.taxon.cboDPRank.Text().empty()) Guarded([this] { lists_.FillParentNameList(); });
     });
     controls_.taxon.cmdParen.OnClick([this] {
@@ -85,15 +92,15 @@ void RecView::WithDataSet(const std::function<void()>& command) {
 
 void RecView::Guarded(const std::function<void()>& command) {
     const ChangeScope scope(controls_.form);
-    try {
-        command();
-    } catch (const store::StoreError& error) {
-        prompter_.Message(error.Description());
-    }
+    Attempt(prompter_, command);
 }
 
 void RecView::OpenCommand() {
-    Around([this] { return lifecycle_.OpenDataSet(); });
+    const bool wasDirty = state_.RecordDirty;
+    bool opened = false;
+    Around([&] { return opened = lifecycle_.OpenDataSet(); });
+    // The record was given up for a file that was refused: the form is to say again what the store says.
+    if (!opened && wasDirty && !state_.RecordDirty) Reset();
 }
 
 void RecView::NewCommand() {
@@ -123,10 +130,7 @@ void RecView::RunPreferences() {
 }
 
 bool RecView::AskLoseChanges() {
-    const bool wasDirty = state_.RecordDirty;
-    if (lifecycle_.AskLoseChanges()) return true;
-    if (wasDirty) ReflectRealNodePosition();
-    return false;
+    return lifecycle_.AskLoseChanges();
 }
 
 void RecView::Quit() {

@@ -36,6 +36,9 @@ class RecView {
 public:
     RecView(ApplicationState& state, Prompter& prompter, ProgressDialog& progress,
             store::Lifecycle& lifecycle);
+    ~RecView();
+    RecView(const RecView&) = delete;
+    RecView& operator=(const RecView&) = delete;
 
     RecViewForm& Controls() { return controls_; }
     EditorState& Editing() { return editing_; }
@@ -55,7 +58,8 @@ public:
     // the kingdom and the reasons are applied again; else the record in CurrentTaxon is shown, or the DataSet
     // is started when there is none.
     void Reset();
-    // Loads the taxon of CurrentTaxon.qb_id into every tab. Failures of the store are told.
+    // Loads the taxon of CurrentTaxon.qb_id into every tab. Failures of the store are told; what could not be
+    // read is empty then, and the rest is shown.
     void ShowRecord();
     // The entry for every change of the current record. With `checkDirty` the user may stay on an unsaved
     // one.
@@ -118,6 +122,7 @@ private:
     void ShowPreferredRank();
     void SetKingdomWords();
     void ReapplyPreferences();
+    void TakePreferredRank();
     void ClearForm();
     void ClearOtherFields();
     void ClearDocumentation();
@@ -129,7 +134,7 @@ private:
     void LoadTabs();
     void LoadSynonymsTab();
     void LoadDocumentation();
-    void RestoreNames();
+    void FillNameLists();
     void FillSelectors();
     void ShowCounts(const ExplorerItem& item);
 
@@ -162,7 +167,8 @@ private:
     // Those of the toolbar buttons; a menu item and its button are one control here.
     navigation::TBBtnMgr navigation_, edit_;
     navigation::cExplorer* explorer_ = nullptr;
-    bool asked_ = false;  // a command of the form has asked about the unsaved record already
+    std::string appliedRank_;  // gPrefRank as the form knows it
+    bool asked_ = false;       // a command of the form has asked about the unsaved record already
 };
 
 }  // namespace quillon::editor

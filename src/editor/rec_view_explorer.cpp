@@ -125,7 +125,7 @@ bool RecView::Dropped(const TreeNode* moved, TreeNode* newParent, const TreeNode
             ChangeTaxonParent(target.get());
         }
     } catch (const store::StoreError& error) {
-        prompter_.Message(error.Description());
+        prompter_.Message("Failed " + error.Description());
         return true;
     }
     SetEnabled("undo", true);

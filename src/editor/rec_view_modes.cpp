@@ -37,6 +37,9 @@ void RecView::EnterInput() {
     editing_.mode = "INPUT";
     lists_.SetRecordInEdit(0);
     StatusPanelSet("mode", editing_.mode);
+    // A new record is nobody yet: the one that was shown may be its parent, or its accepted name.
+    Guarded([this] { lists_.OfferParents(); });
+    FillAcceptedNameList(controls_.synonyms, state_, prompter_);
 }
 
 void RecView::EnterEdit() {
@@ -71,16 +74,14 @@ void RecView::StartOfDataSet() {
     EnterInput();
     StatusPanelSet("name", "");
     StatusPanelSet("taxa", "");
-    try {
-        if (state_.gDataSetOpen) StartLists();
-    } catch (const store::StoreError& error) {
-        prompter_.Message(error.Description());
-    }
+    if (state_.gDataSetOpen) Guarded([this] { StartLists(); });
+    appliedRank_ = state_.gPrefRank;
     if (!state_.gDataSetOpen) {
         editing_.mode.clear();
         StatusPanelSet("mode", "");
     }
-    for (const std::string_view key : {"addnew", "moveprev", "movenext"}) SetEnabled(key, true);
+    for (const std::string_view key : {"cut", "copy", "addnew", "moveprev", "movenext"})
+        SetEnabled(key, true);
     editing_.firstWarning = true;
     state_.RecordDirty = false;
     state_.gNewChangeTrackIds.clear();
@@ -102,6 +103,7 @@ void RecView::StartLists() {
     documentation::ReloadOtherSources(controls_.otherSources, state_, prompter_);
     controls_.taxon.txtKingdom.SetText(state_.gKingdomName);
     ShowPreferredRank();
+    controls_.taxon.optValid.SetValue(false);
     StatusPanelSet("taxa", fmt::format("TAXA: {}", CountTaxa()));
 }
 
@@ -110,7 +112,6 @@ void RecView::ShowPreferredRank() {
     controls_.taxon.cboRank.SetText(state_.gPrefRank);
     SetFieldsForRank();
     lists_.SetPRankList(state_.gPrefRank);
-    controls_.taxon.optValid.SetValue(false);
 }
 
 void RecView::SetKingdomWords() {
@@ -125,30 +126,38 @@ void RecView::Reset() {
     StartOfDataSet();
 }
 
-// The record on the form keeps its rank; a form that is ready for a new record takes the preferred one.
+// What is on the form stays. Only a new record takes the preferred rank, when that is another one now.
 void RecView::ReapplyPreferences() {
     const ChangeScope scope(controls_.form);
-    const std::string rank = controls_.taxon.cboRank.Text(), parentRank = controls_.taxon.cboDPRank.Text();
-    try {
+    const std::string rank = controls_.taxon.cboRank.Text();
+    Guarded([this] {
         if (state_.gDataSetOpen) lifecycle_.ReadKingdomAndRanks();
         lists_.FillRankList();
-        lists_.FillReasonList();
-        SetKingdomWords();
-        if (editing_.mode == "EDIT") {
-            controls_.taxon.cboRank.SetText(rank);
-        } else if (rank != state_.gPrefRank) {
-            ShowPreferredRank();
-            controls_.taxon.cboDPRank.SetText(parentRank);
-        } else {
-            controls_.taxon.cboRank.SetText(rank);
-        }
-    } catch (const store::StoreError& error) {
-        prompter_.Message(error.Description());
-    }
+    });
+    lists_.FillReasonList();
+    SetKingdomWords();
+    controls_.taxon.cboRank.SetText(rank);
+    const bool isAnother = std::exchange(appliedRank_, state_.gPrefRank) != state_.gPrefRank;
+    if (isAnother && editing_.mode != "EDIT" && rank != state_.gPrefRank)
+        Guarded([this] { TakePreferredRank(); });
+}
+
+// The fields of another rank come without the usage and the parent that the rank would bring with it.
+void RecView::TakePreferredRank() {
+    TaxonTab& tab = controls_.taxon;
+    const std::string parentRank = tab.cboDPRank.Text();
+    const bool valid = tab.optValid.Value(), invalid = tab.optInvalid.Value();
+    ShowPreferredRank();
+    tab.optValid.SetValue(valid);
+    tab.optInvalid.SetValue(invalid);
+    tab.cboDPRank.SetText(parentRank);
+    lists_.OfferParents();
 }
 
 void RecView::ClearForm() {
     ClearTaxonTab(controls_.taxon);
+    controls_.taxon.cboDPRank.Clear();
+    controls_.taxon.cboParentName.Clear();
     SetFieldsForRank();
     SetupVernacularGrid(controls_.vernaculars);
     SetupSynonymGrid(controls_.synonyms);

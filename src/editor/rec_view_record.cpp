@@ -32,31 +32,28 @@ void RecView::SelectExplorerItem(const ExplorerItem& item, bool checkDirty) {
     if (controls_.TabStrip1.SelectedIndex() == kDistributionTab) TellTabDisabled();
 }
 
+// Everything is emptied first, and each step tells its own failure: nothing of the record before stays under
+// the name of this one.
 void RecView::ShowRecord() {
     const ChangeScope scope(controls_.form);
-    try {
-        ClearRecordVariables(state_);
-        ClearTaxonTab(controls_.taxon);
-        LoadLists();
-        EnterEdit();
-        LoadTaxon(state_, prompter_, state_.currentTaxon.qb_id);
-        editing_.FieldGroupEntered = editing_.FieldGroupLeft = 0;
-        LoadFields();
-        LoadTabs();
-        LoadDocumentation();
-        RestoreNames();
-        FillSelectors();
-    } catch (const store::StoreError& error) {
-        prompter_.Message(error.Description());
-    }
+    ClearRecordVariables(state_);
+    ClearForm();
+    LoadLists();
+    EnterEdit();
+    Guarded([this] { LoadTaxon(state_, prompter_, state_.currentTaxon.qb_id); });
+    editing_.FieldGroupEntered = editing_.FieldGroupLeft = 0;
+    LoadFields();
+    LoadTabs();
+    LoadDocumentation();
+    FillNameLists();
+    FillSelectors();
     state_.RecordDirty = false;
     state_.gNewChangeTrackIds.clear();
     StatusPanelSet("validity", UpperCase(state_.currentTaxon.usage));
 }
 
 void RecView::LoadLists() {
-    lists_.FillRankList();
-    SetFieldsForRank();
+    Guarded([this] { lists_.FillRankList(); });
     lists_.FillRatingLists();
     lists_.FillReasonList();
     lists_.FillAuthorLists();
@@ -77,30 +74,27 @@ void RecView::LoadFields() {
 }
 
 void RecView::LoadTabs() {
-    store::Database& database = *state_.gDatabase;
     const int qb_id = state_.currentTaxon.qb_id;
-    SetupVernacularGrid(controls_.vernaculars);
-    LoadVernaculars(controls_.vernaculars, database, qb_id);
-    ClearDocumentation();
+    Guarded([&] { LoadVernaculars(controls_.vernaculars, *state_.gDatabase, qb_id); });
     LoadSynonymsTab();
-    SetupCommentGrid(controls_.comments);
-    LoadComments(controls_.comments, database, qb_id);
+    Guarded([&] { LoadComments(controls_.comments, *state_.gDatabase, qb_id); });
     fields_.SetUsageCaptions();
-    ClearDistribution(controls_.distribution);
-    LoadDistribution(controls_.distribution, database, prompter_, qb_id);
+    Guarded([&] { LoadDistribution(controls_.distribution, *state_.gDatabase, prompter_, qb_id); });
 }
 
 void RecView::LoadSynonymsTab() {
     SynonymTab& tab = controls_.synonyms;
-    const std::string& usage = state_.currentTaxon.usage;
-    SetupSynonymGrid(tab);
-    FillSynonymRankList(tab, *state_.gDatabase, state_.currentTaxon.rank_name);
+    const CurrentTaxon& taxon = state_.currentTaxon;
+    tab.cboSRank.SetText(taxon.rank_name);
+    Guarded([&] { FillSynonymRankList(tab, *state_.gDatabase, taxon.rank_name); });
     FillAcceptedNameList(tab, state_, prompter_);
-    if (usage == "accepted" || usage == "valid") {
-        LoadSynonyms(tab, *state_.gDatabase, state_.currentTaxon.qb_id);
-    } else if (usage == "not accepted" || usage == "invalid") {
-        LoadAcceptedNames(tab, *state_.gDatabase, state_.currentTaxon.qb_id, state_.gKingdomName);
-    }
+    Guarded([&] {
+        if (taxon.usage == "accepted" || taxon.usage == "valid") {
+            LoadSynonyms(tab, *state_.gDatabase, taxon.qb_id);
+        } else if (taxon.usage == "not accepted" || taxon.usage == "invalid") {
+            LoadAcceptedNames(tab, *state_.gDatabase, taxon.qb_id, state_.gKingdomName);
+        }
+    });
 }
 
 void RecView::LoadDocumentation() {
@@ -110,14 +104,12 @@ void RecView::LoadDocumentation() {
     documentation::LoadOtherSourceGrid(controls_.otherSources, state_, prompter_, qb_id);
 }
 
-// The lists of genera and species belong to the record that is shown now; its species name stays.
-void RecView::RestoreNames() {
+// The lists of genera and species belong to the record that is shown now; the names on the form stay.
+void RecView::FillNameLists() {
     TaxonTab& tab = controls_.taxon;
     if (state_.currentTaxon.rank_id >= state_.gRankSpecies) {
-        const std::string species = tab.cboName2.Text();
-        lists_.FillGenusList();
-        lists_.FillSpeciesList();
-        tab.cboName2.SetText(species);
+        Guarded([this] { lists_.FillGenusList(); });
+        Guarded([this] { lists_.FillSpeciesList(); });
     }
     tab.cboName1.SetLocked(false);
     tab.cboName2.SetLocked(false);
@@ -132,11 +124,7 @@ void RecView::FillSelectors() {
 
 void RecView::ShowCounts(const ExplorerItem& item) {
     StatusPanelSet("name", CurrentTaxonName());
-    try {
-        StatusPanelSet("taxa", fmt::format("TAXA: {}", CountTaxa()));
-    } catch (const store::StoreError& error) {
-        prompter_.Message(error.Description());
-    }
+    Guarded([this] { StatusPanelSet("taxa", fmt::format("TAXA: {}", CountTaxa())); });
     StatusPanelSet("children", fmt::format("CHILDREN: {}", item.children));
     StatusPanelSet("descendants", fmt::format("DESCENDANTS: {}", item.descendants));
     StatusPanelSet("rank", "RANK: " + state_.currentTaxon.rank_name);

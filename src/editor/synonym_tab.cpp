@@ -7,6 +7,7 @@
 #include "core/names.h"
 #include "core/vocabulary.h"
 #include "documentation/association.h"
+#include "editor/attempt.h"
 #include "store/write_count.h"
 
 namespace quillon::editor {
@@ -135,6 +136,7 @@ void SetupSynonymGrid(SynonymTab& tab) {
 }
 
 void LoadSynonyms(SynonymTab& tab, store::Database& database, int qb_id) {
+    tab.lblSynonyms.SetCaption("Synonyms");
     std::vector<GridControl::Row> rows;
     const auto names = RowsOf(database, "Get Synonyms of Accepted Name", "Accepted_Id", qb_id);
     for (; !names->Eof(); names->MoveNext()) {
@@ -143,10 +145,10 @@ void LoadSynonyms(SynonymTab& tab, store::Database& database, int qb_id) {
     }
     rows.emplace_back();  // the empty one
     tab.grdSynonyms.SetRows(std::move(rows));
-    tab.lblSynonyms.SetCaption("Synonyms");
 }
 
 void LoadAcceptedNames(SynonymTab& tab, store::Database& database, int qb_id, std::string_view kingdomName) {
+    SetAcceptedNameCaptions(tab, kingdomName);
     std::vector<GridControl::Row> rows;
     const auto names = RowsOf(database, "Get Accepted Names of Synonym", "Synonym_Id", qb_id);
     for (; !names->Eof(); names->MoveNext()) {
@@ -155,7 +157,6 @@ void LoadAcceptedNames(SynonymTab& tab, store::Database& database, int qb_id, st
     }
     rows.emplace_back();  // the empty one
     tab.grdSynonyms.SetRows(std::move(rows));
-    SetAcceptedNameCaptions(tab, kingdomName);
     SetSynonymFieldsEnabled(tab, true);
 }
 
@@ -182,16 +183,12 @@ void FillSynonymRankList(SynonymTab& tab, store::Database& database, std::string
 }
 
 void FillAcceptedNameList(SynonymTab& tab, ApplicationState& state, Prompter& prompter) {
-    const auto fetch = [&tab, &state, &prompter, rank = tab.cboSRank.Text(),
-                        own = state.currentTaxon.qb_id]() -> std::vector<Choice> {
-        if (!state.gDatabase || rank.empty()) return {};
+    const auto fetch = [&tab, &state, &prompter, rank = tab.cboSRank.Text()] {
         std::vector<Choice> candidates;
+        if (!state.gDatabase || rank.empty()) return candidates;
         prompter.WaitCursor(true);
-        try {
-            candidates = Candidates(tab, state.gDatabase, rank, own);
-        } catch (const store::StoreError& error) {
-            prompter.Message(error.Description());
-        }
+        Attempt(prompter,
+                [&] { candidates = Candidates(tab, state.gDatabase, rank, state.currentTaxon.qb_id); });
         prompter.WaitCursor(false);
         return candidates;
     };

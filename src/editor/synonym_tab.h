@@ -72,8 +72,8 @@ std::string NameAndAuthor(const std::string& name, const std::string& author);
 
 // The ranks of the DataSet in cboSRank, with `rankName` chosen. The errors of the store pass through.
 void FillSynonymRankList(SynonymTab& tab, store::Database& database, std::string_view rankName);
-// Offers the accepted names of the rank in cboSRank, without the record itself. They are read when they are
-// first looked at.
+// Offers the accepted names of the rank in cboSRank, without the record that is current when they are read:
+// when they are first looked at. A new record is nobody yet. A failure of the store is told.
 void FillAcceptedNameList(SynonymTab& tab, ApplicationState& state, Prompter& prompter);
 
 }  // namespace quillon::editor

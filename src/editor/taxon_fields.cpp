@@ -5,6 +5,7 @@
 
 #include "core/text.h"
 #include "core/vocabulary.h"
+#include "editor/attempt.h"
 #include "store/engine.h"
 
 namespace quillon::editor {
@@ -207,8 +208,8 @@ void TaxonFields::ShowTaxon() {
     const ChangeScope scope(tab_.form);
     const CurrentTaxon& taxon = state_.currentTaxon;
     tab_.cboRank.SetText(taxon.rank_name);
-    SetFieldsForRank();
-    lists_.SetPRankList(taxon.rank_name);
+    Attempt(prompter_, [this] { SetFieldsForRank(); });
+    Attempt(prompter_, [&] { lists_.SetPRankList(taxon.rank_name); });
     tab_.cboName1.SetText(taxon.unit_name1);
     tab_.txtName1.SetText(taxon.unit_name1);
     tab_.cboName2.SetText(taxon.unit_name2);
@@ -223,6 +224,8 @@ void TaxonFields::ShowTaxon() {
     tab_.chkUnnamed.SetValue(taxon.unnamed_taxon_ind == "Yes");
     ShowUsage();
     ShowStatus();
+    Attempt(prompter_, [this] { lists_.OfferParents(); });
+    Attempt(prompter_, [this] { ShowKingdom(); });
 }
 
 void TaxonFields::ShowUsage() {
@@ -243,13 +246,14 @@ void TaxonFields::ShowStatus() {
     tab_.cboParentName.SetText(taxon.parent_name);
     tab_.cboAuth.SetText(taxon.taxon_author);
     tab_.cboAuth2.SetText(taxon.hybrid_author);
-    std::string kingdom;
-    if (state_.gDatabase) {
-        auto query = state_.gDatabase->OpenQueryDef("Get Kingdom Name");
-        const auto row = query.Set("kingid", taxon.kingdom_id).CreateSnapshot();
-        if (!row->Eof()) kingdom = row->At(0).AsText();
-    }
-    tab_.txtKingdom.SetText(kingdom);
+}
+
+void TaxonFields::ShowKingdom() {
+    tab_.txtKingdom.SetText("");
+    if (!state_.gDatabase) return;
+    auto query = state_.gDatabase->OpenQueryDef("Get Kingdom Name");
+    const auto row = query.Set("kingid", state_.currentTaxon.kingdom_id).CreateSnapshot();
+    if (!row->Eof()) tab_.txtKingdom.SetText(row->At(0).AsText());
 }
 
 }  // namespace quillon::editor

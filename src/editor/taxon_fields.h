@@ -22,7 +22,8 @@ public:
     // that the rank does not have are emptied. A quadrinomial that is still accepted turns into the rejected
     // usage, and the user is told when the authority has it.
     void SetFieldsForRank();
-    // Copies CurrentTaxon into the controls.
+    // Copies CurrentTaxon into the controls, and offers the ranks and names of parents that go with it. A
+    // list that cannot be read is told; the record is shown all the same.
     void ShowTaxon();
     // The heading and the options of fraUsage by the family of gKingdomName.
     void SetUsageCaptions();
@@ -42,6 +43,7 @@ private:
     void RejectAcceptedQuadrinomial();
     void ShowUsage();
     void ShowStatus();
+    void ShowKingdom();
 
     ApplicationState& state_;
     Prompter& prompter_;

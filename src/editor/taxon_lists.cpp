@@ -6,6 +6,7 @@
 
 #include "core/text.h"
 #include "core/vocabulary.h"
+#include "editor/attempt.h"
 #include "store/engine.h"
 #include "store/write_count.h"
 
@@ -63,38 +64,38 @@ std::vector<std::string> TaxonLists::Texts(const std::string& sql) const {
 TaxonLists::Choices TaxonLists::Read(const std::string& sql) const {
     Choices choices;
     if (!state_.gDatabase) return choices;
-    try {
-        const auto rows = state_.gDatabase->OpenRecordset(sql, RecordsetType::ForwardOnly);
-        const bool hasId = rows->ColumnCount() > 1;
-        for (; !rows->Eof(); rows->MoveNext()) {
-            if (rows->At(0).IsNull()) continue;
-            choices.push_back({rows->At(0).AsText(), hasId ? rows->At(1).AsLong() : 0});
-        }
-    } catch (const store::StoreError&) {
-        choices.clear();
+    const auto rows = state_.gDatabase->OpenRecordset(sql, RecordsetType::ForwardOnly);
+    const bool hasId = rows->ColumnCount() > 1;
+    for (; !rows->Eof(); rows->MoveNext()) {
+        if (rows->At(0).IsNull()) continue;
+        choices.push_back({rows->At(0).AsText(), hasId ? rows->At(1).AsLong() : 0});
     }
     return choices;
 }
 
-void TaxonLists::FillLater(ComboControl& combo, std::string sql) {
-    combo.SetChoicesLater([this, statement = std::move(sql)] { return Read(statement); });
+TaxonLists::Choices TaxonLists::Told(const std::function<Choices()>& read) const {
+    Choices choices;
+    Attempt(prompter_, [&] { choices = read(); });
+    return choices;
 }
 
-const TaxonLists::Choices& TaxonLists::ReadKept(Kept& kept, const std::string& sql) {
-    const std::int64_t writeCount = state_.gDatabase ? store::WriteCount(*state_.gDatabase) : 0;
-    const bool stands = kept.sql == sql && kept.writeCount == writeCount && state_.gDatabase &&
-                        kept.database.lock() == state_.gDatabase;
+void TaxonLists::FillLater(ComboControl& combo, std::string sql) {
+    combo.SetChoicesLater(
+        [this, statement = std::move(sql)] { return Told([&] { return Read(statement); }); });
+}
+
+TaxonLists::Choices TaxonLists::ReadKept(Kept& kept, const std::string& sql) const {
+    if (!state_.gDatabase) return {};
+    const std::int64_t writeCount = store::WriteCount(*state_.gDatabase);
+    const bool stands =
+        kept.sql == sql && kept.writeCount == writeCount && kept.database.lock() == state_.gDatabase;
     if (!stands) kept = {sql, state_.gDatabase, writeCount, Read(sql)};
     return kept.choices;
 }
 
 void TaxonLists::FillLater(ComboControl& combo, std::string sql, Kept& kept) {
-    combo.SetChoicesLater([this, statement = std::move(sql), &kept]() -> Choices {
-        try {
-            return ReadKept(kept, statement);
-        } catch (const store::StoreError&) {
-            return {};
-        }
+    combo.SetChoicesLater([this, statement = std::move(sql), &kept] {
+        return Told([&] { return ReadKept(kept, statement); });
     });
 }
 
@@ -170,11 +171,20 @@ std::string TaxonLists::GenusOnForm() const {
 
 void TaxonLists::FillParentNameList() {
     if (!state_.gDatabase) return;
+    state_.currentTaxon.direct_parent_rank_id = RankIdOf(tab_.cboDPRank.Text());
+    FillParents(state_.currentTaxon.direct_parent_rank_id);
+}
+
+void TaxonLists::OfferParents() {
+    tab_.cboParentName.Clear();
     const std::string& rank = tab_.cboDPRank.Text();
-    state_.currentTaxon.direct_parent_rank_id = RankIdOf(rank);
+    if (state_.gDatabase && !rank.empty()) FillParents(RankIdOf(rank));
+}
+
+void TaxonLists::FillParents(int rank_id) {
+    const std::string& rank = tab_.cboDPRank.Text();
     const std::size_t units = UnitsOf(rank);
-    std::string condition =
-        fmt::format(fmt::runtime(kMayBeParent), state_.currentTaxon.direct_parent_rank_id);
+    std::string condition = fmt::format(fmt::runtime(kMayBeParent), rank_id);
     if (HasGenusAndEpithet(rank))
         condition += fmt::format(" AND t.unit_name1 = \"{}\"", QuoteDoubleQuotes(GenusOnForm()));
     if (units == 3) condition += kNoFourthUnit;

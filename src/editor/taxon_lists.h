@@ -4,10 +4,12 @@
 // and those of authors and genera are kept until something is written.
 //
 // Filling a list never changes the text of an editable combo, nor RecordDirty. Without a DataSet nothing is
-// filled. The errors of the store pass through; a list that is read later stays empty when it cannot be read.
+// filled. The errors of the store pass through; a list that is read later stays empty when it cannot be read,
+// and the user is told.
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -41,6 +43,9 @@ public:
     // cboParentName: the taxa of the rank in cboDPRank that can be parents, whose genus is that of the form
     // where the rank is Species or below. In EDIT mode the record itself is kept out.
     void FillParentNameList();
+    // The same for a record that is only shown: CurrentTaxon stays as it is, and without a rank in cboDPRank
+    // there are no parents.
+    void OfferParents();
     // The record in EDIT mode; 0 in INPUT mode.
     void SetRecordInEdit(int qb_id) { recordInEdit_ = qb_id; }
 
@@ -61,7 +66,10 @@ private:
 
     std::string GenusOnForm() const;
     Choices Read(const std::string& sql) const;
-    const Choices& ReadKept(Kept& kept, const std::string& sql);
+    Choices ReadKept(Kept& kept, const std::string& sql) const;
+    // What `read` gives; none when the store fails, which is told.
+    Choices Told(const std::function<Choices()>& read) const;
+    void FillParents(int rank_id);
     void FillLater(ComboControl& combo, std::string sql);
     void FillLater(ComboControl& combo, std::string sql, Kept& kept);
     std::vector<std::string> Texts(const std::string& sql) const;

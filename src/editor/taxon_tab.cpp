@@ -1,5 +1,7 @@
 #include "editor/taxon_tab.h"
 
+#include <initializer_list>
+
 namespace quillon::editor {
 
 TaxonTab::TaxonTab(Form& owner) : form(owner) {
@@ -15,9 +17,10 @@ void ClearTaxonTab(TaxonTab& tab) {
                               &tab.txtName4, &tab.txtCurrency}) {
         text->SetText("");
     }
-    for (ComboControl* combo : {&tab.cboRank, &tab.cboName1, &tab.cboName2, &tab.cboName3Rank,
-                                &tab.cboInvalidReason, &tab.cboCredibility, &tab.cboCoverage, &tab.cboDPRank,
-                                &tab.cboParentName, &tab.cboAuth, &tab.cboAuth2}) {
+    for (ComboControl* combo : std::initializer_list<ComboControl*>{
+             &tab.cboRank, &tab.cboName1, &tab.cboName2, &tab.cboName3Rank, &tab.cboInvalidReason,
+             &tab.cboCredibility, &tab.cboCoverage, &tab.cboDPRank, &tab.cboParentName, &tab.cboAuth,
+             &tab.cboAuth2}) {
         combo->SetText("");
     }
     for (CheckControl* check : {&tab.chkHybrid1, &tab.chkHybrid2, &tab.chkHybrid3, &tab.chkQuad,

@@ -6,6 +6,7 @@
 #pragma once
 
 #include "core/controls.h"
+#include "documentation/pick_list.h"
 
 namespace quillon::editor {
 
@@ -53,7 +54,8 @@ struct TaxonTab {
     TextControl txtCurrency{form, "txtCurrency", 7};
 
     LabelControl lblDPRank{form, "lblDPRank", "&Parent Rank"};
-    ComboControl cboDPRank{form, "cboDPRank", ComboControl::Style::ListOnly};
+    // Picking the rank that is chosen already counts too: it brings the parents again.
+    documentation::PickListControl cboDPRank{form, "cboDPRank", ComboControl::Style::ListOnly};
     LabelControl lblParentName{form, "lblParentName", "Parent &Name"};
     // The item data of a choice is the qb_id of the parent.
     ComboControl cboParentName{form, "cboParentName"};

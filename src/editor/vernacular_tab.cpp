@@ -2,6 +2,7 @@
 
 #include "core/value.h"
 #include "documentation/association.h"
+#include "editor/attempt.h"
 
 namespace quillon::editor {
 
@@ -80,13 +81,12 @@ void ClearVernacularFields(VernacularTab& tab) {
 }
 
 void FillLanguageList(VernacularTab& tab, ApplicationState& state, Prompter& prompter) {
-    tab.cboLanguage.SetChoicesLater([&state, &prompter]() -> std::vector<ChoiceControl::Choice> {
-        try {
-            if (state.gDatabase) return LanguagesOf(*state.gDatabase);
-        } catch (const store::StoreError& error) {
-            prompter.Message(error.Description());
-        }
-        return {};
+    tab.cboLanguage.SetChoicesLater([&state, &prompter] {
+        std::vector<ChoiceControl::Choice> languages;
+        Attempt(prompter, [&] {
+            if (state.gDatabase) languages = LanguagesOf(*state.gDatabase);
+        });
+        return languages;
     });
 }
 

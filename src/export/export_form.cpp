@@ -5,6 +5,7 @@
 
 #include "core/text.h"
 #include "export/export_paths.h"
+#include "validation/log_file.h"
 #include "validation/record_filter.h"
 
 namespace quillon::exporting {
@@ -134,9 +135,11 @@ void FrmNExport::Tell(const ExportResult& result) {
     TellBreaking(outside_.prompter, result.breaking);
 }
 
+// The findings may be those of an earlier validation, and the error viewer takes its log away.
 void FrmNExport::TellTotal() {
     const std::string total = TotalText(state_);
-    if (!state_.gErrorsOccurred) return outside_.prompter.Message(total);
+    if (!state_.gErrorsOccurred || !validation::HasFindings(outside_.workDirectory))
+        return outside_.prompter.Message(total);
     if (outside_.prompter.AskYesNo(total + "  View error log?", kCompleteTitle))
         outside_.prompter.ShowModal("FrmVError");
 }

@@ -111,7 +111,7 @@ ExportResult ExportJob::WriteFile(const ExportOrder& order) {
     });
     ExportTools tools{state_, *database, outside_.prompter, outside_.events, outside_.gauge, line};
     state_.gRecordsDone = 0;
-    WriteRecords(order, tools);
+    if (!WriteRecords(order, tools)) return {};
     ExportResult result;
     result.breaking = line.Breaking();
     const bool becameUtf8 = !anyText && file.CurrentEncoding() == Encoding::Utf8;
@@ -124,20 +124,26 @@ ExportResult ExportJob::WriteFile(const ExportOrder& order) {
     return result;
 }
 
-void ExportJob::WriteRecords(const ExportOrder& order, ExportTools& tools) {
-    if (order.kind == ExportKind::List) return WriteNameList(tools, order.listType);
+bool ExportJob::WriteRecords(const ExportOrder& order, ExportTools& tools) {
+    if (order.kind == ExportKind::List) {
+        WriteNameList(tools, order.listType);
+        return true;
+    }
     state_.gValidatingForExport = order.kind == ExportKind::Online;
-    if (state_.gValidatingForExport) ValidateForExport();
+    if (state_.gValidatingForExport && !ValidateForExport()) return false;
     store::Job job(engine_);
     WriteTaggedFile(tools);
     job.End();
+    return true;
 }
 
-// The rules compare with the kingdom of the open DataSet, whichever is exported.
-void ExportJob::ValidateForExport() {
+// The rules compare with the kingdom of the open DataSet, whichever is exported. A DataSet of another kingdom
+// than that of the preferences is written whole.
+bool ExportJob::ValidateForExport() {
     if (state_.gDatabase == nullptr)
         throw ExportError("A DataSet must be open to export for the online system!");
-    validation::ValidateDataSet(state_, engine_, outside_);
+    const validation::ValidationResult result = validation::ValidateDataSet(state_, engine_, outside_);
+    return (result.ran || result.wrongKingdom) && !result.logFailed;
 }
 
 bool ExportJob::AskUtf8(const OddValues& foreign) {

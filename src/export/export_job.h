@@ -67,8 +67,9 @@ public:
 private:
     ExportResult WriteFile(const ExportOrder& order);
     void RefuseDataSets() const;
-    void WriteRecords(const ExportOrder& order, ExportTools& tools);
-    void ValidateForExport();
+    // False when the validation failed: nothing is known of what it would refuse.
+    bool WriteRecords(const ExportOrder& order, ExportTools& tools);
+    bool ValidateForExport();
     bool AskUtf8(const OddValues& foreign);
 
     ApplicationState& state_;

@@ -8,9 +8,11 @@ namespace quillon::importing {
 
 FileSource::FileSource(const std::string& path) : path_(path), file_(std::fopen(path.c_str(), "rb")) {
     if (!file_) throw ReadError("File " + path + " cannot be opened!");
+    // The line reader goes over the bytes twice, which a pipe does not allow; nothing is taken out of it.
+    if (std::fseek(file_.get(), 0, SEEK_SET) != 0) throw ReadError("File " + path + " cannot be read!");
     std::error_code error;
     const auto size = std::filesystem::file_size(path, error);
-    // A device or a pipe has no size; the gauge then stands still, and the lines are read all the same.
+    // A device has no size; the gauge then stands still, and the lines are read all the same.
     if (!error) size_ = static_cast<std::int64_t>(size);
     // The line reader takes large blocks; a buffer between them and the file would only copy.
     std::setvbuf(file_.get(), nullptr, _IONBF, 0);

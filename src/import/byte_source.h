@@ -30,7 +30,7 @@ public:
 
 class FileSource : public ByteSource {
 public:
-    // Throws ReadError when the file cannot be opened.
+    // Throws ReadError when the file cannot be opened, or is a pipe.
     explicit FileSource(const std::string& path);
     std::size_t Read(char* buffer, std::size_t size) override;
     void Rewind() override;

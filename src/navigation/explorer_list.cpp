@@ -48,6 +48,8 @@ void cExplorer::ListDblClick(int id) {
         for (const int under : accepted) {
             if (TreeNode* found = ExpandContainingSubtree(id, under)) node = found;
         }
+        // A name that is linked as a synonym though it has a parent stands under the parent.
+        if (node == nullptr) node = ExpandContainingSubtree(id);
     } catch (const store::StoreError&) {
     }
     prompter_.WaitCursor(false);

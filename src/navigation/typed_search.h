@@ -3,8 +3,8 @@
 // unit of the name, so the names that can match stand together in the index on the names, and are read there
 // and tested one by one. A typed key is answered at once, however much of the list has been loaded.
 //
-// Only a text that begins with a wildcard makes it read lines until one matches. The errors of the store pass
-// through.
+// Only a text that begins with "*" or "?" and goes on makes it read lines until one matches. The errors of
+// the store pass through.
 #pragma once
 
 #include <memory>
@@ -34,6 +34,8 @@ private:
         std::string name = {}, first = {}, last = {}, mark = {};
     };
 
+    void SearchByFirstCharacter(std::string_view element);
+    std::string FirstNameFrom(const std::string& at);
     void SearchFirstUnit(const Rows& rows, std::string_view rest);
     void SearchFirstUnitBetween(const Rows& rows, std::string_view first, std::string_view last);
     void SearchSecondUnit(std::string_view name, std::string_view rest);

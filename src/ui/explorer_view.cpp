@@ -143,7 +143,7 @@ void ExplorerView::SetContextActions(const QList<QAction*>& actions) {
 
 // The menu key opens it at the current row, not where the mouse happens to be.
 void ExplorerView::contextMenuEvent(QContextMenuEvent* event) {
-    ChooseForMenu(*event);
+    if (!ChooseForMenu(*event)) return;
     QMenu menu(this);
     menu.setObjectName("ExplorerMenu");
     FillMenu(menu);
@@ -155,12 +155,20 @@ void ExplorerView::contextMenuEvent(QContextMenuEvent* event) {
     menu.exec(at);
 }
 
-// The commands work on the record: a row of the list under the mouse becomes it first. In the tree the press
-// has chosen the node already.
-void ExplorerView::ChooseForMenu(const QContextMenuEvent& event) {
-    if (CurrentView() != list_ || event.reason() != QContextMenuEvent::Mouse) return;
-    const QModelIndex index = list_->indexAt(list_->viewport()->mapFromGlobal(event.globalPos()));
-    if (index.isValid()) explorer_.ListClick(navigation::cExplorer::ListArea::List, listModel_->IdAt(index));
+// The commands work on the record: a row of the list becomes it first, the one under the mouse or the current
+// one. In the tree the press has chosen the node already. False when the row did not become the record,
+// because no path leads to it or the user stays on an unsaved one: a command would work on another name than
+// the one marked.
+bool ExplorerView::ChooseForMenu(const QContextMenuEvent& event) {
+    if (CurrentView() != list_) return true;
+    const QModelIndex index = event.reason() == QContextMenuEvent::Mouse
+                                  ? list_->indexAt(list_->viewport()->mapFromGlobal(event.globalPos()))
+                                  : list_->currentIndex();
+    if (!index.isValid()) return true;
+    const int id = listModel_->IdAt(index);
+    if (explorer_.FindIdOfNode(explorer_.TreeV().Selected()) == id) return true;
+    explorer_.ListClick(navigation::cExplorer::ListArea::List, id);
+    return explorer_.FindIdOfNode(explorer_.TreeV().Selected()) == id;
 }
 
 void ExplorerView::FillMenu(QMenu& menu) const {

@@ -47,7 +47,7 @@ private:
     void ConnectTreeSelection();
     void ConnectList();
     void ConnectListRows();
-    void ChooseForMenu(const QContextMenuEvent& event);
+    bool ChooseForMenu(const QContextMenuEvent& event);
     void FillMenu(QMenu& menu) const;
     void ShowListRow(int qb_id);
 

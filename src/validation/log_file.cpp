@@ -2,12 +2,19 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <system_error>
 #include <utility>
 
 namespace quillon::validation {
 
 std::string PathIn(const std::string& directory, std::string_view name) {
     return (std::filesystem::path(directory) / name).string();
+}
+
+bool HasFindings(const std::string& directory) {
+    std::error_code error;
+    const auto size = std::filesystem::file_size(PathIn(directory, kLogName), error);
+    return !error && size > 0;
 }
 
 LineFile::LineFile(std::string path)

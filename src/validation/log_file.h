@@ -17,6 +17,9 @@ inline constexpr std::string_view kTimeLogName = "vtime.log";
 // `name` in `directory`; `name` itself when there is no directory.
 std::string PathIn(const std::string& directory, std::string_view name);
 
+// Whether there are findings to show: the "validate.log" in `directory` is there, and holds something.
+bool HasFindings(const std::string& directory);
+
 // A file of lines closed by CR LF, emptied when opened.
 class LineFile {
 public:

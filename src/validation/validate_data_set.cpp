@@ -42,6 +42,7 @@ public:
         timeLog_.Print("Begin Validation: " + TimeOfDay(outside_.clock));
         const auto kingdomId = KingdomIdOf(*database_, state_.gKingdomName);
         if (!kingdomId) {
+            result_.wrongKingdom = true;
             CloseLogs();
             outside_.prompter.Message("The Kingdom in the Validate Dataset, " + database_->Name() +
                                       ", must match that in the 'Preferences'.");
@@ -57,7 +58,7 @@ private:
     bool HasLogs() {
         for (const LineFile* file : {&timeLog_, &log_}) {
             if (file->Open()) continue;
-            outside_.prompter.Message("File " + file->Path() + " cannot be written!");
+            TellUnwritten(*file);
             return false;
         }
         return true;
@@ -95,7 +96,7 @@ private:
     void Finish() {
         database_->Close();
         CloseLog(log_);
-        if (!state_.gBatchCancel && !state_.gValidatingForExport) {
+        if (!state_.gBatchCancel && !state_.gValidatingForExport && !result_.logFailed) {
             outside_.prompter.WaitCursor(false);
             TellComplete();
             outside_.prompter.WaitCursor(true);
@@ -119,7 +120,11 @@ private:
         CloseLog(log_);
     }
     void CloseLog(LineFile& file) {
-        if (!file.Close()) outside_.prompter.Message("File " + file.Path() + " cannot be written!");
+        if (!file.Close()) TellUnwritten(file);
+    }
+    void TellUnwritten(const LineFile& file) {
+        result_.logFailed = true;
+        outside_.prompter.Message("File " + file.Path() + " cannot be written!");
     }
 
     ApplicationState& state_;

@@ -39,9 +39,11 @@ struct ValidationOutside {
 };
 
 struct ValidationResult {
-    bool ran = false;  // the filter and the kingdom let it begin
+    bool ran = false;           // the filter, the logs and the kingdom let it begin
+    bool wrongKingdom = false;  // it did not begin, for the DataSet lacks the kingdom of the preferences
+    bool logFailed = false;     // one of the logs could not be opened, or is not whole
     bool canceled = false;
-    bool errors = false;  // there are findings in the log
+    bool errors = false;  // there were findings
     std::string logPath;
 };
 

@@ -105,6 +105,27 @@ TEST(Batch, AsksBeforeImportingIntoAFilledDataSet) {
     EXPECT_EQ(batch.Run("import t.mdb in.qln --yes").status, 0);
 }
 
+// One row is enough, whatever table it is in.
+TEST(Batch, TakesADataSetForFilledThatHoldsMoreThanItsSeedRows) {
+    Batch batch;
+    batch.Run("new empty.mdb --kingdom Animalia");
+    WriteFile(batch.dir.File("in.qln"), kTwoTaxa);
+    for (const std::string row :
+         {"journal (qb_id) SELECT 1", "qb_vernaculars (qb_id) SELECT 1",
+          "qb_publications (publication_id_prefix, qb_publication_id) SELECT 'PUB', 4",
+          "qb_taxon_authors_lookup (taxon_author, kingdom_id) SELECT 'Linnaeus', 5",
+          "qb_taxonomic_units (qb_id) SELECT 2"}) {
+        std::filesystem::copy_file(batch.dir.File("empty.mdb"), batch.dir.File("t.mdb"),
+                                   std::filesystem::copy_options::overwrite_existing);
+        store::Engine().OpenDatabase(batch.dir.File("t.mdb"))->Execute("INSERT INTO " + row);
+        const Ended import = batch.Run("import t.mdb in.qln");
+        EXPECT_EQ(import.status, 3) << row;
+        EXPECT_EQ(import.err.rfind("question: You will be importing into a non-empty DataSet.", 0), 0U)
+            << row;
+    }
+    EXPECT_EQ(batch.Run("import empty.mdb in.qln").err, "message: Import Complete -- No Errors!\n");
+}
+
 TEST(Batch, SaysWhichFileIsMissingOrNoDataSet) {
     Batch batch;
     EXPECT_EQ(batch.Run("info none.mdb").err, "message: Could not find the file 'none.mdb'.\n");

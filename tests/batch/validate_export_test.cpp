@@ -202,6 +202,41 @@ TEST_F(Jobs, FileThatCannotBeWrittenEndsWithThree) {
     EXPECT_EQ(batch.Run("validate none.mdb").status, 3);
 }
 
+TEST_F(Jobs, LogThatCannotBeOpenedEndsWithThree) {
+    for (const std::string log : {"validate.log", "vtime.log"}) {
+        std::filesystem::create_directory(File("logs"));
+        std::filesystem::create_directory(File("logs") + "/" + log);
+        for (const char* words :
+             {"validate t.mdb --work-dir logs", "export t.mdb out.qln --online --work-dir logs"}) {
+            const Ended ended = batch.Run(words);
+            EXPECT_EQ(ended.status, 3) << words;
+            EXPECT_EQ(ended.err, "message: File logs/" + log + " cannot be written!\n") << words;
+        }
+        std::filesystem::remove_all(File("logs"));
+    }
+    EXPECT_FALSE(Exists("out.qln"));
+}
+
+TEST_F(Jobs, LogThatIsNotWholeEndsWithThree) {
+    std::filesystem::create_symlink("/dev/full", File("validate.log"));
+    for (const char* words : {"validate t.mdb --yes", "export t.mdb out.qln --online"}) {
+        const Ended ended = batch.Run(words);
+        EXPECT_EQ(ended.status, 3) << words;
+        EXPECT_EQ(ended.err, "message: File validate.log cannot be written!\n") << words;
+    }
+    EXPECT_FALSE(Exists("out.qln"));
+}
+
+TEST_F(Jobs, TimesThatCannotBeWrittenEndWithThreeToo) {
+    std::filesystem::create_symlink("/dev/full", File("vtime.log"));
+    const Ended ended = batch.Run("validate t.mdb");
+    EXPECT_EQ(ended.status, 3);
+    EXPECT_EQ(ended.err,
+              "message: Validation Complete -- Errors Occurred.\n"
+              "message: File vtime.log cannot be written!\n");
+    EXPECT_EQ(ReadFile(File("validate.log")), kFindingsOfChordata);
+}
+
 // The log is a pipe: the job waits in the midst of its findings until somebody reads them, so that it is
 // still at them when the signal comes.
 class Interrupted : public Jobs {

@@ -129,6 +129,34 @@ TEST_F(RecViewExplorer, ThrowingTheRecordAwayPutsTheNodeBack) {
     EXPECT_EQ(ParentOf(3), 2);
 }
 
+TEST_F(RecViewExplorer, FileCommandsPutTheNodeBackToo) {
+    Make();
+    for (ButtonControl* command : {&form.mnuFOpen, &form.mnuFNew, &form.mnuFSaveAs}) {
+        Click(3);
+        form.mnuECut.UserClick();
+        Click(6);
+        form.mnuPaste.UserClick();
+        ASSERT_EQ(ParentOf(3), 6) << command->Name();
+        data.prompter.filesToOpen = data.prompter.filesToSave = {std::nullopt};
+        data.prompter.yesNo = {true};
+        command->UserClick();
+        EXPECT_EQ(ParentOf(3), 2) << command->Name();
+        recView.Reset();
+    }
+}
+
+TEST_F(RecViewExplorer, ANodeThatCannotBePutBackIsTold) {
+    Make();
+    Click(3);
+    data.state.RecordDirty = true;
+    data.db().DeleteTable("qb_taxonomic_units");
+    data.prompter.yesNo = {true};
+    data.prompter.filesToOpen = {std::nullopt};
+    form.mnuFOpen.UserClick();
+    ASSERT_EQ(data.prompter.messages.size(), 1u);
+    EXPECT_EQ(data.prompter.messages[0].substr(0, 7), "Failed ");
+}
+
 TEST_F(RecViewExplorer, ANameUnderOneOfItsRankIsAskedFor) {
     Make();
     Click(6);

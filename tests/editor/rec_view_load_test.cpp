@@ -98,17 +98,27 @@ TEST_F(RecViewLoad, TheKingdomLoadsLikeAnyOtherRecord) {
     EXPECT_EQ(Panels(), "Animalia|TAXA: 6|EDIT");
 }
 
-TEST_F(RecViewLoad, ASubspeciesKeepsItsSpeciesWhenTheListsAreFilled) {
+TEST_F(RecViewLoad, ASubspeciesShowsItsNamesBesideTheirLists) {
     Make();
+    Select(6);
     Select(4);
-    EXPECT_EQ(tab.cboName1.Text() + "|" + tab.cboName2.Text() + "|" + tab.txtName3.Text(),
-              "Orca|alpha|minor");
     EXPECT_EQ(Texts(tab.cboName1), "Cetus|Gladiator|Orca");
     EXPECT_EQ(tab.cboName1.ListIndex(), 2);
+    EXPECT_EQ(tab.cboName1.Text() + "|" + tab.cboName2.Text() + "|" + tab.txtName3.Text(),
+              "Orca|alpha|minor");
     EXPECT_EQ(tab.cboDPRank.Text() + "|" + tab.cboParentName.Text(), "Species|Orca alpha");
     EXPECT_EQ(Texts(tab.cboParentName), "Orca alpha");
     EXPECT_EQ(tab.cboParentName.ItemData(0), 3);
     EXPECT_FALSE(tab.cboName1.Locked() || tab.cboName2.Locked());
+}
+
+TEST_F(RecViewLoad, TheListOfSpeciesIsAlwaysEmpty) {
+    Make();
+    tab.cboName2.SetTexts({"beta"});
+    Select(4);
+    EXPECT_TRUE(tab.cboName2.ChoicesPending());
+    EXPECT_EQ(Texts(tab.cboName2), "") << "nothing is unequal to Null, not even the parent of Orca alpha";
+    EXPECT_EQ(tab.cboName2.Text(), "alpha");
 }
 
 TEST_F(RecViewLoad, TheNameOnTheStatusBarKeepsTheBlanksOfMissingMarks) {
@@ -214,9 +224,37 @@ TEST_F(RecViewLoad, ParentsAreNamesThatCanBeParents) {
     AddTaxon(7, "1", 180, "'Balaena', Null, Null", "Null");
     Select(3);
     EXPECT_EQ(Texts(tab.cboParentName), "Balaena|Cetus|Orca") << "not the invalid Gladiator";
-    tab.cboDPRank.UserChoose(tab.cboDPRank.FindText("Kingdom"));
+    tab.cboDPRank.UserPick(tab.cboDPRank.FindText("Kingdom"));
     EXPECT_EQ(Texts(tab.cboParentName), "Animalia");
     EXPECT_EQ(data.state.currentTaxon.direct_parent_rank_id, 10);
+    EXPECT_TRUE(data.state.RecordDirty);
+}
+
+TEST_F(RecViewLoad, ParentsBelongToTheRecordThatIsShown) {
+    Make();
+    Select(3);
+    EXPECT_EQ(Texts(tab.cboParentName), "Cetus|Orca");
+    Select(2);
+    EXPECT_EQ(tab.cboDPRank.Text(), "Kingdom");
+    EXPECT_EQ(Texts(tab.cboParentName), "Animalia");
+    EXPECT_EQ(data.Dump("SELECT direct_parent_rank_id FROM taxonomic_unit_types WHERE rank_id = 180"),
+              std::to_string(data.state.currentTaxon.direct_parent_rank_id) + "\n")
+        << "showing a record changes nothing of it";
+    Select(5);
+    EXPECT_EQ(tab.cboDPRank.Text(), "");
+    EXPECT_EQ(Texts(tab.cboParentName), "") << "a name without a parent";
+}
+
+TEST_F(RecViewLoad, TheSameParentRankPickedAgainBringsTheParentsAgain) {
+    Make();
+    Select(3);
+    EXPECT_EQ(Texts(tab.cboParentName), "Cetus|Orca");
+    AddTaxon(7, "1", 180, "'Balaena', Null, Null", "'valid'");
+    EXPECT_EQ(Texts(tab.cboParentName), "Cetus|Orca");
+    tab.cboDPRank.UserPick(tab.cboDPRank.ListIndex());
+    EXPECT_EQ(Texts(tab.cboParentName), "Balaena|Cetus|Orca");
+    EXPECT_EQ(tab.cboParentName.Text(), "Orca");
+    EXPECT_TRUE(data.state.RecordDirty);
 }
 
 TEST_F(RecViewLoad, SpeciesThatCanBeParentsAreThoseOfTheGenusOnTheForm) {
@@ -235,12 +273,21 @@ TEST_F(RecViewLoad, ARecordIsNotItsOwnParent) {
     Make();
     Select(2);
     tab.cboDPRank.AddItem("Genus");
-    tab.cboDPRank.UserChoose(tab.cboDPRank.FindText("Genus"));
+    tab.cboDPRank.UserPick(tab.cboDPRank.FindText("Genus"));
     EXPECT_EQ(Texts(tab.cboParentName), "Cetus");
     data.state.RecordDirty = false;
     form.mnuAdd.UserClick();
-    recView.Lists().FillParentNameList();
     EXPECT_EQ(Texts(tab.cboParentName), "Cetus|Orca") << "a new record is nobody yet";
+}
+
+TEST_F(RecViewLoad, ARecordIsNotItsOwnAcceptedName) {
+    Make();
+    for (ButtonControl* command : {&form.mnuAdd, &form.mnuCopy}) {
+        Select(2);
+        EXPECT_EQ(Texts(form.synonyms.cboSRName), "Cetus");
+        command->UserClick();
+        EXPECT_EQ(Texts(form.synonyms.cboSRName), "Cetus|Orca Gray, 1846") << "a new record is nobody yet";
+    }
 }
 
 TEST_F(RecViewLoad, EveryTabShowsTheRecord) {
@@ -267,6 +314,102 @@ TEST_F(RecViewLoad, EveryTabShowsTheRecord) {
     EXPECT_EQ(form.distribution.cboMexico.Text(), "None Selected");
     EXPECT_EQ(Texts(form.publications.cboVernPub), "");
     EXPECT_TRUE(data.prompter.messages.empty());
+}
+
+// Two records with something on every tab, and a store that fails in one step of the load.
+class RecViewLoadFailing : public RecViewLoad {
+protected:
+    void MakeFull() {
+        Make();
+        for (const std::string id : {"2", "3"}) {
+            Execute(
+                "INSERT INTO qb_vernaculars (qb_vern_id, qb_id, vernacular_name, [language], approved_ind) "
+                "VALUES (" +
+                id + ", " + id + ", 'orca " + id + "', 'English', True)");
+            Execute("INSERT INTO qb_comments (qb_comment_id, commentator, comment_detail) VALUES (" + id +
+                    ", 'A" + id + "', 'B')");
+            Execute("INSERT INTO qb_tu_comments_link (qb_id, qb_comment_id) VALUES (" + id + ", " + id + ")");
+        }
+        Execute("INSERT INTO qb_geographic_division (qb_id, geographic_value) VALUES (3, 'Africa')");
+        Execute("INSERT INTO qb_geographic_division (qb_id, geographic_value) VALUES (2, 'Caribbean')");
+        Execute(
+            "INSERT INTO qb_jurisdiction (qb_id, jurisdiction_value, origin) VALUES (2, 'Mexico', 'Native')");
+    }
+    std::string OnTheTabs() const {
+        return tab.cboRank.Text() + "|" + tab.txtName1.Text() + "|" + tab.txtKingdom.Text() + "|" +
+               form.vernaculars.grdVernacular.Cell(0, 0) + "|" + form.synonyms.grdSynonyms.Cell(0, 0) + "|" +
+               form.synonyms.cboSRank.Text() + "|" + form.comments.grdComments.Cell(0, 0) + "|" +
+               (form.distribution.chkAfrica.Value() ? "Africa" : "") +
+               (form.distribution.chkCaribbean.Value() ? "Caribbean" : "") + "|" +
+               form.distribution.cboMexico.Text();
+    }
+    // Shows the species, then the genus without the query.
+    std::string WithoutQuery(const std::string& query) {
+        Select(3);
+        const std::string sql = data.db().OpenQueryDef(query).SQL();
+        data.db().DeleteQueryDef(query);
+        data.prompter.messages.clear();
+        Select(2);
+        data.db().CreateQueryDef(query, sql);
+        return OnTheTabs();
+    }
+};
+
+TEST_F(RecViewLoadFailing, AStepThatFailsIsToldAndTheOthersAreShown) {
+    struct Case {
+        const char* query;
+        const char* shown;
+    };
+    const Case cases[] = {
+        {"Get Vernaculars", "Genus|Orca|Animalia||Gladiator|Genus|A2|Caribbean|Native"},
+        {"Get Synonyms of Accepted Name", "Genus|Orca|Animalia|orca 2||Genus|A2|Caribbean|Native"},
+        {"Get Comments", "Genus|Orca|Animalia|orca 2|Gladiator|Genus||Caribbean|Native"},
+        {"Get Distrib Data", "Genus|Orca|Animalia|orca 2|Gladiator|Genus|A2||None Selected"},
+        {"Get Jurisdiction Data", "Genus|Orca|Animalia|orca 2|Gladiator|Genus|A2|Caribbean|None Selected"},
+        {"Get Kingdom Name", "Genus|Orca||orca 2|Gladiator|Genus|A2|Caribbean|Native"},
+        {"Get Rank ID", "Genus|Orca|Animalia|orca 2|Gladiator|Genus|A2|Caribbean|Native"},
+    };
+    MakeFull();
+    for (const Case& row : cases) {
+        EXPECT_EQ(WithoutQuery(row.query), row.shown) << row.query;
+        ASSERT_EQ(data.prompter.messages.size(), 1u) << row.query;
+        EXPECT_EQ(data.prompter.messages[0].substr(0, 7), "Failed ") << row.query;
+        EXPECT_EQ(form.mode.Caption(), "EDIT");
+        EXPECT_FALSE(tab.cboName1.Locked() || tab.cboName2.Locked()) << row.query;
+        EXPECT_FALSE(data.state.RecordDirty);
+    }
+}
+
+TEST_F(RecViewLoadFailing, ARecordThatCannotBeReadLeavesNothingOfTheOneBefore) {
+    MakeFull();
+    EXPECT_EQ(WithoutQuery("Get Taxon Data"), "|||orca 2|||A2|Caribbean|Native");
+    EXPECT_EQ(Shown(), "|,|,|0|||000|0|< >||||0|||||");
+    EXPECT_EQ(Texts(tab.cboDPRank) + Texts(tab.cboParentName), "");
+    EXPECT_EQ(data.prompter.messages.size(), 1u);
+    EXPECT_FALSE(tab.cboName1.Locked() || tab.cboName2.Locked());
+}
+
+TEST_F(RecViewLoadFailing, AListThatCannotBeReadIsToldOnceAndStaysEmpty) {
+    Make();
+    data.db().DeleteTable("qb_taxon_authors_lookup");
+    data.db().DeleteTable("qb_vernaculars");
+    EXPECT_TRUE(data.prompter.messages.empty());
+    for (const ComboControl* list : {&tab.cboAuth, &form.vernaculars.cboLanguage}) {
+        data.prompter.messages.clear();
+        EXPECT_EQ(Texts(*list), "");
+        EXPECT_EQ(Texts(*list), "");
+        ASSERT_EQ(data.prompter.messages.size(), 1u) << list->Name();
+        EXPECT_EQ(data.prompter.messages[0].substr(0, 7), "Failed ") << list->Name();
+    }
+}
+
+TEST_F(RecViewLoadFailing, AParentRankThatCannotBeLookedUpIsToldOnce) {
+    Make();
+    Select(3);
+    data.db().DeleteQueryDef("Get Rank ID");
+    tab.cboDPRank.UserPick(tab.cboDPRank.FindText("Kingdom"));
+    ASSERT_EQ(data.prompter.messages.size(), 1u);
+    EXPECT_EQ(data.prompter.messages[0].substr(0, 7), "Failed ");
 }
 
 TEST_F(RecViewLoad, LooksUpRanksTsnsAndTheKingdom) {

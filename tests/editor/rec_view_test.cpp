@@ -303,6 +303,40 @@ TEST_F(RecViewModes, PreferencesThatChangeAreAppliedAgain) {
     EXPECT_EQ(events, "");
 }
 
+TEST_F(RecViewModes, CanceledPreferencesLeaveANewRecordAlone) {
+    Make();
+    recView.PreferencesCommand = [this] { data.state.gPreferencesChanging = true; };
+    Select(3);
+    form.mnuAdd.UserClick();
+    tab.optValid.UserChoose();
+    tab.chkHybrid1.UserSetValue(true);
+    form.mnuFPreferences.UserClick();
+    EXPECT_EQ(data.state.gPrefRank, "Kingdom");
+    EXPECT_EQ(tab.cboRank.Text() + "|" + tab.cboDPRank.Text() + "|" + tab.cboParentName.Text(),
+              "Species|Genus|Orca");
+    EXPECT_TRUE(tab.optValid.Value() && tab.chkHybrid1.Value());
+}
+
+TEST_F(RecViewModes, AnotherPreferredRankLeavesTheUsageOfANewRecordAlone) {
+    Make();
+    recView.PreferencesCommand = [this] {
+        data.state.gPreferencesChanging = true;
+        data.state.gPrefRank = "Genus";
+    };
+    Select(3);
+    form.mnuAdd.UserClick();
+    tab.optInvalid.UserChoose();
+    form.mnuFPreferences.UserClick();
+    EXPECT_EQ(tab.cboRank.Text(), "Genus");
+    EXPECT_EQ(tab.lblName1.Caption(), "Genus");
+    EXPECT_EQ(tab.cboDPRank.Text(), "") << "no genus stands under a genus";
+    EXPECT_EQ(Texts(tab.cboParentName), "");
+    EXPECT_TRUE(tab.optInvalid.Value());
+    tab.cboRank.SetText("Species");
+    form.mnuFPreferences.UserClick();
+    EXPECT_EQ(tab.cboRank.Text(), "Species") << "the preferred rank is the same as before";
+}
+
 TEST_F(RecViewModes, PreferencesThatChangeLeaveTheRecordOnTheForm) {
     Make();
     Select(2);
@@ -346,65 +380,6 @@ TEST_F(RecViewModes, OtherCommandsAreHandedOn) {
     EXPECT_EQ(data.prompter.forms, Messages{"FrmAbout"});
     FrmAbout about("4.0.6");
     EXPECT_EQ(about.lblVersion.Caption(), "Taxonomic Quillon Version 4.0.6 (SR6)");
-}
-
-TEST_F(RecViewModes, AnImportRebuildsUnlessItWasCanceled) {
-    Make();
-    Select(3);
-    recView.ImportCommand = [] { return ImportEnd::NotStarted; };
-    form.mnuFImport.UserClick();
-    EXPECT_EQ(events, "");
-    EXPECT_EQ(form.mode.Caption(), "EDIT");
-    recView.ImportCommand = [] { return ImportEnd::Canceled; };
-    form.mnuFImport.UserClick();
-    EXPECT_EQ(events, "");
-    EXPECT_EQ(form.mode.Caption(), "INPUT");
-    recView.ImportCommand = [] { return ImportEnd::Done; };
-    form.mnuFImport.UserClick();
-    EXPECT_EQ(events, "rebuild;");
-}
-
-TEST_F(RecViewModes, SaveAsTellsThatTheDataSetWasReopened) {
-    Make();
-    data.prompter.filesToSave.push_back(data.dir.File("copy.mdb"));
-    form.mnuFSaveAs.UserClick();
-    EXPECT_EQ(events, "reopened;");
-    Select(3);
-    EXPECT_EQ(tab.cboRank.Text(), "Species");
-    EXPECT_EQ(Texts(tab.cboAuth), "Brown|Gray, 1846");
-}
-
-TEST_F(RecViewModes, OpenAndNewShowTheOtherDataSet) {
-    Make();
-    const std::string first = data.state.gDataSetPath;
-    Select(3);
-    data.prompter.filesToSave.push_back(data.dir.File("second.mdb"));
-    form.mnuFNew.UserClick();
-    EXPECT_EQ(events, "rebuild;");
-    EXPECT_EQ(Panels(), "|TAXA: 1|INPUT");
-    EXPECT_EQ(tab.cboName1.Text() + tab.txtName2.Text() + tab.cboParentName.Text(), "");
-    data.prompter.filesToOpen.push_back(first);
-    form.mnuFOpen.UserClick();
-    EXPECT_EQ(events, "rebuild;rebuild;");
-    EXPECT_EQ(Panels(), "|TAXA: 6|INPUT");
-    data.prompter.filesToOpen.push_back(std::nullopt);
-    form.mnuFOpen.UserClick();
-    EXPECT_EQ(events, "rebuild;rebuild;");
-}
-
-TEST_F(RecViewModes, QuitClosesTheDataSetAndTheForm) {
-    Make();
-    int closed = 0;
-    form.form.OnClosed([&] { ++closed; });
-    data.state.RecordDirty = true;
-    data.prompter.yesNo = {false};
-    form.mnuFQuit.UserClick();
-    EXPECT_EQ(closed, 0);
-    EXPECT_TRUE(data.state.gDataSetOpen);
-    data.prompter.yesNo = {true};
-    form.form.UserClose();
-    EXPECT_EQ(closed, 1);
-    EXPECT_FALSE(data.state.gDataSetOpen);
 }
 
 }  // namespace

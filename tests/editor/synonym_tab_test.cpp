@@ -119,8 +119,13 @@ TEST_F(SynonymTabTest, OffersTheAcceptedNamesOfTheRank) {
 TEST_F(SynonymTabTest, LeavesTheRecordItselfOut) {
     data.state.currentTaxon.qb_id = 2;
     Offer("Species");
+    EXPECT_EQ(ChoicesOf(tab.cboSRName), "Orca alpha ssp. minor=5\n");
+    Offer("Species");
     data.state.currentTaxon.qb_id = 5;
-    EXPECT_EQ(ChoicesOf(tab.cboSRName), "Orca alpha ssp. minor=5\n") << "as it was when the list was filled";
+    EXPECT_EQ(ChoicesOf(tab.cboSRName), "Orca beta Gray=2\n") << "the record when the list is looked at";
+    Offer("Species");
+    data.state.currentTaxon.qb_id = 0;
+    EXPECT_EQ(ChoicesOf(tab.cboSRName), "Orca alpha ssp. minor=5\nOrca beta Gray=2\n") << "a new record";
 }
 
 TEST_F(SynonymTabTest, AnotherRankBringsOtherCandidates) {
@@ -166,7 +171,8 @@ TEST_F(SynonymTabTest, CandidatesThatCannotBeReadAreTold) {
     data.db().DeleteQueryDef("Get Accepted Names");
     Offer("Species");
     EXPECT_EQ(ChoicesOf(tab.cboSRName), "");
-    EXPECT_EQ(data.prompter.messages.size(), 1U);
+    ASSERT_EQ(data.prompter.messages.size(), 1U);
+    EXPECT_EQ(data.prompter.messages[0].substr(0, 7), "Failed ");
     EXPECT_FALSE(data.prompter.waitCursor);
 }
 

@@ -123,6 +123,7 @@ TEST_F(ExportForm, ExportsTheDataSetAndTellsTheTotal) {
 
 TEST_F(ExportForm, FindingsOfAnEarlierValidationAreOfferedToo) {
     set.state.gErrorsOccurred = true;
+    testkit::WriteFile(set.dir.File("validate.log"), "ID =  2   Name = Alpha\r\n     a currency rating\r\n");
     set.prompter.yesNo = {false, true, true};
     form->cmdOK.UserClick();
     EXPECT_TRUE(set.prompter.forms.empty());
@@ -132,6 +133,37 @@ TEST_F(ExportForm, FindingsOfAnEarlierValidationAreOfferedToo) {
                                              set.dir.File("test.qln") + " Exists.  Overwrite?",
                                              "A Total of 2 Records were Exported.  View error log?"}));
     EXPECT_EQ(set.prompter.titles, (Texts{"Export Complete", "", "Export Complete"}));
+}
+
+// The error viewer takes the log with it when it is closed.
+TEST_F(ExportForm, LogThatIsGoneIsNotOffered) {
+    set.state.gErrorsOccurred = true;
+    form->cmdOK.UserClick();
+    EXPECT_EQ(set.prompter.messages, Texts{"A Total of 2 Records were Exported."});
+    EXPECT_TRUE(set.prompter.questions.empty());
+}
+
+// A validation that met the wrong kingdom has emptied the log, and has found nothing itself.
+TEST_F(ExportForm, EmptyLogIsNotOffered) {
+    set.state.gErrorsOccurred = true;
+    set.state.gKingdomName = "Plantae";
+    testkit::WriteFile(set.dir.File("validate.log"), "ID =  2   Name = Alpha\r\n     a currency rating\r\n");
+    form->OptOnline.UserChoose();
+    form->cmdOK.UserClick();
+    EXPECT_EQ(set.prompter.messages, (Texts{"The Kingdom in the Validate Dataset, " + set.state.gExportPath +
+                                                ", must match that in the 'Preferences'.",
+                                            "A Total of 2 Records were Exported."}));
+    EXPECT_TRUE(set.prompter.questions.empty());
+}
+
+TEST_F(ExportForm, OnlineRunWithoutALogTellsNoTotal) {
+    std::filesystem::create_directory(set.dir.File("validate.log"));
+    form->OptOnline.UserChoose();
+    form->cmdOK.UserClick();
+    EXPECT_EQ(set.prompter.messages, Texts{"File " + set.dir.File("validate.log") + " cannot be written!"});
+    EXPECT_FALSE(std::filesystem::exists(set.dir.File("test.qln")));
+    EXPECT_FALSE(set.state.gBatchRunning);
+    EXPECT_EQ(form->Gauge1.Value(), 0);
 }
 
 TEST_F(ExportForm, NoToOverwritingWritesNothingAndAsksForAnotherFile) {

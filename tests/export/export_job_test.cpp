@@ -244,6 +244,30 @@ TEST_F(OnlineJob, WrongKingdomIsToldAndEverythingIsWritten) {
                                            ", must match that in the 'Preferences'."});
 }
 
+TEST_F(OnlineJob, LogThatCannotBeOpenedFailsAndWritesNothing) {
+    SpoilSpecies();
+    for (const char* log : {"validate.log", "vtime.log"}) {
+        testkit::WriteFile(set.state.gExportFile, "old");
+        for (const char* earlier : {"validate.log", "vtime.log"})
+            std::filesystem::remove(set.dir.File(earlier));
+        std::filesystem::create_directory(set.dir.File(log));
+        EXPECT_EQ(RunJob(Online()).outcome, ExportOutcome::Failed) << log;
+        EXPECT_EQ(OutFile(), "old") << log;
+        EXPECT_FALSE(std::filesystem::exists(set.state.gExportFile + "~new")) << log;
+    }
+    EXPECT_EQ(set.prompter.messages, (Texts{"File " + set.dir.File("validate.log") + " cannot be written!",
+                                            "File " + set.dir.File("vtime.log") + " cannot be written!"}));
+}
+
+TEST_F(OnlineJob, LogThatIsNotWholeFailsAndWritesNothing) {
+    SpoilSpecies();
+    std::filesystem::create_symlink("/dev/full", set.dir.File("validate.log"));
+    EXPECT_EQ(RunJob(Online()).outcome, ExportOutcome::Failed);
+    EXPECT_FALSE(std::filesystem::exists(set.state.gExportFile));
+    EXPECT_TRUE(set.state.gRejectedTaxa.empty());
+    EXPECT_EQ(set.prompter.messages, Texts{"File " + set.dir.File("validate.log") + " cannot be written!"});
+}
+
 TEST_F(OnlineJob, CancelWhileValidatingLeavesAnEmptyFile) {
     pump.cancelAt = 1;
     EXPECT_EQ(RunJob(Online()).outcome, ExportOutcome::Canceled);

@@ -1,8 +1,10 @@
 #include "import/line_reader.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <string>
 #include <vector>
 
@@ -176,6 +178,23 @@ TEST(LineReader, TheHeadOfALongLineIsCountedInCharacters) {
 
 TEST(LineReader, AMissingFileIsAReadError) {
     EXPECT_THROW(FileSource("no such folder/no such file.qln"), ReadError);
+}
+
+TEST(LineReader, APipeIsAReadErrorAndLosesNothing) {
+    std::array<int, 2> ends{};
+    ASSERT_EQ(pipe(ends.data()), 0);
+    ASSERT_EQ(write(ends[1], "a\r\n", 3), 3);
+    const std::string path = "/dev/fd/" + std::to_string(ends[0]);
+    std::string told;
+    try {
+        const FileSource source(path);
+    } catch (const ReadError& error) {
+        told = error.what();
+    }
+    EXPECT_EQ(told, "File " + path + " cannot be read!");
+    std::array<char, 8> rest{};
+    EXPECT_EQ(read(ends[0], rest.data(), rest.size()), 3);
+    for (const int end : ends) close(end);
 }
 
 TEST(LineReader, AFolderIsAReadError) {

@@ -155,6 +155,15 @@ TEST_F(Explorer, ADoubleClickOnASynonymTakesTheLastOfItsPlaces) {
     EXPECT_EQ(events, "expand Animalia;expand Orca;expand Tursiops;item 7;");
 }
 
+TEST_F(Explorer, AUsableNameWithASynonymLinkIsFoundUnderItsParent) {
+    AddWhales();
+    Link(5, 3);
+    explorer.ListDblClick(5);
+    EXPECT_EQ(explorer.TreeV().Selected()->Text(), "Orca  beta");
+    EXPECT_EQ(explorer.TreeV().Selected()->Parent()->Text(), "Orca");
+    EXPECT_EQ(events, "expand Animalia;expand Orca;item 5;");
+}
+
 TEST_F(Explorer, ATaxonThatNoNodeHoldsSelectsNothing) {
     AddWhales();
     explorer.ListDblClick(99);

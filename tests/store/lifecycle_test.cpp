@@ -260,6 +260,32 @@ TEST(DiscardUnsavedRecord, RemovesWhatTheTrackWrote) {
     EXPECT_TRUE(f.state.gNewChangeTrackIds.empty());
 }
 
+TEST(DiscardUnsavedRecord, IsHeardOfOnlyAfterYesAndWhenTheTracksAreGone) {
+    DataSetFixture f;
+    f.Make();
+    f.db().Execute("INSERT INTO qb_change_tracks (qb_change_track_id, qb_id) SELECT 7, 1");
+    std::string heard;
+    f.lifecycle.RecordDiscarded = [&] { heard += f.Dump("SELECT count(*) FROM qb_change_tracks"); };
+    f.state.gNewChangeTrackIds = {7};
+    EXPECT_FALSE(f.lifecycle.AskLoseChanges());
+    EXPECT_EQ(heard, "") << "nothing is unsaved";
+    f.state.RecordDirty = true;
+    f.prompter.yesNo = {false, true};
+    EXPECT_TRUE(f.lifecycle.AskLoseChanges());
+    EXPECT_EQ(heard, "");
+    EXPECT_FALSE(f.lifecycle.AskLoseChanges());
+    EXPECT_EQ(heard, "0\n");
+    EXPECT_TRUE(f.state.RecordDirty) << "the next load clears it";
+}
+
+TEST(DiscardUnsavedRecord, NeedsNoDataSetToBeAskedFor) {
+    DataSetFixture f;
+    f.state.RecordDirty = true;
+    f.prompter.yesNo = {true};
+    EXPECT_FALSE(f.lifecycle.AskLoseChanges());
+    EXPECT_TRUE(f.prompter.messages.empty());
+}
+
 TEST(DiscardUnsavedRecord, StopsAtAnUnknownPrefix) {
     DataSetFixture f;
     f.Make();

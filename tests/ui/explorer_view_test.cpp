@@ -342,6 +342,29 @@ TEST_F(Pane, TheMenuHasTheCommandsThatApply) {
                      "Delete Name"),
               entries);
     EXPECT_EQ(removed, 2) << "of the row under the mouse";
+    QTest::keyClick(list, Qt::Key_Down);
+    const int marked = list->currentIndex().row();
+    EXPECT_EQ(marked, 3);
+    EXPECT_EQ(MenuOf(
+                  [&] {
+                      QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(5, 5), QPoint(5, 5));
+                      QApplication::sendEvent(list->viewport(), &event);
+                  },
+                  "Delete Name"),
+              entries);
+    EXPECT_EQ(removed, 4) << "of the row that the keys have marked";
+}
+
+TEST_F(Pane, ARowThatNoPathLeadsToHasNoMenu) {
+    Add({.qb_id = 9, .parent = 77, .name1 = "Zalophus"});
+    Show();
+    ShowList();
+    QAction cut("Cut Name");
+    view.SetContextActions({&cut});
+    EXPECT_EQ(MenuOf([&] { RightClick(list, list->visualRect(list->model()->index(5, 0)).center()); }),
+              QStringList{});
+    EXPECT_EQ(MenuOf([&] { RightClick(list, list->visualRect(list->model()->index(2, 0)).center()); }),
+              QStringList{"Cut Name"});
 }
 
 TEST_F(Pane, WithoutACommandThereIsNoMenu) {

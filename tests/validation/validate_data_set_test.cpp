@@ -96,7 +96,10 @@ TEST_F(Driver, RunChangesNoData) {
 
 TEST_F(Driver, KingdomOfThePreferencesMustBeTheDataSets) {
     set.state.gKingdomName = "Plantae";
-    EXPECT_FALSE(ValidateAsking().ran);
+    const ValidationResult result = ValidateAsking();
+    EXPECT_FALSE(result.ran);
+    EXPECT_TRUE(result.wrongKingdom);
+    EXPECT_FALSE(result.logFailed);
     EXPECT_EQ(set.prompter.messages,
               (std::vector<std::string>{"The Kingdom in the Validate Dataset, " + set.state.gDataSetPath +
                                         ", must match that in the 'Preferences'."}));
@@ -114,11 +117,50 @@ TEST_F(Driver, BadConditionIsAMessageAndNoRun) {
     EXPECT_FALSE(std::filesystem::exists(set.dir.File("validate.log")));
 }
 
-TEST_F(Driver, LogThatCannotBeWrittenIsTold) {
-    std::filesystem::create_directory(set.dir.File("validate.log"));
-    EXPECT_FALSE(ValidateAsking().ran);
+TEST_F(Driver, LogThatCannotBeOpenedIsToldAndNothingRuns) {
+    for (const char* log : {"validate.log", "vtime.log"}) {
+        set.prompter.messages.clear();
+        for (const char* earlier : {"validate.log", "vtime.log"})
+            std::filesystem::remove(set.dir.File(earlier));
+        std::filesystem::create_directory(set.dir.File(log));
+        const ValidationResult result = ValidateAsking();
+        EXPECT_FALSE(result.ran) << log;
+        EXPECT_FALSE(result.wrongKingdom) << log;
+        EXPECT_TRUE(result.logFailed) << log;
+        EXPECT_EQ(set.prompter.messages,
+                  (std::vector<std::string>{"File " + set.dir.File(log) + " cannot be written!"}));
+    }
+}
+
+// The findings do not fit on the disk: there is no whole log to offer.
+TEST_F(Driver, LogThatIsNotWholeIsToldAndNotOffered) {
+    Unrefer(3);
+    std::filesystem::create_symlink("/dev/full", set.dir.File("validate.log"));
+    const ValidationResult result = ValidateAsking();
+    EXPECT_TRUE(result.ran);
+    EXPECT_TRUE(result.errors);
+    EXPECT_TRUE(result.logFailed);
     EXPECT_EQ(set.prompter.messages,
               (std::vector<std::string>{"File " + set.dir.File("validate.log") + " cannot be written!"}));
+    EXPECT_TRUE(set.prompter.questions.empty());
+    EXPECT_EQ(TimeLog(), "Begin Validation: 12:34:56\r\nEnd Validation: 12:34:56\r\n");
+}
+
+TEST_F(Driver, TimesThatCannotBeWrittenAreToldAfterTheEnd) {
+    std::filesystem::create_symlink("/dev/full", set.dir.File("vtime.log"));
+    EXPECT_TRUE(ValidateAsking().logFailed);
+    EXPECT_EQ(set.prompter.messages,
+              (std::vector<std::string>{"Validation Complete -- No Errors!",
+                                        "File " + set.dir.File("vtime.log") + " cannot be written!"}));
+}
+
+TEST_F(Driver, FindingsAreThereWhileTheLogHoldsThem) {
+    EXPECT_FALSE(HasFindings(set.dir.path())) << "no log yet";
+    Validate();
+    EXPECT_FALSE(HasFindings(set.dir.path())) << "an empty log";
+    Unrefer(3);
+    Validate();
+    EXPECT_TRUE(HasFindings(set.dir.path()));
 }
 
 // 3 taxa, 1 author and 1 publication count; the 2 reference links are visited but not counted.

@@ -77,6 +77,17 @@ void CheckHeader(const std::string& path) {
     if (!ours) FailPath(ErrorNumber::UnrecognizedFormat, "This is not a DataSet:", path);
 }
 
+// By the header's version for reading. It is read through SQLite's own descriptor: closing another one would
+// drop the locks of this process.
+bool IsInWriteAheadMode(sqlite3* db) {
+    constexpr int kReadVersionAt = 19;
+    sqlite3_file* file = nullptr;
+    char version = 0;
+    if (sqlite3_file_control(db, "main", SQLITE_FCNTL_FILE_POINTER, static_cast<void*>(&file)) != SQLITE_OK)
+        return false;
+    return file->pMethods->xRead(file, &version, 1, kReadVersionAt) == SQLITE_OK && version == 2;
+}
+
 }  // namespace
 
 Connection::Connection(Engine& engine, const std::string& path, bool create) : engine_(engine), path_(path) {
@@ -103,9 +114,13 @@ Connection::~Connection() {
     }
 }
 
+// The second is the log of another program's write-ahead mode.
 bool Connection::EndedUncleanly() const {
-    struct stat info {};
-    return stat((realPath_ + "-journal").c_str(), &info) == 0 && info.st_size > 0;
+    for (const char* ending : {"-journal", "-wal"}) {
+        struct stat info {};
+        if (stat((realPath_ + ending).c_str(), &info) == 0 && info.st_size > 0) return true;
+    }
+    return false;
 }
 
 void Connection::OpenFile(const std::string& path, bool create) {
@@ -128,6 +143,8 @@ void Connection::OpenFile(const std::string& path, bool create) {
                    "CREATE TABLE qln_waiting_indexes (name TEXT PRIMARY KEY) WITHOUT ROWID; COMMIT");
     } else {
         CheckFile(unclean);
+        // One file, that opens on a read-only medium too: not every program leaves it so.
+        if (!readOnly_) ExecNative(db_, "PRAGMA journal_mode = DELETE");
     }
     LoadSchema();
     if (!readOnly_) BuildLookupIndexes();
@@ -149,6 +166,10 @@ void Connection::Harden() {
 
 // The lock on the file is taken here, and kept until it is closed.
 void Connection::Configure() {
+    if (readOnly_ && IsInWriteAheadMode(db_))
+        FailPath(ErrorNumber::ReadOnly,
+                 "Another program has left a DataSet so that it cannot be opened where it cannot be written:",
+                 realPath_);
     ExecNative(db_,
                "PRAGMA locking_mode = EXCLUSIVE; PRAGMA cell_size_check = ON; PRAGMA mmap_size = 0;"
                "PRAGMA synchronous = FULL; PRAGMA cache_size = -65536");

@@ -93,14 +93,16 @@ void Lifecycle::CreateDataSetFile(const std::string& path) {
         database->Close();
     } catch (...) {
         Abandon(engine_, *database);
-        RemoveFile(path);
-        RemoveFile(path + "-journal");
+        RemoveDataSetFile(path);
         throw;
     }
 }
 
 void Lifecycle::SeedDataSet() {
-    Database& database = *state_.gDatabase;
+    Seed(*state_.gDatabase);
+}
+
+void Lifecycle::Seed(Database& database) {
     const std::string name(Trim(state_.gKingdomName));
     const int index = KingdomIndex(name);
     const KingdomFamily family = FamilyOfKingdom(name);

@@ -69,6 +69,10 @@ void SyncFolder(const std::string& path) {
     close(descriptor);
 }
 
+void RemoveLogsOf(const std::string& path) {
+    for (const char* ending : {"-journal", "-wal", "-shm"}) RemoveFile(path + ending);
+}
+
 }  // namespace
 
 std::string RealPath(const std::string& path) {
@@ -82,8 +86,13 @@ void RemoveFile(const std::string& path) {
     unlink(path.c_str());
 }
 
+void RemoveDataSetFile(const std::string& path) {
+    RemoveFile(path);
+    RemoveLogsOf(path);
+}
+
 void Publish(const std::string& finished, const std::string& target) {
-    RemoveFile(target + "-journal");
+    RemoveLogsOf(target);
     if (rename(finished.c_str(), target.c_str()) != 0) FailFile("Replacing", target);
     SyncFolder(target);
 }

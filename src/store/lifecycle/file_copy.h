@@ -13,8 +13,10 @@ namespace quillon::store {
 std::string RealPath(const std::string& path);
 // Nothing when there is no such file.
 void RemoveFile(const std::string& path);
-// Moves a finished, closed file over `target`, which must be a real path, and syncs the folder. A journal
-// that the old file left behind goes first, or it would be played into the new one.
+// The file and the journal and logs beside it.
+void RemoveDataSetFile(const std::string& path);
+// Moves a finished, closed file over `target`, which must be a real path, and syncs the folder. A journal or
+// a log that the old file left behind goes first, or it would be played into the new one.
 void Publish(const std::string& finished, const std::string& target);
 // Byte for byte. Neither may be open in this process.
 void CopyDataSetFile(const std::string& from, const std::string& to);

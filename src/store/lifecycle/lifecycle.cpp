@@ -118,8 +118,21 @@ void Lifecycle::CloseDataSet() {
 bool Lifecycle::AskLoseChanges() {
     if (!state_.RecordDirty) return false;
     if (!prompter_.AskYesNo(kLosingText, kLosingTitle)) return true;
-    DiscardUnsavedRecord();
+    if (state_.gDatabase != nullptr) DiscardUnsavedRecord();
+    if (RecordDiscarded) RecordDiscarded();
     return false;
+}
+
+// The DataSet of before is the open one again, and new if it was: only an import ends that.
+void Lifecycle::GoBackTo(const std::string& path, bool wasNew) {
+    try {
+        CloseDataSet();
+    } catch (const StoreError&) {
+        // The failure that led here is the one to tell.
+    }
+    if (path.empty()) return;
+    state_.gDataSetPath = OpenDataSetFile(path);
+    state_.gDataSetIsNew = wasNew && state_.gDataSetOpen;
 }
 
 void Lifecycle::CheckPreferenceRank() {
@@ -134,21 +147,28 @@ void Lifecycle::CheckPreferenceRank() {
     state_.gPrefRank = "Kingdom";
 }
 
+void Lifecycle::MakeSeededFile(const std::string& path) {
+    CreateDataSetFile(path);
+    const DatabaseHandle database = engine_.OpenDatabase(path);
+    Seed(*database);
+    database->Close();
+}
+
+// The file is complete before it takes the place of another, so that a failure leaves the other as it was.
 void Lifecycle::MakeDataSet(const std::string& path) {
     const std::string target = RealPath(path);
     const std::string making = target + "~new";
-    RemoveFile(making);
-    CreateDataSetFile(making);
+    RemoveDataSetFile(making);
     try {
+        MakeSeededFile(making);
         Publish(making, target);
     } catch (...) {
-        RemoveFile(making);
+        RemoveDataSetFile(making);
         throw;
     }
     const std::string opened = OpenDataSetFile(path);
     if (opened.empty()) throw StoreError(ErrorNumber::CannotOpenFile, lastOpenError_);
     state_.gDataSetPath = opened;
-    SeedDataSet();
     state_.gDataSetIsNew = true;
     state_.gDataSetOpen = true;
     state_.RecordDirty = false;
@@ -170,6 +190,7 @@ bool Lifecycle::NewDataSet() {
             continue;
         }
         const std::string oldPath = state_.gDataSetPath;
+        const bool wasNew = state_.gDataSetIsNew;
         prompter_.WaitCursor(true);
         try {
             RefuseFileInUse(engine_, path);
@@ -180,7 +201,7 @@ bool Lifecycle::NewDataSet() {
         } catch (const StoreError& error) {
             prompter_.WaitCursor(false);
             prompter_.Message("Failed " + error.Description());
-            if (!state_.gDataSetOpen && !oldPath.empty()) state_.gDataSetPath = OpenDataSetFile(oldPath);
+            if (!state_.gDataSetOpen || state_.gDataSetPath != oldPath) GoBackTo(oldPath, wasNew);
             return false;
         }
     }
@@ -217,6 +238,7 @@ bool Lifecycle::RefuseVersion(const std::string& path) {
 bool Lifecycle::OpenDataSet() {
     if (AskLoseChanges()) return false;
     const std::string oldPath = state_.gDataSetPath;
+    const bool wasNew = state_.gDataSetIsNew;
     const auto chosen = prompter_.FileToOpen("Open Taxonomic DataSet File", kDataSetFilter);
     if (!chosen || chosen->empty()) return false;
     prompter_.WaitCursor(true);
@@ -229,8 +251,9 @@ bool Lifecycle::OpenDataSet() {
         opened = !RefuseVersion(*chosen);
     }
     if (!opened) {
-        CloseDataSet();
-        if (!oldPath.empty()) state_.gDataSetPath = OpenDataSetFile(oldPath);
+        GoBackTo(oldPath, wasNew);
+    } else if (IsSameFile(*chosen, oldPath)) {
+        state_.gDataSetIsNew = wasNew;
     }
     state_.RecordDirty = false;
     state_.gNewChangeTrackIds.clear();
@@ -251,6 +274,7 @@ void Lifecycle::SaveDataSetAs() {
                                                 "Duplicate DataSet Name"))
         return;
     const std::string oldPath = state_.gDataSetPath;
+    const bool wasNew = state_.gDataSetIsNew;
     prompter_.WaitCursor(true);
     std::string failure;
     try {
@@ -261,7 +285,7 @@ void Lifecycle::SaveDataSetAs() {
         failure = error.Description();
     }
     // The copy is made from a closed file; the DataSet of before is the open one again.
-    if (!state_.gDataSetOpen) state_.gDataSetPath = OpenDataSetFile(oldPath);
+    if (!state_.gDataSetOpen) GoBackTo(oldPath, wasNew);
     prompter_.WaitCursor(false);
     if (!failure.empty()) prompter_.Message("Failed " + failure, "Save Taxonomic DataSet As");
 }

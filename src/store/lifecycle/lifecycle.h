@@ -2,6 +2,7 @@
 // away that was not saved. The rules of File New, Open and Save As are here; windows only call them.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -41,8 +42,8 @@ public:
     void CloseDataSet();
     // The whole New command; true when a new DataSet is open.
     bool NewDataSet();
-    // NewDataSet from the point where the file is chosen and may be overwritten: makes, opens and seeds
-    // `path`. The errors of the store pass through.
+    // NewDataSet from the point where the file is chosen and may be overwritten: makes and seeds `path`, and
+    // opens it. The errors of the store pass through, and what was at `path` is then as it was.
     void MakeDataSet(const std::string& path);
     // File, Open with its dialog and all refusals; true when another DataSet is open now.
     bool OpenDataSet();
@@ -54,13 +55,19 @@ public:
     // The seed rows for gKingdomName, into the open DataSet.
     void SeedDataSet();
 
-    // The unsaved record question; true means stay where you are.
+    // The unsaved record question; true means stay where you are. It does not clear RecordDirty: the next
+    // load does.
     bool AskLoseChanges();
+    // Run after each Yes to that question, when the change tracks of the record are gone. It must not throw.
+    std::function<void()> RecordDiscarded;
     void DiscardUnsavedRecord();
     // gKingdomId, gPrefRank, gRankGenus and gRankSpecies from the open DataSet, with their warnings.
     void ReadKingdomAndRanks();
 
 private:
+    void Seed(Database& database);
+    void MakeSeededFile(const std::string& path);
+    void GoBackTo(const std::string& path, bool wasNew);
     bool HasValidVersion(Database& database, std::string& version);
     void CheckPreferenceRank();
 
