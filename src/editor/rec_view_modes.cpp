@@ -135,7 +135,10 @@ void RecView::ReapplyPreferences() {
         lists_.FillRankList();
     });
     lists_.FillReasonList();
+    const std::string heading = controls_.synonyms.lblSynonyms.Caption();
     SetKingdomWords();
+    if (editing_.mode == "EDIT")
+        controls_.synonyms.lblSynonyms.SetCaption(heading);  // that of what the grid holds
     controls_.taxon.cboRank.SetText(rank);
     const bool isAnother = std::exchange(appliedRank_, state_.gPrefRank) != state_.gPrefRank;
     if (isAnother && editing_.mode != "EDIT" && rank != state_.gPrefRank)

@@ -317,6 +317,15 @@ TEST_F(RecViewModes, CanceledPreferencesLeaveANewRecordAlone) {
     EXPECT_TRUE(tab.optValid.Value() && tab.chkHybrid1.Value());
 }
 
+TEST_F(RecViewModes, PreferencesLeaveTheHeadingOfTheSynonymsAlone) {
+    Make();
+    recView.PreferencesCommand = [this] { data.state.gPreferencesChanging = true; };
+    Select(3);
+    EXPECT_EQ(form.synonyms.lblSynonyms.Caption(), "Synonyms");
+    form.mnuFPreferences.UserClick();
+    EXPECT_EQ(form.synonyms.lblSynonyms.Caption(), "Synonyms");
+}
+
 TEST_F(RecViewModes, AnotherPreferredRankLeavesTheUsageOfANewRecordAlone) {
     Make();
     recView.PreferencesCommand = [this] {
