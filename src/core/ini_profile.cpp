@@ -109,7 +109,8 @@ std::string IniProfile::FlushFile(const std::string& file) const {
 }
 
 void IniProfile::IniLogicError() {
-    prompter_.Message("QLN.INI file is corrupted.  Please contact support personnel.", "IniFile Logic Error");
+    prompter_.StopMessage("QLN.INI file is corrupted.  Please contact support personnel.",
+                          "IniFile Logic Error");
 }
 
 }  // namespace quillon

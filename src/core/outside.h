@@ -15,6 +15,8 @@ public:
     virtual ~Prompter() = default;
     // A message box with an OK button. `title` may be empty.
     virtual void Message(std::string_view text, std::string_view title = {}) = 0;
+    // The same with the stop icon.
+    virtual void StopMessage(std::string_view text, std::string_view title) { Message(text, title); }
     // A question with Yes and No; true for Yes.
     virtual bool AskYesNo(std::string_view text, std::string_view title) = 0;
     // A file to open, or nothing when the user cancels. The filter is "Name (*.x)|*.x|..." with pairs split

@@ -77,6 +77,13 @@ void DesktopPrompter::Message(std::string_view text, std::string_view title) {
     box.exec();
 }
 
+void DesktopPrompter::StopMessage(std::string_view text, std::string_view title) {
+    const ArrowCursor arrow;
+    QMessageBox box(QMessageBox::Critical, {}, {}, QMessageBox::Ok, Above());
+    SetUp(box, text, title);
+    box.exec();
+}
+
 bool DesktopPrompter::AskYesNo(std::string_view text, std::string_view title) {
     const ArrowCursor arrow;
     QMessageBox box(QMessageBox::Question, {}, {}, QMessageBox::Yes | QMessageBox::No, Above());

@@ -29,6 +29,7 @@ public:
     QStringList Forms() const;
 
     void Message(std::string_view text, std::string_view title) override;
+    void StopMessage(std::string_view text, std::string_view title) override;
     bool AskYesNo(std::string_view text, std::string_view title) override;
     std::optional<std::string> FileToOpen(std::string_view title, std::string_view filter) override;
     std::optional<std::string> FileToSave(std::string_view title, std::string_view filter,

@@ -63,6 +63,7 @@ TEST_F(IniProfileTest, WithoutATargetItIsTheProgramsSlip) {
     EXPECT_EQ(profile.IniGetValue("A", "default"), "");
     const std::string text = "QLN.INI file is corrupted.  Please contact support personnel.";
     EXPECT_EQ(prompter.messages, (std::vector<std::string>{text, text}));
+    EXPECT_EQ(prompter.stops, (std::vector<std::string>{text, text}));
     EXPECT_EQ(prompter.titles, (std::vector<std::string>{"IniFile Logic Error", "IniFile Logic Error"}));
     EXPECT_EQ(table, Table{});
 }

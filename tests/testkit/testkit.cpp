@@ -16,6 +16,11 @@ void ScriptedPrompter::Message(std::string_view text, std::string_view title) {
     titles.emplace_back(title);
 }
 
+void ScriptedPrompter::StopMessage(std::string_view text, std::string_view title) {
+    stops.emplace_back(text);
+    Message(text, title);
+}
+
 bool ScriptedPrompter::AskYesNo(std::string_view text, std::string_view title) {
     questions.emplace_back(text);
     titles.emplace_back(title);

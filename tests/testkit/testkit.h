@@ -25,6 +25,7 @@ public:
     std::deque<std::optional<std::string>> filesToOpen, filesToSave;
 
     std::vector<std::string> messages;   // the texts of message boxes
+    std::vector<std::string> stops;      // those of them with the stop icon
     std::vector<std::string> titles;     // of message boxes and questions, in order
     std::vector<std::string> questions;  // the texts of Yes or No questions
     std::vector<std::string> fileTitles, fileFilters;
@@ -32,6 +33,7 @@ public:
     std::vector<std::string> forms;         // shown modally
 
     void Message(std::string_view text, std::string_view title) override;
+    void StopMessage(std::string_view text, std::string_view title) override;
     bool AskYesNo(std::string_view text, std::string_view title) override;
     std::optional<std::string> FileToOpen(std::string_view title, std::string_view filter) override;
     std::optional<std::string> FileToSave(std::string_view title, std::string_view filter,

@@ -134,6 +134,18 @@ TEST(DesktopPrompter, ShowsMessagesAsPlainText) {
     prompter.Message("<b>one</b>\rtwo", "");
 }
 
+TEST(DesktopPrompter, AStopMessageHasTheStopIcon) {
+    DesktopPrompter prompter;
+    WhenModal([](QWidget& modal) {
+        auto& box = dynamic_cast<QMessageBox&>(modal);
+        EXPECT_EQ(box.icon(), QMessageBox::Critical);
+        EXPECT_EQ(box.text(), "It is broken.");
+        EXPECT_EQ(box.windowTitle(), "IniFile Logic Error");
+        QTest::keyClick(&modal, Qt::Key_Return);
+    });
+    prompter.StopMessage("It is broken.", "IniFile Logic Error");
+}
+
 TEST(DesktopPrompter, AsksYesOrNo) {
     DesktopPrompter prompter;
     WhenModal([](QWidget& modal) {
