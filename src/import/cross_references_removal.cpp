@@ -1,9 +1,11 @@
 // What stayed unmatched is reported and removed: taxa, comments, documents and change tracks.
 #include <string>
-#include <utility>
 
-#include "editor/unit.h"
 #include "import/cross_references.h"
+#include "records/deletion.h"
+#include "records/documents.h"
+#include "records/links.h"
+#include "store/unit.h"
 
 namespace quillon::importing {
 
@@ -13,23 +15,6 @@ constexpr std::string_view kTrackDeletions[] = {
     "PARAMETERS track Long; DELETE * FROM qb_change_tracks WHERE qb_change_track_id = track;",
     "PARAMETERS track Long; DELETE * FROM qb_change_operations WHERE qb_change_track_id = track;",
     "PARAMETERS track Long; DELETE * FROM qb_change_comments WHERE qb_change_track_id = track;",
-};
-
-// Deletion works on the current taxon: another one takes its place for the length of a call.
-class CurrentTaxonInstead {
-public:
-    CurrentTaxonInstead(ApplicationState& state, std::int32_t qb_id)
-        : state_(state), own_(std::move(state.currentTaxon)) {
-        state_.currentTaxon = {};
-        state_.currentTaxon.qb_id = qb_id;
-    }
-    ~CurrentTaxonInstead() { state_.currentTaxon = std::move(own_); }
-    CurrentTaxonInstead(const CurrentTaxonInstead&) = delete;
-    CurrentTaxonInstead& operator=(const CurrentTaxonInstead&) = delete;
-
-private:
-    ApplicationState& state_;
-    CurrentTaxon own_;
 };
 
 std::string Bracketed(std::string_view before, const std::string& key, std::string_view after) {
@@ -43,15 +28,15 @@ struct CrossReferences::DocumentKind {
     std::string_view record;  // as in "an expert record"
     std::string_view article;
     std::string_view title;
-    void (editor::Deletion::*deletion)(int id);
+    void (*deletion)(const records::RecordStore& records, int id);
 };
 
 void CrossReferences::RemoveUnlinkedDocuments() {
-    RemoveUnlinked(run_.maps.experts, {"EXP", "expert", "an", "Expert", &editor::Deletion::DeleteExpert});
+    RemoveUnlinked(run_.maps.experts, {"EXP", "expert", "an", "Expert", &records::DeleteExpert});
     RemoveUnlinked(run_.maps.publications,
-                   {"PUB", "publication", "a", "Publication", &editor::Deletion::DeletePublication});
+                   {"PUB", "publication", "a", "Publication", &records::DeletePublication});
     RemoveUnlinked(run_.maps.otherSources,
-                   {"SRC", "other source", "an", "Other Source", &editor::Deletion::DeleteOtherSource});
+                   {"SRC", "other source", "an", "Other Source", &records::DeleteOtherSource});
 }
 
 // The key as the file has it; 0 for no taxon.
@@ -69,8 +54,7 @@ void CrossReferences::RemoveMissingTaxa() {
         events_.Yield();
         run_.Report(Bracketed("The taxonomic unit record for Imported record ", std::to_string(row.key),
                               " was not found!"));
-        const CurrentTaxonInstead current(run_.state, row.newId);
-        run_.deletion.DeleteTaxon(false);
+        records::DeleteTaxon(run_.records, {row.newId, 0, {}}, false);
     }
 }
 
@@ -82,13 +66,12 @@ void CrossReferences::RemoveUnlinkedComments() {
         if (row.ownLineSeen) {
             run_.Report(
                 Bracketed("The Imported comment record", key, " was not linked to a comments_link record!"));
-            run_.deletion.DeleteComment(row.newId);
+            records::DeleteComment(run_.records, row.newId);
             continue;
         }
         run_.Report(Bracketed("The Imported comments_link record for Comment ", key, "") +
                     Bracketed(" and taxon ", TaxonKey(row.taxon), " was not linked to a comment record!"));
-        const CurrentTaxonInstead current(run_.state, TaxonId(row.taxon));
-        run_.deletion.DeleteCommentLink(row.newId);
+        records::DeleteCommentLink(run_.records, TaxonId(row.taxon), row.newId);
     }
 }
 
@@ -100,7 +83,7 @@ void CrossReferences::RemoveUnlinked(const KeyedRows<LinkedRow>& rows, const Doc
         if (row.ownLineSeen) {
             run_.Report(Bracketed("The Imported " + std::string(kind.record) + " record", key,
                                   " was not linked to a reference_link record!"));
-            (run_.deletion.*kind.deletion)(row.newId);
+            kind.deletion(run_.records, row.newId);
             continue;
         }
         run_.Report(
@@ -108,8 +91,7 @@ void CrossReferences::RemoveUnlinked(const KeyedRows<LinkedRow>& rows, const Doc
             Bracketed(" and taxon ", TaxonKey(row.taxon),
                       " was not linked to " + std::string(kind.article) + " " + std::string(kind.record) +
                           " record!"));
-        const CurrentTaxonInstead current(run_.state, TaxonId(row.taxon));
-        run_.deletion.DeleteReferenceLink(row.newId, kind.prefix);
+        records::DeleteReferenceLink(run_.records, TaxonId(row.taxon), row.newId, kind.prefix);
     }
 }
 
@@ -133,7 +115,7 @@ void CrossReferences::RemoveUnlinkedTracks() {
 void CrossReferences::DeleteTrack(std::int32_t qb_change_track_id) {
     for (const std::string_view sql : kTrackDeletions) {
         const bool done = run_.Guarded([&] {
-            editor::Unit unit(run_.engine);
+            store::Unit unit(run_.engine);
             run_.Db().CreateQueryDef("", sql).Set("track", qb_change_track_id).Execute();
             unit.Commit();
         });

@@ -110,7 +110,7 @@ ImportRun::ImportRun(ApplicationState& theState, store::Engine& theEngine, store
     : state(theState),
       engine(theEngine),
       prompter(thePrompter),
-      deletion(theState, theEngine, thePrompter),
+      records{theEngine, *theState.gDatabase, thePrompter},
       writers(*theState.gDatabase),
       nextAuthor(load, "qb_taxon_authors_lookup"),
       nextChangeComment(load, "qb_change_comments"),

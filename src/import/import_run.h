@@ -13,9 +13,9 @@
 #include "core/application_state.h"
 #include "core/outside.h"
 #include "core/vocabulary.h"
-#include "editor/deletion.h"
 #include "import/id_maps.h"
 #include "import/import_log.h"
+#include "records/record_store.h"
 #include "store/bulk.h"
 #include "store/engine.h"
 
@@ -97,7 +97,7 @@ public:
     ApplicationState& state;
     store::Engine& engine;
     Prompter& prompter;
-    editor::Deletion deletion;
+    records::RecordStore records;
     IdMaps maps;
     AuthorTexts authorTexts;
     RecordWriters writers;

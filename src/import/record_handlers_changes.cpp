@@ -5,6 +5,7 @@
 
 #include "import/record.h"
 #include "import/record_handlers.h"
+#include "records/tombstones.h"
 
 namespace quillon::importing {
 
@@ -152,7 +153,7 @@ void ReadDeletion(ImportRun& run, std::string_view line) {
     for (std::size_t place = 0; place < deletion.key.size(); ++place) {
         if (!keys[place]) return ReportMissing(record, deletion.key[place]);
     }
-    if (!run.deletion.TryWriteTombstone(deletion.table_name, *keys[0], keys[1], keys[2], keys[3]))
+    if (!records::WriteTombstone(run.records, deletion.table_name, *keys[0], keys[1], keys[2], keys[3]))
         record.Report("Unable to save the following <" + std::string(record.Letters()) +
                       "> record in the database!");
 }

@@ -7,10 +7,11 @@
 #include <string>
 #include <vector>
 
-#include "editor/deletion.h"
-#include "editor/unit.h"
 #include "export_fixture.h"
 #include "import/tagged_import.h"
+#include "records/journal.h"
+#include "records/links.h"
+#include "store/unit.h"
 #include "validation/validate_data_set.h"
 
 namespace quillon::exporting {
@@ -33,23 +34,19 @@ protected:
     // Lipotes vexillifer gets another currency and loses its comment.
     void EditTaxon() {
         const auto row = set.db().CreateDynaset("SELECT * FROM qb_taxonomic_units WHERE tsn = 900123;");
-        set.state.currentTaxon.qb_id = static_cast<int>(row->Get("qb_id").AsLong());
-        set.state.currentTaxon.tsn = 900123;
+        const int qb_id = static_cast<int>(row->Get("qb_id").AsLong());
         {
-            editor::Unit unit(set.engine);
+            store::Unit unit(set.engine);
             row->Edit();
             row->Set("currency_rating", "2022");
             row->Update();
-            const auto journal = set.db().OpenTable("journal");
-            journal->AddNew();
-            journal->Set("qb_id", set.state.currentTaxon.qb_id);
-            journal->Update();
+            records::AddToJournal(set.db(), qb_id);
             unit.Commit();
         }
         const auto comment =
             set.db().CreateSnapshot("SELECT qb_comment_id FROM qb_comments WHERE comment_id = 970004;");
-        editor::Deletion deletion(set.state, set.engine, set.prompter);
-        deletion.DeleteCommentLink(static_cast<int>(comment->At(0).AsLong()));
+        records::DeleteCommentLink({set.engine, set.db(), set.prompter}, qb_id,
+                                   static_cast<int>(comment->At(0).AsLong()));
     }
 
     std::string Validated() {

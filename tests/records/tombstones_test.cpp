@@ -1,10 +1,10 @@
-// Keys that the authority must be told of, written and forgotten.
+// The keys of deleted rows that the authority had assigned.
 #include <gmock/gmock.h>
 
-#include "editor/deletion.h"
+#include "records/tombstones.h"
 #include "testkit/testkit.h"
 
-namespace quillon::editor {
+namespace quillon::records {
 namespace {
 
 using ::testing::ElementsAre;
@@ -14,17 +14,17 @@ using ::testing::StartsWith;
 class Tombstones : public ::testing::Test {
 protected:
     void SetUp() override { set.Make(); }
+    RecordStore Records() { return {set.engine, set.db(), set.prompter}; }
     std::string Dump() { return set.Dump("SELECT * FROM db_tombstone"); }
 
     testkit::DataSetFixture set;
-    Deletion deletion{set.state, set.engine, set.prompter};
 };
 
 TEST_F(Tombstones, HoldAsManyKeysAsAreGiven) {
-    deletion.WriteTombstone("comments", 30);
-    deletion.WriteTombstone("experts", "EXP", 40);
-    deletion.WriteTombstone("reference_links", "PUB", 60, 100);
-    deletion.WriteTombstone("vern_ref_links", "PUB", 60, 100, 900);
+    WriteTombstone(Records(), "comments", 30);
+    WriteTombstone(Records(), "experts", "EXP", 40);
+    WriteTombstone(Records(), "reference_links", "PUB", 60, 100);
+    WriteTombstone(Records(), "vern_ref_links", "PUB", 60, 100, 900);
     EXPECT_EQ(Dump(),
               "comments\t30\t\\N\t\\N\t\\N\n"
               "experts\tEXP\t40\t\\N\t\\N\n"
@@ -33,16 +33,16 @@ TEST_F(Tombstones, HoldAsManyKeysAsAreGiven) {
 }
 
 TEST_F(Tombstones, HoldAKeyOnlyWhenThoseBeforeItAreGiven) {
-    deletion.WriteTombstone("one", 1, std::nullopt, 3, 4);
-    deletion.WriteTombstone("two", 1, 2, std::nullopt, 4);
+    WriteTombstone(Records(), "one", 1, std::nullopt, 3, 4);
+    WriteTombstone(Records(), "two", 1, 2, std::nullopt, 4);
     EXPECT_EQ(Dump(), "one\t1\t\\N\t\\N\t\\N\ntwo\t1\t2\t\\N\t\\N\n");
 }
 
 TEST_F(Tombstones, AreNotWrittenWithoutAFirstKeyAndNothingIsSaid) {
-    deletion.WriteTombstone("comments", Value());
-    EXPECT_FALSE(deletion.TryWriteTombstone("comments", ""));
-    EXPECT_FALSE(deletion.TryWriteTombstone("comments", "12345678901"));
-    EXPECT_TRUE(deletion.TryWriteTombstone("comments", "1234567890"));
+    WriteTombstone(Records(), "comments", Value());
+    EXPECT_FALSE(WriteTombstone(Records(), "comments", ""));
+    EXPECT_FALSE(WriteTombstone(Records(), "comments", "12345678901"));
+    EXPECT_TRUE(WriteTombstone(Records(), "comments", "1234567890"));
     EXPECT_EQ(Dump(), "comments\t1234567890\t\\N\t\\N\t\\N\n");
     EXPECT_THAT(set.prompter.messages, IsEmpty());
     EXPECT_FALSE(set.engine.InTransaction());
@@ -50,52 +50,52 @@ TEST_F(Tombstones, AreNotWrittenWithoutAFirstKeyAndNothingIsSaid) {
 
 TEST_F(Tombstones, DoNotDisturbAUnitThatIsOpen) {
     set.engine.BeginTrans();
-    EXPECT_FALSE(deletion.TryWriteTombstone("comments", 1));
+    EXPECT_FALSE(WriteTombstone(Records(), "comments", 1));
     EXPECT_TRUE(set.engine.InTransaction());
     set.engine.Rollback();
 }
 
 TEST_F(Tombstones, AreForgottenByTheirWholeKey) {
-    deletion.WriteTombstone("jurisdiction", 100, "Alaska");
-    deletion.WriteTombstone("jurisdiction", 100, "Hawaii");
-    deletion.WriteTombstone("jurisdiction", 101, "Alaska");
-    deletion.WriteTombstone("geographic_division", 100, "Alaska");
-    deletion.RemoveTombstone("jurisdiction", 100, "Alaska");
+    WriteTombstone(Records(), "jurisdiction", 100, "Alaska");
+    WriteTombstone(Records(), "jurisdiction", 100, "Hawaii");
+    WriteTombstone(Records(), "jurisdiction", 101, "Alaska");
+    WriteTombstone(Records(), "geographic_division", 100, "Alaska");
+    RemoveTombstone(Records(), "jurisdiction", 100, "Alaska");
     EXPECT_EQ(Dump(),
               "jurisdiction\t100\tHawaii\t\\N\t\\N\n"
               "jurisdiction\t101\tAlaska\t\\N\t\\N\n"
               "geographic_division\t100\tAlaska\t\\N\t\\N\n");
-    deletion.RemoveTombstone("jurisdiction", 100);
+    RemoveTombstone(Records(), "jurisdiction", 100);
     EXPECT_EQ(Dump(), "jurisdiction\t101\tAlaska\t\\N\t\\N\ngeographic_division\t100\tAlaska\t\\N\t\\N\n");
 }
 
 TEST_F(Tombstones, AreForgottenByAllFourKeys) {
-    deletion.WriteTombstone("vern_ref_links", "PUB", 60, 100, 900);
-    deletion.WriteTombstone("vern_ref_links", "PUB", 60, 100, 901);
-    deletion.RemoveTombstone("vern_ref_links", "PUB", 60, 100, 901);
+    WriteTombstone(Records(), "vern_ref_links", "PUB", 60, 100, 900);
+    WriteTombstone(Records(), "vern_ref_links", "PUB", 60, 100, 901);
+    RemoveTombstone(Records(), "vern_ref_links", "PUB", 60, 100, 901);
     EXPECT_EQ(Dump(), "vern_ref_links\tPUB\t60\t100\t900\n");
 }
 
 TEST_F(Tombstones, AreComparedWithTheirCaseAndWithoutBlanksAtTheEnds) {
-    deletion.WriteTombstone("jurisdiction", 100, "Alaska");
-    deletion.RemoveTombstone("jurisdiction", 100, "ALASKA");
+    WriteTombstone(Records(), "jurisdiction", 100, "Alaska");
+    RemoveTombstone(Records(), "jurisdiction", 100, "ALASKA");
     EXPECT_EQ(Dump(), "jurisdiction\t100\tAlaska\t\\N\t\\N\n");
-    deletion.RemoveTombstone("jurisdiction", 100, "  Alaska ");
+    RemoveTombstone(Records(), "jurisdiction", 100, "  Alaska ");
     EXPECT_EQ(Dump(), "");
 }
 
 TEST_F(Tombstones, TakeQuotesAndBars) {
-    deletion.WriteTombstone("jurisdiction", 100, "d'Or | \"x\"");
-    deletion.RemoveTombstone("jurisdiction", 100, "d'Or | \"x\"");
+    WriteTombstone(Records(), "jurisdiction", 100, "d'Or | \"x\"");
+    RemoveTombstone(Records(), "jurisdiction", 100, "d'Or | \"x\"");
     EXPECT_EQ(Dump(), "");
     EXPECT_THAT(set.prompter.messages, IsEmpty());
 }
 
-TEST_F(Tombstones, ThatCannotBeForgottenAreTold) {
+TEST_F(Tombstones, ThatCannotBeForgottenAreReported) {
     set.db().Close();
-    deletion.RemoveTombstone("comments", 30);
+    RemoveTombstone(Records(), "comments", 30);
     EXPECT_THAT(set.prompter.messages, ElementsAre(StartsWith("Failed ")));
 }
 
 }  // namespace
-}  // namespace quillon::editor
+}  // namespace quillon::records

@@ -1,11 +1,13 @@
-// Deleting a taxon with all that hangs on it.
-#include "editor/deletion.h"
+// Deleting a taxon with everything that belongs to it.
+#include "records/deletion.h"
 
 #include <gmock/gmock.h>
 
+#include "records/links.h"
+#include "records/vernaculars.h"
 #include "testkit/testkit.h"
 
-namespace quillon::editor {
+namespace quillon::records {
 namespace {
 
 using ::testing::ElementsAre;
@@ -14,7 +16,7 @@ using ::testing::StartsWith;
 
 constexpr std::string_view kTombstones = "SELECT * FROM db_tombstone";
 
-// A DataSet with two taxa beside the root: 2, which is current, and 3.
+// A DataSet with two taxa beside the root: 2, the one to delete, and 3.
 class DeletionTest : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -24,27 +26,26 @@ protected:
                 "kingdom_id) "
                 "VALUES (" +
                 id + ", 'Alpha', 1, 'valid', 180, 5)");
-        set.state.currentTaxon.qb_id = 2;
-        set.state.currentTaxon.usage = "valid";
     }
     void Run(const std::string& sql) { set.db().Execute(sql); }
     std::string Dump(std::string_view sql) { return set.Dump(sql); }
-    bool Delete() { return deletion.DeleteTaxon(false); }
+    RecordStore Records() { return {set.engine, set.db(), set.prompter}; }
+    bool Delete(bool ask = false) { return DeleteTaxon(Records(), taxon, ask); }
 
     testkit::DataSetFixture set;
-    Deletion deletion{set.state, set.engine, set.prompter};
+    DeletedTaxon taxon{2, 0, "valid"};
 };
 
-TEST_F(DeletionTest, WithoutACurrentTaxonSaysSo) {
-    set.state.currentTaxon.qb_id = 0;
-    EXPECT_FALSE(deletion.DeleteTaxon(true));
+TEST_F(DeletionTest, WithoutARecordSaysSo) {
+    taxon.qb_id = 0;
+    EXPECT_FALSE(Delete(true));
     EXPECT_THAT(set.prompter.messages, ElementsAre("No Current Record to Delete"));
     EXPECT_THAT(set.prompter.titles, ElementsAre(""));
 }
 
 TEST_F(DeletionTest, ARecordWithATsnStays) {
-    set.state.currentTaxon.tsn = 100;
-    EXPECT_FALSE(deletion.DeleteTaxon(true));
+    taxon.tsn = 100;
+    EXPECT_FALSE(Delete(true));
     EXPECT_THAT(set.prompter.messages,
                 ElementsAre("You cannot delete a record with a TSN already assigned."));
     EXPECT_EQ(Dump("SELECT qb_id FROM qb_taxonomic_units WHERE qb_id = 2"), "2\n");
@@ -52,7 +53,7 @@ TEST_F(DeletionTest, ARecordWithATsnStays) {
 
 TEST_F(DeletionTest, ARecordWithChildrenStays) {
     Run("UPDATE qb_taxonomic_units SET parent_qb_id = 2 WHERE qb_id = 3");
-    EXPECT_FALSE(deletion.DeleteTaxon(true));
+    EXPECT_FALSE(Delete(true));
     EXPECT_THAT(set.prompter.messages,
                 ElementsAre("All Children must be deleted before this record can be deleted!"));
     EXPECT_THAT(set.prompter.titles, ElementsAre("Deleting Name"));
@@ -61,15 +62,15 @@ TEST_F(DeletionTest, ARecordWithChildrenStays) {
 
 TEST_F(DeletionTest, AsksInTheWordsOfTheCase) {
     set.prompter.yesNo = {false, false, false, false, false};
-    EXPECT_FALSE(deletion.DeleteTaxon(true));
-    set.state.currentTaxon.usage = "accepted";
-    EXPECT_FALSE(deletion.DeleteTaxon(true));
+    EXPECT_FALSE(Delete(true));
+    taxon.usage = "accepted";
+    EXPECT_FALSE(Delete(true));
     Run("INSERT INTO qb_synonym_links (qb_id, qb_id_accepted) VALUES (3, 2)");
-    EXPECT_FALSE(deletion.DeleteTaxon(true));
-    set.state.currentTaxon.usage = "invalid";
-    EXPECT_FALSE(deletion.DeleteTaxon(true));
-    set.state.currentTaxon.usage = "";
-    EXPECT_FALSE(deletion.DeleteTaxon(true));
+    EXPECT_FALSE(Delete(true));
+    taxon.usage = "invalid";
+    EXPECT_FALSE(Delete(true));
+    taxon.usage = "";
+    EXPECT_FALSE(Delete(true));
     EXPECT_THAT(
         set.prompter.questions,
         ElementsAre("Are you sure you want to delete this name?",
@@ -84,12 +85,12 @@ TEST_F(DeletionTest, AsksInTheWordsOfTheCase) {
 
 TEST_F(DeletionTest, YesDeletes) {
     set.prompter.yesNo = {true};
-    EXPECT_TRUE(deletion.DeleteTaxon(true));
+    EXPECT_TRUE(Delete(true));
     EXPECT_EQ(Dump("SELECT qb_id FROM qb_taxonomic_units ORDER BY qb_id"), "1\n3\n");
     EXPECT_THAT(set.prompter.messages, IsEmpty());
 }
 
-TEST_F(DeletionTest, ALocalTaxonGoesWithAllThatHangsOnItAndLeavesNoTombstone) {
+TEST_F(DeletionTest, ALocalTaxonGoesWithAllItsRowsAndLeavesNoTombstone) {
     Run("INSERT INTO qb_taxon_authors_lookup (taxon_author, kingdom_id) VALUES ('Linnaeus', 5)");
     Run("INSERT INTO qb_taxon_authors_lookup (taxon_author, kingdom_id) VALUES ('Gray', 5)");
     Run("UPDATE qb_taxonomic_units SET qb_taxon_author_id = 1, hybrid_author_id = 2 WHERE qb_id = 2");
@@ -120,7 +121,7 @@ TEST_F(DeletionTest, ALocalTaxonGoesWithAllThatHangsOnItAndLeavesNoTombstone) {
     EXPECT_THAT(set.prompter.messages, IsEmpty());
 }
 
-TEST_F(DeletionTest, WhatHangsOnOtherTaxaStays) {
+TEST_F(DeletionTest, TheRowsOfOtherTaxaStay) {
     Run("INSERT INTO qb_geographic_division (qb_id, geographic_value) VALUES (3, 'Africa')");
     Run("INSERT INTO qb_vernaculars (qb_id, vernacular_name) VALUES (3, 'Whale')");
     Run("INSERT INTO qb_synonym_links (qb_id, qb_id_accepted) VALUES (3, 2)");
@@ -134,7 +135,7 @@ TEST_F(DeletionTest, WhatHangsOnOtherTaxaStays) {
 
 TEST_F(DeletionTest, ASynonymGoesWithItsLinksAndTheAcceptedNameStays) {
     Run("INSERT INTO qb_synonym_links (qb_id, qb_id_accepted, tsn, tsn_accepted) VALUES (2, 3, 10, 20)");
-    set.state.currentTaxon.usage = "invalid";
+    taxon.usage = "invalid";
     EXPECT_TRUE(Delete());
     EXPECT_EQ(Dump("SELECT * FROM qb_synonym_links"), "");
     EXPECT_EQ(Dump("SELECT qb_id FROM qb_taxonomic_units ORDER BY qb_id"), "1\n3\n");
@@ -231,7 +232,7 @@ TEST_F(DeletionTest, HalfOfAPublishedKeyLeavesNoTombstone) {
     EXPECT_EQ(Dump(kTombstones), "");
 }
 
-TEST_F(DeletionTest, APublishedVernacularWithoutAnIdIsToldByItsTaxon) {
+TEST_F(DeletionTest, APublishedVernacularWithoutAnIdIsReportedByItsTaxon) {
     Run("INSERT INTO qb_vernaculars (qb_id, vernacular_name, tsn) VALUES (2, 'Whale', 10)");
     EXPECT_TRUE(Delete());
     EXPECT_EQ(Dump(kTombstones), "vernaculars\t10\t\\N\t\\N\t\\N\n");
@@ -256,7 +257,7 @@ TEST_F(DeletionTest, AStepThatFailsStopsAndWhatWentStaysAway) {
     EXPECT_FALSE(set.engine.InTransaction());
 }
 
-TEST_F(DeletionTest, AHelperThatFailsIsToldAndTheDeletionGoesOn) {
+TEST_F(DeletionTest, AHelperThatFailsIsReportedAndTheDeletionGoesOn) {
     Run("INSERT INTO qb_comments (commentator) VALUES ('Smith')");
     Run("INSERT INTO qb_tu_comments_link (qb_id, qb_comment_id) VALUES (2, 1)");
     set.db().DeleteQueryDef("Delete Comment");
@@ -270,13 +271,13 @@ TEST_F(DeletionTest, AHelperThatFailsIsToldAndTheDeletionGoesOn) {
 TEST_F(DeletionTest, SynonymsOfAnAcceptedNameLoseTheirLinks) {
     Run("INSERT INTO qb_synonym_links (qb_id, qb_id_accepted, tsn, tsn_accepted) VALUES (3, 2, 10, 20)");
     Run("INSERT INTO qb_synonym_links (qb_id, qb_id_accepted, tsn, tsn_accepted) VALUES (2, 3, 11, 21)");
-    deletion.DeleteSynonymsOfAccepted();
+    DeleteSynonymsOfAccepted(Records(), 2);
     EXPECT_EQ(Dump("SELECT qb_id, qb_id_accepted FROM qb_synonym_links"), "2\t3\n");
     EXPECT_EQ(Dump(kTombstones), "synonym_links\t10\t20\t\\N\t\\N\n");
 }
 
 TEST_F(DeletionTest, AVernacularLinkNeedsItsSeparator) {
-    deletion.DeleteVernRefLink("PUB", "12");
+    DeleteVernRefLink(Records(), 2, "PUB", "12");
     EXPECT_THAT(set.prompter.messages, ElementsAre("Error separating docid and qb_vern_id"));
 }
 
@@ -287,10 +288,10 @@ TEST_F(DeletionTest, ADocumentOfAVernacularGoesWithItsLastLink) {
             "qb_documentation_id) "
             "VALUES (" +
             link + ", 'PUB', 1)");
-    deletion.DeleteVernRefLink("PUB", "1|1");
+    DeleteVernRefLink(Records(), 2, "PUB", "1|1");
     EXPECT_EQ(Dump("SELECT qb_vern_id FROM qb_vern_ref_links"), "2\n");
     EXPECT_EQ(Dump("SELECT title FROM qb_publications"), "T\n");
-    deletion.DeleteVernRefLink("PUB", "1|2");
+    DeleteVernRefLink(Records(), 2, "PUB", "1|2");
     EXPECT_EQ(Dump("SELECT * FROM qb_vern_ref_links"), "");
     EXPECT_EQ(Dump("SELECT * FROM qb_publications"), "");
 }
@@ -298,11 +299,11 @@ TEST_F(DeletionTest, ADocumentOfAVernacularGoesWithItsLastLink) {
 TEST_F(DeletionTest, VernacularsOtherThanTheGivenOneAreDeleted) {
     for (const std::string name : {"One", "Two", "Three"})
         Run("INSERT INTO qb_vernaculars (qb_id, vernacular_name) VALUES (2, '" + name + "')");
-    deletion.DeleteVernaculars(2, 2);
+    DeleteVernaculars(Records(), 2, 2);
     EXPECT_EQ(Dump("SELECT vernacular_name FROM qb_vernaculars"), "Two\n");
-    deletion.DeleteVernaculars(2);
+    DeleteVernaculars(Records(), 2);
     EXPECT_EQ(Dump("SELECT vernacular_name FROM qb_vernaculars"), "");
 }
 
 }  // namespace
-}  // namespace quillon::editor
+}  // namespace quillon::records

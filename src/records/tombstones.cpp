@@ -1,9 +1,11 @@
-// The rows of db_tombstone, written and forgotten.
-#include "core/text.h"
-#include "editor/deletion.h"
-#include "editor/unit.h"
+#include "records/tombstones.h"
 
-namespace quillon::editor {
+#include <string>
+
+#include "core/text.h"
+#include "store/unit.h"
+
+namespace quillon::records {
 
 namespace {
 
@@ -15,12 +17,12 @@ std::string KeyCondition(std::string_view column, const Value& key) {
 
 }  // namespace
 
-bool Deletion::TryWriteTombstone(std::string_view table_name, const Value& pk1,
-                                 const std::optional<Value>& pk2, const std::optional<Value>& pk3,
-                                 const std::optional<Value>& pk4) {
+bool WriteTombstone(const RecordStore& records, std::string_view table_name, const Value& pk1,
+                    const std::optional<Value>& pk2, const std::optional<Value>& pk3,
+                    const std::optional<Value>& pk4) {
     try {
-        Unit unit(engine_);
-        const auto tombstones = Db().OpenTable("db_tombstone");
+        store::Unit unit(records.engine);
+        const auto tombstones = records.database.OpenTable("db_tombstone");
         tombstones->AddNew();
         tombstones->Set("table_name", table_name);
         tombstones->Set("pk1", Value::TextOrNull(pk1.AsText()));
@@ -35,23 +37,15 @@ bool Deletion::TryWriteTombstone(std::string_view table_name, const Value& pk1,
     }
 }
 
-void Deletion::WriteTombstone(std::string_view table_name, const Value& pk1, const std::optional<Value>& pk2,
-                              const std::optional<Value>& pk3, const std::optional<Value>& pk4) {
-    TryWriteTombstone(table_name, pk1, pk2, pk3, pk4);
-}
-
-void Deletion::RemoveTombstone(std::string_view table_name, const Value& pk1, const std::optional<Value>& pk2,
-                               const std::optional<Value>& pk3, const std::optional<Value>& pk4) {
+void RemoveTombstone(const RecordStore& records, std::string_view table_name, const Value& pk1,
+                     const std::optional<Value>& pk2, const std::optional<Value>& pk3,
+                     const std::optional<Value>& pk4) {
     std::string sql = "DELETE FROM db_tombstone WHERE table_name = '" + std::string(table_name) + "'  " +
                       KeyCondition("pk1", pk1);
     if (pk2) sql += KeyCondition("pk2", *pk2);
     if (pk3) sql += KeyCondition("pk3", *pk3);
     if (pk4) sql += KeyCondition("pk4", *pk4);
-    try {
-        Db().Execute(sql);
-    } catch (const store::StoreError& error) {
-        prompter_.Message("Failed " + error.Description());
-    }
+    records.Reporting([&] { records.database.Execute(sql); });
 }
 
-}  // namespace quillon::editor
+}  // namespace quillon::records

@@ -1,18 +1,21 @@
-// The vernaculars of a taxon, each with its own links to documents.
+#include "records/vernaculars.h"
+
+#include <string>
 #include <utility>
 #include <vector>
 
-#include "editor/deletion.h"
+#include "records/links.h"
+#include "records/tombstones.h"
 
-namespace quillon::editor {
+namespace quillon::records {
 
 namespace {
 
 // The links of one vernacular: the prefix of the document, and its id joined with the qb_vern_id.
-std::vector<std::pair<std::string, std::string>> LinksOf(store::Database& database, int qbId,
+std::vector<std::pair<std::string, std::string>> LinksOf(store::Database& database, int qb_id,
                                                          const Value& qb_vern_id) {
     store::QueryDef query = database.OpenQueryDef("Get VReference Links");
-    query.Set("qbid", qbId).Set("qbvernid", qb_vern_id);
+    query.Set("qbid", qb_id).Set("qbvernid", qb_vern_id);
     std::vector<std::pair<std::string, std::string>> links;
     for (const auto rows = query.CreateSnapshot(); !rows->Eof(); rows->MoveNext()) {
         links.emplace_back(rows->Get("qb_documentation_id_prefix").AsText(),
@@ -23,22 +26,20 @@ std::vector<std::pair<std::string, std::string>> LinksOf(store::Database& databa
 
 }  // namespace
 
-void Deletion::DeleteVernaculars(int qbId, std::optional<int> vernId) {
-    std::string sql = "Select * from qb_vernaculars where qb_id = " + std::to_string(qbId);
+void DeleteVernaculars(const RecordStore& records, int qb_id, std::optional<int> vernId) {
+    std::string sql = "Select * from qb_vernaculars where qb_id = " + std::to_string(qb_id);
     if (vernId) sql += " and StrComp(qb_vern_id, '" + std::to_string(*vernId) + "',0);";
-    try {
-        for (const auto rows = Db().CreateDynaset(sql); !rows->Eof(); rows->MoveNext()) {
+    records.Reporting([&] {
+        for (const auto rows = records.database.CreateDynaset(sql); !rows->Eof(); rows->MoveNext()) {
             const Value qb_vern_id = rows->Get("qb_vern_id");
             if (rows->Get("tsn").AsLong() != 0) {
-                WriteTombstone("vernaculars", rows->Get("tsn"), rows->Get("vern_id"));
+                WriteTombstone(records, "vernaculars", rows->Get("tsn"), rows->Get("vern_id"));
             }
             rows->Delete();
-            for (const auto& [prefix, value] : LinksOf(Db(), qbId, qb_vern_id))
-                DeleteVernRefLink(prefix, value);
+            for (const auto& [prefix, value] : LinksOf(records.database, qb_id, qb_vern_id))
+                DeleteVernRefLink(records, qb_id, prefix, value);
         }
-    } catch (const store::StoreError& error) {
-        prompter_.Message("Failed " + error.Description());
-    }
+    });
 }
 
-}  // namespace quillon::editor
+}  // namespace quillon::records

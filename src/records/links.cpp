@@ -1,0 +1,164 @@
+#include "records/links.h"
+
+#include <array>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "records/documents.h"
+#include "records/tombstones.h"
+
+namespace quillon::records {
+
+namespace {
+
+// A link row that is about to go: where its keys are read, and which of them make the tombstone.
+struct Link {
+    std::string_view readKeys;  // the text before the condition
+    std::string condition;
+    std::string_view table_name;
+    std::vector<std::string_view> needed;  // columns that must not be Null or 0
+    std::vector<std::string_view> keys;    // columns in the order of pk1 onward
+};
+
+constexpr std::string_view kCommentLinkKeys = "Select tsn, comment_id from qb_tu_comments_link where ";
+constexpr std::string_view kReferenceLinkKeys =
+    "Select tsn, qb_documentation_id_prefix, documentation_id from qb_reference_links where ";
+constexpr std::string_view kVernRefLinkKeys =
+    "Select tsn, qb_documentation_id_prefix, documentation_id, vern_id from qb_vern_ref_links where ";
+
+void WriteLinkTombstone(const RecordStore& records, const Link& link) {
+    const auto row = records.database.CreateSnapshot(std::string(link.readKeys) + link.condition + ";");
+    if (row->Eof()) return;
+    for (const std::string_view column : link.needed) {
+        if (row->Get(column).AsLong() == 0) return;
+    }
+    std::array<std::optional<Value>, 4> keys;
+    for (std::size_t place = 0; place < link.keys.size(); ++place) keys[place] = row->Get(link.keys[place]);
+    WriteTombstone(records, link.table_name, *keys[0], keys[1], keys[2], keys[3]);
+}
+
+std::string DocumentCondition(std::string_view prefix, int docId, int qb_id) {
+    return "qb_documentation_id_prefix = \"" + std::string(prefix) +
+           "\" and qb_documentation_id = " + std::to_string(docId) + " and qb_id = " + std::to_string(qb_id);
+}
+
+void WriteSynonymTombstones(const RecordStore& records, std::string_view keyColumn, int qb_id) {
+    const auto links =
+        records.database.CreateSnapshot("Select tsn, tsn_accepted, qb_id from qb_synonym_links where " +
+                                        std::string(keyColumn) + " = " + std::to_string(qb_id) + ";");
+    for (; !links->Eof(); links->MoveNext()) {
+        if (links->Get("tsn").AsLong() == 0 || links->Get("tsn_accepted").AsLong() == 0) continue;
+        WriteTombstone(records, "synonym_links", links->Get("tsn"), links->Get("tsn_accepted"));
+    }
+}
+
+}  // namespace
+
+void DeleteCommentLink(const RecordStore& records, int qb_id, int commentId) {
+    records.Reporting([&] {
+        store::QueryDef check = records.database.OpenQueryDef("Check Comment Links");
+        check.Set("qbid", qb_id).Set("comID", commentId);
+        if (check.CreateSnapshot()->Eof()) DeleteComment(records, commentId);
+        WriteLinkTombstone(records, {kCommentLinkKeys,
+                                     "qb_id = " + std::to_string(qb_id) +
+                                         " and qb_comment_id = " + std::to_string(commentId),
+                                     "tu_comments_link",
+                                     {"tsn", "comment_id"},
+                                     {"tsn", "comment_id"}});
+        store::QueryDef query = records.database.OpenQueryDef("Delete Comment Link");
+        query.Set("qbid", qb_id).Set("comID", commentId);
+        records.RunUnit(query);
+    });
+}
+
+void DeleteReferenceLink(const RecordStore& records, int qb_id, int docId, std::string_view prefix) {
+    records.Reporting([&] {
+        store::QueryDef check = records.database.OpenQueryDef("Check Reference Links");
+        check.Set("qbid", qb_id).Set("docid", docId).Set("prefix", prefix);
+        if (check.CreateSnapshot()->Eof()) DeleteDocument(records, prefix, docId);
+        WriteLinkTombstone(records, {kReferenceLinkKeys,
+                                     DocumentCondition(prefix, docId, qb_id),
+                                     "reference_links",
+                                     {"documentation_id", "tsn"},
+                                     {"qb_documentation_id_prefix", "documentation_id", "tsn"}});
+        store::QueryDef query = records.database.OpenQueryDef("Delete Reference Link");
+        query.Set("qbid", qb_id).Set("prefix", prefix).Set("docid", docId);
+        records.RunUnit(query);
+    });
+}
+
+void DeleteVernRefLink(const RecordStore& records, int qb_id, std::string_view prefix,
+                       std::string_view value) {
+    const std::size_t separator = value.find('|');
+    if (separator == std::string_view::npos) {
+        records.prompter.Message("Error separating docid and qb_vern_id");
+        return;
+    }
+    records.Reporting([&] {
+        const auto docId = static_cast<int>(Value(value.substr(0, separator)).AsLong());
+        const std::int64_t vernId = Value(value.substr(separator + 1)).AsLong();
+        store::QueryDef check = records.database.OpenQueryDef("Check VReference Links");
+        check.Set("qbid", qb_id).Set("docid", docId).Set("prefix", prefix).Set("qbvernid", vernId);
+        if (check.CreateSnapshot()->Eof()) DeleteDocument(records, prefix, docId);
+        WriteLinkTombstone(
+            records, {kVernRefLinkKeys,
+                      DocumentCondition(prefix, docId, qb_id) + " and qb_vern_id = " + std::to_string(vernId),
+                      "vern_ref_links",
+                      {"documentation_id", "tsn"},
+                      {"qb_documentation_id_prefix", "documentation_id", "tsn", "vern_id"}});
+        store::QueryDef query = records.database.OpenQueryDef("Delete VReference Link");
+        query.Set("qbid", qb_id).Set("prefix", prefix).Set("docid", docId).Set("qbvernid", vernId);
+        records.RunUnit(query);
+    });
+}
+
+void DeleteReferenceLinks(const RecordStore& records, int qb_id) {
+    // Gathered first: each deletion changes the rows under the walk.
+    std::vector<std::pair<int, std::string>> links;
+    {
+        store::QueryDef query = records.database.OpenQueryDef("Get Reference Links");
+        query.Set("qbid", qb_id);
+        for (const auto rows = query.CreateSnapshot(); !rows->Eof(); rows->MoveNext()) {
+            links.emplace_back(static_cast<int>(rows->Get("qb_documentation_id").AsLong()),
+                               rows->Get("qb_documentation_id_prefix").AsText());
+        }
+    }
+    for (const auto& [docId, prefix] : links) DeleteReferenceLink(records, qb_id, docId, prefix);
+}
+
+void DeleteCommentLinks(const RecordStore& records, int qb_id) {
+    std::vector<int> comments;
+    {
+        store::QueryDef query = records.database.OpenQueryDef("Get Comment Links");
+        query.Set("qbid", qb_id);
+        for (const auto rows = query.CreateSnapshot(); !rows->Eof(); rows->MoveNext()) {
+            comments.push_back(static_cast<int>(rows->Get("qb_comment_id").AsLong()));
+        }
+    }
+    for (const int commentId : comments) DeleteCommentLink(records, qb_id, commentId);
+}
+
+void DeleteSynonymLinks(const RecordStore& records, int qb_id) {
+    records.Reporting([&] {
+        WriteSynonymTombstones(records, "qb_id", qb_id);
+        store::QueryDef query = records.database.OpenQueryDef("Delete Synonym Data");
+        query.Set("qbid", qb_id);
+        records.RunUnit(query);
+    });
+}
+
+void DeleteSynonymsOfAccepted(const RecordStore& records, int qb_id) {
+    records.Reporting([&] {
+        WriteSynonymTombstones(records, "qb_id_accepted", qb_id);
+        store::QueryDef query = records.database.CreateQueryDef(
+            "",
+            "PARAMETERS accepted_id long; "
+            "DELETE FROM qb_synonym_links WHERE qb_id_accepted = accepted_id");
+        query.Set("accepted_id", qb_id);
+        records.RunUnit(query);
+    });
+}
+
+}  // namespace quillon::records

@@ -1,0 +1,26 @@
+// The links of a taxon to comments, documents and other names. A comment or document goes with its last link.
+//
+// Links with a key of the authority leave a tombstone. Every procedure reports its failures and returns.
+#pragma once
+
+#include <string_view>
+
+#include "records/record_store.h"
+
+namespace quillon::records {
+
+void DeleteCommentLink(const RecordStore& records, int qb_id, int commentId);
+void DeleteReferenceLink(const RecordStore& records, int qb_id, int docId, std::string_view prefix);
+// `value` is the document's id, "|", and the qb_vern_id.
+void DeleteVernRefLink(const RecordStore& records, int qb_id, std::string_view prefix,
+                       std::string_view value);
+
+// All of the taxon's. These two throw StoreError when the links cannot be read.
+void DeleteCommentLinks(const RecordStore& records, int qb_id);
+void DeleteReferenceLinks(const RecordStore& records, int qb_id);
+
+// The links in which the taxon is the synonym, or the accepted name. The names themselves stay.
+void DeleteSynonymLinks(const RecordStore& records, int qb_id);
+void DeleteSynonymsOfAccepted(const RecordStore& records, int qb_id);
+
+}  // namespace quillon::records
