@@ -5,7 +5,7 @@
 
 #include "batch/session.h"
 #include "export/export_job.h"
-#include "validation/record_filter.h"
+#include "selection/record_filter.h"
 
 namespace quillon::batch {
 
@@ -72,7 +72,7 @@ ExitStatus RunExport(const CommonOptions& options, const std::string& path,
     state.gExportPath = path;
     state.gExportFile = arguments.file;
     if (const auto wrong =
-            validation::ReadFilterText(*state.gDatabase, arguments.filter, state.gRecordFilter)) {
+            selection::ReadFilterText(*state.gDatabase, arguments.filter, state.gRecordFilter)) {
         session.prompter.Message(*wrong, "");
         return ExitStatus::Failed;
     }

@@ -1,5 +1,5 @@
 #include "batch/session.h"
-#include "validation/record_filter.h"
+#include "selection/record_filter.h"
 #include "validation/validate_data_set.h"
 
 namespace quillon::batch {
@@ -8,7 +8,7 @@ ExitStatus RunValidate(const CommonOptions& options, const std::string& path, co
     Session session(options);
     session.Open(path);
     if (const auto message =
-            validation::ReadFilterText(*session.state.gDatabase, filter, session.state.gRecordFilter)) {
+            selection::ReadFilterText(*session.state.gDatabase, filter, session.state.gRecordFilter)) {
         session.prompter.Message(*message, "");
         return ExitStatus::Failed;
     }

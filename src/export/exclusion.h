@@ -8,14 +8,14 @@
 #include <string_view>
 
 #include "core/application_state.h"
+#include "selection/selected_taxa.h"
 #include "store/engine.h"
-#include "validation/selected_taxa.h"
 
 namespace quillon::exporting {
 
-using validation::Continue;
-using validation::DocumentSet;
-using validation::IdSet;
+using selection::Continue;
+using selection::DocumentSet;
+using selection::IdSet;
 
 class Exclusion {
 public:

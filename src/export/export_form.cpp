@@ -5,8 +5,8 @@
 
 #include "core/text.h"
 #include "export/export_paths.h"
+#include "selection/record_filter.h"
 #include "validation/log_file.h"
-#include "validation/record_filter.h"
 
 namespace quillon::exporting {
 
@@ -85,10 +85,10 @@ void FrmNExport::SelectFile() {
 }
 
 std::string FrmNExport::Filter() const {
-    if (optModified.Value()) return std::string(validation::kJournalFilter);
+    if (optModified.Value()) return std::string(selection::kJournalFilter);
     if (optColumn.Value())
-        return validation::ColumnClause(Trim(cboFields.Text()), Trim(cboOperators.Text()), cboValues.Text());
-    return std::string(validation::kNoFilter);
+        return selection::ColumnClause(Trim(cboFields.Text()), Trim(cboOperators.Text()), cboValues.Text());
+    return std::string(selection::kNoFilter);
 }
 
 ExportOrder FrmNExport::Order() const {

@@ -8,8 +8,8 @@
 
 #include "export/name_list.h"
 #include "export/tagged_export.h"
+#include "selection/record_filter.h"
 #include "store/lifecycle/file_copy.h"
-#include "validation/record_filter.h"
 
 namespace quillon::exporting {
 
@@ -100,7 +100,7 @@ void ExportJob::RefuseDataSets() const {
 
 ExportResult ExportJob::WriteFile(const ExportOrder& order) {
     const store::DatabaseHandle database = engine_.OpenDatabase(state_.gExportPath);
-    if (const auto wrong = validation::CheckRecordFilter(*database, state_.gRecordFilter))
+    if (const auto wrong = selection::CheckRecordFilter(*database, state_.gRecordFilter))
         throw ExportError(*wrong);
     RefuseDataSets();
     ExportFile file(state_.gExportFile, order.encoding);

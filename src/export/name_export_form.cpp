@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "export/export_paths.h"
-#include "validation/record_filter.h"
+#include "selection/record_filter.h"
 
 namespace quillon::exporting {
 
@@ -69,7 +69,7 @@ void FrmTExport::Continue() {
 }
 
 ExportResult FrmTExport::WriteList() {
-    const std::string filter = std::exchange(state_.gRecordFilter, std::string(validation::kNoFilter));
+    const std::string filter = std::exchange(state_.gRecordFilter, std::string(selection::kNoFilter));
     ExportOrder order;
     order.kind = ExportKind::List;
     order.listType = exportType_;

@@ -6,8 +6,8 @@
 #include <map>
 #include <string>
 
-#include "validation/record_filter.h"
-#include "validation/selected_rows.h"
+#include "selection/record_filter.h"
+#include "selection/selected_rows.h"
 
 namespace quillon::exporting {
 
@@ -30,10 +30,10 @@ constexpr std::string_view kColumns =
     "qb_id, unit_ind1, unit_name1, unit_ind2, unit_name2, unit_ind3, unit_name3, unit_ind4, unit_name4, "
     "qb_taxon_author_id, rank_id";
 
-int CountTaxa(store::Database& database, const validation::SelectedTaxa& taxa) {
+int CountTaxa(store::Database& database, const selection::SelectedTaxa& taxa) {
     if (!taxa.All()) return static_cast<int>(taxa.Ids().Count());
     RowStream count(database,
-                    validation::BuildValidationSelect("qb_taxonomic_units", validation::kNoFilter, true));
+                    selection::BuildValidationSelect("qb_taxonomic_units", selection::kNoFilter, true));
     return count.Next() ? static_cast<int>(count.Long(0)) : 0;
 }
 
@@ -58,7 +58,7 @@ public:
 private:
     std::string texts_;
     std::vector<std::size_t> starts_;
-    validation::IdMap places_;  // from 1
+    selection::IdMap places_;  // from 1
 };
 
 // The first name of each rank, in the order of the table's key.
@@ -114,7 +114,7 @@ private:
 
 void WriteNameList(ExportTools& tools, int type) {
     ApplicationState& state = tools.state;
-    const validation::SelectedTaxa taxa(tools.database, state.gRecordFilter, tools.Turns());
+    const selection::SelectedTaxa taxa(tools.database, state.gRecordFilter, tools.Turns());
     state.gRecordsDone = 0;
     state.gExportedCount = 0;
     state.gRecordsTotal = CountTaxa(tools.database, taxa);
@@ -123,7 +123,7 @@ void WriteNameList(ExportTools& tools, int type) {
         return;
     }
     ListLines lines(tools, type);
-    validation::SelectedRows rows(tools.database, "qb_taxonomic_units", kColumns, taxa);
+    selection::SelectedRows rows(tools.database, "qb_taxonomic_units", kColumns, taxa);
     tools.line.Header(kHeaders[static_cast<std::size_t>(type - 1)]);
     while (rows.Next() && tools.NextTurn()) {
         if (rows.Visits() == 0) continue;

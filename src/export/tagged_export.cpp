@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "validation/record_filter.h"
+#include "selection/batch_counts.h"
 
 namespace quillon::exporting {
 
@@ -24,7 +24,7 @@ int WriteTaggedFile(ExportTools& tools) {
     tools.state.gExportedCount = 0;
     TaggedRun run(tools);
     if (!tools.state.gValidatingForExport)
-        validation::CountBatchRecords(tools.state, tools.database, run.taxa, tools.Turns());
+        selection::CountBatchRecords(tools.state, tools.database, run.taxa, tools.Turns());
     for (const Section section : kSections)
         if (!tools.state.gBatchCancel) section(run);
     return run.taxaWritten;

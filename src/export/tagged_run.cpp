@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "validation/record_filter.h"
+#include "selection/record_filter.h"
 
 namespace quillon::exporting {
 
@@ -28,8 +28,8 @@ TaggedRun::TaggedRun(ExportTools& exportTools)
     : tools(exportTools),
       exclusion(tools.state, tools.database, tools.Turns()),
       taxa(tools.database, tools.state.gRecordFilter, tools.Turns()),
-      filtered(tools.state.gRecordFilter != validation::kNoFilter),
-      journal(tools.state.gRecordFilter == validation::kJournalFilter) {}
+      filtered(tools.state.gRecordFilter != selection::kNoFilter),
+      journal(tools.state.gRecordFilter == selection::kJournalFilter) {}
 
 store::TableRows TaggedRun::RowsAmong(std::string_view column, const IdSet& ids) const {
     if (!filtered || ids.Count() > kFewIds) return {};

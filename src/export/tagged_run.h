@@ -9,9 +9,9 @@
 #include "core/outside.h"
 #include "export/exclusion.h"
 #include "export/line_writer.h"
+#include "selection/selected_taxa.h"
 #include "store/engine.h"
 #include "store/row_stream.h"
-#include "validation/selected_taxa.h"
 #include "validation/table_checks.h"
 
 namespace quillon::exporting {
@@ -53,7 +53,7 @@ struct TaggedRun {
 
     ExportTools& tools;
     Exclusion exclusion;
-    validation::SelectedTaxa taxa;
+    selection::SelectedTaxa taxa;
     bool filtered = false;  // gRecordFilter is other than "none"
     bool journal = false;
     IdSet existing;  // all taxa

@@ -189,7 +189,7 @@ private:
 
     TaggedRun& run_;
     store::Database& database_;
-    validation::IdMap authorityAuthors_;
+    selection::IdMap authorityAuthors_;
     std::int32_t root_;
 };
 

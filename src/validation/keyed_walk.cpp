@@ -4,7 +4,7 @@
 
 namespace quillon::validation {
 
-KeyedWalk::KeyedWalk(store::Database& database, std::string_view select, Continue goOn)
+KeyedWalk::KeyedWalk(store::Database& database, std::string_view select, selection::Continue goOn)
     : rows_(database, select), goOn_(std::move(goOn)) {
     Advance();
 }

@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "selection/selected_taxa.h"
 #include "store/row_stream.h"
-#include "validation/selected_taxa.h"
 
 namespace quillon::validation {
 
@@ -14,7 +14,7 @@ class KeyedWalk {
 public:
     // `select` gives the key in its first column and is ordered by it. `goOn` is called for each row that is
     // passed over. Throws StoreError.
-    KeyedWalk(store::Database& database, std::string_view select, Continue goOn);
+    KeyedWalk(store::Database& database, std::string_view select, selection::Continue goOn);
 
     // Goes on to the first row of the key; false when there is none, or the user wants no more. Keys may be
     // left out, but never go back.
@@ -30,7 +30,7 @@ private:
     void Advance();
 
     store::RowStream rows_;
-    Continue goOn_;
+    selection::Continue goOn_;
     std::int64_t key_ = 0;
     bool ended_ = false, stopped_ = false;
 };

@@ -35,7 +35,8 @@ std::int32_t Id(const RowStream& rows, std::size_t column) {
 class ReferencedNames {
 public:
     explicit ReferencedNames(const ValidationRun& run) {
-        const std::string among = run.taxa.All() ? std::string() : AndAmong("qb_id", run.taxa.Listed());
+        const std::string among =
+            run.taxa.All() ? std::string() : selection::AndAmong("qb_id", run.taxa.Listed());
         ReadDocuments(run, among);
         RowStream links(run.database, fmt::format(fmt::runtime(kLinks), among));
         while (links.Next() && run.GoOn())
@@ -63,13 +64,14 @@ private:
 
     // Those that the links of few taxa lead to, else all.
     void ReadDocuments(const ValidationRun& run, const std::string& amongTaxa) {
-        IdSet linked;
+        selection::IdSet linked;
         if (!amongTaxa.empty()) {
             RowStream links(run.database, fmt::format(fmt::runtime(kLinks), amongTaxa));
             while (links.Next() && run.GoOn()) linked.Add(Id(links, 2));
         }
         for (std::size_t i = 0; i < kKinds.size(); ++i) {
-            const std::string among = amongTaxa.empty() ? std::string() : AndAmong(kKinds[i].id, linked);
+            const std::string among =
+                amongTaxa.empty() ? std::string() : selection::AndAmong(kKinds[i].id, linked);
             RowStream rows(run.database, fmt::format("SELECT {0} FROM {1} WHERE {2} Is Not Null{3};",
                                                      kKinds[i].id, kKinds[i].table, kKinds[i].own, among));
             while (rows.Next() && run.GoOn()) documents_[i].Add(Id(rows, 0));
@@ -87,7 +89,7 @@ private:
         names_ += vernacular_name;
     }
 
-    std::array<IdSet, 3> documents_;
+    std::array<selection::IdSet, 3> documents_;
     IdTable<Place> places_;
     std::string names_;
 };
@@ -109,7 +111,7 @@ public:
 private:
     void Open() {
         const std::string among =
-            run_.taxa.All() ? std::string() : AndAmong("qb_jurisdiction.qb_id", run_.taxa.Ids());
+            run_.taxa.All() ? std::string() : selection::AndAmong("qb_jurisdiction.qb_id", run_.taxa.Ids());
         walk_.emplace(run_.database, fmt::format(fmt::runtime(kTaxaOfJurisdictions), among),
                       [this] { return run_.GoOn(); });
     }

@@ -7,10 +7,10 @@
 
 #include "core/application_state.h"
 #include "core/outside.h"
+#include "selection/selected_rows.h"
 #include "store/engine.h"
 #include "validation/rows.h"
 #include "validation/run_facts.h"
-#include "validation/selected_rows.h"
 #include "validation/validation_log.h"
 
 namespace quillon::validation {
@@ -26,7 +26,7 @@ struct ValidationRun {
     ValidationLog& log;
     EventPump& events;
     const Gauge& gauge;
-    const SelectedTaxa& taxa;  // with their documents
+    const selection::SelectedTaxa& taxa;  // with their documents
 
     // Lets events through; false when the user wants no more.
     bool GoOn() const;
@@ -53,7 +53,7 @@ void CheckPublication(const PublicationRow& row, const YearRange& years, Validat
 // Calls `check` with each row of a table under the filter, until it gives false or the user cancels.
 template <typename Row, typename Check>
 void ForEachRow(const ValidationRun& run, std::string_view table, const Check& check) {
-    SelectedRows rows(run.database, table, ColumnList<Row>(), run.taxa);
+    selection::SelectedRows rows(run.database, table, ColumnList<Row>(), run.taxa);
     const StreamReader<Row> reader(run.database, table, rows.Row());
     Row row;
     while (rows.Next() && run.GoOn()) {

@@ -41,12 +41,12 @@ std::string With(std::string_view select, std::string_view condition) {
     return fmt::format(fmt::runtime(select), condition);
 }
 
-std::string Among(std::string_view column, const IdSet* ids) {
-    return ids == nullptr ? std::string() : AndAmong(column, *ids);
+std::string Among(std::string_view column, const selection::IdSet* ids) {
+    return ids == nullptr ? std::string() : selection::AndAmong(column, *ids);
 }
 
 // Of the taxa themselves, whose rows or links these are; empty when they are many.
-std::string OfTaxa(const SelectedTaxa& taxa) {
+std::string OfTaxa(const selection::SelectedTaxa& taxa) {
     return Among("qb_id", taxa.All() ? nullptr : &taxa.Ids());
 }
 
@@ -64,34 +64,36 @@ std::int32_t Id(const RowStream& rows, std::size_t column) {
 }
 
 template <typename Read>
-void ReadRows(store::Database& database, const std::string& select, const Continue& goOn, const Read& read) {
+void ReadRows(store::Database& database, const std::string& select, const selection::Continue& goOn,
+              const Read& read) {
     RowStream rows(database, select);
     while (rows.Next() && goOn()) read(rows);
 }
 
 // The parents of few taxa and the names that they are linked to; nothing for many, of which all are read.
-std::string ParentsAndAccepted(store::Database& database, const SelectedTaxa& taxa, const Continue& goOn) {
+std::string ParentsAndAccepted(store::Database& database, const selection::SelectedTaxa& taxa,
+                               const selection::Continue& goOn) {
     const std::string ofTaxa = OfTaxa(taxa);
     if (ofTaxa.empty()) return {};
-    IdSet ids;
+    selection::IdSet ids;
     const auto add = [&](std::size_t column) {
         return [&ids, column](const RowStream& row) { ids.Add(Id(row, column)); };
     };
     ReadRows(database, With(kParents, ofTaxa), goOn, add(0));
     ReadRows(database, With(kSynonymLinks, ofTaxa), goOn, add(1));
-    return AndAmong("qb_id", ids);
+    return selection::AndAmong("qb_id", ids);
 }
 
 }  // namespace
 
-TaxonTable::TaxonTable(store::Database& database, std::string_view among, const Continue& goOn) {
+TaxonTable::TaxonTable(store::Database& database, std::string_view among, const selection::Continue& goOn) {
     ReadRows(database, With(kTaxa, among), goOn, [this](const RowStream& row) {
         taxa_.Append({Id(row, 0), static_cast<std::int16_t>(row.Long(1)), !row.IsNull(1),
                       UsageIsAccepted(row.Text(2))});
     });
 }
 
-AuthorTable::AuthorTable(store::Database& database, std::string_view among, const Continue& goOn) {
+AuthorTable::AuthorTable(store::Database& database, std::string_view among, const selection::Continue& goOn) {
     ReadRows(database, With(kAuthors, among), goOn, [this](const RowStream& row) {
         const std::string_view text = row.Text(1);
         places_.Append({Id(row, 0), static_cast<std::uint32_t>(texts_.size()), YearFromAuthor(text)});
@@ -107,7 +109,8 @@ AuthorFacts AuthorTable::Find(std::int64_t qb_taxon_author_id) const {
     return {std::string_view(texts_).substr(place->begin, end - place->begin), place->year};
 }
 
-DocumentTable::DocumentTable(store::Database& database, const IdSet* ids, const Continue& goOn) {
+DocumentTable::DocumentTable(store::Database& database, const selection::IdSet* ids,
+                             const selection::Continue& goOn) {
     ReadRows(
         database, With(kPublications, Among("qb_publication_id", ids)), goOn, [this](const RowStream& row) {
             PublicationFacts facts{Id(row, 0), ActualYear(row.Text(1)), {}};
@@ -136,7 +139,8 @@ void DocumentTable::Resolve(std::string_view prefix, std::int64_t id, bool isOri
     }
 }
 
-TaxonLookUps::TaxonLookUps(store::Database& database, const SelectedTaxa& taxa, const Continue& goOn)
+TaxonLookUps::TaxonLookUps(store::Database& database, const selection::SelectedTaxa& taxa,
+                           const selection::Continue& goOn)
     : taxa_(database, ParentsAndAccepted(database, taxa, goOn), goOn),
       authors_(database, Among("qb_taxon_author_id", taxa.All() ? nullptr : &taxa.Authors()), goOn),
       documents_(database, taxa.All() ? nullptr : &taxa.Documents().Ids(), goOn),

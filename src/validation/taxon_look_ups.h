@@ -60,7 +60,7 @@ struct TaxonReferences {
 class TaxonTable {
 public:
     // `among` is a condition on qb_id as AndAmong gives it, for all tables here.
-    TaxonTable(store::Database& database, std::string_view among, const Continue& goOn);
+    TaxonTable(store::Database& database, std::string_view among, const selection::Continue& goOn);
     // nullptr when there is no such taxon.
     const TaxonFacts* Find(std::int64_t qb_id) const { return taxa_.Find(qb_id); }
 
@@ -70,7 +70,7 @@ private:
 
 class AuthorTable {
 public:
-    AuthorTable(store::Database& database, std::string_view among, const Continue& goOn);
+    AuthorTable(store::Database& database, std::string_view among, const selection::Continue& goOn);
     AuthorFacts Find(std::int64_t qb_taxon_author_id) const;
 
 private:
@@ -86,7 +86,7 @@ private:
 class DocumentTable {
 public:
     // Of the documents with these ids, under whatever prefix; nullptr for all.
-    DocumentTable(store::Database& database, const IdSet* ids, const Continue& goOn);
+    DocumentTable(store::Database& database, const selection::IdSet* ids, const selection::Continue& goOn);
     // Adds what a reference link leads to.
     void Resolve(std::string_view prefix, std::int64_t id, bool isOriginal,
                  TaxonReferences& references) const;
@@ -103,7 +103,8 @@ class TaxonLookUps {
 public:
     // For the selected taxa, whose documents have been reached. `goOn` is called for each row that is read.
     // Throws StoreError.
-    TaxonLookUps(store::Database& database, const SelectedTaxa& taxa, const Continue& goOn);
+    TaxonLookUps(store::Database& database, const selection::SelectedTaxa& taxa,
+                 const selection::Continue& goOn);
 
     // Goes on to the links of a taxon; false when the user wants no more.
     bool MoveTo(std::int64_t qb_id);

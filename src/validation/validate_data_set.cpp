@@ -6,8 +6,9 @@
 #include <ctime>
 #include <optional>
 
+#include "selection/batch_counts.h"
+#include "selection/record_filter.h"
 #include "validation/log_file.h"
-#include "validation/record_filter.h"
 
 namespace quillon::validation {
 
@@ -64,8 +65,8 @@ private:
         return true;
     }
 
-    void CountRows(SelectedTaxa& taxa, const Continue& goOn) {
-        CountBatchRecords(state_, *database_, taxa, goOn);
+    void CountRows(selection::SelectedTaxa& taxa, const selection::Continue& goOn) {
+        selection::CountBatchRecords(state_, *database_, taxa, goOn);
         state_.gRecordsTotal = state_.gValidatingForExport ? state_.gRecordsTotal + state_.gValidatedTotal
                                                            : state_.gValidatedTotal;
     }
@@ -73,11 +74,11 @@ private:
     void CheckTables(int kingdomId) {
         const RunFacts facts = ReadRunFacts(*database_, kingdomId, KingdomNameOfDataSet(*state_.gDatabase),
                                             outside_.clock.Now());
-        const Continue goOn = [this] {
+        const selection::Continue goOn = [this] {
             outside_.events.Yield();
             return !state_.gBatchCancel;
         };
-        SelectedTaxa taxa(*database_, state_.gRecordFilter, goOn);
+        selection::SelectedTaxa taxa(*database_, state_.gRecordFilter, goOn);
         CountRows(taxa, goOn);
         state_.gErrorsOccurred = false;
         ValidationLog log(state_, [this](const Finding& finding) { Write(finding); });
@@ -149,7 +150,7 @@ ValidationResult ValidateDataSet(ApplicationState& state, store::Engine& engine,
                                  const ValidationOutside& outside) {
     const store::DatabaseHandle database =
         engine.OpenDatabase(state.gValidatingForExport ? state.gExportPath : state.gDataSetPath);
-    if (const auto message = CheckRecordFilter(*database, state.gRecordFilter)) {
+    if (const auto message = selection::CheckRecordFilter(*database, state.gRecordFilter)) {
         outside.prompter.Message(*message);
         return {};
     }

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "core/text.h"
-#include "validation/record_filter.h"
+#include "selection/record_filter.h"
 
 namespace quillon::validation {
 
@@ -37,16 +37,16 @@ void frmValidate::EnableCondition() {
 }
 
 std::string frmValidate::Filter() const {
-    if (optModified.Value()) return std::string(kJournalFilter);
+    if (optModified.Value()) return std::string(selection::kJournalFilter);
     if (optColumn.Value())
-        return ColumnClause(Trim(cboFields.Text()), Trim(cboOperators.Text()), cboValues.Text());
-    return std::string(kNoFilter);
+        return selection::ColumnClause(Trim(cboFields.Text()), Trim(cboOperators.Text()), cboValues.Text());
+    return std::string(selection::kNoFilter);
 }
 
 void frmValidate::Continue() {
     if (state_.gBatchRunning) return;
     const std::string filter = Filter();
-    if (const auto message = CheckRecordFilter(*state_.gDatabase, filter)) {
+    if (const auto message = selection::CheckRecordFilter(*state_.gDatabase, filter)) {
         outside_.prompter.Message(*message);
         return;
     }

@@ -12,8 +12,8 @@
 
 #include "export/export_job.h"
 #include "export/tagged_export.h"
+#include "selection/record_filter.h"
 #include "testkit/testkit.h"
-#include "validation/record_filter.h"
 
 namespace quillon::exporting {
 
@@ -90,7 +90,7 @@ protected:
         for (const int id : ids) Run(fmt::format("INSERT INTO journal (qb_id) VALUES ({})", id));
     }
     void FilterBy(std::string_view column, std::string_view comparison, std::string_view value) {
-        set.state.gRecordFilter = validation::ColumnClause(column, comparison, value);
+        set.state.gRecordFilter = selection::ColumnClause(column, comparison, value);
     }
     void FilterByJournal() { set.state.gRecordFilter = "journal"; }
 

@@ -80,8 +80,8 @@ TEST_F(ManyTaxa, LeaveNoLongStretchWithoutATurn) {
     list.kind = ExportKind::List;
     list.listType = 2;
     for (const std::string& filter :
-         {std::string("none"), validation::ColumnClause("rank_id", "=", "180"),
-          validation::ColumnClause("qb_id", "=", "9000"), validation::ColumnClause("qb_id", ">", "3000")}) {
+         {std::string("none"), selection::ColumnClause("rank_id", "=", "180"),
+          selection::ColumnClause("qb_id", "=", "9000"), selection::ColumnClause("qb_id", ">", "3000")}) {
         set.state.gRecordFilter = filter;
         EXPECT_LT(Stretch({}), kMostSteps) << filter;
         EXPECT_LT(Stretch(list), kMostSteps) << filter;

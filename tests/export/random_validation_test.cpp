@@ -77,7 +77,7 @@ TEST_P(RandomSets, HaveOneLog) {
         Fill(seed);
         CopyBackwards();
         for (const std::string& filter :
-             {std::string("none"), std::string("journal"), validation::ColumnClause("usage", "=", "valid")}) {
+             {std::string("none"), std::string("journal"), selection::ColumnClause("usage", "=", "valid")}) {
             const std::string log = Log(one, filter);
             if (filter == "none") {
                 EXPECT_NE(log, "") << "seed " << seed;

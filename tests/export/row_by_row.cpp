@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "core/text.h"
-#include "validation/record_filter.h"
+#include "selection/record_filter.h"
 
 namespace quillon::exporting {
 namespace {
@@ -23,7 +23,7 @@ std::string Mid(const std::string& text, std::size_t first, std::size_t count) {
 class RowByRow {
 public:
     RowByRow(const ApplicationState& state, store::Database& database)
-        : state_(state), database_(database), filter_(validation::RunnableFilter(state.gRecordFilter)) {}
+        : state_(state), database_(database), filter_(selection::RunnableFilter(state.gRecordFilter)) {}
 
     std::string Write() {
         Taxa();

@@ -1,6 +1,8 @@
 // The rows that a validation visits, and their totals, against the selects that say which they are.
 
-#include "validation/selected_rows.h"
+#include "selection/selected_rows.h"
+#include "selection/batch_counts.h"
+#include "selection/record_filter.h"
 
 #include <algorithm>
 #include <map>
@@ -38,7 +40,7 @@ protected:
         return texts;
     }
     std::string Select(std::string_view table, std::string_view filter, bool count) {
-        return validation::BuildValidationSelect(table, validation::RunnableFilter(filter), count);
+        return selection::BuildValidationSelect(table, selection::RunnableFilter(filter), count);
     }
     Texts ByTheSelect(const std::string& table, std::string_view filter) {
         Texts keys;
@@ -50,10 +52,10 @@ protected:
         }
         return keys;
     }
-    Texts Visited(const std::string& table, const validation::SelectedTaxa& taxa) {
+    Texts Visited(const std::string& table, const selection::SelectedTaxa& taxa) {
         Texts keys;
         const Texts& columns = kKeys.at(table);
-        validation::SelectedRows rows(set.db(), table, fmt::format("{}", fmt::join(columns, ", ")), taxa);
+        selection::SelectedRows rows(set.db(), table, fmt::format("{}", fmt::join(columns, ", ")), taxa);
         while (rows.Next()) {
             std::string key;
             for (std::size_t i = 0; i < columns.size(); ++i) key += std::string(rows.Row().Text(i)) + " ";
@@ -72,10 +74,10 @@ protected:
     }
 
     void Compare(const std::string& filter) {
-        const validation::Continue goOn = [] { return true; };
-        validation::SelectedTaxa taxa(set.db(), filter, goOn);
+        const selection::Continue goOn = [] { return true; };
+        selection::SelectedTaxa taxa(set.db(), filter, goOn);
         set.state.gRecordFilter = filter;
-        validation::CountBatchRecords(set.state, set.db(), taxa, goOn);
+        selection::CountBatchRecords(set.state, set.db(), taxa, goOn);
         const int validated = ValidatedRows(filter);
         int all = validated;
         for (const std::string& table : kAllRows) all += Count(table, "none");
@@ -89,11 +91,11 @@ protected:
 TEST_P(SelectedRowsTest, AreThoseOfTheSelect) {
     Compare("none");
     Compare("journal");
-    Compare(validation::ColumnClause("kingdom_id", "=", "3"));
-    Compare(validation::ColumnClause("qb_id", ">", "9"));
-    Compare(validation::ColumnClause("unit_name1", "Like", "a*"));
-    Compare(validation::ColumnClause("usage", "<>", "VALID"));
-    Compare(validation::ColumnClause("uncertain_parent_ind", "=", "Yes"));
+    Compare(selection::ColumnClause("kingdom_id", "=", "3"));
+    Compare(selection::ColumnClause("qb_id", ">", "9"));
+    Compare(selection::ColumnClause("unit_name1", "Like", "a*"));
+    Compare(selection::ColumnClause("usage", "<>", "VALID"));
+    Compare(selection::ColumnClause("uncertain_parent_ind", "=", "Yes"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, SelectedRowsTest, ::testing::Range(std::uint32_t{1}, std::uint32_t{41}));

@@ -58,15 +58,15 @@ protected:
 };
 
 TEST_F(CancelAnywhere, EndsTheRunSoonWithoutFalseFindings) {
-    CancelAtEachTurn(kNoFilter);
+    CancelAtEachTurn(selection::kNoFilter);
 }
 
 TEST_F(CancelAnywhere, EndsARunOverTheJournalToo) {
-    CancelAtEachTurn(kJournalFilter);
+    CancelAtEachTurn(selection::kJournalFilter);
 }
 
 TEST_F(CancelAnywhere, EndsARunUnderAConditionToo) {
-    CancelAtEachTurn(ColumnClause("rank_id", "=", "220"));
+    CancelAtEachTurn(selection::ColumnClause("rank_id", "=", "220"));
 }
 
 }  // namespace

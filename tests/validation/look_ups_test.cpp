@@ -120,7 +120,7 @@ protected:
 
     // How many taxa were compared.
     int CompareUnder(std::string_view filter) {
-        const SelectedTaxa taxa = Selected(filter);
+        const selection::SelectedTaxa taxa = Selected(filter);
         TaxonLookUps lookUps(set.db(), taxa, [] { return true; });
         int compared = 0;
         for (const auto rows = set.db().CreateSnapshot("SELECT * FROM qb_taxonomic_units"); !rows->Eof();
@@ -158,7 +158,7 @@ TEST_F(LookUps, GiveWhatTheQueriesGiveUnderTheJournal) {
 }
 
 TEST_F(LookUps, GiveWhatTheQueriesGiveUnderACondition) {
-    const int compared = CompareUnder(ColumnClause("usage", "=", "invalid"));
+    const int compared = CompareUnder(selection::ColumnClause("usage", "=", "invalid"));
     EXPECT_EQ(compared, CountTaxa("usage = 'invalid'"));
     EXPECT_GT(compared, 3);
 }

@@ -95,15 +95,15 @@ protected:
 TEST_F(ManyTaxa, AreToldTheSameUnderAFilterThatLetsAllThrough) {
     Spoil();
     EXPECT_EQ(Validate(), Findings());
-    EXPECT_EQ(Validate(ColumnClause("rank_id", ">", "180")), Findings());
-    EXPECT_EQ(Validate(ColumnClause("qb_id", ">", "8999")), Findings());
+    EXPECT_EQ(Validate(selection::ColumnClause("rank_id", ">", "180")), Findings());
+    EXPECT_EQ(Validate(selection::ColumnClause("qb_id", ">", "8999")), Findings());
     Run("INSERT INTO journal (qb_id) SELECT qb_id FROM qb_taxonomic_units WHERE rank_id > 180");
     EXPECT_EQ(Validate("journal"), Findings());
 }
 
 // 8192 of each of taxon, author, publication, vernacular, its reference and jurisdiction.
 TEST_F(ManyTaxa, CountWithAllThatHangsOnThem) {
-    const ValidationResult result = ValidateInto(ColumnClause("rank_id", "=", "220"));
+    const ValidationResult result = ValidateInto(selection::ColumnClause("rank_id", "=", "220"));
     EXPECT_FALSE(result.errors);
     EXPECT_EQ(set.state.gValidatedTotal, 6 * kTaxa);
     EXPECT_EQ(set.state.gRecordsDone, 6 * kTaxa) << "links in place of the references of vernaculars";
@@ -112,8 +112,9 @@ TEST_F(ManyTaxa, CountWithAllThatHangsOnThem) {
 TEST_F(ManyTaxa, LeaveNoLongStretchWithoutATurn) {
     Spoil();
     for (const std::string& filter :
-         {std::string(kNoFilter), ColumnClause("rank_id", ">", "180"), ColumnClause("qb_id", "=", "9000"),
-          ColumnClause("qb_id", ">", "3000"), ColumnClause("usage", "=", "nothing")}) {
+         {std::string(selection::kNoFilter), selection::ColumnClause("rank_id", ">", "180"),
+          selection::ColumnClause("qb_id", "=", "9000"), selection::ColumnClause("qb_id", ">", "3000"),
+          selection::ColumnClause("usage", "=", "nothing")}) {
         testkit::TurnMeter meter(set.state);
         meter.Watch();
         EXPECT_TRUE(ValidateWith(meter, filter).ran);

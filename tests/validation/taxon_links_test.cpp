@@ -61,7 +61,7 @@ TEST_F(SynonymLinks, AcceptedNameThatDoesNotExistIsNamed) {
     TaxonRow row;
     row.qb_id = 3;
     row.unit_name1 = "Alpha";
-    TaxonLookUps lookUps(set.db(), Selected(kNoFilter), [] { return true; });
+    TaxonLookUps lookUps(set.db(), Selected(selection::kNoFilter), [] { return true; });
     std::vector<Finding> findings;
     ValidationLog log(set.state, [&](const Finding& finding) { findings.push_back(finding); });
     log.BeginRecord();

@@ -108,7 +108,7 @@ TEST_F(Driver, KingdomOfThePreferencesMustBeTheDataSets) {
 }
 
 TEST_F(Driver, BadConditionIsAMessageAndNoRun) {
-    set.state.gRecordFilter = ColumnClause("nothing", "=", "x");
+    set.state.gRecordFilter = selection::ColumnClause("nothing", "=", "x");
     EXPECT_FALSE(
         ValidateDataSet(set.state, set.engine, {set.prompter, pump, clock, [](double) {}, set.dir.path()})
             .ran);
@@ -238,9 +238,9 @@ TEST_F(Driver, FiltersNarrowTheRun) {
     Run("INSERT INTO journal (qb_id) VALUES (3)");
     const std::string species = OnSpecies({"     at least one reference is required"});
     EXPECT_EQ(Validate("journal"), species);
-    EXPECT_EQ(Validate(ColumnClause("rank_id", "=", "220")), species);
-    EXPECT_EQ(Validate(ColumnClause("unit_name2", "Like", "b*")), species);
-    EXPECT_EQ(Validate(ColumnClause("unit_name2", "=", "none")), "");
+    EXPECT_EQ(Validate(selection::ColumnClause("rank_id", "=", "220")), species);
+    EXPECT_EQ(Validate(selection::ColumnClause("unit_name2", "Like", "b*")), species);
+    EXPECT_EQ(Validate(selection::ColumnClause("unit_name2", "=", "none")), "");
 }
 
 // Few taxa have look-ups of their own, many share those of all.
@@ -262,7 +262,7 @@ TEST_F(Driver, FewTaxaAreToldAsAmongMany) {
                "Vernaculars:  QBID = <17> Vernacular Name = <Moth>  Language = <English>",
                "     a reference is required for an approved vernacular", "ID = 17  Name = Gamma",
                "     origin is required for jurisdiction 'Alaska'"});
-    EXPECT_EQ(Validate(ColumnClause("qb_id", "=", "17")), of17);
+    EXPECT_EQ(Validate(selection::ColumnClause("qb_id", "=", "17")), of17);
     Run("INSERT INTO journal (qb_id) VALUES (17)");
     EXPECT_EQ(Validate("journal"), of17);
     for (int qb_id = 1; qb_id <= 20; ++qb_id) {
@@ -278,7 +278,7 @@ TEST_F(Driver, AuthorIsToldOnceATaxonUnderAFilter) {
     Run("UPDATE qb_taxon_authors_lookup SET kingdom_id = Null");
     const std::string finding = Lines({"Author ID = 1  Name = Smith, 1900", "     a kingdom is required"});
     EXPECT_EQ(Validate(), finding);
-    EXPECT_EQ(Validate(ColumnClause("rank_id", ">", "10")), finding + finding);
+    EXPECT_EQ(Validate(selection::ColumnClause("rank_id", ">", "10")), finding + finding);
 }
 
 TEST_F(Driver, FindingsKnowTheirRecordAndTheirLine) {

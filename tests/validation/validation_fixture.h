@@ -9,9 +9,9 @@
 #include <string_view>
 #include <vector>
 
+#include "selection/record_filter.h"
 #include "testkit/testkit.h"
 #include "validation/log_file.h"
-#include "validation/record_filter.h"
 #include "validation/validate_data_set.h"
 
 namespace quillon::validation {
@@ -81,21 +81,21 @@ protected:
                         accepted));
     }
 
-    ValidationResult ValidateInto(std::string_view filter = kNoFilter) {
+    ValidationResult ValidateInto(std::string_view filter = selection::kNoFilter) {
         set.state.gRecordFilter = filter;
         return ValidateDataSet(set.state, set.engine,
                                {set.prompter, pump, clock, [this](double done) { gauge.push_back(done); },
                                 set.dir.path(), [this] { ++completions; }, &marks});
     }
     // The log of a run.
-    std::string Validate(std::string_view filter = kNoFilter) {
+    std::string Validate(std::string_view filter = selection::kNoFilter) {
         ValidateInto(filter);
         return testkit::ReadFile(set.dir.File(kLogName));
     }
     // The taxa under a filter, with their documents.
-    SelectedTaxa Selected(std::string_view filter) {
-        const Continue goOn = [] { return true; };
-        SelectedTaxa taxa(set.db(), filter, goOn);
+    selection::SelectedTaxa Selected(std::string_view filter) {
+        const selection::Continue goOn = [] { return true; };
+        selection::SelectedTaxa taxa(set.db(), filter, goOn);
         taxa.ReachDocuments(set.db(), goOn);
         return taxa;
     }

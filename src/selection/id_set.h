@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-namespace quillon::validation {
+namespace quillon::selection {
 
 class IdSet {
 public:
@@ -60,4 +60,4 @@ private:
     std::vector<std::pair<std::string, IdSet>> byPrefix_;
 };
 
-}  // namespace quillon::validation
+}  // namespace quillon::selection

@@ -6,10 +6,10 @@
 #include <string>
 #include <string_view>
 
+#include "selection/selected_taxa.h"
 #include "store/row_stream.h"
-#include "validation/selected_taxa.h"
 
-namespace quillon::validation {
+namespace quillon::selection {
 
 class SelectedRows {
 public:
@@ -35,4 +35,4 @@ private:
     store::RowStream rows_;
 };
 
-}  // namespace quillon::validation
+}  // namespace quillon::selection

@@ -1,11 +1,11 @@
-#include "validation/selected_taxa.h"
+#include "selection/selected_taxa.h"
 
 #include <fmt/format.h>
 
 #include "core/text.h"
-#include "validation/record_filter.h"
+#include "selection/record_filter.h"
 
-namespace quillon::validation {
+namespace quillon::selection {
 
 namespace {
 
@@ -97,4 +97,4 @@ void SelectedTaxa::ReachDocuments(store::Database& database, const Continue& goO
         if (Has(links.Long(0))) documents_.Add(links.Text(1), Id(links, 2));
 }
 
-}  // namespace quillon::validation
+}  // namespace quillon::selection

@@ -13,11 +13,11 @@
 #include <utility>
 #include <vector>
 
+#include "selection/id_set.h"
 #include "store/engine.h"
 #include "store/row_stream.h"
-#include "validation/id_set.h"
 
-namespace quillon::validation {
+namespace quillon::selection {
 
 // Called for each row that is read; false ends the reading.
 using Continue = std::function<bool()>;
@@ -73,4 +73,4 @@ private:
     DocumentLinks documents_;
 };
 
-}  // namespace quillon::validation
+}  // namespace quillon::selection

@@ -1,4 +1,4 @@
-#include "validation/record_filter.h"
+#include "selection/record_filter.h"
 
 #include <fmt/format.h>
 
@@ -8,7 +8,7 @@
 
 #include "core/text.h"
 
-namespace quillon::validation {
+namespace quillon::selection {
 
 namespace {
 
@@ -129,4 +129,4 @@ std::string ConditionOf(std::string_view filter) {
     return RunnableFilter(filter).substr(kWhere.size());
 }
 
-}  // namespace quillon::validation
+}  // namespace quillon::selection

@@ -11,11 +11,9 @@
 #include <string>
 #include <string_view>
 
-#include "core/application_state.h"
 #include "store/engine.h"
-#include "validation/selected_taxa.h"
 
-namespace quillon::validation {
+namespace quillon::selection {
 
 inline constexpr std::string_view kNoFilter = "none";
 inline constexpr std::string_view kJournalFilter = "journal";
@@ -47,10 +45,4 @@ std::string RunnableFilter(std::string_view filter);
 // The condition of a clause, ready to stand in a select.
 std::string ConditionOf(std::string_view filter);
 
-// Sets gRecordsTotal, the rows that an export visits, and gValidatedTotal, those that validation visits, for
-// the taxa under gRecordFilter. Reference links count in neither; a document counts once a link. It reaches
-// the documents of `taxa` when that has not been done. `goOn` is as SelectedTaxa takes it.
-void CountBatchRecords(ApplicationState& state, store::Database& database, SelectedTaxa& taxa,
-                       const Continue& goOn);
-
-}  // namespace quillon::validation
+}  // namespace quillon::selection

@@ -1,11 +1,11 @@
-#include "validation/id_set.h"
+#include "selection/id_set.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdint>
 #include <limits>
 
-namespace quillon::validation {
+namespace quillon::selection {
 namespace {
 
 constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
@@ -56,4 +56,4 @@ TEST(DocumentSets, TellPrefixesApartAsTheStoreDoes) {
 }
 
 }  // namespace
-}  // namespace quillon::validation
+}  // namespace quillon::selection

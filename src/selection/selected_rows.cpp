@@ -1,8 +1,8 @@
-#include "validation/selected_rows.h"
+#include "selection/selected_rows.h"
 
 #include <fmt/format.h>
 
-namespace quillon::validation {
+namespace quillon::selection {
 
 namespace {
 
@@ -58,4 +58,4 @@ int SelectedRows::Visits() const {
     return 0;
 }
 
-}  // namespace quillon::validation
+}  // namespace quillon::selection

@@ -1,10 +1,10 @@
-#include "validation/id_set.h"
+#include "selection/id_set.h"
 
 #include <algorithm>
 
 #include "core/text.h"
 
-namespace quillon::validation {
+namespace quillon::selection {
 
 namespace {
 
@@ -89,4 +89,4 @@ IdSet DocumentSet::AllIds() const {
     return all;
 }
 
-}  // namespace quillon::validation
+}  // namespace quillon::selection

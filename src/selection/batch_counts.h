@@ -1,0 +1,17 @@
+// How many rows a validation or an export is about to visit: what 100 per cent of its gauge stands for. The
+// driver of a validation and the tagged export call it before they begin.
+#pragma once
+
+#include "core/application_state.h"
+#include "selection/selected_taxa.h"
+#include "store/engine.h"
+
+namespace quillon::selection {
+
+// Sets gRecordsTotal, the rows that an export visits, and gValidatedTotal, those that validation visits, for
+// the taxa under gRecordFilter. Reference links count in neither; a document counts once for each link. Reads
+// the documents of `taxa` when that has not been done. `goOn` is as SelectedTaxa takes it.
+void CountBatchRecords(ApplicationState& state, store::Database& database, SelectedTaxa& taxa,
+                       const Continue& goOn);
+
+}  // namespace quillon::selection
