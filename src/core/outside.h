@@ -15,10 +15,16 @@ public:
     virtual ~Prompter() = default;
     // A message box with an OK button. `title` may be empty.
     virtual void Message(std::string_view text, std::string_view title = {}) = 0;
-    // The same with the stop icon.
+    // The same with the warning icon: something failed or was refused.
+    virtual void WarningMessage(std::string_view text, std::string_view title = {}) { Message(text, title); }
+    // The same with the stop icon: the program, or one of its files, is broken.
     virtual void StopMessage(std::string_view text, std::string_view title) { Message(text, title); }
-    // A question with Yes and No; true for Yes.
+    // A question with Yes and No; true for Yes. Return answers Yes.
     virtual bool AskYesNo(std::string_view text, std::string_view title) = 0;
+    // A question whose Yes overwrites, deletes or loses something. Return answers No.
+    virtual bool AskBeforeLoss(std::string_view text, std::string_view title) {
+        return AskYesNo(text, title);
+    }
     // A file to open, or nothing when the user cancels. The filter is "Name (*.x)|*.x|..." with pairs split
     // by bars.
     virtual std::optional<std::string> FileToOpen(std::string_view title, std::string_view filter) = 0;

@@ -31,6 +31,23 @@ public:
     ArrowCursor& operator=(const ArrowCursor&) = delete;
 };
 
+void ShowMessage(QMessageBox::Icon icon, std::string_view text, std::string_view title, QWidget* above) {
+    const ArrowCursor arrow;
+    QMessageBox box(icon, {}, {}, QMessageBox::Ok, above);
+    SetUp(box, text, title);
+    box.exec();
+}
+
+// `usual` is the answer that Return gives.
+bool Ask(std::string_view text, std::string_view title, QMessageBox::StandardButton usual, QWidget* above) {
+    const ArrowCursor arrow;
+    QMessageBox box(QMessageBox::Question, {}, {}, QMessageBox::Yes | QMessageBox::No, above);
+    SetUp(box, text, title);
+    box.setDefaultButton(usual);
+    box.setEscapeButton(QMessageBox::No);
+    return box.exec() == QMessageBox::Yes;
+}
+
 }  // namespace
 
 DesktopPrompter::~DesktopPrompter() {
@@ -71,25 +88,23 @@ QStringList DesktopPrompter::Forms() const {
 }
 
 void DesktopPrompter::Message(std::string_view text, std::string_view title) {
-    const ArrowCursor arrow;
-    QMessageBox box(QMessageBox::Information, {}, {}, QMessageBox::Ok, Above());
-    SetUp(box, text, title);
-    box.exec();
+    ShowMessage(QMessageBox::Information, text, title, Above());
+}
+
+void DesktopPrompter::WarningMessage(std::string_view text, std::string_view title) {
+    ShowMessage(QMessageBox::Warning, text, title, Above());
 }
 
 void DesktopPrompter::StopMessage(std::string_view text, std::string_view title) {
-    const ArrowCursor arrow;
-    QMessageBox box(QMessageBox::Critical, {}, {}, QMessageBox::Ok, Above());
-    SetUp(box, text, title);
-    box.exec();
+    ShowMessage(QMessageBox::Critical, text, title, Above());
 }
 
 bool DesktopPrompter::AskYesNo(std::string_view text, std::string_view title) {
-    const ArrowCursor arrow;
-    QMessageBox box(QMessageBox::Question, {}, {}, QMessageBox::Yes | QMessageBox::No, Above());
-    SetUp(box, text, title);
-    box.setEscapeButton(QMessageBox::No);
-    return box.exec() == QMessageBox::Yes;
+    return Ask(text, title, QMessageBox::Yes, Above());
+}
+
+bool DesktopPrompter::AskBeforeLoss(std::string_view text, std::string_view title) {
+    return Ask(text, title, QMessageBox::No, Above());
 }
 
 std::optional<std::string> DesktopPrompter::FileToOpen(std::string_view title, std::string_view filter) {

@@ -16,9 +16,19 @@ void ScriptedPrompter::Message(std::string_view text, std::string_view title) {
     titles.emplace_back(title);
 }
 
+void ScriptedPrompter::WarningMessage(std::string_view text, std::string_view title) {
+    warnings.emplace_back(text);
+    Message(text, title);
+}
+
 void ScriptedPrompter::StopMessage(std::string_view text, std::string_view title) {
     stops.emplace_back(text);
     Message(text, title);
+}
+
+bool ScriptedPrompter::AskBeforeLoss(std::string_view text, std::string_view title) {
+    losses.emplace_back(text);
+    return AskYesNo(text, title);
 }
 
 bool ScriptedPrompter::AskYesNo(std::string_view text, std::string_view title) {

@@ -25,16 +25,20 @@ public:
     std::deque<std::optional<std::string>> filesToOpen, filesToSave;
 
     std::vector<std::string> messages;   // the texts of message boxes
+    std::vector<std::string> warnings;   // those of them with the warning icon
     std::vector<std::string> stops;      // those of them with the stop icon
     std::vector<std::string> titles;     // of message boxes and questions, in order
     std::vector<std::string> questions;  // the texts of Yes or No questions
+    std::vector<std::string> losses;     // those of them that Return answers with No
     std::vector<std::string> fileTitles, fileFilters;
     std::vector<std::string> filesOffered;  // the paths that dialogs for saving began with
     std::vector<std::string> forms;         // shown modally
 
     void Message(std::string_view text, std::string_view title) override;
+    void WarningMessage(std::string_view text, std::string_view title) override;
     void StopMessage(std::string_view text, std::string_view title) override;
     bool AskYesNo(std::string_view text, std::string_view title) override;
+    bool AskBeforeLoss(std::string_view text, std::string_view title) override;
     std::optional<std::string> FileToOpen(std::string_view title, std::string_view filter) override;
     std::optional<std::string> FileToSave(std::string_view title, std::string_view filter,
                                           bool overwritePrompt, std::string_view suggested) override;

@@ -134,6 +134,17 @@ TEST(DesktopPrompter, ShowsMessagesAsPlainText) {
     prompter.Message("<b>one</b>\rtwo", "");
 }
 
+TEST(DesktopPrompter, AWarningHasTheWarningIcon) {
+    DesktopPrompter prompter;
+    WhenModal([](QWidget& modal) {
+        auto& box = dynamic_cast<QMessageBox&>(modal);
+        EXPECT_EQ(box.icon(), QMessageBox::Warning);
+        EXPECT_EQ(box.text(), "Failed to write.");
+        QTest::keyClick(&modal, Qt::Key_Return);
+    });
+    prompter.WarningMessage("Failed to write.", "");
+}
+
 TEST(DesktopPrompter, AStopMessageHasTheStopIcon) {
     DesktopPrompter prompter;
     WhenModal([](QWidget& modal) {
@@ -155,6 +166,20 @@ TEST(DesktopPrompter, AsksYesOrNo) {
     EXPECT_TRUE(prompter.AskYesNo("Continue?", "Update Dataset"));
     WhenModal([](QWidget& modal) { QTest::keyClick(&modal, Qt::Key_Escape); });
     EXPECT_FALSE(prompter.AskYesNo("Continue?", "Update Dataset"));
+}
+
+TEST(DesktopPrompter, ReturnAnswersYesUnlessYesLosesSomething) {
+    DesktopPrompter prompter;
+    const auto pressReturn = [](QWidget& modal) {
+        EXPECT_EQ(dynamic_cast<QMessageBox&>(modal).icon(), QMessageBox::Question);
+        QTest::keyClick(&modal, Qt::Key_Return);
+    };
+    WhenModal(pressReturn);
+    EXPECT_TRUE(prompter.AskYesNo("Continue?", "Update Dataset"));
+    WhenModal(pressReturn);
+    EXPECT_FALSE(prompter.AskBeforeLoss("Overwrite?", "Save As"));
+    WhenModal([](QWidget& modal) { dynamic_cast<QMessageBox&>(modal).button(QMessageBox::Yes)->click(); });
+    EXPECT_TRUE(prompter.AskBeforeLoss("Overwrite?", "Save As"));
 }
 
 TEST(DesktopPrompter, TheWaitCursorGoesOnAndOffOnce) {
