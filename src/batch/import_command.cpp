@@ -6,16 +6,12 @@
 #include <string_view>
 
 #include "batch/session.h"
+#include "import/import_form.h"
 #include "import/tagged_import.h"
 
 namespace quillon::batch {
 
 namespace {
-
-constexpr std::string_view kNotEmptyTitle = "Importing into existing DataSet";
-constexpr std::string_view kNotEmpty =
-    "You will be importing into a non-empty DataSet.\rIf the imported data contains a Kingdom record,\r"
-    "the existing Kingdom record will be deleted \rfrom the DataSet. Continue?";
 
 // What a new DataSet has rows in, beside its root taxon.
 constexpr std::array<std::string_view, 4> kSeeded = {"kingdoms", "taxonomic_unit_types", "db_control",
@@ -45,20 +41,23 @@ ExitStatus RunImport(const CommonOptions& options, const std::string& path, cons
         return ExitStatus::Failed;
     }
     session.state.gDataSetIsNew = HoldsOnlySeedRows(*session.state.gDatabase);
-    if (!session.state.gDataSetIsNew && !session.prompter.AskYesNo(kNotEmpty, kNotEmptyTitle))
-        return ExitStatus::Failed;
+    if (!importing::MayImport(session.state, session.prompter)) return ExitStatus::Failed;
     ProgressLine progress(options.progress);
     importing::TaggedImport import(session.state, session.engine, session.prompter, session.pump,
                                    [&](double percent) { progress.Show(percent); });
-    const importing::ImportResult result = import.Run(file, options.workDir);
-    session.lifecycle.CloseDataSet();
-    if (result.canceled || !result.completed) {
-        if (result.canceled) session.prompter.Message(importing::kImportCanceled, "");
-        return ExitStatus::Failed;
-    }
-    session.prompter.Message(
-        result.errors ? "Import Complete -- Errors Occurred." : importing::kImportComplete, "");
-    return result.errors ? ExitStatus::Findings : ExitStatus::Done;
+    import.Failed = [&](const importing::Failure& failure) {
+        session.prompter.Message(importing::TextOf(failure), "");
+};
+const importing::ImportResult result = import.Run(file, options.workDir);
+session.lifecycle.CloseDataSet();
+if (result.canceled || !result.completed) {
+    if (result.canceled) session.prompter.Message(importing::kImportCanceled, "");
+    return ExitStatus::Failed;
 }
+for (const std::string& note : result.notes) session.prompter.Message(note, "");
+session.prompter.Message(result.errors ? "Import Complete -- Errors Occurred." : importing::kImportComplete,
+                         "");
+return result.errors ? ExitStatus::Findings : ExitStatus::Done;
+}  // namespace quillon::batch
 
 }  // namespace quillon::batch

@@ -1,21 +1,22 @@
 #include "import/byte_source.h"
 
+#include <sys/stat.h>
+
 #include <algorithm>
-#include <filesystem>
-#include <system_error>
 
 namespace quillon::importing {
 
-FileSource::FileSource(const std::string& path) : path_(path), file_(std::fopen(path.c_str(), "rb")) {
+FileSource::FileSource(const std::string& path) : FileSource(path, std::fopen(path.c_str(), "rb")) {}
+
+FileSource::FileSource(const std::string& path, std::FILE* file) : path_(path), file_(file) {
     if (!file_) throw ReadError("File " + path + " cannot be opened!");
-    // The line reader goes over the bytes twice, which a pipe does not allow; nothing is taken out of it.
-    if (std::fseek(file_.get(), 0, SEEK_SET) != 0) throw ReadError("File " + path + " cannot be read!");
-    std::error_code error;
-    const auto size = std::filesystem::file_size(path, error);
-    // A device has no size; the gauge then stands still, and the lines are read all the same.
-    if (!error) size_ = static_cast<std::int64_t>(size);
+    struct stat info {};
+    if (fstat(fileno(file_.get()), &info) != 0 || !S_ISREG(info.st_mode))
+        throw ReadError("File " + path + " cannot be read!");
+    size_ = info.st_size;
     // The line reader takes large blocks; a buffer between them and the file would only copy.
     std::setvbuf(file_.get(), nullptr, _IONBF, 0);
+    Rewind();
 }
 
 std::size_t FileSource::Read(char* buffer, std::size_t size) {

@@ -1,5 +1,5 @@
-// Where an import reads its bytes: a file, or memory for tests and fuzzing. Nothing here knows of lines or
-// text.
+// Where an import reads its bytes: a file, or memory for tests and fuzzing. A pipe or device is read to its
+// end first (spooled_source.h). Nothing here knows of lines or text.
 #pragma once
 
 #include <cstddef>
@@ -30,8 +30,10 @@ public:
 
 class FileSource : public ByteSource {
 public:
-    // Throws ReadError when the file cannot be opened, or is a pipe.
+    // Throws ReadError when the file cannot be opened or is no plain file.
     explicit FileSource(const std::string& path);
+    // Takes over an open file, which `path` names in messages.
+    FileSource(const std::string& path, std::FILE* file);
     std::size_t Read(char* buffer, std::size_t size) override;
     void Rewind() override;
     std::int64_t Size() const override { return size_; }

@@ -1,11 +1,13 @@
-// Ids into ids: vernacular names, parents, authors, accepted names.
+// Resolves the ids of parents, authors and accepted names, and fills in vernacular names.
 #include "import/cross_references.h"
 
+#include <algorithm>
 #include <limits>
 #include <optional>
-#include <string>
+#include <vector>
 
 #include "store/map_function.h"
+#include "store/statement_turns.h"
 
 namespace quillon::importing {
 
@@ -16,22 +18,15 @@ constexpr std::string_view kFillVernacularNames =
     "(SELECT v.vernacular_name FROM qb_vernaculars AS v WHERE v.qb_vern_id = qb_vern_ref_links.qb_vern_id) "
     "WHERE vernacular_name IS NULL";
 
-// One walk over all taxa: the authors of any row, the parents of the rows that this file made known.
+// The authors and parents of the rows that this import made; rows that were there before keep theirs.
 constexpr std::string_view kRewriteTaxa =
     "UPDATE qb_taxonomic_units SET "
     "qb_taxon_author_id = import_author(qb_taxon_author_id), "
     "hybrid_author_id = import_author(hybrid_author_id), "
-    "parent_qb_id = CASE WHEN import_has_taxon(qb_id) THEN import_parent(qb_id) ELSE parent_qb_id END "
-    "WHERE import_has_taxon(qb_id) OR import_author(qb_taxon_author_id) <> qb_taxon_author_id "
-    "OR import_author(hybrid_author_id) <> hybrid_author_id";
+    "parent_qb_id = import_parent(qb_id) "
+    "WHERE import_has_taxon(qb_id) AND qb_id BETWEEN ";  // the first and the last of them
 
-constexpr std::string_view kOpenSynonymLinks =
-    "SELECT qb_id, qb_id_accepted, tsn_accepted FROM qb_synonym_links "
-    "WHERE qb_id_accepted = -1 OR tsn_accepted Is Null ORDER BY qb_id, qb_id_accepted;";
-constexpr std::string_view kSetTsnAccepted =
-    "PARAMETERS theid Long, theaccepted Long, found Long; UPDATE qb_synonym_links SET tsn_accepted = found "
-    "WHERE qb_id = theid AND qb_id_accepted = theaccepted;";
-constexpr std::string_view kSetIdAccepted =
+constexpr std::string_view kSetAccepted =
     "PARAMETERS theid Long, theaccepted Long, found Long; UPDATE qb_synonym_links SET qb_id_accepted = found "
     "WHERE qb_id = theid AND qb_id_accepted = theaccepted;";
 
@@ -90,18 +85,23 @@ private:
 }  // namespace
 
 void CrossReferences::FillVernacularNames() {
+    stage_("Filling in vernacular names");
+    const store::StatementTurns turns(run_.Db(), [this] { return turns_.GoOn(); });
     store::ExecuteNative(run_.Db(), kFillVernacularNames);
 }
 
 void CrossReferences::ResolveCrossReferences() {
-    const bool hasTaxa = !run_.maps.taxa.Empty();
-    if (hasTaxa || !run_.maps.authors.Empty()) {
-        ResolveParents();
-        RewriteTaxa();
-    }
+    const store::StatementTurns turns(run_.Db(), [this] { return turns_.GoOn(); });
+    stage_("Resolving parents and authors");
+    ResolveParents();
+    RewriteTaxa();
     // From here on rows are looked up by other than their keys.
+    stage_("Building indexes");
     load_.BuildIndexes();
-    if (hasTaxa) ResolveSynonymLinks();
+    MoveChildrenOfKingdoms();
+    stage_("Resolving synonyms");
+    ResolveSynonymLinks();
+    stage_("Removing what has no record");
     RemoveMissingTaxa();
     RemoveUnlinkedComments();
     RemoveUnlinkedDocuments();
@@ -110,6 +110,7 @@ void CrossReferences::ResolveCrossReferences() {
 
 void CrossReferences::ResolveParents() {
     for (TaxonRow& row : run_.maps.taxa) {
+        turns_.Take();
         if (row.isOwnParent) continue;
         const std::int32_t parentKey = row.parent_qb_id != 0 ? row.parent_qb_id : row.parent_tsn;
         if (parentKey == 0) continue;
@@ -119,42 +120,61 @@ void CrossReferences::ResolveParents() {
 }
 
 void CrossReferences::RewriteTaxa() {
-    const MapFunctions functions(run_.Db(), run_.maps);
-    store::ExecuteNative(run_.Db(), kRewriteTaxa);
+    const IdMaps& maps = run_.maps;
+    if (maps.taxa.Empty()) return;
+    const std::int32_t first = maps.taxa[0].newId;
+    const std::int32_t last = maps.taxa[static_cast<RowPlace>(maps.taxa.Size() - 1)].newId;
+    const MapFunctions functions(run_.Db(), maps);
+    store::ExecuteNative(run_.Db(),
+                         std::string(kRewriteTaxa) + std::to_string(first) + " AND " + std::to_string(last));
 }
 
-std::vector<CrossReferences::SynonymLink> CrossReferences::OpenSynonymLinks() {
-    std::vector<SynonymLink> links;
-    const auto rows = run_.Db().OpenRecordset(kOpenSynonymLinks, store::RecordsetType::ForwardOnly);
-    for (; !rows->Eof(); rows->MoveNext())
-        links.push_back({rows->At(0).AsLong(), rows->At(1).AsLong(), rows->At(2)});
-    return links;
+// The children of a Kingdom record that was replaced are those of the new one.
+void CrossReferences::MoveChildrenOfKingdoms() {
+    for (const std::int32_t qb_id : run_.replacedKingdoms) {
+        turns_.Take();
+        store::ExecuteNative(
+            run_.Db(), "UPDATE qb_taxonomic_units SET parent_qb_id = " + std::to_string(run_.newKingdom) +
+                           " WHERE parent_qb_id = " + std::to_string(qb_id));
+    }
 }
 
+// Each finding names the id that the link lacks.
 void CrossReferences::ResolveSynonymLinks() {
-    for (const SynonymLink& link : OpenSynonymLinks()) {
-        events_.Yield();
-        ResolveSynonymLink(link);
+    std::vector<OpenSynonymLink>& links = run_.openSynonyms;
+    std::sort(links.begin(), links.end(), [](const OpenSynonymLink& left, const OpenSynonymLink& right) {
+        return std::pair(left.qb_id, left.qb_id_accepted) < std::pair(right.qb_id, right.qb_id_accepted);
+    });
+    // A new id may be the file's id of another link of the same taxon. So that no link ever takes the key of
+    // another, the ids pass through numbers that no file has.
+    std::vector<std::pair<const OpenSynonymLink*, std::int32_t>> found;
+    std::int32_t between = std::numeric_limits<std::int32_t>::min();
+    for (const OpenSynonymLink& link : links) {
+        turns_.Take();
+        const bool hasId = link.qb_id_accepted != -1;
+        const std::int32_t accepted = run_.maps.MapTaxonId(hasId ? link.qb_id_accepted : link.tsn_accepted);
+        if (accepted == -1) {
+            const std::string tsn = link.tsn_accepted == 0 ? "" : std::to_string(link.tsn_accepted);
+            run_.Report(hasId ? "The accepted id  <accepted tsn=" + tsn + "> was not found in synonym link."
+                              : "The accepted tsn  <accepted id=-1> was not found in synonym link.");
+        } else if (accepted != link.qb_id_accepted) {
+            found.emplace_back(&link, accepted);
+            run_.Guarded([&] { SetAccepted(link.qb_id, link.qb_id_accepted, between++); });
+        }
+    }
+    between = std::numeric_limits<std::int32_t>::min();
+    for (const auto& [link, accepted] : found) {
+        turns_.Take();
+        const std::int32_t from = between++;
+        if (run_.Guarded([&, id = accepted] { SetAccepted(link->qb_id, from, id); })) continue;
+        // Another link of the taxon leads there already.
+        run_.Guarded([&] { SetAccepted(link->qb_id, from, link->qb_id_accepted); });
     }
 }
 
-void CrossReferences::ResolveSynonymLink(const SynonymLink& link) {
-    const bool hasAccepted = link.qb_id_accepted != -1;
-    const auto key = AsKey(hasAccepted ? link.qb_id_accepted : link.tsn_accepted.AsLong());
-    const RowPlace taxon = key ? run_.maps.taxa.Find(*key) : kNoRow;
-    if (taxon == kNoRow) {
-        // Each sentence names the other id, the one that there is none of.
-        return run_.Report(hasAccepted
-                               ? "The accepted id  <accepted tsn=" + link.tsn_accepted.AsText() +
-                                     "> was not found in synonym link."
-                               : "The accepted tsn  <accepted id=" + std::to_string(link.qb_id_accepted) +
-                                     "> was not found in synonym link.");
-    }
-    run_.Guarded([&] {
-        store::QueryDef query = run_.Db().CreateQueryDef("", hasAccepted ? kSetTsnAccepted : kSetIdAccepted);
-        query.Set("theid", link.qb_id).Set("theaccepted", link.qb_id_accepted);
-        query.Set("found", run_.maps.taxa[taxon].newId).Execute();
-    });
+void CrossReferences::SetAccepted(std::int32_t qb_id, std::int32_t from, std::int32_t to) {
+    store::QueryDef query = run_.Db().CreateQueryDef("", kSetAccepted);
+    query.Set("theid", qb_id).Set("theaccepted", from).Set("found", to).Execute();
 }
 
 }  // namespace quillon::importing

@@ -1,39 +1,41 @@
 // The closing pass of a tagged import: turns the file's ids of parents, authors and accepted names into ids
 // of this DataSet, and removes and reports what the file left unmatched. Called once, after the last line.
+//
+// It takes a turn at each row and within each long statement.
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
-#include <vector>
+#include <string_view>
+#include <utility>
 
-#include "core/outside.h"
 #include "import/import_run.h"
+#include "import/import_turns.h"
 
 namespace quillon::importing {
 
 class CrossReferences {
 public:
-    CrossReferences(ImportRun& run, store::BulkLoad& load, EventPump& events)
-        : run_(run), load_(load), events_(events) {}
+    // Takes the name of the stage that begins.
+    using Stage = std::function<void(std::string_view)>;
+
+    CrossReferences(ImportRun& run, store::BulkLoad& load, const ImportTurns& turns, Stage stage)
+        : run_(run), load_(load), turns_(turns), stage_(std::move(stage)) {}
 
     // Fills in the vernacular names that links lack, and then resolves. Throws StoreError when a table cannot
-    // be walked or rewritten; a failed deletion or link is told, and the pass goes on.
+    // be walked or rewritten; a failed deletion or link is reported, and the pass goes on.
     void FillVernacularNames();
     void ResolveCrossReferences();
 
 private:
     // How the closing pass speaks of a kind of document and deletes it.
     struct DocumentKind;
-    struct SynonymLink {
-        std::int64_t qb_id, qb_id_accepted;
-        Value tsn_accepted;
-    };
-
     void ResolveParents();
     void RewriteTaxa();
     void ResolveSynonymLinks();
-    std::vector<SynonymLink> OpenSynonymLinks();
-    void ResolveSynonymLink(const SynonymLink& link);
+    void SetAccepted(std::int32_t qb_id, std::int32_t from, std::int32_t to);
+    void MoveChildrenOfKingdoms();
     void RemoveMissingTaxa();
     void RemoveUnlinkedComments();
     void RemoveUnlinkedDocuments();
@@ -45,7 +47,8 @@ private:
 
     ImportRun& run_;
     store::BulkLoad& load_;
-    EventPump& events_;
+    const ImportTurns& turns_;
+    Stage stage_;
 };
 
 }  // namespace quillon::importing

@@ -51,7 +51,7 @@ std::int32_t CrossReferences::TaxonId(RowPlace taxon) const {
 void CrossReferences::RemoveMissingTaxa() {
     for (const TaxonRow& row : run_.maps.taxa) {
         if (!row.KnownOnlyFromReferences()) continue;
-        events_.Yield();
+        turns_.Take();
         run_.Report(Bracketed("The taxonomic unit record for Imported record ", std::to_string(row.key),
                               " was not found!"));
         records::DeleteTaxon(run_.records, {row.newId, 0, {}}, false);
@@ -61,7 +61,7 @@ void CrossReferences::RemoveMissingTaxa() {
 void CrossReferences::RemoveUnlinkedComments() {
     for (const LinkedRow& row : run_.maps.comments) {
         if (row.ownLineSeen && row.linkLineSeen) continue;
-        events_.Yield();
+        turns_.Take();
         const std::string key = std::to_string(row.key);
         if (row.ownLineSeen) {
             run_.Report(
@@ -78,7 +78,7 @@ void CrossReferences::RemoveUnlinkedComments() {
 void CrossReferences::RemoveUnlinked(const KeyedRows<LinkedRow>& rows, const DocumentKind& kind) {
     for (const LinkedRow& row : rows) {
         if (row.ownLineSeen && row.linkLineSeen) continue;
-        events_.Yield();
+        turns_.Take();
         const std::string key = std::to_string(row.key);
         if (row.ownLineSeen) {
             run_.Report(Bracketed("The Imported " + std::string(kind.record) + " record", key,
@@ -98,7 +98,7 @@ void CrossReferences::RemoveUnlinked(const KeyedRows<LinkedRow>& rows, const Doc
 void CrossReferences::RemoveUnlinkedTracks() {
     for (const TrackRow& row : run_.maps.changeTracks) {
         if (row.operationSeen && row.trackSeen) continue;
-        events_.Yield();
+        turns_.Take();
         const std::string taxon = TaxonKey(row.taxon);
         if (row.operationSeen) {
             run_.Report(Bracketed("An Imported Change Operation or Change Comment record for taxon ", taxon,

@@ -29,6 +29,8 @@ public:
     std::string_view Field() const { return field_; }
     // True when nothing stands after the delimiter of the current field.
     bool AtEnd() const { return start_ >= line_.size(); }
+    // What stands after the delimiter of the current field.
+    std::string_view Rest() const { return AtEnd() ? std::string_view() : line_.substr(start_); }
     // True when a delimiter closes one more field.
     bool HasNext() const { return line_.find(delimiter_, start_) != std::string_view::npos; }
 

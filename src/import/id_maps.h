@@ -11,11 +11,14 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <limits>
+#include <map>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
+
+#include "import/seeded_hash.h"
 
 namespace quillon::importing {
 
@@ -53,9 +56,9 @@ private:
     // neighbours: files give ids in order, and what lies together is in the processor's cache together.
     std::size_t SlotOf(std::int32_t key) const {
         const auto id = static_cast<std::uint32_t>(key);
-        const std::uint64_t mixed = (id / 16) * std::uint64_t{0x9E3779B97F4A7C15};
         const std::size_t mask = slots_.size() - 1;
-        std::size_t slot = (static_cast<std::size_t>(mixed >> 32) * 16 + id % 16) & mask;
+        std::size_t slot =
+            (static_cast<std::size_t>(SeededHash(std::uint64_t{id / 16})) * 16 + id % 16) & mask;
         while (slots_[slot] != kNoRow && rows_[slots_[slot]].key != key) slot = (slot + 1) & mask;
         return slot;
     }
@@ -88,7 +91,7 @@ struct TaxonRow {
     std::int32_t hybrid_author_id = -1;
     Stored stored = Stored::Placeholder;
     bool isOwnParent = false;   // a Kingdom record: its parent is no id of the file
-    bool isKingdomRow = false;  // a Kingdom record of the file would replace the stored row
+    bool isKingdomRow = false;  // the next Kingdom record of the file replaces the stored row
 
     bool KnownOnlyFromReferences() const {
         return parent_tsn == -1 && parent_qb_id == -1 && author == -1 && hybrid_author_id == -1;
@@ -120,6 +123,10 @@ struct TrackRow {
 struct VernacularRow {
     std::int32_t key = 0;
     std::int32_t newId = 0;
+    // As stored: the taxon, the hash of the name (see VernacularIndex), and the authority's id.
+    std::int32_t qb_id = 0;
+    std::uint64_t name = 0;
+    std::int32_t vern_id = 0;
     Stored stored = Stored::Placeholder;
 };
 
@@ -137,11 +144,7 @@ public:
     std::int32_t Find(std::string_view text) const;
 
 private:
-    struct Hash {
-        using is_transparent = void;
-        std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>()(text); }
-    };
-    std::unordered_map<std::string, std::int32_t, Hash, std::equal_to<>> ids_;
+    std::map<std::string, std::int32_t, std::less<>> ids_;
 };
 
 struct IdMaps {

@@ -1,5 +1,6 @@
 #include "import/import_form.h"
 
+#include <cstddef>
 #include <utility>
 
 namespace quillon::importing {
@@ -12,6 +13,7 @@ constexpr std::string_view kFileFilter =
     "Download Files (*.bin)|*.bin|All Files (*.*)|*.*";
 constexpr std::string_view kCompleteTitle = "Import Complete";
 constexpr std::string_view kCompleteWithErrors = "Import Complete -- Errors Occurred.  View error Log?";
+constexpr std::string_view kCompleteWithFailures = "Import Complete -- Errors Occurred.";
 constexpr std::string_view kNotCompleted = "Import Not Completed -- Errors.  View error Log?";
 
 constexpr std::string_view kExistingTitle = "Importing into existing DataSet";
@@ -20,6 +22,9 @@ constexpr std::string_view kExistingQuestion =
     "If the imported data contains a Kingdom record,\r"
     "the existing Kingdom record will be deleted \r"
     "from the DataSet. Continue?";
+
+// A file can fail line by line; nobody reads more than this.
+constexpr std::size_t kMostListed = 10'000;
 
 }  // namespace
 
@@ -41,6 +46,7 @@ FrmImport::FrmImport(ApplicationState& state, store::Engine& engine, Prompter& p
     cboEnclosure.SetListIndex(0);
     OptAscii.SetEnabled(false);
     OptORVA.SetValue(true);
+    lstFailures.SetVisible(false);
     EnableSymbols();
     OptAscii.OnEdit([this] { EnableSymbols(); });
     OptORVA.OnEdit([this] { EnableSymbols(); });
@@ -55,6 +61,7 @@ void FrmImport::EnableSymbols() {
 }
 
 void FrmImport::Cancel() {
+    if (finished_) return form.Close();
     state_.gBatchCancel = true;
     if (!state_.gBatchRunning) form.Close();
 }
@@ -74,32 +81,50 @@ void FrmImport::RunImport() {
 void FrmImport::ImportFile(const std::string& path) {
     TaggedImport job(state_, engine_, prompter_, events_,
                      [this](double done) { Gauge1.SetValue(static_cast<int>(done)); });
+    std::vector<std::string> failures;
+    std::size_t notListed = 0;
+    job.Failed = [&](const Failure& failure) {
+        if (failures.size() < kMostListed)
+            failures.push_back(TextOf(failure));
+        else
+            ++notListed;
+    };
+    job.Stage = [this](std::string_view stage) { lblStage.SetCaption(stage); };
     const ImportResult result = job.Run(path, workDirectory_);
     if (!result.found) return;
-    if (result.completed)
-        TellCompleted(result);
-    else
-        TellNotCompleted(result);
-    form.Close();
+    ReportEnd(result);
+    if (failures.empty() || result.canceled) return form.Close();
+    if (notListed > 0) failures.push_back(std::to_string(notListed) + " more");
+    ShowFailures(failures);
 }
 
-void FrmImport::TellCompleted(const ImportResult& result) {
-    Gauge1.SetValue(100);
-    if (result.canceled) {
-        prompter_.Message(kImportCanceled);
-    } else if (!result.errors) {
-        prompter_.Message(kImportComplete);
-    } else if (prompter_.AskYesNo(kCompleteWithErrors, kCompleteTitle)) {
-        prompter_.ShowModal("FrmIError");
-    }
+// The form stays, so that they can be read.
+void FrmImport::ShowFailures(const std::vector<std::string>& failures) {
+    for (const std::string& failure : failures) lstFailures.AddItem(failure);
+    lstFailures.SetVisible(true);
+    finished_ = true;
+    cmdOK.SetEnabled(false);
+    cmdCancel.SetCaption("&Close");
 }
 
-void FrmImport::TellNotCompleted(const ImportResult& result) {
-    if (result.canceled) {
-        prompter_.Message(kImportCanceled);
-    } else if (prompter_.AskYesNo(kNotCompleted, kCompleteTitle)) {
-        prompter_.ShowModal("FrmIError");
-    }
+void FrmImport::ReportEnd(const ImportResult& result) {
+    if (result.completed) Gauge1.SetValue(100);
+    lblStage.SetCaption("");
+    if (result.canceled) return prompter_.Message(kImportCanceled);
+    for (const std::string& note : result.notes) prompter_.Message(note);
+    if (!result.errors && result.completed) return prompter_.Message(kImportComplete);
+    ReportErrors(result);
+}
+
+// Without findings there is no log to offer.
+void FrmImport::ReportErrors(const ImportResult& result) {
+    if (result.completed && !result.findings) return prompter_.Message(kCompleteWithFailures);
+    const std::string_view question = result.completed ? kCompleteWithErrors : kNotCompleted;
+    if (prompter_.AskYesNo(question, kCompleteTitle)) prompter_.ShowModal("FrmIError");
+}
+
+bool MayImport(const ApplicationState& state, Prompter& prompter) {
+    return state.gDataSetIsNew || prompter.AskYesNo(kExistingQuestion, kExistingTitle);
 }
 
 ImportOutcome ImportCommand(ApplicationState& state, Prompter& prompter) {
@@ -107,8 +132,7 @@ ImportOutcome ImportCommand(ApplicationState& state, Prompter& prompter) {
         prompter.Message("A DataSet must be open to import data!");
         return ImportOutcome::NotStarted;
     }
-    if (!state.gDataSetIsNew && !prompter.AskYesNo(kExistingQuestion, kExistingTitle))
-        return ImportOutcome::NotStarted;
+    if (!MayImport(state, prompter)) return ImportOutcome::NotStarted;
     prompter.ShowModal("FrmImport");
     return state.gBatchCancel ? ImportOutcome::Canceled : ImportOutcome::Done;
 }

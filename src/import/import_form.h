@@ -1,9 +1,11 @@
 // FrmImport, "Import Data File", and the command that shows it. The form asks for a file, runs the import,
-// and tells how it ended. The window over it is thin: it shows the controls and passes on what the user does.
+// and reports how it ended. Records that could not be stored are listed in it; the form then stays until the
+// user closes it.
 #pragma once
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/application_state.h"
 #include "core/controls.h"
@@ -31,26 +33,29 @@ public:
     LabelControl lblEnclosure{form, "lblEnclosure", "Enclosure"};
     ComboControl cboEnclosure{form, "cboEnclosure"};
     GaugeControl Gauge1{form, "Gauge1"};
+    LabelControl lblStage{form, "lblStage"};       // what the closing pass does
+    ListControl lstFailures{form, "lstFailures"};  // shown when there are any
     ButtonControl cmdOK{form, "cmdOK", "&OK"};
     ButtonControl cmdCancel{form, "cmdCancel", "Ca&ncel"};
 
     // The command of cmdOK; nothing while an import runs.
     void RunImport();
-    // The command of cmdCancel: ends a running import after the line at hand, and closes the form when none
-    // runs.
+    // The command of cmdCancel: ends a running import, and closes the form when none runs.
     void Cancel();
 
 private:
     void EnableSymbols();
     void ImportFile(const std::string& path);
-    void TellCompleted(const ImportResult& result);
-    void TellNotCompleted(const ImportResult& result);
+    void ShowFailures(const std::vector<std::string>& failures);
+    void ReportEnd(const ImportResult& result);
+    void ReportErrors(const ImportResult& result);
 
     ApplicationState& state_;
     store::Engine& engine_;
     Prompter& prompter_;
     EventPump& events_;
     std::string workDirectory_;
+    bool finished_ = false;  // an import ended, and the form shows its failures
 };
 
 enum class ImportOutcome {
@@ -58,6 +63,10 @@ enum class ImportOutcome {
     Canceled,
     Done,  // the explorer and the list show other taxa now
 };
+
+// The question before an import into a DataSet that holds more than its first rows; true when the import may
+// run. Nothing is asked while gDataSetIsNew is set.
+bool MayImport(const ApplicationState& state, Prompter& prompter);
 
 // The command File, Import: its refusals, and FrmImport.
 ImportOutcome ImportCommand(ApplicationState& state, Prompter& prompter);

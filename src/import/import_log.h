@@ -8,6 +8,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace quillon::importing {
 
@@ -21,15 +22,17 @@ struct Finding {
 
 using FindingSink = std::function<void(const Finding&)>;
 
-// "import.err" in a folder, emptied at the start: for each finding the sentence, then five blanks and the
-// line.
+// "import.err" in a folder, written anew by each import: for each finding the sentence, then five blanks and
+// the line.
 class ImportLog {
 public:
-    // `directory` may be empty for the current one. Open() tells whether it could be made.
+    // `directory` may be empty for the current one.
     explicit ImportLog(const std::string& directory);
 
     const std::string& Path() const { return path_; }
-    bool Open() const { return file_.is_open(); }
+    // Makes the file, whatever was there before, but never over one of the files that the import uses, and
+    // never over a pipe or a device. Returns why not; "" when the log is open.
+    std::string Open(const std::vector<std::string>& used);
     void Write(const Finding& finding);
     // False when not all of it could be written.
     bool Close();

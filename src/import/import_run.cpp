@@ -1,9 +1,9 @@
 #include "import/import_run.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "core/text.h"
+#include "import/import_turns.h"
 
 namespace quillon::importing {
 
@@ -16,16 +16,7 @@ constexpr std::string_view kKingdomRows =
     "AND rank_id = ";
 constexpr std::string_view kAuthors =
     "SELECT qb_taxon_author_id, taxon_author FROM qb_taxon_authors_lookup ORDER BY qb_taxon_author_id;";
-constexpr std::string_view kVernIdByName =
-    "PARAMETERS theid Long, thename Text, thehex Text; SELECT vern_id FROM qb_vernaculars "
-    "WHERE qb_id = theid AND vernacular_name = thename AND hex_vernacular_name = thehex ORDER BY qb_vern_id;";
-constexpr std::string_view kQbVernIdByVernId =
-    "PARAMETERS theid Long; SELECT qb_vern_id FROM qb_vernaculars WHERE vern_id = theid ORDER BY qb_vern_id;";
-
-// The size of the field: a longer name is none of the table's, and need not be asked for.
-constexpr std::size_t kLongestVernacularName = 80;
-
-// The statement cannot succeed for any other line either.
+// True for failures after which no statement can succeed.
 bool ConcernsTheFile(const store::StoreError& error) {
     using store::ErrorNumber;
     static constexpr ErrorNumber fatal[] = {ErrorNumber::DiskFull,    ErrorNumber::DiskError,
@@ -105,20 +96,20 @@ std::int32_t NextNumber::Get() {
     return number_;
 }
 
-ImportRun::ImportRun(ApplicationState& theState, store::Engine& theEngine, store::BulkLoad& load,
-                     Prompter& thePrompter, FindingSink sink)
+ImportRun::ImportRun(ApplicationState& theState, store::Engine& theEngine, store::Database& database,
+                     store::BulkLoad& load, const ImportSinks& sinks)
     : state(theState),
       engine(theEngine),
-      prompter(thePrompter),
-      records{theEngine, *theState.gDatabase, thePrompter},
-      writers(*theState.gDatabase),
+      records{theEngine, database, failures_},
+      vernaculars(database, maps.vernaculars),
+      writers(database),
       nextAuthor(load, "qb_taxon_authors_lookup"),
       nextChangeComment(load, "qb_change_comments"),
+      database_(database),
       load_(load),
-      sink_(std::move(sink)),
-      deleteTaxonRow_(Db().CreateQueryDef("", kDeleteTaxonRow)),
-      vernIdByName_(Db().CreateQueryDef("", kVernIdByName)),
-      qbVernIdByVernId_(Db().CreateQueryDef("", kQbVernIdByVernId)) {
+      sink_(sinks.finding),
+      failures_(theState, sinks.failure),
+      deleteTaxonRow_(Db().CreateQueryDef("", kDeleteTaxonRow)) {
     ReadKingdom();
     ReadAuthors();
     ReadKingdomRows();
@@ -147,7 +138,13 @@ void ImportRun::ReadAuthors() {
 void ImportRun::ReadKingdomRows() {
     const auto rows = Db().OpenRecordset(std::string(kKingdomRows) + std::to_string(kingdomRank) + ";",
                                          store::RecordsetType::ForwardOnly);
-    for (; !rows->Eof(); rows->MoveNext()) kingdomRows_.push_back(rows->At(0).AsLong());
+    for (; !rows->Eof(); rows->MoveNext())
+        kingdomRows_.insert(static_cast<std::int32_t>(rows->At(0).AsLong()));
+}
+
+void ImportRun::SetLine(std::int64_t number, std::string_view line) {
+    line_ = number;
+    failures_.SetLine(number, line);
 }
 
 void ImportRun::Report(std::string sentence, std::string_view line) {
@@ -165,9 +162,11 @@ RowPlace ImportRun::SeeTaxon(std::int32_t key) {
     return maps.taxa.Append(NewRow<TaxonRow>(key, ReserveId("qb_taxonomic_units")));
 }
 
-void ImportRun::TellFailure(const store::StoreError& error) {
+void ImportRun::ReportFailure(const store::StoreError& error) {
+    // A statement that the Cancel interrupted has not failed.
+    if (state.gBatchCancel) throw ImportCanceled();
     if (ConcernsTheFile(error)) throw;
-    prompter.Message("Failed " + error.Description());
+    failures_.Message("Failed " + error.Description(), {});
 }
 
 bool ImportRun::Store(store::RowWriter& writer) {
@@ -181,9 +180,11 @@ bool ImportRun::StoreOwn(store::RowWriter& writer, Stored& stored) {
     return done;
 }
 
-void ImportRun::DeleteKingdomRows() {
-    for (const std::int64_t qb_id : kingdomRows_) {
+void ImportRun::ReplaceKingdomRows(RowPlace kingdom) {
+    newKingdom = maps.taxa[kingdom].newId;
+    for (const std::int32_t qb_id : kingdomRows_) {
         if (!Guarded([&] { deleteTaxonRow_.Set("theid", qb_id).Execute(); })) continue;
+        replacedKingdoms.push_back(qb_id);
         const RowPlace taxon = maps.FindTaxonByNewId(qb_id);
         if (taxon == kNoRow) continue;
         maps.taxa[taxon].stored = Stored::Gone;
@@ -200,26 +201,9 @@ void ImportRun::NoteKingdomRow(RowPlace taxon, std::string_view usage, std::int3
     if (isOne == row.isKingdomRow) return;
     row.isKingdomRow = isOne;
     if (isOne)
-        kingdomRows_.push_back(row.newId);
+        kingdomRows_.insert(row.newId);
     else
-        std::erase(kingdomRows_, row.newId);
-}
-
-std::optional<Value> ImportRun::FindVernId(std::int32_t qb_id, std::string_view vernacular_name) {
-    if (CharacterCount(vernacular_name) > kLongestVernacularName) return std::nullopt;
-    vernIdByName_.Set("theid", qb_id)
-        .Set("thename", vernacular_name)
-        .Set("thehex", HexString(vernacular_name));
-    const auto rows = vernIdByName_.OpenRecordset(store::RecordsetType::ForwardOnly);
-    if (rows->Eof()) return std::nullopt;
-    return rows->At(0);
-}
-
-std::optional<std::int32_t> ImportRun::FindQbVernId(std::int32_t vern_id) {
-    qbVernIdByVernId_.Set("theid", vern_id);
-    const auto rows = qbVernIdByVernId_.OpenRecordset(store::RecordsetType::ForwardOnly);
-    if (rows->Eof()) return std::nullopt;
-    return static_cast<std::int32_t>(rows->At(0).AsLong());
+        kingdomRows_.erase(row.newId);
 }
 
 }  // namespace quillon::importing

@@ -1,20 +1,22 @@
 // What the record handlers and the closing pass of one tagged import share: the maps, the writers, the
-// findings.
+// findings and failures.
 //
-// Made for one file and thrown away after it. Nothing here reads the file or knows a tag.
+// It lives as long as the import of one file. Nothing here reads the file or knows a tag.
 #pragma once
 
 #include <cstdint>
-#include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "core/application_state.h"
-#include "core/outside.h"
 #include "core/vocabulary.h"
 #include "import/id_maps.h"
+#include "import/import_failures.h"
 #include "import/import_log.h"
+#include "import/line_reader.h"
+#include "import/vernacular_index.h"
 #include "records/record_store.h"
 #include "store/bulk.h"
 #include "store/engine.h"
@@ -44,14 +46,26 @@ private:
     std::int32_t number_ = 0;
 };
 
+// A stored synonym link whose accepted id is still the file's, or -1 while only the accepted tsn is known.
+struct OpenSynonymLink {
+    std::int32_t qb_id = 0;
+    std::int32_t qb_id_accepted = 0;
+    std::int32_t tsn_accepted = 0;  // 0 for Null
+};
+
 class ImportRun {
 public:
-    // Reads the DataSet's authors, kingdom rank and Kingdom records. Throws StoreError.
-    ImportRun(ApplicationState& state, store::Engine& engine, store::BulkLoad& load, Prompter& prompter,
-              FindingSink sink);
+    // Reads the authors, the kingdom rank and the Kingdom records of `database`. Throws StoreError.
+    ImportRun(ApplicationState& state, store::Engine& engine, store::Database& database,
+              store::BulkLoad& load, const ImportSinks& sinks);
 
-    store::Database& Db() const { return *state.gDatabase; }
+    store::Database& Db() const { return database_; }
 
+    // Of the line that the handlers work on, for failures; 0 in the closing pass.
+    void SetLine(std::int64_t number, std::string_view line);
+    // The line has fields that its tag does not know.
+    void NoteMoreFields() { moreFields_.Note(line_); }
+    const OddLines& WithMoreFields() const { return moreFields_; }
     // Marks the import error. A finding of the closing pass has no line.
     void Report(std::string sentence, std::string_view line = {});
     bool ImportError() const { return importError_; }
@@ -66,8 +80,8 @@ public:
         return rows[place];
     }
 
-    // Stores the writer's row. A failure is told and false given; but a failure of the disk or the file,
-    // after which no line could be stored, passes through as StoreError.
+    // Stores the writer's row. A failure is reported and false returned; but a failure of the disk or the
+    // file, after which no line could be stored, passes through as StoreError.
     bool Store(store::RowWriter& writer);
     // The same for the row of a placeholder: a record stored there already is overwritten.
     bool StoreOwn(store::RowWriter& writer, Stored& stored);
@@ -78,32 +92,29 @@ public:
             action();
             return true;
         } catch (const store::StoreError& error) {
-            TellFailure(error);
+            ReportFailure(error);
             return false;
         }
     }
 
-    // Deletes the Kingdom records of the DataSet, for a new one to take their place.
-    void DeleteKingdomRows();
+    // Deletes the Kingdom records of the DataSet, for that of `taxon` to take their place.
+    void ReplaceKingdomRows(RowPlace taxon);
     // Notes whether the row just stored for the taxon is such a record.
     void NoteKingdomRow(RowPlace taxon, std::string_view usage, std::int32_t rank_id);
 
-    // The first vernacular with the name in the taxon: its vern_id, which may be Null. Nothing when there is
-    // none.
-    std::optional<Value> FindVernId(std::int32_t qb_id, std::string_view vernacular_name);
-    // The qb_vern_id of the first vernacular with the authority's id.
-    std::optional<std::int32_t> FindQbVernId(std::int32_t vern_id);
-
     ApplicationState& state;
     store::Engine& engine;
-    Prompter& prompter;
     records::RecordStore records;
     IdMaps maps;
+    VernacularIndex vernaculars;
+    std::vector<OpenSynonymLink> openSynonyms;
     AuthorTexts authorTexts;
     RecordWriters writers;
     NextNumber nextAuthor, nextChangeComment;
     KingdomFamily family = KingdomFamily::Animal;  // of the run
     std::int32_t kingdomRank = 0;
+    std::vector<std::int32_t> replacedKingdoms;  // their ids
+    std::int32_t newKingdom = 0;                 // the id of the last one that came; 0 for none
 
 private:
     template <typename Row>
@@ -114,16 +125,20 @@ private:
         return row;
     }
     std::int32_t ReserveId(std::string_view table);
-    void TellFailure(const store::StoreError& error);
+    void ReportFailure(const store::StoreError& error);
     void ReadKingdom();
     void ReadAuthors();
     void ReadKingdomRows();
 
+    store::Database& database_;
     store::BulkLoad& load_;
     FindingSink sink_;
+    FailurePrompter failures_;
+    OddLines moreFields_;
+    std::int64_t line_ = 0;
     bool importError_ = false;
-    std::vector<std::int64_t> kingdomRows_;
-    store::QueryDef deleteTaxonRow_, vernIdByName_, qbVernIdByVernId_;
+    std::set<std::int32_t> kingdomRows_;
+    store::QueryDef deleteTaxonRow_;
 };
 
 }  // namespace quillon::importing

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 #include "core/codepage.h"
 #include "core/text.h"
@@ -27,27 +28,46 @@ bool IsAscii(std::string_view bytes) {
     return (bits & 0x8080808080808080U) == 0;
 }
 
+bool IsOpenInCp1252(char byte) {
+    switch (static_cast<unsigned char>(byte)) {
+        case 0x81:
+        case 0x8D:
+        case 0x8F:
+        case 0x90:
+        case 0x9D:
+            return true;
+        default:
+            return false;
+    }
+}
+
 }  // namespace
 
-LineReader::LineReader(ByteSource& source)
-    : source_(source), block_(std::make_unique_for_overwrite<char[]>(kBlock)) {
+LineReader::LineReader(ByteSource& source, std::function<void()> turn)
+    : source_(source), turn_(std::move(turn)), block_(std::make_unique_for_overwrite<char[]>(kBlock)) {
     FindLineEnds();
 }
 
 void LineReader::FindLineEnds() {
-    bool afterReturn = false;
-    while (!carriageReturns_ && Refill()) {
+    bool afterReturn = false, feeds = false, returns = false, both = false;
+    while (!both && Refill()) {
         const std::string_view block(block_.get(), size_);
-        carriageReturns_ =
-            (afterReturn && block.front() == '\n') || block.find("\r\n") != std::string_view::npos;
+        both = (afterReturn && block.front() == '\n') || block.find("\r\n") != std::string_view::npos;
+        feeds = feeds || block.find('\n') != std::string_view::npos;
+        returns = returns || block.find('\r') != std::string_view::npos;
         afterReturn = block.back() == '\r';
     }
+    if (both)
+        lineEnd_ = LineEnd::ReturnAndFeed;
+    else if (returns && !feeds)
+        lineEnd_ = LineEnd::Return;
     source_.Rewind();
     position_ = size_ = 0;
 }
 
 bool LineReader::Refill() {
     position_ = size_ = 0;
+    if (turn_) turn_();
     while (size_ < kBlock) {
         const std::size_t count = source_.Read(block_.get() + size_, kBlock - size_);
         if (count == 0) break;
@@ -66,13 +86,14 @@ bool LineReader::TakeByteOrderMark() {
     return position_ < size_;
 }
 
-// The place of the LF that ends the line, in the block.
+// The place of the LF, or of the CR, that ends the line, in the block.
 std::size_t LineReader::FindEnd() const {
+    const char last = lineEnd_ == LineEnd::Return ? '\r' : '\n';
     for (std::size_t from = position_; from < size_;) {
-        const auto* found = static_cast<const char*>(std::memchr(block_.get() + from, '\n', size_ - from));
+        const auto* found = static_cast<const char*>(std::memchr(block_.get() + from, last, size_ - from));
         if (found == nullptr) break;
         const auto at = static_cast<std::size_t>(found - block_.get());
-        if (!carriageReturns_) return at;
+        if (lineEnd_ != LineEnd::ReturnAndFeed) return at;
         const bool heldBefore = at == position_ && heldLength_ > 0;
         if (heldBefore ? lastHeld_ == '\r' : at > position_ && block_[at - 1] == '\r') return at;
         from = at + 1;
@@ -110,7 +131,7 @@ LineReader::Kind LineReader::Next() {
         const std::size_t stop = end == std::string_view::npos ? size_ : end;
         const std::string_view part(block_.get() + position_, stop - position_);
         position_ = end == std::string_view::npos ? size_ : end + 1;
-        const std::size_t lineEnd = carriageReturns_ ? 1 : 0;
+        const std::size_t lineEnd = lineEnd_ == LineEnd::ReturnAndFeed ? 1 : 0;
         if (end == std::string_view::npos) {
             Hold(part);
         } else if (heldLength_ == 0) {
@@ -122,23 +143,30 @@ LineReader::Kind LineReader::Next() {
     }
 }
 
+// The bytes as UTF-8, in their place or in converted_.
+std::string_view LineReader::Converted(std::string_view bytes, bool tooLong) {
+    if (utf8_) {
+        const bool valid = IsValidUtf8(bytes);
+        if (valid && !tooLong) return bytes;
+        // The head of a line may end within a character.
+        if (!tooLong) notUtf8_.Note(number_);
+        converted_ = RepairUtf8(bytes);
+        return converted_;
+    }
+    if (std::any_of(bytes.begin(), bytes.end(), IsOpenInCp1252)) notCp1252_.Note(number_);
+    converted_.clear();
+    AppendCp1252AsUtf8(bytes, converted_);
+    return converted_;
+}
+
 // `bytes` is the line, perhaps with its CR, or the head of a line that is too long.
 LineReader::Kind LineReader::Give(std::string_view bytes, std::size_t length) {
     bytesRead_ += static_cast<std::int64_t>(length);
+    ++number_;
     const bool tooLong = length > kLongestLine;
     bytes = bytes.substr(0, tooLong ? kHeadBytes : length);
-    if (!IsAscii(bytes)) {
-        if (utf8_) {
-            if (tooLong || !IsValidUtf8(bytes)) {
-                converted_ = RepairUtf8(bytes);
-                bytes = converted_;
-            }
-        } else {
-            converted_.clear();
-            AppendCp1252AsUtf8(bytes, converted_);
-            bytes = converted_;
-        }
-    }
+    if (bytes.find('\0') != std::string_view::npos) withNul_.Note(number_);
+    if (!IsAscii(bytes)) bytes = Converted(bytes, tooLong);
     text_ = tooLong ? LeftCharacters(bytes, kHeadOfLongLine) : bytes;
     return tooLong ? Kind::TooLong : Kind::Line;
 }

@@ -12,10 +12,11 @@ std::string MarkerOf(std::int32_t key) {
 
 // `columns` are the id, the marker, and the prefix if the table has one.
 template <typename Row>
-void StoreAll(ImportRun& run, KeyedRows<Row>& rows, std::string_view table,
+void StoreAll(ImportRun& run, const ImportTurns& turns, KeyedRows<Row>& rows, std::string_view table,
               std::initializer_list<std::string_view> columns, std::string_view prefix = {}) {
     store::RowWriter writer(run.Db(), table, columns);
     for (Row& row : rows) {
+        turns.Take();
         if (row.stored != Stored::Placeholder) continue;
         const std::string marker = MarkerOf(row.key);
         writer.Id(row.newId).Text(marker);
@@ -24,28 +25,57 @@ void StoreAll(ImportRun& run, KeyedRows<Row>& rows, std::string_view table,
     }
 }
 
-void StoreChangeTracks(ImportRun& run) {
+void StoreChangeTracks(ImportRun& run, const ImportTurns& turns) {
     store::RowWriter writer(run.Db(), "qb_change_tracks", {"qb_change_track_id", "qb_id", "change_reason"});
     for (const TrackRow& row : run.maps.changeTracks) {
+        turns.Take();
         if (row.stored != Stored::Placeholder) continue;
         const std::string marker = MarkerOf(row.key);
         run.Store(writer.Id(row.newId).Long(row.qb_id).Text(marker));
     }
 }
 
+// The placeholders of a map that are still in their table.
+template <typename Row>
+std::int64_t CountIn(ImportRun& run, const ImportTurns& turns, const KeyedRows<Row>& rows,
+                     std::string_view table, std::string_view idColumn) {
+    store::QueryDef query =
+        run.Db().CreateQueryDef("", "PARAMETERS theid Long; SELECT " + std::string(idColumn) + " FROM " +
+                                        std::string(table) + " WHERE " + std::string(idColumn) + " = theid;");
+    std::int64_t count = 0;
+    for (const Row& row : rows) {
+        turns.Take();
+        if (row.stored != Stored::Placeholder) continue;
+        query.Set("theid", row.newId);
+        if (!query.OpenRecordset(store::RecordsetType::ForwardOnly)->Eof()) ++count;
+    }
+    return count;
+}
+
 }  // namespace
 
-void StorePlaceholders(ImportRun& run) {
+void StorePlaceholders(ImportRun& run, const ImportTurns& turns) {
     IdMaps& maps = run.maps;
-    StoreAll(run, maps.taxa, "qb_taxonomic_units", {"qb_id", "unit_name1"});
-    StoreAll(run, maps.comments, "qb_comments", {"qb_comment_id", "commentator"});
-    StoreAll(run, maps.experts, "qb_experts", {"qb_expert_id", "expert", "expert_id_prefix"}, "EXP");
-    StoreAll(run, maps.publications, "qb_publications",
+    StoreAll(run, turns, maps.taxa, "qb_taxonomic_units", {"qb_id", "unit_name1"});
+    StoreAll(run, turns, maps.comments, "qb_comments", {"qb_comment_id", "commentator"});
+    StoreAll(run, turns, maps.experts, "qb_experts", {"qb_expert_id", "expert", "expert_id_prefix"}, "EXP");
+    StoreAll(run, turns, maps.publications, "qb_publications",
              {"qb_publication_id", "publication_name", "publication_id_prefix"}, "PUB");
-    StoreAll(run, maps.otherSources, "qb_other_sources", {"qb_source_id", "source", "source_id_prefix"},
-             "SRC");
-    StoreAll(run, maps.vernaculars, "qb_vernaculars", {"qb_vern_id", "vernacular_name"});
-    StoreChangeTracks(run);
+    StoreAll(run, turns, maps.otherSources, "qb_other_sources",
+             {"qb_source_id", "source", "source_id_prefix"}, "SRC");
+    StoreAll(run, turns, maps.vernaculars, "qb_vernaculars", {"qb_vern_id", "vernacular_name"});
+    StoreChangeTracks(run, turns);
+}
+
+std::int64_t CountPlaceholders(ImportRun& run, const ImportTurns& turns) {
+    const IdMaps& maps = run.maps;
+    return CountIn(run, turns, maps.taxa, "qb_taxonomic_units", "qb_id") +
+           CountIn(run, turns, maps.comments, "qb_comments", "qb_comment_id") +
+           CountIn(run, turns, maps.experts, "qb_experts", "qb_expert_id") +
+           CountIn(run, turns, maps.publications, "qb_publications", "qb_publication_id") +
+           CountIn(run, turns, maps.otherSources, "qb_other_sources", "qb_source_id") +
+           CountIn(run, turns, maps.vernaculars, "qb_vernaculars", "qb_vern_id") +
+           CountIn(run, turns, maps.changeTracks, "qb_change_tracks", "qb_change_track_id");
 }
 
 }  // namespace quillon::importing

@@ -65,6 +65,11 @@ Record::Record(ImportRun& run, std::string_view line)
     Refuse("Unexpected end-of-line");
 }
 
+bool Record::Good() {
+    if (good_ && cutter_.Rest().find_first_not_of(" |") != std::string_view::npos) run_.NoteMoreFields();
+    return good_;
+}
+
 std::string_view Record::Text() {
     if (!good_) return {};
     if (cutter_.NextField()) return cutter_.Field();

@@ -1,7 +1,7 @@
 // One line of a tagged file, read field by field by the handler of its tag.
 //
-// The first field that cannot be read logs its finding; from then on every field is empty, and Good() tells
-// the handler to store and mark nothing. A handler therefore reads all its fields first.
+// The first field that cannot be read logs its finding; from then on every field is empty, Good() is false,
+// and the handler stores and marks nothing. A handler therefore reads all its fields first.
 #pragma once
 
 #include <cstdint>
@@ -38,7 +38,9 @@ public:
     // Makes the end-of-line test of the tag.
     Record(ImportRun& run, std::string_view line);
 
-    bool Good() const { return good_; }
+    // True when every field could be read. Asked once, after the last field: a line with more fields is
+    // noted.
+    bool Good();
     // Each reads the next field. Text is valid as long as the line.
     std::string_view Text();
     std::int32_t Number() { return ReadNumber(Text()); }

@@ -1,4 +1,5 @@
-// The table of tags, and the handlers of what hangs on a taxon by its id alone.
+// The table of tags, and the handlers of a taxon's plain lists: divisions, jurisdictions, synonyms,
+// vernaculars.
 #include "import/record_handlers.h"
 
 #include "core/text.h"
@@ -93,10 +94,11 @@ void ReadSynonymLink(ImportRun& run, std::string_view line) {
     if (!taxon) return;
     if (KeyOf(qb_id_accepted, tsn_accepted) == 0)
         return record.Refuse("Neither qb_id_accepted nor tsn_accepted is present");
-    // -1 while the accepted name is unknown; the closing pass puts it right.
+    // The file's id, or -1 while the accepted name is unknown: the closing pass replaces both.
     const std::int32_t accepted = qb_id_accepted != 0 ? qb_id_accepted : run.maps.MapTaxonId(tsn_accepted);
     const std::int32_t newId = run.maps.taxa[*taxon].newId;
-    run.Store(run.writers.synonyms.Id(newId).Long(accepted).Id(tsn).Id(tsn_accepted));
+    if (!run.Store(run.writers.synonyms.Id(newId).Long(accepted).Id(tsn).Id(tsn_accepted))) return;
+    if (qb_id_accepted != 0 || accepted == -1) run.openSynonyms.push_back({newId, accepted, tsn_accepted});
 }
 
 void ReadVernacular(ImportRun& run, std::string_view line) {
@@ -116,9 +118,15 @@ void ReadVernacular(ImportRun& run, std::string_view line) {
     if (key == 0) return record.Refuse("Neither qb_vern_id nor vern_id is present");
     VernacularRow& row = run.See(run.maps.vernaculars, "qb_vernaculars", key);
     const std::string hex_vernacular_name = HexString(vernacular_name);
-    run.writers.vernaculars.Id(run.maps.taxa[*taxon].newId).Id(row.newId).Id(vern_id).Text(vernacular_name);
+    const std::int32_t newId = run.maps.taxa[*taxon].newId;
+    run.writers.vernaculars.Id(newId).Id(row.newId).Id(vern_id).Text(vernacular_name);
     run.writers.vernaculars.Id(tsn).Text(language.empty() ? "unspecified" : language).Boolean(approved_ind);
-    run.StoreOwn(run.writers.vernaculars.Text(hex_vernacular_name), row.stored);
+    if (!run.StoreOwn(run.writers.vernaculars.Text(hex_vernacular_name), row.stored)) return;
+    run.vernaculars.Forget(row);
+    row.qb_id = newId;
+    row.name = VernacularIndex::HashOf(vernacular_name);
+    row.vern_id = vern_id;
+    run.vernaculars.Note(row);
 }
 
 }  // namespace quillon::importing

@@ -28,7 +28,7 @@ LinkedRow* SeeLinkedDocument(ImportRun& run, std::string_view prefix, std::int32
     return nullptr;
 }
 
-// What [RF] and [VL] say of the taxon and the document.
+// The fields of [RF] and [VL] that name the taxon and the document.
 struct LinkFields {
     std::int32_t qb_id = 0, tsn = 0;
     std::string_view prefix, secondPrefix;
@@ -73,15 +73,14 @@ void StoreVernReference(ImportRun& run, const Link& link, std::int32_t qb_vern_i
     run.Store(writer.Id(link.tsn).Id(link.documentation_id));
 }
 
-// A reference of a vernacular that is told by its name.
+// A reference of a vernacular that the line names.
 void StoreReferenceOfName(ImportRun& run, Record& record, const Link& link,
                           std::string_view vernacular_name) {
-    const auto vern_id = run.FindVernId(link.qb_id, vernacular_name);
+    const auto vern_id = run.vernaculars.FindVernId(link.qb_id, vernacular_name);
     if (!vern_id) return record.Refuse("Invalid vernacular_id", "VL");
-    const auto id = static_cast<std::int32_t>(vern_id->AsLong());
-    const auto qb_vern_id = vern_id->IsNull() ? std::nullopt : run.FindQbVernId(id);
+    const auto qb_vern_id = run.vernaculars.FindQbVernId(*vern_id);
     if (!qb_vern_id) return record.Refuse("Invalid qb_vernacular_id", "VL");
-    StoreVernReference(run, link, *qb_vern_id, id);
+    StoreVernReference(run, link, *qb_vern_id, *vern_id);
 }
 
 }  // namespace
@@ -127,7 +126,7 @@ void ReadVernReference(ImportRun& run, std::string_view line) {
     if (!record.Good()) return;
     const auto link = ResolveLink(run, record, fields, "VL");
     if (!link) return;
-    const auto qb_vern_id = run.FindQbVernId(vern_id);
+    const auto qb_vern_id = run.vernaculars.FindQbVernId(vern_id);
     if (!qb_vern_id) return record.Refuse("Invalid vernacular_id");
     StoreVernReference(run, *link, *qb_vern_id, vern_id);
 }

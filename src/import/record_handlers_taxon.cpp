@@ -77,7 +77,7 @@ void ReadTaxon(ImportRun& run, std::string_view line) {
     row.isOwnParent = UsageIsAccepted(fields.usage) && fields.rank_id == run.kingdomRank;
     if (row.isOwnParent) {
         row.parent_qb_id = fields.parent_qb_id = row.newId;
-        run.DeleteKingdomRows();
+        run.ReplaceKingdomRows(*taxon);
     }
     OldReason rewritten;
     if (!fields.unacceptability_reason.empty()) {
@@ -86,7 +86,7 @@ void ReadTaxon(ImportRun& run, std::string_view line) {
         if (rewritten.unnamed) fields.unnamed_taxon_ind = "Yes";
         if (!rewritten.finding.empty()) record.Report(rewritten.finding);
     }
-    // A Kingdom record that came before, under the same key, went with the others that this one replaces.
+    // A Kingdom record that came before under the same key was deleted with the others just now.
     if (row.stored != Stored::Gone) StoreTaxon(run, *taxon, fields);
 }
 

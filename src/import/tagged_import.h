@@ -1,34 +1,35 @@
-// The import of a tagged file into the open DataSet, from the opening of the log to the closing pass. The
-// import form and quillon-batch call it; it asks nothing.
+// The import of a tagged file into the open DataSet, from the opening of the log to its end. The import form
+// and quillon-batch call it; it asks nothing.
 //
-// A finding never ends an import, and neither does a record that cannot be stored. What was stored before an
-// import stopped stays stored.
+// A finding never ends an import, and neither does a record that cannot be stored.
 #pragma once
 
-#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/application_state.h"
 #include "core/outside.h"
 #include "import/byte_source.h"
+#include "import/import_failures.h"
 #include "import/import_log.h"
-#include "import/line_reader.h"
+#include "import/import_turns.h"
 #include "store/engine.h"
 
 namespace quillon::importing {
 
 inline constexpr std::string_view kImportCanceled = "Import Canceled!";
 inline constexpr std::string_view kImportComplete = "Import Complete -- No Errors!";
-inline constexpr std::string_view kLineTooLong = "Line too long in the following data line of import file!";
 
 struct ImportResult {
-    bool found = false;      // the file exists; nothing was done without it
-    bool completed = false;  // the file was read through, to its end or to the Cancel
-    bool errors = false;     // there are findings in the log
+    bool found = false;      // the file exists and may be imported; nothing was done without it
+    bool completed = false;  // the file was read through to its end
+    bool errors = false;     // findings in the log, failures, or lines that were not read
+    bool findings = false;   // the log is not empty
     bool canceled = false;
     std::string logPath;
+    std::vector<std::string> notes;  // for the user: one sentence each
 };
 
 class TaggedImport {
@@ -39,22 +40,29 @@ public:
     TaggedImport(ApplicationState& state, store::Engine& engine, Prompter& prompter, EventPump& events,
                  Gauge gauge);
 
-    // Writes "import.err" into `workDirectory`, the current one when empty. Tells what keeps it from reading
-    // on; gBatchRunning is set meanwhile, and gBatchCancel ends the reading after the line at hand.
+    // Takes each record that could not be stored; a message box each by default.
+    FailureSink Failed;
+    // Takes the name of each stage of the closing pass.
+    std::function<void(std::string_view)> Stage = [](std::string_view) {};
+
+    // Writes "import.err" into `workDirectory`, the current one when empty. Reports what keeps it from
+    // reading on; gBatchRunning is set meanwhile, and gBatchCancel ends the import at its next turn.
     ImportResult Run(const std::string& path, const std::string& workDirectory);
 
-    // The reading and the closing pass, with the findings going to `sink`; gives whether there were any.
-    // Throws ReadError, and StoreError when nothing more can be stored.
+    // The reading and the closing pass alone, straight into the open DataSet, with the findings going to
+    // `sink`; returns whether there were errors. A Cancel ends it with what was stored by then. Throws
+    // ReadError, and StoreError when nothing more can be stored.
     bool ReadTaggedFile(ByteSource& source, const FindingSink& sink);
 
 private:
-    bool HoldsOnlySeedRows();
-    bool ReadFile(const std::string& path, const FindingSink& sink);
+    void RunWithLog(const std::string& path, const std::string& workDirectory, ImportResult& result);
+    void ImportFile(const std::string& path, const std::string& workDirectory, ImportLog& log,
+                    ImportResult& result);
 
     ApplicationState& state_;
     store::Engine& engine_;
     Prompter& prompter_;
-    EventPump& events_;
+    ImportTurns turns_;
     Gauge gauge_;
 };
 

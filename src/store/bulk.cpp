@@ -49,6 +49,17 @@ void BulkLoad::Finish() {
     engine_.EndJob();
 }
 
+void BulkLoad::Abandon() {
+    if (finished_) return;
+    finished_ = true;
+    try {
+        engine_.EndJob();
+    } catch (const StoreError&) {
+        // What was not durable yet is gone, as it would be with the process.
+        deferred_ = false;
+    }
+}
+
 RowWriter::RowWriter(Database& database, std::string_view table,
                      std::initializer_list<std::string_view> columns)
     : connection_(database.Shared()), table_(connection_->RequireTable(table).def.name) {

@@ -32,6 +32,8 @@ public:
     void BuildIndexes();
     // BuildIndexes, and makes everything durable.
     void Finish();
+    // Ends the job without building: the next opening builds what is missing.
+    void Abandon();
 
 private:
     Engine& engine_;

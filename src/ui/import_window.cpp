@@ -46,6 +46,10 @@ ImportWindow::ImportWindow(importing::FrmImport& form, QWidget* parent) : FormDi
     layout->addWidget(format);
     layout->addLayout(symbols);
     layout->addWidget(Named<QProgressBar>(this, "Gauge1"));
+    layout->addWidget(Named<QLabel>(this, "lblStage"));
+    auto* failures = Named<QListWidget>(this, "lstFailures");
+    failures->setAccessibleName(tr("Records that could not be stored"));
+    layout->addWidget(failures);
     layout->addLayout(buttons);
     BindAll();
 }

@@ -34,15 +34,16 @@ TEST_F(ClosingPass, AParentThatTheFileLacksKeepsTheFilesLocalIdOnly) {
     EXPECT_EQ(Dump(kParents), "2\t300\t77\n3\t300\t\\N\n");
 }
 
-TEST_F(ClosingPass, AuthorsAreReplacedInRowsThatWereThereBefore) {
+TEST_F(ClosingPass, RowsThatWereThereBeforeKeepTheirAuthors) {
     set.db().Execute(
         "INSERT INTO qb_taxonomic_units (unit_name1, parent_qb_id, qb_taxon_author_id, "
         "hybrid_author_id) VALUES ('Old', 1, 70, 71)");
-    Import({"[TA]|70|Linnaeus|5|", "[TA]|72|Gray|5|"});
+    Import({"[TA]|70|Linnaeus|5|", "[TA]|71|Gray|5|",
+            TaxonLine{.qb_id = "5", .taxon_author_id = "70", .hybrid_author_id = "71"}});
     EXPECT_EQ(
         Dump("SELECT unit_name1, parent_qb_id, qb_taxon_author_id, hybrid_author_id FROM qb_taxonomic_units "
-             "WHERE qb_id = 2"),
-        "Old\t1\t1\t71\n");
+             "WHERE qb_id > 1 ORDER BY qb_id"),
+        "Old\t1\t70\t71\nAlpha\t\\N\t1\t2\n");
 }
 
 TEST_F(ClosingPass, ParentsOfRowsThatWereThereBeforeStay) {
@@ -77,7 +78,7 @@ TEST_F(ClosingPass, ATaxonThatNeverCameStaysWhenItHasChildren) {
         "2\tDummy#100\t-1\n3\tAlpha\t2\n");
 }
 
-TEST_F(ClosingPass, TheCurrentTaxonIsItselfAgainAfterwards) {
+TEST_F(ClosingPass, TheCurrentTaxonOfTheProgramHasNoPartInIt) {
     set.state.currentTaxon.qb_id = 1;
     set.state.currentTaxon.tsn = 202423;
     set.state.currentTaxon.unit_name1 = "Animalia";
@@ -202,6 +203,24 @@ TEST_F(ClosingPass, AnotherImportIntoTheSameDataSetAddsToIt) {
               "2\t100\t1\n3\t100\t1\n");
     EXPECT_EQ(Dump("SELECT qb_id, qb_documentation_id FROM qb_reference_links ORDER BY qb_id"),
               "2\t1\n3\t2\n");
+}
+
+TEST_F(ClosingPass, WhatHungFromTheOldKingdomRecordHangsFromTheNewOne) {
+    Import({TaxonLine{.qb_id = "5", .unit_name1 = "First", .parent_qb_id = "9"},
+            TaxonLine{.qb_id = "9", .unit_name1 = "Animalia", .rank_id = "10"}});
+    set.db().Execute("INSERT INTO qb_taxonomic_units (unit_name1, parent_qb_id) VALUES ('Local', 3)");
+    Import({TaxonLine{.qb_id = "5", .unit_name1 = "Second", .parent_qb_id = "9"},
+            TaxonLine{.qb_id = "9", .unit_name1 = "Animalia", .rank_id = "10"}});
+    EXPECT_EQ(Dump("SELECT qb_id, unit_name1, parent_qb_id FROM qb_taxonomic_units ORDER BY qb_id"),
+              "2\tFirst\t6\n4\tLocal\t6\n5\tSecond\t6\n6\tAnimalia\t6\n");
+}
+
+TEST_F(ClosingPass, WhatHungFromAKingdomRecordOfTheFileThatWasReplacedHangsFromTheLast) {
+    Import({TaxonLine{.qb_id = "5", .unit_name1 = "First", .rank_id = "10"},
+            TaxonLine{.qb_id = "7", .unit_name1 = "Child", .parent_qb_id = "5"},
+            TaxonLine{.qb_id = "6", .unit_name1 = "Second", .rank_id = "10"}});
+    EXPECT_EQ(Dump("SELECT qb_id, unit_name1, parent_qb_id FROM qb_taxonomic_units ORDER BY qb_id"),
+              "3\tChild\t4\n4\tSecond\t4\n");
 }
 
 }  // namespace

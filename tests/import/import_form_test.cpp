@@ -159,7 +159,24 @@ TEST_F(ImportForm, CancelEndsTheRunAndTheFormClosesOnce) {
     form.cmdOK.UserClick();
     EXPECT_THAT(set.prompter.messages, ElementsAre("Import Canceled!"));
     EXPECT_EQ(closed, 1);
-    EXPECT_EQ(Dump("SELECT taxon_author FROM qb_taxon_authors_lookup"), "Linnaeus\n");
+}
+
+TEST_F(ImportForm, FailuresAreListedAndTheFormStaysUntilItIsClosed) {
+    testkit::WriteFile(set.dir.File("in.qln"),
+                       std::string(TaxonLine{.tsn = "100"}) + "\r\n[GD]|Africa|100|\r\n[GD]|Africa|100|\r\n");
+    set.prompter.filesToOpen.push_back(set.dir.File("in.qln"));
+    FrmImport form(set.state, set.engine, set.prompter, pump, set.dir.path());
+    form.form.OnClosed([this] { ++closed; });
+    EXPECT_FALSE(form.lstFailures.Visible());
+    form.cmdOK.UserClick();
+    EXPECT_THAT(set.prompter.messages, ElementsAre("Import Complete -- Errors Occurred."));
+    EXPECT_EQ(form.lstFailures.ListCount(), 1U);
+    EXPECT_TRUE(form.lstFailures.Visible());
+    EXPECT_FALSE(form.cmdOK.Enabled());
+    EXPECT_EQ(closed, 0);
+    form.cmdCancel.UserClick();
+    EXPECT_EQ(closed, 1);
+    EXPECT_FALSE(set.state.gBatchCancel);
 }
 
 TEST_F(ImportForm, CancelWithoutARunCloses) {

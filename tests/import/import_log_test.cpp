@@ -1,6 +1,7 @@
 #include "import/import_log.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <filesystem>
 
@@ -13,7 +14,7 @@ TEST(ImportLog, WritesASentenceAndFiveBlanksAndTheLine) {
     const testkit::TempDir dir;
     testkit::WriteFile(dir.File("import.err"), "of the run before");
     ImportLog log(dir.path());
-    ASSERT_TRUE(log.Open());
+    ASSERT_EQ(log.Open({}), "");
     EXPECT_EQ(log.Path(), dir.File("import.err"));
     log.Write({"A sentence.", "[TU]\u00e9"});
     log.Write({"A closing sentence.", ""});
@@ -24,19 +25,30 @@ TEST(ImportLog, WritesASentenceAndFiveBlanksAndTheLine) {
                   std::string(1, '\0') + "b\r\n");
 }
 
-TEST(ImportLog, TellsThatItCannotBeMade) {
+TEST(ImportLog, CannotBeMadeInAFolderThatIsNotThere) {
     const testkit::TempDir dir;
-    const ImportLog log(dir.File("no such folder"));
-    EXPECT_FALSE(log.Open());
+    ImportLog log(dir.File("no such folder"));
+    EXPECT_EQ(log.Open({}), "File " + log.Path() + " cannot be written!");
 }
 
-TEST(ImportLog, TellsThatTheDiskIsFull) {
+TEST(ImportLog, IsNeverMadeOverAPipeOrADevice) {
     const testkit::TempDir dir;
-    std::filesystem::create_symlink("/dev/full", dir.File("import.err"));
+    ASSERT_EQ(mkfifo(dir.File("import.err").c_str(), 0600), 0);
     ImportLog log(dir.path());
-    ASSERT_TRUE(log.Open());
-    log.Write({"A sentence.", ""});
-    EXPECT_FALSE(log.Close());
+    EXPECT_EQ(log.Open({}), "File " + log.Path() + " cannot be written!");
+    std::filesystem::remove(log.Path());
+    std::filesystem::create_symlink("/dev/full", log.Path());
+    EXPECT_EQ(log.Open({}), "File " + log.Path() + " cannot be written!");
+}
+
+TEST(ImportLog, IsNeverMadeOverAFileThatTheImportUses) {
+    const testkit::TempDir dir;
+    testkit::WriteFile(dir.File("in.qln"), "[RV]|\r\n");
+    std::filesystem::create_hard_link(dir.File("in.qln"), dir.File("import.err"));
+    ImportLog log(dir.path());
+    EXPECT_EQ(log.Open({"none", dir.File("in.qln")}),
+              "The log of the import would overwrite " + dir.File("in.qln") + "!");
+    EXPECT_EQ(testkit::ReadFile(dir.File("in.qln")), "[RV]|\r\n");
 }
 
 TEST(ImportLog, WithoutAFolderIsInTheCurrentOne) {

@@ -1,6 +1,10 @@
 // The run around the reader: the log, the gauge, the Cancel, what ends a file.
 #include <gmock/gmock.h>
 
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
 #include <filesystem>
 
 #include "import_fixture.h"
@@ -10,6 +14,7 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::StartsWith;
+using namespace std::string_literals;
 
 constexpr std::string_view kTsns = "SELECT tsn FROM qb_taxonomic_units WHERE qb_id > 1 ORDER BY qb_id";
 
@@ -70,8 +75,10 @@ TEST_F(Reading, TheGaugeGoesByTheBytesReadAndAFiftiethMore) {
 }
 
 TEST_F(Reading, EventsAreLetThroughAtEachLine) {
+    Import({"[RV]1|"});
+    const int forOne = pump.yields;
     Import({"[RV]1|", "[RV]2|", "[RV]3|"});
-    EXPECT_EQ(pump.yields, 3);
+    EXPECT_EQ(pump.yields, 2 * forOne + 2);
 }
 
 class CancelAfter : public EventPump {
@@ -156,17 +163,15 @@ TEST_F(Running, ALogThatCannotBeWrittenIsToldAndNothingIsRead) {
     EXPECT_EQ(Dump(kTsns), "");
 }
 
-TEST_F(Running, CancelEndsTheReadingAfterTheLineAtHandAndTheClosingPassRuns) {
+TEST_F(Running, CancelEndsTheImportAtItsNextTurn) {
     testkit::WriteFile(set.dir.File("in.qln"),
                        "[GD]|Africa|100|\r\n[GD]|Africa|200|\r\n[GD]|Africa|300|\r\n");
-    CancelAfter cancel(set.state, 2);
+    CancelAfter cancel(set.state, 4);
     const ImportResult result = RunWith(set.dir.File("in.qln"), cancel);
-    EXPECT_TRUE(result.completed);
+    EXPECT_FALSE(result.completed);
     EXPECT_TRUE(result.canceled);
-    EXPECT_EQ(Log(),
-              "The taxonomic unit record for Imported record <100> was not found!\r\n"
-              "The taxonomic unit record for Imported record <200> was not found!\r\n");
-    EXPECT_EQ(Dump("SELECT * FROM qb_geographic_division"), "");
+    EXPECT_THAT(set.prompter.messages, ::testing::IsEmpty());
+    EXPECT_EQ(Log(), "");
 }
 
 TEST_F(Running, ADataSetThatIsClosedMeanwhileEndsTheRun) {
@@ -191,6 +196,99 @@ TEST_F(Running, LookUpsWorkAfterALoadIntoANewDataSet) {
     EXPECT_FALSE(set.engine.InTransaction());
     set.db().Execute("INSERT INTO qb_taxonomic_units (unit_name1) VALUES ('Next')");
     EXPECT_EQ(Dump("SELECT qb_id FROM qb_taxonomic_units WHERE unit_name1 = 'Next'"), "3\n");
+}
+
+TEST_F(Running, AFileOfAnotherKingdomIsRefusedAndNothingIsStored) {
+    const ImportResult result = Run("[TA]|70|Linnaeus|3|\r\n[TU]|99|\r\n" +
+                                    std::string("[TU]|100||A||||||||valid|||||||||||||220|\r\n") +
+                                    "[TU]|101||B||||||||valid||||||||||||3|220|\r\n");
+    EXPECT_FALSE(result.completed);
+    EXPECT_FALSE(result.found);
+    EXPECT_THAT(set.prompter.messages, ElementsAre("The file holds names of the kingdom Plantae, this "
+                                                   "DataSet of the kingdom Animalia."));
+    EXPECT_EQ(Dump(kTsns), "");
+    EXPECT_EQ(Dump("SELECT taxon_author FROM qb_taxon_authors_lookup"), "");
+    EXPECT_TRUE(set.state.gDataSetIsNew);
+}
+
+TEST_F(Running, AFileThatNamesNoKingdomIsImported) {
+    EXPECT_TRUE(Run("[TU]|100||A||||||||valid|||||||||||||220|\r\n").completed);
+    EXPECT_EQ(Dump(kTsns), "100\n");
+}
+
+TEST_F(Running, LinesAfterTheEmptyLineAreAnErrorAndCounted) {
+    const ImportResult result =
+        Run(Line("100") + "\r\n\r\n" + Line("200") + "\r\n\r\n" + Line("300") + "\r\n\r\n\r\n");
+    EXPECT_TRUE(result.completed);
+    EXPECT_TRUE(result.errors);
+    EXPECT_FALSE(result.findings);
+    EXPECT_THAT(result.notes,
+                ElementsAre("Reading ended at the empty line 2; 3 lines after it were not read."));
+    EXPECT_EQ(Dump(kTsns), "100\n");
+}
+
+TEST_F(Running, EmptyLinesAtTheEndAreNothing) {
+    const ImportResult result = Run(Line("100") + "\r\n\r\n\r\n");
+    EXPECT_FALSE(result.errors);
+    EXPECT_THAT(result.notes, ::testing::IsEmpty());
+}
+
+TEST_F(Running, OddLinesAndPlaceholdersThatStayAreCounted) {
+    const ImportResult result =
+        Run(Line("100") + "\r\n" + Line("200") + "more|\r\n" + Line("300") + "  \r\n[RV]\0\r\n"s +
+            "[JR]|Alaska||100|\x81\r\n[RF]|PUB|7|100||||||||\r\n[RF]|PUB|7|200||||||||\r\n");
+    EXPECT_TRUE(result.completed);
+    EXPECT_THAT(
+        result.notes,
+        ElementsAre("2 lines have fields behind the last one that is read; the first is line 2.",
+                    "1 line has NUL bytes; the first is line 4.",
+                    "1 line has bytes that CP1252 leaves open; the first is line 5.",
+                    "1 placeholder stays in the DataSet for records that the file names but does not hold."));
+}
+
+TEST_F(Running, AFailureIsAnErrorAndComesWithItsLine) {
+    testkit::WriteFile(set.dir.File("in.qln"), Line("100") + "\r\n[GD]|Africa|100|\r\n[GD]|Africa|100|\r\n");
+    TaggedImport tagged(set.state, set.engine, set.prompter, pump, [](double) {});
+    std::vector<std::string> failures;
+    tagged.Failed = [&](const Failure& failure) { failures.push_back(TextOf(failure)); };
+    const ImportResult result = tagged.Run(set.dir.File("in.qln"), set.dir.path());
+    EXPECT_TRUE(result.completed);
+    EXPECT_TRUE(result.errors);
+    EXPECT_FALSE(result.findings);
+    ASSERT_EQ(failures.size(), 1U);
+    EXPECT_THAT(failures[0], StartsWith("Failed "));
+    EXPECT_THAT(failures[0], ::testing::EndsWith(" (line 3: [GD]|Africa|100|)"));
+    EXPECT_EQ(Dump("SELECT geographic_value FROM qb_geographic_division"), "Africa\n");
+}
+
+TEST_F(Running, APipeIsReadToItsEndAndImported) {
+    std::array<int, 2> ends{};
+    ASSERT_EQ(pipe(ends.data()), 0);
+    const std::string text = Line("100") + "\r\n" + Line("200") + "\r\n";
+    ASSERT_EQ(write(ends[1], text.data(), text.size()), static_cast<ssize_t>(text.size()));
+    close(ends[1]);
+    const ImportResult result = RunFile("/dev/fd/" + std::to_string(ends[0]));
+    EXPECT_TRUE(result.completed);
+    EXPECT_FALSE(result.errors);
+    EXPECT_EQ(Dump(kTsns), "100\n200\n");
+    close(ends[0]);
+}
+
+TEST_F(Running, CancelIsHeardWhileAPipeHasNothing) {
+    ASSERT_EQ(mkfifo(set.dir.File("pipe").c_str(), 0600), 0);
+    CancelAfter cancel(set.state, 3);
+    const ImportResult result = RunWith(set.dir.File("pipe"), cancel);
+    EXPECT_TRUE(result.canceled);
+}
+
+TEST_F(Running, TheFileToImportIsNeverTheLog) {
+    testkit::WriteFile(set.dir.File("import.err"), Line("100") + "\r\n");
+    const ImportResult result = RunFile(set.dir.File("import.err"));
+    EXPECT_FALSE(result.completed);
+    EXPECT_THAT(set.prompter.messages,
+                ElementsAre("The log of the import would overwrite " + set.dir.File("import.err") + "!"));
+    EXPECT_EQ(testkit::ReadFile(set.dir.File("import.err")), Line("100") + "\r\n");
+    EXPECT_EQ(Dump(kTsns), "");
 }
 
 }  // namespace

@@ -99,8 +99,8 @@ TEST(LineReader, AFileWithoutCrLfEndsItsLinesAtLf) {
     EXPECT_EQ(ReadText("a\nb\rc\n\nd"), (Read{{"a", "b\rc", "", "d"}, 5}));
 }
 
-TEST(LineReader, AFileWithNeitherIsOneLine) {
-    EXPECT_EQ(ReadText("a\rb"), (Read{{"a\rb"}, 3}));
+TEST(LineReader, AFileWithoutLineEndsIsOneLine) {
+    EXPECT_EQ(ReadText("a b"), (Read{{"a b"}, 3}));
 }
 
 TEST(LineReader, NulIsAnOrdinaryCharacter) {
@@ -176,6 +176,33 @@ TEST(LineReader, TheHeadOfALongLineIsCountedInCharacters) {
     EXPECT_EQ(ReadAll(source), (Read{{"TOO LONG: " + shown + std::string(50, 'x')}, 17 * 1024 * 1024 + 150}));
 }
 
+TEST(LineReader, AFileOfLoneCarriageReturnsIsReadByThem) {
+    EXPECT_EQ(ReadText("a\rb\r\rc"), (Read{{"a", "b", "", "c"}, 3}));
+    EXPECT_EQ(ReadText("a\rb\nc\r"), (Read{{"a\rb", "c\r"}, 5}));
+}
+
+TEST(LineReader, OddLinesAreCountedWithTheFirst) {
+    MemorySource source(std::string_view("a\r\nb\0\r\n\x81\r\n\xE9\0\r\n\x9D\r\n", 17));
+    LineReader reader(source);
+    while (reader.Next() != LineReader::Kind::End) continue;
+    EXPECT_EQ(reader.Number(), 5);
+    EXPECT_EQ(reader.WithNul().count, 2);
+    EXPECT_EQ(reader.WithNul().first, 2);
+    EXPECT_EQ(reader.NotCp1252().count, 2);
+    EXPECT_EQ(reader.NotCp1252().first, 3);
+    EXPECT_EQ(reader.NotUtf8().count, 0);
+}
+
+TEST(LineReader, BytesThatAreNotUtf8AreOddInAFileWithTheMark) {
+    const std::string text = std::string(kMark) + "\u00e9\r\n\xE9\r\n\x81\r\n";
+    MemorySource source(text);
+    LineReader reader(source);
+    while (reader.Next() != LineReader::Kind::End) continue;
+    EXPECT_EQ(reader.NotUtf8().count, 2);
+    EXPECT_EQ(reader.NotUtf8().first, 2);
+    EXPECT_EQ(reader.NotCp1252().count, 0);
+}
+
 TEST(LineReader, AMissingFileIsAReadError) {
     EXPECT_THROW(FileSource("no such folder/no such file.qln"), ReadError);
 }
@@ -198,8 +225,7 @@ TEST(LineReader, APipeIsAReadErrorAndLosesNothing) {
 }
 
 TEST(LineReader, AFolderIsAReadError) {
-    FileSource source(".");
-    EXPECT_THROW(LineReader reader(source), ReadError);
+    EXPECT_THROW(FileSource("."), ReadError);
 }
 
 }  // namespace

@@ -99,19 +99,35 @@ TEST_F(LinkRecords, ASynonymLinkToATsnThatComesLaterIsPutRightAtTheEnd) {
     EXPECT_EQ(Dump(kSynonyms), "2\t3\t200\t100\n");
 }
 
-TEST_F(LinkRecords, ASynonymLinkWithBothAcceptedIdsKeepsTheFilesOwn) {
+TEST_F(LinkRecords, ASynonymLinkWithBothAcceptedIdsTakesTheNewIdAndKeepsTheTsn) {
     Import({taxon, TaxonLine{.qb_id = "6", .usage = "invalid"}, "[SY]6|5||100|"});
     EXPECT_EQ(findings, Findings{});
-    EXPECT_EQ(Dump(kSynonyms), "3\t5\t\\N\t100\n");
+    EXPECT_EQ(Dump(kSynonyms), "3\t2\t\\N\t100\n");
 }
 
-TEST_F(LinkRecords, ASynonymLinkWithTheLocalIdAloneHasTheNewIdInTsnAccepted) {
+TEST_F(LinkRecords, ASynonymLinkWithTheLocalIdAloneTakesTheNewId) {
     Import({taxon, TaxonLine{.qb_id = "6", .usage = "invalid"}, "[SY]6|5|||"});
     EXPECT_EQ(findings, Findings{});
-    EXPECT_EQ(Dump(kSynonyms), "3\t5\t\\N\t2\n");
+    EXPECT_EQ(Dump(kSynonyms), "3\t2\t\\N\t\\N\n");
 }
 
-TEST_F(LinkRecords, ASynonymLinkToAnUnknownNameIsTold) {
+TEST_F(LinkRecords, SynonymLinksOfOneNameMayHaveTheIdsOfEachOther) {
+    // 5 becomes 3 and 3 becomes 2, 2 becomes 4: every new id is the file's id of another link.
+    Import({TaxonLine{.qb_id = "3"}, TaxonLine{.qb_id = "5"}, TaxonLine{.qb_id = "2"},
+            TaxonLine{.qb_id = "9", .usage = "invalid"}, "[SY]9|5||15|", "[SY]9|3||13|", "[SY]9|2||12|"});
+    EXPECT_EQ(findings, Findings{});
+    EXPECT_THAT(set.prompter.messages, ::testing::IsEmpty());
+    EXPECT_EQ(Dump(kSynonyms), "5\t2\t\\N\t13\n5\t3\t\\N\t15\n5\t4\t\\N\t12\n");
+}
+
+TEST_F(LinkRecords, TwoSynonymLinksToOneNameAreAFailureAndTheSecondStays) {
+    Import({TaxonLine{.qb_id = "7", .tsn = "100"}, taxon, "[SY]5|7|||", "[SY]5||| 7|"});
+    EXPECT_EQ(findings, Findings{});
+    EXPECT_THAT(set.prompter.messages, ElementsAre(StartsWith("Failed ")));
+    EXPECT_EQ(Dump(kSynonyms), "3\t2\t\\N\t7\n3\t7\t\\N\t\\N\n");
+}
+
+TEST_F(LinkRecords, ASynonymLinkToAnUnknownNameIsReported) {
     Import({taxon, "[SY]5|77|||", "[SY]5|||88|"});
     EXPECT_EQ(findings, (Findings{{"The accepted tsn  <accepted id=-1> was not found in synonym link.", ""},
                                   {"The accepted id  <accepted tsn=> was not found in synonym link.", ""}}));

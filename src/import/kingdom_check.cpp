@@ -1,0 +1,72 @@
+#include "import/kingdom_check.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "core/text.h"
+#include "core/vocabulary.h"
+#include "import/field_cutter.h"
+#include "import/line_reader.h"
+#include "import/record.h"
+
+namespace quillon::importing {
+
+namespace {
+
+constexpr std::string_view kTaxonTag = "[TU]";
+constexpr int kKingdomField = 24;  // from 1
+
+struct Kingdom {
+    std::int32_t id = 0;
+    std::string name;
+};
+
+// 0 for a line of another tag, one that ends before the field, and one that leaves it empty.
+std::int32_t KingdomOfLine(std::string_view line) {
+    if (TagOfLine(line) != kTaxonTag) return 0;
+    FieldCutter cutter(line, kTaxonTag.size());
+    for (int field = 0; field < kKingdomField; ++field)
+        if (!cutter.NextField()) return 0;
+    return ReadNumber(cutter.Field());
+}
+
+std::int32_t KingdomOfFile(ByteSource& source, const ImportTurns& turns) {
+    LineReader reader(source);
+    for (auto kind = reader.Next(); kind != LineReader::Kind::End; kind = reader.Next()) {
+        if (kind == LineReader::Kind::Line && reader.Text().empty()) break;
+        if (const std::int32_t kingdom = KingdomOfLine(reader.Text())) return kingdom;
+        turns.Take();
+    }
+    return 0;
+}
+
+std::vector<Kingdom> KingdomsOf(store::Database& database) {
+    std::vector<Kingdom> kingdoms;
+    const auto rows = database.CreateSnapshot("SELECT kingdom_id, kingdom_name FROM kingdoms;");
+    for (; !rows->Eof(); rows->MoveNext()) {
+        const auto id = static_cast<std::int32_t>(rows->At(0).AsLong());
+        if (id != 0) kingdoms.push_back({id, std::string(Trim(rows->At(1).AsText()))});
+    }
+    return kingdoms;
+}
+
+std::string NameOfKingdom(std::int32_t id) {
+    if (id < 1 || id > static_cast<std::int32_t>(kKingdomNames.size())) return std::to_string(id);
+    return std::string(kKingdomNames[static_cast<std::size_t>(id - 1)]);
+}
+
+}  // namespace
+
+std::string KingdomRefusal(ByteSource& source, store::Database& database, const ImportTurns& turns) {
+    const std::vector<Kingdom> own = KingdomsOf(database);
+    if (own.empty()) return {};
+    const std::int32_t kingdom = KingdomOfFile(source, turns);
+    source.Rewind();
+    const bool isOwn = std::any_of(own.begin(), own.end(),
+                                   [&](const Kingdom& candidate) { return candidate.id == kingdom; });
+    if (kingdom == 0 || isOwn) return {};
+    return "The file holds names of the kingdom " + NameOfKingdom(kingdom) +
+           ", this DataSet of the kingdom " + own.front().name + ".";
+}
+
+}  // namespace quillon::importing

@@ -1,0 +1,40 @@
+// Reads one tagged file into a DataSet: line by line to its handler, then the closing pass. TaggedImport
+// calls it with the DataSet that the import works on; it opens no file and shows nothing.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/application_state.h"
+#include "import/byte_source.h"
+#include "import/import_failures.h"
+#include "import/import_turns.h"
+#include "store/engine.h"
+
+namespace quillon::importing {
+
+// What a reading works with and reports to.
+struct ReadingTools {
+    ApplicationState& state;
+    store::Engine& engine;
+    store::Database& database;
+    ImportTurns turns;
+    ImportSinks sinks;
+    std::function<void(double)> gauge;            // per cent done, 0 to 100
+    std::function<void(std::string_view)> stage;  // what the closing pass does now
+};
+
+struct ReadingOutcome {
+    bool errors = false;  // findings, failures, or lines that were not read
+    // What else the user should know: odd lines, placeholders that stay, lines after the end. One sentence
+    // each.
+    std::vector<std::string> notes;
+};
+
+// Throws ReadError, ImportCanceled, and StoreError when nothing more can be stored; the DataSet then holds
+// what was stored by then.
+ReadingOutcome ReadTagged(const ReadingTools& tools, ByteSource& source);
+
+}  // namespace quillon::importing
