@@ -34,7 +34,7 @@ public:
                                                   bool overwritePrompt, std::string_view suggested = {}) = 0;
     // Shows the form of that name until it closes.
     virtual void ShowModal(std::string_view formName) = 0;
-    // The wait cursor and back.
+    // The wait cursor, and back once each call with true has had its call with false.
     virtual void WaitCursor(bool on) = 0;
 };
 

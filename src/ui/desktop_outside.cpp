@@ -51,7 +51,7 @@ bool Ask(std::string_view text, std::string_view title, QMessageBox::StandardBut
 }  // namespace
 
 DesktopPrompter::~DesktopPrompter() {
-    WaitCursor(false);
+    while (waiting_ > 0) WaitCursor(false);
 }
 
 QWidget* DesktopPrompter::Above() const {
@@ -133,13 +133,11 @@ void DesktopPrompter::ShowModal(std::string_view formName) {
 }
 
 void DesktopPrompter::WaitCursor(bool on) {
-    if (on == waiting_) return;
-    waiting_ = on;
-    if (on) {
-        QApplication::setOverrideCursor(Qt::WaitCursor);
-    } else {
-        QApplication::restoreOverrideCursor();
-    }
+    if (!on && waiting_ == 0) return;
+    const int before = waiting_;
+    waiting_ += on ? 1 : -1;
+    if (before == 0) QApplication::setOverrideCursor(Qt::WaitCursor);
+    if (waiting_ == 0) QApplication::restoreOverrideCursor();
 }
 
 QString ToolkitFilter(std::string_view filter) {

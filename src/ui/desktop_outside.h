@@ -49,7 +49,7 @@ private:
     QHash<QString, std::function<void(QWidget*)>> forms_;
     std::function<std::string()> folder_;
     QString lastFolder_;
-    bool waiting_ = false;
+    int waiting_ = 0;  // scopes of the wait cursor
 };
 
 // The filter of the toolkit for "Name (*.x)|*.x|...": upper and lower case extensions alike.

@@ -1,0 +1,91 @@
+#include "core/line_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <utility>
+
+namespace quillon {
+
+namespace {
+
+constexpr std::size_t kBufferSize = 1 << 16;
+
+bool IsOneOf(const struct stat& file, const std::vector<std::string>& paths) {
+    return std::any_of(paths.begin(), paths.end(), [&](const std::string& path) {
+        struct stat other {};
+        return !path.empty() && stat(path.c_str(), &other) == 0 && other.st_dev == file.st_dev &&
+               other.st_ino == file.st_ino;
+    });
+}
+
+}  // namespace
+
+std::string PathIn(const std::string& directory, std::string_view name) {
+    return (std::filesystem::path(directory) / name).string();
+}
+
+LineFile::LineFile(std::string path, const std::vector<std::string>& inUse) : path_(std::move(path)) {
+    OpenFile(inUse);
+}
+
+LineFile::~LineFile() {
+    try {
+        Close();
+    } catch (const std::exception&) {
+        // Whoever does not call Close() does not ask whether the file is whole.
+        failure_.clear();
+    }
+}
+
+// Looked at before it is opened: opening some devices has an effect, and a file in use must not even be
+// opened, because closing it again would drop the locks that this process has on it.
+void LineFile::OpenFile(const std::vector<std::string>& inUse) {
+    struct stat file {};
+    if (stat(path_.c_str(), &file) == 0) {
+        if (!S_ISREG(file.st_mode)) failure_ = path_ + " is not an ordinary file.";
+        if (IsOneOf(file, inUse)) failure_ = path_ + " is in use by this job.";
+        if (!failure_.empty()) return;
+    }
+    descriptor_ = open(path_.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NONBLOCK | O_CLOEXEC, 0666);
+    if (descriptor_ < 0) Fail(errno);
+}
+
+void LineFile::Fail(int error) {
+    if (failure_.empty()) failure_ = path_ + " cannot be written: " + std::strerror(error) + ".";
+}
+
+void LineFile::Print(std::string_view line) {
+    lines_ += 1 + static_cast<std::uint32_t>(std::count(line.begin(), line.end(), '\n'));
+    if (!Open() || !failure_.empty()) return;
+    buffer_.append(line).append("\r\n");
+    if (buffer_.size() >= kBufferSize) Flush();
+}
+
+void LineFile::Flush() {
+    std::string_view rest = buffer_;
+    while (!rest.empty() && failure_.empty()) {
+        const ssize_t written = write(descriptor_, rest.data(), rest.size());
+        if (written > 0) {
+            rest.remove_prefix(static_cast<std::size_t>(written));
+        } else if (written == 0 || errno != EINTR) {
+            Fail(written == 0 ? ENOSPC : errno);
+        }
+    }
+    buffer_.clear();
+}
+
+bool LineFile::Close() {
+    if (Open()) {
+        Flush();
+        if (close(std::exchange(descriptor_, -1)) != 0) Fail(errno);
+    }
+    return failure_.empty();
+}
+
+}  // namespace quillon
