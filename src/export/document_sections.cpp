@@ -15,7 +15,7 @@ std::int32_t Id(const RowStream& rows, std::size_t place) {
 }
 
 void ExportLinks(TaggedRun& run) {
-    const RecordLayout& layout = kReferenceRecord;
+    const RecordLayout& layout = exchange::kReferenceRecord;
     const std::size_t prefix = layout.Place("qb_documentation_id_prefix");
     const std::size_t document = layout.Place("qb_documentation_id");
     RowStream rows(run.tools.database, layout.table, layout.Columns(), run.RowsAmong("qb_id", run.selected));
@@ -30,7 +30,7 @@ void ExportLinks(TaggedRun& run) {
 }
 
 void AddDocumentsOfVernaculars(TaggedRun& run) {
-    RowStream rows(run.tools.database, kVernReferenceRecord.table,
+    RowStream rows(run.tools.database, exchange::kVernReferenceRecord.table,
                    {"qb_id", "qb_documentation_id_prefix", "qb_documentation_id"},
                    run.RowsAmong("qb_id", run.selected));
     while (rows.Next() && run.tools.NextTurn())
@@ -94,9 +94,9 @@ void ExportReferenceLinks(TaggedRun& run) {
     ExportLinks(run);
     if (run.tools.state.gBatchCancel) return;
     AddDocumentsOfVernaculars(run);
-    ExportDocuments(run, kPublicationRecord);
-    ExportDocuments(run, kExpertRecord);
-    ExportDocuments(run, kSourceRecord);
+    ExportDocuments(run, exchange::kPublicationRecord);
+    ExportDocuments(run, exchange::kExpertRecord);
+    ExportDocuments(run, exchange::kSourceRecord);
 }
 
 }  // namespace quillon::exporting

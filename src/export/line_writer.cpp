@@ -5,9 +5,10 @@
 #include <utility>
 
 #include "core/codepage.h"
-#include "core/text.h"
 
 namespace quillon::exporting {
+
+using exchange::kSeparator;
 
 namespace {
 
@@ -17,12 +18,6 @@ constexpr std::uint64_t kHighs = 0x8080808080808080;
 
 bool HoldsBreak(std::string_view value) {
     return value.find_first_of("|\r\n") != std::string_view::npos;
-}
-
-// `count` characters from the one numbered `first`, from 1.
-std::string_view Characters(std::string_view text, std::size_t first, std::size_t count) {
-    text.remove_prefix(LeftCharacters(text, first - 1).size());
-    return LeftCharacters(text, count);
 }
 
 }  // namespace
@@ -57,26 +52,11 @@ void LineWriter::Number(std::int64_t value) {
 }
 
 void LineWriter::Date(std::string_view stored) {
-    if (CharacterCount(stored) != 10) return Empty();
-    std::string written(Characters(stored, 4, 3));
-    written += Characters(stored, 1, 3);
-    written += Characters(stored, 7, 4);
-    Text(written);
+    Text(exchange::WrittenDate(stored, FieldForm::Date));
 }
 
 void LineWriter::Stamp(std::string_view stored) {
-    if (CharacterCount(stored) != 14) return Empty();
-    std::string written(Characters(stored, 5, 4));
-    const auto add = [&](char mark, std::size_t first) {
-        written += mark;
-        written += Characters(stored, first, 2);
-    };
-    add('-', 3);
-    add('-', 1);
-    add(' ', 9);
-    add(':', 11);
-    add(':', 13);
-    Text(written);
+    Text(exchange::WrittenDate(stored, FieldForm::Stamp));
 }
 
 // Eight bytes at a time. The test for bytes below the blank may err, but only towards a second look.

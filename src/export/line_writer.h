@@ -11,10 +11,15 @@
 #include <string_view>
 #include <vector>
 
+#include "exchange/field_values.h"
+#include "exchange/tagged_format.h"
 #include "export/export_file.h"
-#include "export/record_layout.h"
 
 namespace quillon::exporting {
+
+using exchange::FieldForm;
+using exchange::FieldLayout;
+using exchange::RecordLayout;
 
 // A value that deserves a word to the user.
 struct OddValue {
@@ -44,10 +49,9 @@ public:
     void Begin(const RecordLayout& layout);
     void Text(std::string_view value);
     void Number(std::int64_t value);  // 0 is written as nothing
-    void YesNo(bool value) { Text(value ? "Yes" : "No"); }
+    void YesNo(bool value) { Text(exchange::WrittenIndicator(value)); }
     void Empty() { Text({}); }
-    // "dd/mm/yyyy" as "mm/dd/yyyy", and "ddmmyyyyhhnnss" as "yyyy-mm-dd hh:nn:ss"; any other length as
-    // nothing.
+    // A stored date in the written form; nothing when it does not have the length of one.
     void Date(std::string_view stored);
     void Stamp(std::string_view stored);
     // False when the line is not written, since the user cancels while the file is turned into UTF-8 for it.

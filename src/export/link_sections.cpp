@@ -48,21 +48,21 @@ void ExportRowsById(TaggedRun& run, const RecordLayout& layout, const IdSet& ids
 }  // namespace
 
 void ExportAuthors(TaggedRun& run) {
-    ExportRowsById(run, kAuthorRecord, run.authors,
+    ExportRowsById(run, exchange::kAuthorRecord, run.authors,
                    [&](std::int32_t authorId) { return run.exclusion.AuthorIsExportable(authorId); });
 }
 
 void ExportNodc(TaggedRun& run) {
-    ExportRowsOfTaxa(run, kNodcRecord);
+    ExportRowsOfTaxa(run, exchange::kNodcRecord);
 }
 void ExportVernaculars(TaggedRun& run) {
-    ExportRowsOfTaxa(run, kVernacularRecord);
+    ExportRowsOfTaxa(run, exchange::kVernacularRecord);
 }
 void ExportGeographicDivisions(TaggedRun& run) {
-    ExportRowsOfTaxa(run, kDivisionRecord);
+    ExportRowsOfTaxa(run, exchange::kDivisionRecord);
 }
 void ExportJurisdictions(TaggedRun& run) {
-    ExportRowsOfTaxa(run, kJurisdictionRecord);
+    ExportRowsOfTaxa(run, exchange::kJurisdictionRecord);
 }
 
 // Both taxa must be selected; for the journal one of them, and the other need only be there.
@@ -72,54 +72,59 @@ void ExportSynonymLinks(TaggedRun& run) {
         return run.existing.Has(synonym) && run.existing.Has(accepted) &&
                (run.selected.Has(synonym) || run.selected.Has(accepted));
     };
-    RowStream rows(run.tools.database, kSynonymRecord.table, kSynonymRecord.Columns());
+    RowStream rows(run.tools.database, exchange::kSynonymRecord.table, exchange::kSynonymRecord.Columns());
     run.ForEachRow(rows, [&] {
         if (!isSelected(Id(rows, 0), Id(rows, 1))) return;
         run.tools.CountRow();
-        if (run.exclusion.RowIsExportable(Id(rows, 0))) run.WriteRow(kSynonymRecord, rows);
+        if (run.exclusion.RowIsExportable(Id(rows, 0))) run.WriteRow(exchange::kSynonymRecord, rows);
     });
 }
 
 void ExportVernRefLinks(TaggedRun& run) {
-    const std::size_t prefix = kVernReferenceRecord.Place("qb_documentation_id_prefix");
-    const std::size_t document = kVernReferenceRecord.Place("qb_documentation_id");
-    ForEachOfTaxa(run, kVernReferenceRecord, [&](const RowStream& rows, std::int32_t qb_id) {
+    const std::size_t prefix = exchange::kVernReferenceRecord.Place("qb_documentation_id_prefix");
+    const std::size_t document = exchange::kVernReferenceRecord.Place("qb_documentation_id");
+    ForEachOfTaxa(run, exchange::kVernReferenceRecord, [&](const RowStream& rows, std::int32_t qb_id) {
         if (run.exclusion.LinkIsExportable(qb_id, rows.Text(prefix), Id(rows, document)))
-            run.WriteRow(kVernReferenceRecord, rows);
+            run.WriteRow(exchange::kVernReferenceRecord, rows);
     });
 }
 
 void ExportComments(TaggedRun& run) {
-    const std::size_t comment = kCommentLinkRecord.Place("qb_comment_id");
-    ForEachOfTaxa(run, kCommentLinkRecord, [&](const RowStream& rows, std::int32_t qb_id) {
+    const std::size_t comment = exchange::kCommentLinkRecord.Place("qb_comment_id");
+    ForEachOfTaxa(run, exchange::kCommentLinkRecord, [&](const RowStream& rows, std::int32_t qb_id) {
         run.comments.Add(Id(rows, comment));
-        if (run.exclusion.RowIsExportable(qb_id)) run.WriteRow(kCommentLinkRecord, rows);
+        if (run.exclusion.RowIsExportable(qb_id)) run.WriteRow(exchange::kCommentLinkRecord, rows);
     });
     if (run.tools.state.gBatchCancel) return;
-    ExportRowsById(run, kCommentRecord, run.comments,
+    ExportRowsById(run, exchange::kCommentRecord, run.comments,
                    [&](std::int32_t commentId) { return run.exclusion.CommentIsExportable(commentId); });
 }
 
 void ExportChangeTracks(TaggedRun& run) {
-    ForEachOfTaxa(run, kChangeTrackRecord, [&](const RowStream& rows, std::int32_t) {
+    ForEachOfTaxa(run, exchange::kChangeTrackRecord, [&](const RowStream& rows, std::int32_t) {
         run.changeTracks.Add(Id(rows, 0));
-        run.WriteRow(kChangeTrackRecord, rows);
+        run.WriteRow(exchange::kChangeTrackRecord, rows);
     });
 }
 
 void ExportChangeOperations(TaggedRun& run) {
-    ExportRowsById(run, kChangeOperationRecord, run.changeTracks, [](std::int32_t) { return true; });
+    ExportRowsById(run, exchange::kChangeOperationRecord, run.changeTracks,
+                   [](std::int32_t) { return true; });
 }
 
 void ExportChangeComments(TaggedRun& run) {
-    ExportRowsById(run, kChangeCommentRecord, run.changeTracks, [](std::int32_t) { return true; });
+    ExportRowsById(run, exchange::kChangeCommentRecord, run.changeTracks, [](std::int32_t) { return true; });
 }
 
 void ExportTombstones(TaggedRun& run) {
     RowStream rows(run.tools.database, "db_tombstone", {"pk1", "pk2", "pk3", "pk4", "table_name"});
     run.ForEachRow(rows, [&] {
         run.tools.CountRow();
-        run.WriteRow(TombstoneRecord(rows.Text(4)), rows);
+        const RecordLayout& layout = exchange::DeletionRecord(rows.Text(4));
+        run.tools.line.Begin(layout);
+        // The keys as they are stored, whatever their form.
+        for (std::size_t i = 0; i < layout.fields.size(); ++i) run.tools.line.Text(rows.Text(i));
+        run.EndLine();
     });
 }
 

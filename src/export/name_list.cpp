@@ -18,9 +18,12 @@ using store::RowStream;
 constexpr FieldLayout kListFields[] = {
     {"name", FieldForm::Text}, {"author", FieldForm::Text}, {"rank", FieldForm::Text}};
 const std::array<RecordLayout, 3> kLists = {{
-    {"", "qb_taxonomic_units", std::span<const FieldLayout>(kListFields, 1), false},
-    {"", "qb_taxonomic_units", std::span<const FieldLayout>(kListFields, 2), false},
-    {"", "qb_taxonomic_units", std::span<const FieldLayout>(kListFields, 3), false},
+    {exchange::RecordKind::Taxon, "", "qb_taxonomic_units", std::span<const FieldLayout>(kListFields, 1),
+     false},
+    {exchange::RecordKind::Taxon, "", "qb_taxonomic_units", std::span<const FieldLayout>(kListFields, 2),
+     false},
+    {exchange::RecordKind::Taxon, "", "qb_taxonomic_units", std::span<const FieldLayout>(kListFields, 3),
+     false},
 }};
 constexpr std::array<std::string_view, 3> kHeaders = {"name", "name|author", "name|author|rank"};
 

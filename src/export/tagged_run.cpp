@@ -48,7 +48,6 @@ void TaggedRun::AddField(const RecordLayout& layout, const store::RowStream& row
         case FieldForm::Stamp:
             return line.Stamp(rows.Text(place));
         case FieldForm::Text:
-        case FieldForm::Other:
             return line.Text(rows.Text(place));
     }
 }

@@ -46,7 +46,7 @@ struct TaggedRun {
     // Rows of a record's table for the sections that read by id: all of them, or under a filter that leaves
     // few ids, those.
     store::TableRows RowsAmong(std::string_view column, const IdSet& ids) const;
-    // A field as the layout has it; one of the form Other as a text.
+    // A field as the layout has it.
     void AddField(const RecordLayout& layout, const store::RowStream& rows, std::size_t place);
     void WriteRow(const RecordLayout& layout, const store::RowStream& rows);
     void EndLine();

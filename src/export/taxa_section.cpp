@@ -36,7 +36,7 @@ constexpr std::string_view kWholeReason = "syn-original combination";
 class AllTaxa {
 public:
     explicit AllTaxa(TaggedRun& run) {
-        RowStream rows(run.tools.database, kTaxonRecord.table,
+        RowStream rows(run.tools.database, exchange::kTaxonRecord.table,
                        {"qb_id", "tsn", "parent_qb_id", "parent_tsn", "rank_id"});
         while (rows.Next() && run.tools.NextTurn()) Add(rows, run.existing);
     }
@@ -82,7 +82,8 @@ private:
 class TaxonLines {
 public:
     TaxonLines(TaggedRun& run, std::int32_t root) : run_(run), database_(run.tools.database), root_(root) {
-        RowStream authors(database_, kAuthorRecord.table, {"qb_taxon_author_id", "taxon_author_id"});
+        RowStream authors(database_, exchange::kAuthorRecord.table,
+                          {"qb_taxon_author_id", "taxon_author_id"});
         while (authors.Next() && run.tools.NextTurn())
             authorityAuthors_.Add(static_cast<std::int32_t>(authors.Long(0)),
                                   static_cast<std::int32_t>(authors.Long(1)));
@@ -91,23 +92,24 @@ public:
     void WriteRoot() {
         IdSet ids;
         ids.Add(root_);
-        RowStream row(database_, kTaxonRecord.table, Columns(),
+        RowStream row(database_, exchange::kTaxonRecord.table, Columns(),
                       {store::TableRows::Order::Key, "qb_id", ids.Ids()});
         row.Next();
-        if (row.IsNull(taxon_field::kKingdom)) throw ExportError("Invalid use of Null");
+        if (row.IsNull(exchange::taxon_field::kKingdom)) throw ExportError("Invalid use of Null");
         Write(row, [&](std::size_t place) { return AddRootField(row, place); });
     }
 
     void WriteOthers() {
-        RowStream rows(database_, kTaxonRecord.table, Columns(), run_.RowsAmong("qb_id", run_.listed));
+        RowStream rows(database_, exchange::kTaxonRecord.table, Columns(),
+                       run_.RowsAmong("qb_id", run_.listed));
         run_.ForEachRow(rows, [&] { Visit(rows); });
     }
 
 private:
     // The authority's id of the author has no column of its own: the author is read there once more.
     static std::vector<std::string_view> Columns() {
-        std::vector<std::string_view> columns = kTaxonRecord.Columns();
-        columns[taxon_field::kAuthorityAuthor] = "qb_taxon_author_id";
+        std::vector<std::string_view> columns = exchange::kTaxonRecord.Columns();
+        columns[exchange::taxon_field::kAuthorityAuthor] = "qb_taxon_author_id";
         return columns;
     }
 
@@ -115,11 +117,11 @@ private:
         const auto qb_id = static_cast<std::int32_t>(row.Long(0));
         if (run_.filtered && !run_.listed.Has(qb_id)) return;
         run_.selected.Add(qb_id);
-        if (!row.IsNull(taxon_field::kAuthor))
-            run_.authors.Add(static_cast<std::int32_t>(row.Long(taxon_field::kAuthor)));
+        if (!row.IsNull(exchange::taxon_field::kAuthor))
+            run_.authors.Add(static_cast<std::int32_t>(row.Long(exchange::taxon_field::kAuthor)));
         run_.tools.CountRow();
         if (qb_id == root_) return;
-        if (row.IsNull(taxon_field::kKingdom)) CancelWithoutKingdom(row);
+        if (row.IsNull(exchange::taxon_field::kKingdom)) CancelWithoutKingdom(row);
         if (run_.exclusion.RowIsExportable(qb_id))
             Write(row, [&](std::size_t place) { return AddTaxonField(row, place); });
     }
@@ -128,7 +130,7 @@ private:
         std::string text = "record ";
         for (const std::string_view column : {"unit_name1", "unit_name2", "unit_name3", "unit_name4"}) {
             if (column != "unit_name1") text += ' ';
-            text += row.Text(kTaxonRecord.Place(column));
+            text += row.Text(exchange::kTaxonRecord.Place(column));
         }
         run_.tools.prompter.Message(text + " has no kingdom!  Cancelling export.");
         run_.tools.state.gBatchCancel = true;
@@ -137,30 +139,30 @@ private:
     // `special` writes the fields that are its own, and says so.
     template <typename Special>
     void Write(const RowStream& row, const Special& special) {
-        run_.tools.line.Begin(kTaxonRecord);
-        for (std::size_t i = 0; i < kTaxonRecord.fields.size(); ++i)
+        run_.tools.line.Begin(exchange::kTaxonRecord);
+        for (std::size_t i = 0; i < exchange::kTaxonRecord.fields.size(); ++i)
             if (!special(i)) AddPlainField(row, i);
         run_.EndLine();
         ++run_.taxaWritten;
     }
 
     void AddPlainField(const RowStream& row, std::size_t place) {
-        const bool cut = place == taxon_field::kReason && row.Text(place) == kCutReason;
-        cut ? run_.tools.line.Text(kWholeReason) : run_.AddField(kTaxonRecord, row, place);
+        const bool cut = place == exchange::taxon_field::kReason && row.Text(place) == kCutReason;
+        cut ? run_.tools.line.Text(kWholeReason) : run_.AddField(exchange::kTaxonRecord, row, place);
     }
 
     bool AddRootField(const RowStream& row, std::size_t place) {
         LineWriter& line = run_.tools.line;
         switch (place) {
-            case taxon_field::kParentTsn:
-                line.Number(row.Long(kTaxonRecord.Place("tsn")));
+            case exchange::taxon_field::kParentTsn:
+                line.Number(row.Long(exchange::kTaxonRecord.Place("tsn")));
                 return true;
-            case taxon_field::kParent:
+            case exchange::taxon_field::kParent:
                 line.Number(root_);
                 return true;
-            case taxon_field::kAuthorityAuthor:
-            case taxon_field::kAuthor:
-            case taxon_field::kHybrid:
+            case exchange::taxon_field::kAuthorityAuthor:
+            case exchange::taxon_field::kAuthor:
+            case exchange::taxon_field::kHybrid:
                 line.Empty();
                 return true;
             default:
@@ -173,13 +175,13 @@ private:
         LineWriter& line = run_.tools.line;
         const auto number = [&] { return static_cast<std::int32_t>(row.Long(place)); };
         switch (place) {
-            case taxon_field::kParent:
+            case exchange::taxon_field::kParent:
                 if (row.IsNull(place))
                     line.Empty();
                 else
                     line.Number(run_.listed.Has(number()) ? number() : root_);
                 return true;
-            case taxon_field::kAuthorityAuthor:
+            case exchange::taxon_field::kAuthorityAuthor:
                 line.Number(authorityAuthors_.Find(number()));
                 return true;
             default:

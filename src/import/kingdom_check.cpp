@@ -5,16 +5,15 @@
 
 #include "core/text.h"
 #include "core/vocabulary.h"
-#include "import/field_cutter.h"
+#include "exchange/field_cutter.h"
+#include "exchange/field_values.h"
+#include "exchange/tagged_format.h"
 #include "import/line_reader.h"
 #include "import/record.h"
 
 namespace quillon::importing {
 
 namespace {
-
-constexpr std::string_view kTaxonTag = "[TU]";
-constexpr int kKingdomField = 24;  // from 1
 
 struct Kingdom {
     std::int32_t id = 0;
@@ -23,11 +22,12 @@ struct Kingdom {
 
 // 0 for a line of another tag, one that ends before the field, and one that leaves it empty.
 std::int32_t KingdomOfLine(std::string_view line) {
-    if (TagOfLine(line) != kTaxonTag) return 0;
-    FieldCutter cutter(line, kTaxonTag.size());
-    for (int field = 0; field < kKingdomField; ++field)
+    const std::string_view tag = exchange::kTaxonRecord.tag;
+    if (exchange::TagOfLine(line) != tag) return 0;
+    exchange::FieldCutter cutter(line, tag.size());
+    for (std::size_t field = 0; field <= exchange::taxon_field::kKingdom; ++field)
         if (!cutter.NextField()) return 0;
-    return ReadNumber(cutter.Field());
+    return exchange::ReadNumber(cutter.Field());
 }
 
 std::int32_t KingdomOfFile(ByteSource& source, const ImportTurns& turns) {

@@ -8,25 +8,13 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
 
-#include "import/field_cutter.h"
+#include "exchange/field_cutter.h"
+#include "exchange/field_values.h"
+#include "exchange/tagged_format.h"
 #include "import/import_run.h"
 
 namespace quillon::importing {
-
-// A whole number, or a number with a fraction rounded to the nearest; 0 for the empty text, for what is no
-// number, and for what does not fit 32 bits.
-std::int32_t ReadNumber(std::string_view text);
-// "Yes" and "Y" in any case.
-bool ReadIndicator(std::string_view text);
-
-enum class ImportDate {
-    Day,    // mm/dd/yyyy becomes dd/mm/yyyy
-    Stamp,  // yyyy-mm-dd hh:nn:ss becomes ddmmyyyyhhnnss
-};
-// Only the length is tested; nothing for a text of any other length.
-std::optional<std::string> DateFromImport(std::string_view text, ImportDate kind);
 
 // The id of the DataSet when the file gives it, otherwise the authority's.
 inline std::int32_t KeyOf(std::int32_t qbId, std::int32_t authorityId) {
@@ -35,24 +23,26 @@ inline std::int32_t KeyOf(std::int32_t qbId, std::int32_t authorityId) {
 
 class Record {
 public:
-    // Makes the end-of-line test of the tag.
-    Record(ImportRun& run, std::string_view line);
+    // `layout` is that of the line's tag. Reports a line without a field.
+    Record(ImportRun& run, std::string_view line, const exchange::RecordLayout& layout);
 
     // True when every field could be read. Asked once, after the last field: a line with more fields is
     // noted.
     bool Good();
-    // Each reads the next field. Text is valid as long as the line.
-    std::string_view Text();
-    std::int32_t Number() { return ReadNumber(Text()); }
-    bool Indicator() { return ReadIndicator(Text()); }
-    // As it is stored; empty for an empty field.
-    std::string Date(ImportDate kind);
+    // Each reads the next field, which must have the form in the layout. Text is valid as long as the line.
+    std::string_view Text() { return Next(exchange::FieldForm::Text); }
+    std::int32_t Number() { return exchange::ReadNumber(Next(exchange::FieldForm::Number)); }
+    bool Indicator() { return exchange::ReadIndicator(Next(exchange::FieldForm::YesNo)); }
+    std::optional<bool> IndicatorOrNull();
+    // A date or a time stamp as it is stored; empty for an empty field.
+    std::string Date();
     // Nothing stands after the field read last.
     bool AtEnd() const { return cutter_.AtEnd(); }
     bool HasNext() const { return cutter_.HasNext(); }
 
     const ImportRun& Run() const { return run_; }
-    std::string_view Letters() const { return letters_; }
+    const exchange::RecordLayout& Layout() const { return layout_; }
+    std::string_view Letters() const { return layout_.Letters(); }
     // Logs `what` with " in the following <XX> data line of import file!" and the line. The letters are the
     // tag's unless given.
     void Refuse(std::string_view what, std::string_view letters = {});
@@ -63,10 +53,14 @@ public:
     std::optional<RowPlace> Taxon(std::int32_t qb_id, std::int32_t tsn, std::string_view letters = {});
 
 private:
+    exchange::FieldForm NextForm() const { return layout_.fields[place_].form; }
+    std::string_view Next(exchange::FieldForm form);
+
     ImportRun& run_;
     std::string_view line_;
-    std::string_view letters_;
-    FieldCutter cutter_;
+    const exchange::RecordLayout& layout_;
+    std::size_t place_ = 0;  // of the next field
+    exchange::FieldCutter cutter_;
     bool good_ = true;
 };
 

@@ -1,5 +1,5 @@
-// The table of tags, and the handlers of a taxon's plain lists: divisions, jurisdictions, synonyms,
-// vernaculars.
+// Which handler reads which kind of record, and the handlers of a taxon's plain lists: divisions,
+// jurisdictions, synonyms, vernaculars.
 #include "import/record_handlers.h"
 
 #include "core/text.h"
@@ -9,44 +9,65 @@ namespace quillon::importing {
 
 namespace {
 
-struct TagHandler {
-    std::string_view tag;
-    void (*handle)(ImportRun& run, std::string_view line);
-};
+using Handler = void (*)(ImportRun& run, Record& record);
 
-// Known, and not read: the program keeps no such records.
-void Ignore(ImportRun&, std::string_view) {}
-
-constexpr TagHandler kHandlers[] = {
-    {"[CT]", ReadChangeTrack},   {"[CO]", ReadChangeOperation},
-    {"[CC]", ReadChangeComment}, {"[CM]", ReadComment},
-    {"[CL]", ReadCommentLink},   {"[EX]", ReadExpert},
-    {"[GD]", ReadDivision},      {"[JR]", ReadJurisdiction},
-    {"[NO]", ReadNodcId},        {"[OS]", ReadOtherSource},
-    {"[PB]", ReadPublication},   {"[RF]", ReadReference},
-    {"[VL]", ReadVernReference}, {"[RV]", Ignore},
-    {"[SY]", ReadSynonymLink},   {"[TA]", ReadAuthor},
-    {"[TU]", ReadTaxon},         {"[VR]", ReadVernacular},
-    {"[CM-]", ReadDeletion},     {"[CL-]", ReadDeletion},
-    {"[EX-]", ReadDeletion},     {"[GD-]", ReadDeletion},
-    {"[JR-]", ReadDeletion},     {"[OS-]", ReadDeletion},
-    {"[PB-]", ReadDeletion},     {"[RF-]", ReadDeletion},
-    {"[VL-]", ReadDeletion},     {"[SY-]", ReadDeletion},
-    {"[TA-]", ReadDeletion},     {"[VR-]", ReadDeletion},
-};
+Handler HandlerOf(exchange::RecordKind kind) {
+    using enum exchange::RecordKind;
+    switch (kind) {
+        case Taxon:
+            return ReadTaxon;
+        case Author:
+            return ReadAuthor;
+        case Nodc:
+            return ReadNodcId;
+        case Vernacular:
+            return ReadVernacular;
+        case Synonym:
+            return ReadSynonymLink;
+        case Division:
+            return ReadDivision;
+        case Jurisdiction:
+            return ReadJurisdiction;
+        case Reference:
+            return ReadReference;
+        case Publication:
+            return ReadPublication;
+        case Expert:
+            return ReadExpert;
+        case Source:
+            return ReadOtherSource;
+        case VernReference:
+            return ReadVernReference;
+        case CommentLink:
+            return ReadCommentLink;
+        case Comment:
+            return ReadComment;
+        case ChangeTrack:
+            return ReadChangeTrack;
+        case ChangeOperation:
+            return ReadChangeOperation;
+        case ChangeComment:
+            return ReadChangeComment;
+        case Deletion:
+            return ReadDeletion;
+        case NotStored:
+            return nullptr;
+    }
+    return nullptr;
+}
 
 }  // namespace
 
 void HandleLine(ImportRun& run, std::string_view line) {
-    const std::string_view tag = TagOfLine(line);
-    for (const TagHandler& handler : kHandlers) {
-        if (handler.tag == tag) return handler.handle(run, line);
-    }
-    run.Report("Invalid Table Tag in the following line of import file!", line);
+    const exchange::RecordLayout* layout = exchange::FindRecord(exchange::TagOfLine(line));
+    if (layout == nullptr) return run.Report("Invalid Table Tag in the following line of import file!", line);
+    const Handler handler = HandlerOf(layout->kind);
+    if (handler == nullptr) return;
+    Record record(run, line, *layout);
+    handler(run, record);
 }
 
-void ReadDivision(ImportRun& run, std::string_view line) {
-    Record record(run, line);
+void ReadDivision(ImportRun& run, Record& record) {
     const std::int32_t qb_id = record.Number();
     const std::string_view geographic_value = record.Text();
     const std::int32_t tsn = record.Number();
@@ -57,8 +78,7 @@ void ReadDivision(ImportRun& run, std::string_view line) {
     run.Store(run.writers.divisions.Id(run.maps.taxa[*taxon].newId).Text(geographic_value).Id(tsn));
 }
 
-void ReadJurisdiction(ImportRun& run, std::string_view line) {
-    Record record(run, line);
+void ReadJurisdiction(ImportRun& run, Record& record) {
     const std::int32_t qb_id = record.Number();
     const std::string_view jurisdiction_value = record.Text();
     const std::string_view origin = record.Text();
@@ -71,8 +91,7 @@ void ReadJurisdiction(ImportRun& run, std::string_view line) {
     run.Store(run.writers.jurisdictions.Id(newId).Text(jurisdiction_value).Text(origin).Id(tsn));
 }
 
-void ReadNodcId(ImportRun& run, std::string_view line) {
-    Record record(run, line);
+void ReadNodcId(ImportRun& run, Record& record) {
     const std::string_view nodc_id = record.Text();
     const std::int32_t tsn = record.Number();
     const std::int32_t qb_id = record.Number();
@@ -83,8 +102,7 @@ void ReadNodcId(ImportRun& run, std::string_view line) {
     run.Store(run.writers.nodcIds.Text(nodc_id).Id(run.maps.taxa[*taxon].newId).Id(tsn));
 }
 
-void ReadSynonymLink(ImportRun& run, std::string_view line) {
-    Record record(run, line);
+void ReadSynonymLink(ImportRun& run, Record& record) {
     const std::int32_t qb_id = record.Number();
     const std::int32_t qb_id_accepted = record.Number();
     const std::int32_t tsn = record.Number();
@@ -101,8 +119,7 @@ void ReadSynonymLink(ImportRun& run, std::string_view line) {
     if (qb_id_accepted != 0 || accepted == -1) run.openSynonyms.push_back({newId, accepted, tsn_accepted});
 }
 
-void ReadVernacular(ImportRun& run, std::string_view line) {
-    Record record(run, line);
+void ReadVernacular(ImportRun& run, Record& record) {
     const std::int32_t qb_id = record.Number();
     const std::int32_t qb_vern_id = record.Number();
     const std::int32_t vern_id = record.Number();

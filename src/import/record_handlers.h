@@ -1,5 +1,5 @@
-// The handlers of the tagged format: one for each tag. A handler takes a line, cuts it into fields, turns the
-// file's ids into ids of this DataSet, and stores the record.
+// The handlers of the tagged format: one for each kind of record. A handler reads the fields of a line, turns
+// the file's ids into ids of this DataSet, and stores the record.
 //
 // Lines may come in any order: what a line names before its own line has come gets its id at once. A line
 // with a finding stores nothing of itself; the ids that it has made known by then stay known.
@@ -11,28 +11,30 @@
 
 namespace quillon::importing {
 
+class Record;
+
 // Runs the handler of the line's tag; an unknown tag is a finding. Throws StoreError only when nothing more
 // can be stored.
 void HandleLine(ImportRun& run, std::string_view line);
 
-// Each takes a line with its tag.
-void ReadTaxon(ImportRun& run, std::string_view line);            // [TU]
-void ReadAuthor(ImportRun& run, std::string_view line);           // [TA]
-void ReadNodcId(ImportRun& run, std::string_view line);           // [NO]
-void ReadVernacular(ImportRun& run, std::string_view line);       // [VR]
-void ReadSynonymLink(ImportRun& run, std::string_view line);      // [SY]
-void ReadDivision(ImportRun& run, std::string_view line);         // [GD]
-void ReadJurisdiction(ImportRun& run, std::string_view line);     // [JR]
-void ReadReference(ImportRun& run, std::string_view line);        // [RF]
-void ReadVernReference(ImportRun& run, std::string_view line);    // [VL]
-void ReadPublication(ImportRun& run, std::string_view line);      // [PB]
-void ReadExpert(ImportRun& run, std::string_view line);           // [EX]
-void ReadOtherSource(ImportRun& run, std::string_view line);      // [OS]
-void ReadComment(ImportRun& run, std::string_view line);          // [CM]
-void ReadCommentLink(ImportRun& run, std::string_view line);      // [CL]
-void ReadChangeTrack(ImportRun& run, std::string_view line);      // [CT]
-void ReadChangeOperation(ImportRun& run, std::string_view line);  // [CO]
-void ReadChangeComment(ImportRun& run, std::string_view line);    // [CC]
-void ReadDeletion(ImportRun& run, std::string_view line);         // [CM-] and the like
+// Each takes a line of its kind, before the first field.
+void ReadTaxon(ImportRun& run, Record& record);            // [TU]
+void ReadAuthor(ImportRun& run, Record& record);           // [TA]
+void ReadNodcId(ImportRun& run, Record& record);           // [NO]
+void ReadVernacular(ImportRun& run, Record& record);       // [VR]
+void ReadSynonymLink(ImportRun& run, Record& record);      // [SY]
+void ReadDivision(ImportRun& run, Record& record);         // [GD]
+void ReadJurisdiction(ImportRun& run, Record& record);     // [JR]
+void ReadReference(ImportRun& run, Record& record);        // [RF]
+void ReadVernReference(ImportRun& run, Record& record);    // [VL]
+void ReadPublication(ImportRun& run, Record& record);      // [PB]
+void ReadExpert(ImportRun& run, Record& record);           // [EX]
+void ReadOtherSource(ImportRun& run, Record& record);      // [OS]
+void ReadComment(ImportRun& run, Record& record);          // [CM]
+void ReadCommentLink(ImportRun& run, Record& record);      // [CL]
+void ReadChangeTrack(ImportRun& run, Record& record);      // [CT]
+void ReadChangeOperation(ImportRun& run, Record& record);  // [CO]
+void ReadChangeComment(ImportRun& run, Record& record);    // [CC]
+void ReadDeletion(ImportRun& run, Record& record);         // [CM-] and the like
 
 }  // namespace quillon::importing

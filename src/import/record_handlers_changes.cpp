@@ -1,5 +1,4 @@
 // Change tracks with their operations and comments, and the news of deletions.
-#include <algorithm>
 #include <array>
 #include <span>
 
@@ -21,53 +20,9 @@ TrackRow& SeeTrack(ImportRun& run, std::int32_t key, RowPlace taxon) {
     return row;
 }
 
-// One field of a deletion record, which must be there.
-struct KeyField {
-    std::string_view name;
-    bool isNumber = true;
-    std::string_view sentence = {};  // when the finding is worded in its own way
-};
-
-constexpr KeyField kCommentKey[] = {{"comment_id"}};
-constexpr KeyField kCommentLinkKey[] = {{"tsn"}, {"comment_id"}};
-constexpr KeyField kExpertKey[] = {{"expert_id_prefix", false}, {"expert_id"}};
-constexpr KeyField kDivisionKey[] = {
-    {"tsn"}, {"geographic_value", false, "Missing geographic_value in the following <GD-> data line!"}};
-constexpr KeyField kJurisdictionKey[] = {{"tsn"}, {"jurisdiction_value", false}};
-constexpr KeyField kSourceKey[] = {{"source_id_prefix", false}, {"source_id"}};
-constexpr KeyField kPublicationKey[] = {{"publication_id_prefix", false}, {"publication_id"}};
-constexpr KeyField kReferenceKey[] = {{"documentation_id_prefix", false}, {"documentation_id"}, {"tsn"}};
-constexpr KeyField kVernReferenceKey[] = {
-    {"documentation_id_prefix", false}, {"documentation_id"}, {"tsn"}, {"vern_id"}};
-constexpr KeyField kSynonymKey[] = {{"tsn"}, {"tsn_accepted"}};
-constexpr KeyField kAuthorKey[] = {{"taxon_author_id"}, {"kingdom_id"}};
-constexpr KeyField kVernacularKey[] = {{"tsn"}};
-
-struct DeletionRecord {
-    std::string_view letters;
-    std::string_view table_name;
-    std::span<const KeyField> key;
-    bool mayHaveVernId = false;  // one more number, which need not be there
-};
-
-constexpr DeletionRecord kDeletions[] = {
-    {"CM-", "comments", kCommentKey},
-    {"CL-", "tu_comments_link", kCommentLinkKey},
-    {"EX-", "experts", kExpertKey},
-    {"GD-", "geographic_division", kDivisionKey},
-    {"JR-", "jurisdiction", kJurisdictionKey},
-    {"OS-", "other_sources", kSourceKey},
-    {"PB-", "publications", kPublicationKey},
-    {"RF-", "reference_links", kReferenceKey},
-    {"VL-", "vern_ref_links", kVernReferenceKey},
-    {"SY-", "synonym_links", kSynonymKey},
-    {"TA-", "taxon_authors_lookup", kAuthorKey},
-    {"VR-", "vernaculars", kVernacularKey, true},
-};
-
 // A key as the tombstone holds it; nothing when the field is empty or, for a number, 0.
-std::optional<Value> ReadKeyField(Record& record, bool isNumber) {
-    if (!isNumber) {
+std::optional<Value> ReadKey(Record& record, exchange::FieldForm form) {
+    if (form == exchange::FieldForm::Text) {
         const std::string_view text = record.Text();
         return text.empty() ? std::nullopt : std::optional<Value>(Value(text));
     }
@@ -75,17 +30,16 @@ std::optional<Value> ReadKeyField(Record& record, bool isNumber) {
     return number == 0 ? std::nullopt : std::optional<Value>(Value(number));
 }
 
-void ReportMissing(Record& record, const KeyField& field) {
-    if (field.sentence.empty())
-        record.Refuse("Missing " + std::string(field.name));
+void ReportMissing(Record& record, std::string_view column) {
+    if (column == "geographic_value")
+        record.Report("Missing geographic_value in the following <GD-> data line!");
     else
-        record.Report(std::string(field.sentence));
+        record.Refuse("Missing " + std::string(column));
 }
 
 }  // namespace
 
-void ReadChangeTrack(ImportRun& run, std::string_view line) {
-    Record record(run, line);
+void ReadChangeTrack(ImportRun& run, Record& record) {
     const std::int32_t qb_change_track_id = record.Number();
     const std::int32_t change_track_id = record.Number();
     const std::int32_t old_tsn = record.Number();
@@ -110,8 +64,7 @@ void ReadChangeTrack(ImportRun& run, std::string_view line) {
     run.StoreOwn(writer, row.stored);
 }
 
-void ReadChangeOperation(ImportRun& run, std::string_view line) {
-    Record record(run, line);
+void ReadChangeOperation(ImportRun& run, Record& record) {
     const std::int32_t qb_change_track_id = record.Number();
     const std::int32_t chg_op_id = record.Number();
     const std::int32_t change_track_id = record.Number();
@@ -124,8 +77,7 @@ void ReadChangeOperation(ImportRun& run, std::string_view line) {
     run.Store(run.writers.changeOperations.Id(row.newId).Id(chg_op_id).Id(change_track_id));
 }
 
-void ReadChangeComment(ImportRun& run, std::string_view line) {
-    Record record(run, line);
+void ReadChangeComment(ImportRun& run, Record& record) {
     const std::int32_t qb_change_track_id = record.Number();
     const std::int32_t change_track_id = record.Number();
     const std::int32_t chg_cmt_id = record.Number();
@@ -140,20 +92,19 @@ void ReadChangeComment(ImportRun& run, std::string_view line) {
     if (run.Store(writer.Text(change_detail))) run.nextChangeComment.Used();
 }
 
-void ReadDeletion(ImportRun& run, std::string_view line) {
-    Record record(run, line);
-    const DeletionRecord& deletion =
-        *std::find_if(std::begin(kDeletions), std::end(kDeletions),
-                      [&](const DeletionRecord& candidate) { return candidate.letters == record.Letters(); });
-    std::array<std::optional<Value>, 4> keys;
-    for (std::size_t place = 0; place < deletion.key.size(); ++place)
-        keys[place] = ReadKeyField(record, deletion.key[place].isNumber);
-    if (deletion.mayHaveVernId && record.HasNext()) keys[deletion.key.size()] = ReadKeyField(record, true);
-    if (!record.Good()) return;
-    for (std::size_t place = 0; place < deletion.key.size(); ++place) {
-        if (!keys[place]) return ReportMissing(record, deletion.key[place]);
+void ReadDeletion(ImportRun& run, Record& record) {
+    const std::span<const exchange::FieldLayout> keys = record.Layout().fields;
+    std::array<std::optional<Value>, 4> values;
+    for (std::size_t place = 0; place < keys.size(); ++place) {
+        if (keys[place].mayBeMissing && !record.HasNext()) break;
+        values[place] = ReadKey(record, keys[place].form);
     }
-    if (!records::WriteTombstone(run.records, deletion.table_name, *keys[0], keys[1], keys[2], keys[3]))
+    if (!record.Good()) return;
+    for (std::size_t place = 0; place < keys.size(); ++place) {
+        if (!keys[place].mayBeMissing && !values[place]) return ReportMissing(record, keys[place].column);
+    }
+    if (!records::WriteTombstone(run.records, record.Layout().table, *values[0], values[1], values[2],
+                                 values[3]))
         record.Report("Unable to save the following <" + std::string(record.Letters()) +
                       "> record in the database!");
 }

@@ -85,8 +85,7 @@ void StoreReferenceOfName(ImportRun& run, Record& record, const Link& link,
 
 }  // namespace
 
-void ReadReference(ImportRun& run, std::string_view line) {
-    Record record(run, line);
+void ReadReference(ImportRun& run, Record& record) {
     LinkFields fields;
     fields.qb_id = record.Number();
     fields.prefix = record.Text();
@@ -95,7 +94,7 @@ void ReadReference(ImportRun& run, std::string_view line) {
     fields.secondPrefix = record.Text();
     fields.documentation_id = record.Number();
     const bool original_desc_ind = record.Indicator();
-    const std::string_view initial_orva_desc_ind = record.Text();
+    const std::optional<bool> initial_orva_desc_ind = record.IndicatorOrNull();
     const std::int32_t qb_change_track_id = record.Number();
     const std::string_view vernacular_name = record.Text();
     if (!record.Good()) return;
@@ -105,18 +104,14 @@ void ReadReference(ImportRun& run, std::string_view line) {
     store::RowWriter& writer = run.writers.references;
     writer.Id(link->qb_id).Text(link->prefix).Id(link->qb_documentation_id).Id(link->tsn);
     writer.Id(link->documentation_id).Boolean(link->prefix == "PUB" && original_desc_ind);
-    if (initial_orva_desc_ind.empty())
-        writer.Null();
-    else
-        writer.Boolean(ReadIndicator(initial_orva_desc_ind));
+    writer.BooleanOrNull(initial_orva_desc_ind);
     run.Store(writer.Id(qb_change_track_id));
 }
 
-void ReadVernReference(ImportRun& run, std::string_view line) {
-    Record record(run, line);
+void ReadVernReference(ImportRun& run, Record& record) {
     LinkFields fields;
     fields.qb_id = record.Number();
-    record.Text();  // qb_vern_id: the vernacular is found by the authority's id
+    record.Number();  // qb_vern_id: the vernacular is found by the authority's id
     const std::int32_t vern_id = record.Number();
     fields.prefix = record.Text();
     fields.qb_documentation_id = record.Number();
@@ -131,8 +126,7 @@ void ReadVernReference(ImportRun& run, std::string_view line) {
     StoreVernReference(run, *link, *qb_vern_id, vern_id);
 }
 
-void ReadExpert(ImportRun& run, std::string_view line) {
-    Record record(run, line);
+void ReadExpert(ImportRun& run, Record& record) {
     record.Text();  // expert_id_prefix: it is "EXP", whatever the file says
     const std::int32_t qb_expert_id = record.Number();
     const std::int32_t expert_id = record.Number();
@@ -146,16 +140,15 @@ void ReadExpert(ImportRun& run, std::string_view line) {
     run.StoreOwn(writer.Text("EXP").Id(row.newId).Id(expert_id).Text(expert).Text(exp_comment), row.stored);
 }
 
-void ReadPublication(ImportRun& run, std::string_view line) {
-    Record record(run, line);
+void ReadPublication(ImportRun& run, Record& record) {
     record.Text();  // publication_id_prefix
     const std::int32_t qb_publication_id = record.Number();
     const std::int32_t publication_id = record.Number();
     const std::string_view reference_author = record.Text();
     const std::string_view title = record.Text();
     const std::string_view publication_name = record.Text();
-    const std::string listed_pub_date = record.Date(ImportDate::Day);
-    const std::string actual_pub_date = record.Date(ImportDate::Day);
+    const std::string listed_pub_date = record.Date();
+    const std::string actual_pub_date = record.Date();
     const std::string_view publisher = record.Text();
     const std::string_view pub_place = record.Text();
     const std::string_view isbn = record.Text();
@@ -173,15 +166,14 @@ void ReadPublication(ImportRun& run, std::string_view line) {
     run.StoreOwn(writer, row.stored);
 }
 
-void ReadOtherSource(ImportRun& run, std::string_view line) {
-    Record record(run, line);
+void ReadOtherSource(ImportRun& run, Record& record) {
     record.Text();  // source_id_prefix
     const std::int32_t qb_source_id = record.Number();
     const std::int32_t source_id = record.Number();
     const std::string_view source_type = record.Text();
     const std::string_view source = record.Text();
     const std::string_view version = record.Text();
-    const std::string acquisition_date = record.Date(ImportDate::Day);
+    const std::string acquisition_date = record.Date();
     const std::string_view source_comment = record.Text();
     if (!record.Good()) return;
     const std::int32_t key = KeyOf(qb_source_id, source_id);
@@ -192,13 +184,12 @@ void ReadOtherSource(ImportRun& run, std::string_view line) {
     run.StoreOwn(writer.Text(acquisition_date).Text(source_comment), row.stored);
 }
 
-void ReadComment(ImportRun& run, std::string_view line) {
-    Record record(run, line);
+void ReadComment(ImportRun& run, Record& record) {
     const std::int32_t qb_comment_id = record.Number();
     const std::int32_t comment_id = record.Number();
     const std::string_view commentator = record.Text();
     const std::string_view comment_detail = record.Text();
-    const std::string comment_time_stamp = record.Date(ImportDate::Stamp);
+    const std::string comment_time_stamp = record.Date();
     if (!record.Good()) return;
     const std::int32_t key = KeyOf(qb_comment_id, comment_id);
     if (key == 0) return record.Refuse("Neither qb_comment_id nor comment_id is present");
@@ -208,8 +199,7 @@ void ReadComment(ImportRun& run, std::string_view line) {
     run.StoreOwn(writer, row.stored);
 }
 
-void ReadCommentLink(ImportRun& run, std::string_view line) {
-    Record record(run, line);
+void ReadCommentLink(ImportRun& run, Record& record) {
     const std::int32_t qb_id = record.Number();
     const std::int32_t qb_comment_id = record.Number();
     const std::int32_t tsn = record.Number();

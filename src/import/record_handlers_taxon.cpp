@@ -17,7 +17,7 @@ struct TaxonFields {
     std::int32_t phylo_sort_sequence;
     std::string_view initial_time_stamp;
     std::int32_t parent_tsn, parent_qb_id, author, hybrid_author_id, kingdom_id, rank_id;
-    std::string_view uncertain_parent_ind;
+    std::optional<bool> uncertain_parent_ind;
 };
 
 TaxonFields ReadTaxonFields(Record& record) {
@@ -39,7 +39,7 @@ TaxonFields ReadTaxonFields(Record& record) {
     fields.kingdom_id = record.Number();
     fields.rank_id = record.Number();
     // Files of the older layout end here.
-    if (!record.AtEnd()) fields.uncertain_parent_ind = record.Text();
+    if (!record.AtEnd()) fields.uncertain_parent_ind = record.IndicatorOrNull();
     return fields;
 }
 
@@ -53,18 +53,13 @@ void StoreTaxon(ImportRun& run, RowPlace taxon, const TaxonFields& fields) {
     writer.Id(fields.phylo_sort_sequence).Text(fields.initial_time_stamp);
     // Parent and authors are ids of the file until the closing pass.
     writer.Id(fields.parent_tsn).Id(fields.parent_qb_id).Id(fields.author).Id(fields.hybrid_author_id);
-    writer.Id(fields.kingdom_id).Id(fields.rank_id);
-    if (fields.uncertain_parent_ind.empty())
-        writer.Null();
-    else
-        writer.Boolean(ReadIndicator(fields.uncertain_parent_ind));
+    writer.Id(fields.kingdom_id).Id(fields.rank_id).BooleanOrNull(fields.uncertain_parent_ind);
     if (run.StoreOwn(writer, row.stored)) run.NoteKingdomRow(taxon, fields.usage, fields.rank_id);
 }
 
 }  // namespace
 
-void ReadTaxon(ImportRun& run, std::string_view line) {
-    Record record(run, line);
+void ReadTaxon(ImportRun& run, Record& record) {
     TaxonFields fields = ReadTaxonFields(record);
     if (!record.Good()) return;
     const auto taxon = record.Taxon(fields.qb_id, fields.tsn);
@@ -90,8 +85,7 @@ void ReadTaxon(ImportRun& run, std::string_view line) {
     if (row.stored != Stored::Gone) StoreTaxon(run, *taxon, fields);
 }
 
-void ReadAuthor(ImportRun& run, std::string_view line) {
-    Record record(run, line);
+void ReadAuthor(ImportRun& run, Record& record) {
     const std::int32_t qb_taxon_author_id = record.Number();
     const std::int32_t taxon_author_id = record.Number();
     const std::string_view taxon_author = record.Text();

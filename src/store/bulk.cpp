@@ -60,8 +60,7 @@ void BulkLoad::Abandon() {
     }
 }
 
-RowWriter::RowWriter(Database& database, std::string_view table,
-                     std::initializer_list<std::string_view> columns)
+RowWriter::RowWriter(Database& database, std::string_view table, const std::vector<std::string_view>& columns)
     : connection_(database.Shared()), table_(connection_->RequireTable(table).def.name) {
     std::string names, places;
     for (const std::string_view column : columns) {

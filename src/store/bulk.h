@@ -7,8 +7,8 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <initializer_list>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -46,7 +46,7 @@ private:
 // order, and Insert(). Columns not named are Null (an AutoNumber must be named: see ReserveAutoNumber).
 class RowWriter {
 public:
-    RowWriter(Database& database, std::string_view table, std::initializer_list<std::string_view> columns);
+    RowWriter(Database& database, std::string_view table, const std::vector<std::string_view>& columns);
     ~RowWriter();
     RowWriter(const RowWriter&) = delete;
     RowWriter& operator=(const RowWriter&) = delete;
@@ -55,6 +55,7 @@ public:
     RowWriter& Id(std::int64_t id);          // 0 stores Null
     RowWriter& Long(std::int64_t number);
     RowWriter& Boolean(bool value);
+    RowWriter& BooleanOrNull(std::optional<bool> value) { return value ? Boolean(*value) : Null(); }
     RowWriter& Null();
     // Stores the row. On an error nothing is stored, and the writer is ready for the next row.
     void Insert();

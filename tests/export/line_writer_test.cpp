@@ -10,8 +10,8 @@ namespace quillon::exporting {
 namespace {
 
 constexpr FieldLayout kFields[] = {{"first", FieldForm::Text}, {"second", FieldForm::Text}};
-const RecordLayout kRecord{"[XX]", "", kFields};
-const RecordLayout kOpenRecord{"", "", kFields, false};
+const RecordLayout kRecord{exchange::RecordKind::NotStored, "[XX]", "", kFields};
+const RecordLayout kOpenRecord{exchange::RecordKind::NotStored, "", "", kFields, false};
 
 class LineWriting : public ::testing::Test {
 protected:

@@ -157,8 +157,8 @@ TEST_F(LinkSections, EmptyJournalGivesTheRootAndAllTombstones) {
 }
 
 TEST(Tombstones, TagIsEmptyForATableItDoesNotKnow) {
-    EXPECT_EQ(TombstoneTag("Vern_Ref_Links"), "[VL-]");
-    EXPECT_EQ(TombstoneTag("nodc_ids"), "");
+    EXPECT_EQ(exchange::DeletionRecord("Vern_Ref_Links").tag, "[VL-]");
+    EXPECT_EQ(exchange::DeletionRecord("nodc_ids").tag, "");
 }
 
 }  // namespace

@@ -1,9 +1,9 @@
 // Numbers, indicators and dates as a tagged file has them.
 #include <gtest/gtest.h>
 
-#include "import/record.h"
+#include "exchange/field_values.h"
 
-namespace quillon::importing {
+namespace quillon::exchange {
 namespace {
 
 TEST(ReadNumber, TakesWholeNumbersOf32Bits) {
@@ -36,19 +36,19 @@ TEST(ReadIndicator, IsTrueForYesAndYInAnyCase) {
         EXPECT_FALSE(ReadIndicator(text)) << text;
 }
 
-TEST(DateFromImport, PutsTheDayFirst) {
-    EXPECT_EQ(DateFromImport("12/31/1999", ImportDate::Day), "31/12/1999");
-    EXPECT_EQ(DateFromImport("1999-12-31 23:59:58", ImportDate::Stamp), "31121999235958");
+TEST(ReadDate, PutsTheDayFirst) {
+    EXPECT_EQ(ReadDate("12/31/1999", FieldForm::Date), "31/12/1999");
+    EXPECT_EQ(ReadDate("1999-12-31 23:59:58", FieldForm::Stamp), "31121999235958");
 }
 
-TEST(DateFromImport, TestsNothingButTheLength) {
-    EXPECT_EQ(DateFromImport("abcdefghij", ImportDate::Day), "defabcghij");
-    EXPECT_EQ(DateFromImport("\u00e9b/d\u00e9/ghij", ImportDate::Day), "d\u00e9/\u00e9b/ghij");
+TEST(ReadDate, TestsNothingButTheLength) {
+    EXPECT_EQ(ReadDate("abcdefghij", FieldForm::Date), "defabcghij");
+    EXPECT_EQ(ReadDate("\u00e9b/d\u00e9/ghij", FieldForm::Date), "d\u00e9/\u00e9b/ghij");
     for (const std::string_view text : {"1/1/1999", "12/31/19999", "1999-12-31 23:59:58"})
-        EXPECT_EQ(DateFromImport(text, ImportDate::Day), std::nullopt) << text;
+        EXPECT_EQ(ReadDate(text, FieldForm::Date), std::nullopt) << text;
     for (const std::string_view text : {"1999-12-31", "1999-12-31 23:59:589"})
-        EXPECT_EQ(DateFromImport(text, ImportDate::Stamp), std::nullopt) << text;
+        EXPECT_EQ(ReadDate(text, FieldForm::Stamp), std::nullopt) << text;
 }
 
 }  // namespace
-}  // namespace quillon::importing
+}  // namespace quillon::exchange

@@ -1,11 +1,11 @@
-#include "import/field_cutter.h"
+#include "exchange/field_cutter.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
-namespace quillon::importing {
+namespace quillon::exchange {
 namespace {
 
 std::vector<std::string> FieldsOf(std::string_view line, std::size_t begin,
@@ -70,4 +70,4 @@ TEST(FieldCutter, KnowsWhatIsLeft) {
 }
 
 }  // namespace
-}  // namespace quillon::importing
+}  // namespace quillon::exchange

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <string_view>
 
-namespace quillon::importing {
+namespace quillon::exchange {
 
 inline constexpr std::string_view kTaggedDelimiter = "|";
 
@@ -41,4 +41,4 @@ private:
     std::string_view field_;
 };
 
-}  // namespace quillon::importing
+}  // namespace quillon::exchange

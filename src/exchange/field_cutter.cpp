@@ -1,8 +1,8 @@
-#include "import/field_cutter.h"
+#include "exchange/field_cutter.h"
 
 #include "core/text.h"
 
-namespace quillon::importing {
+namespace quillon::exchange {
 
 std::string_view TagOfLine(std::string_view line) {
     const std::string_view fourth = LeftCharacters(line, 4);
@@ -23,4 +23,4 @@ bool FieldCutter::NextField() {
     return true;
 }
 
-}  // namespace quillon::importing
+}  // namespace quillon::exchange

@@ -1,0 +1,31 @@
+// The values of a tagged file's fields, both ways: numbers, indicators and dates as text.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "exchange/tagged_format.h"
+
+namespace quillon::exchange {
+
+// A whole number, or a number with a fraction rounded to the nearest; 0 for the empty text, for text that is
+// not a number, and for a number that does not fit 32 bits.
+std::int32_t ReadNumber(std::string_view text);
+
+// "Yes" and "Y" in any case.
+bool ReadIndicator(std::string_view text);
+inline std::string_view WrittenIndicator(bool value) {
+    return value ? "Yes" : "No";
+}
+
+// A date as it is stored; nothing when the text does not have the length of a written one. Only the length is
+// tested. `form` is Date or Stamp.
+std::optional<std::string> ReadDate(std::string_view written, FieldForm form);
+// A stored date as it is written; empty when it does not have the length of a stored one.
+std::string WrittenDate(std::string_view stored, FieldForm form);
+// "mm/dd/yyyy", "yyyy-mm-dd hh:mm:ss": for a message about a date that cannot be read.
+std::string_view PatternOf(FieldForm form);
+
+}  // namespace quillon::exchange
