@@ -162,12 +162,13 @@ TEST(Architecture, TheLowerFoldersReachNobodyAbove) {
     const Links links = ReadLinks();
     EXPECT_EQ(ReachOf("core", links), (Names{"core"}));
     EXPECT_EQ(ReachOf("store", links), (Names{"core", "store"}));
+    EXPECT_EQ(ReachOf("exchange", links), (Names{"core", "exchange"}));
     EXPECT_EQ(ReachOf("navigation", links), (Names{"core", "store", "navigation"}));
     EXPECT_EQ(ReachOf("documentation", links), (Names{"core", "store", "documentation"}));
     const Names editor = {"core", "store", "navigation", "documentation", "editor"};
     EXPECT_EQ(ReachOf("editor", links), editor);
     EXPECT_EQ(ReachOf("records", links), (Names{"core", "store", "records"}));
-    EXPECT_EQ(ReachOf("import", links), (Names{"core", "store", "records", "import"}));
+    EXPECT_EQ(ReachOf("import", links), (Names{"core", "store", "exchange", "records", "import"}));
 }
 
 TEST(Architecture, NothingReachesItselfAndOnlyTheProgramReachesTheWindows) {
