@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include "core/document_kinds.h"
 #include "export/tagged_run.h"
 
 namespace quillon::exporting {
@@ -41,27 +42,22 @@ void AddDocumentsOfVernaculars(TaggedRun& run) {
 // first row.
 class Comments {
 public:
-    Comments(ExportTools& tools, const RecordLayout& layout)
-        : database_(tools.database),
-          layout_(layout),
-          column_(layout.fields.back().column),
-          idColumn_(layout.fields[1].column) {
+    Comments(ExportTools& tools, const DocumentKind& kind) : database_(tools.database), kind_(kind) {
         IdSet met;
-        RowStream rows(database_, layout.table, {idColumn_}, {store::TableRows::Order::Any, {}, {}});
+        RowStream rows(database_, kind.table, {kind.idColumn}, {store::TableRows::Order::Any, {}, {}});
         while (rows.Next() && tools.NextTurn())
             met.Has(Id(rows, 0)) ? shared_.Add(Id(rows, 0)) : met.Add(Id(rows, 0));
     }
     bool IsShared(std::int32_t id) const { return shared_.Has(id); }
     std::string First(std::int32_t id) {
-        RowStream rows(database_, fmt::format("SELECT {} from {} where  {} = {};", column_, layout_.table,
-                                              idColumn_, id));
+        RowStream rows(database_, fmt::format("SELECT {} from {} where  {} = {};", kind_.commentColumn,
+                                              kind_.table, kind_.idColumn, id));
         return rows.Next() ? std::string(rows.Text(0)) : std::string();
     }
 
 private:
     store::Database& database_;
-    const RecordLayout& layout_;
-    std::string_view column_, idColumn_;
+    const DocumentKind& kind_;
     IdSet shared_;
 };
 
@@ -74,12 +70,12 @@ void WriteDocument(TaggedRun& run, const RecordLayout& layout, const RowStream& 
     run.EndLine();
 }
 
-void ExportDocuments(TaggedRun& run, const RecordLayout& layout) {
+void ExportDocuments(TaggedRun& run, const DocumentKind& kind, const RecordLayout& layout) {
     if (run.tools.state.gBatchCancel) return;
-    Comments comments(run.tools, layout);
+    Comments comments(run.tools, kind);
     if (run.tools.state.gBatchCancel) return;
     RowStream rows(run.tools.database, layout.table, layout.Columns(),
-                   run.RowsAmong(layout.fields[1].column, run.documents.AllIds()));
+                   run.RowsAmong(kind.idColumn, run.documents.AllIds()));
     run.ForEachRow(rows, [&] {
         if (!run.documents.Has(rows.Text(0), Id(rows, 1))) return;
         run.tools.CountRow();
@@ -94,9 +90,9 @@ void ExportReferenceLinks(TaggedRun& run) {
     ExportLinks(run);
     if (run.tools.state.gBatchCancel) return;
     AddDocumentsOfVernaculars(run);
-    ExportDocuments(run, exchange::kPublicationRecord);
-    ExportDocuments(run, exchange::kExpertRecord);
-    ExportDocuments(run, exchange::kSourceRecord);
+    ExportDocuments(run, kPublications, exchange::kPublicationRecord);
+    ExportDocuments(run, kExperts, exchange::kExpertRecord);
+    ExportDocuments(run, kOtherSources, exchange::kSourceRecord);
 }
 
 }  // namespace quillon::exporting

@@ -10,6 +10,7 @@
 #include <string_view>
 #include <utility>
 
+#include "core/document_kinds.h"
 #include "import/import_run.h"
 #include "import/import_turns.h"
 
@@ -29,8 +30,6 @@ public:
     void ResolveCrossReferences();
 
 private:
-    // How the closing pass speaks of a kind of document and deletes it.
-    struct DocumentKind;
     void ResolveParents();
     void RewriteTaxa();
     void ResolveSynonymLinks();

@@ -23,20 +23,10 @@ std::string Bracketed(std::string_view before, const std::string& key, std::stri
 
 }  // namespace
 
-struct CrossReferences::DocumentKind {
-    std::string_view prefix;
-    std::string_view record;  // as in "an expert record"
-    std::string_view article;
-    std::string_view title;
-    void (*deletion)(const records::RecordStore& records, int id);
-};
-
 void CrossReferences::RemoveUnlinkedDocuments() {
-    RemoveUnlinked(run_.maps.experts, {"EXP", "expert", "an", "Expert", &records::DeleteExpert});
-    RemoveUnlinked(run_.maps.publications,
-                   {"PUB", "publication", "a", "Publication", &records::DeletePublication});
-    RemoveUnlinked(run_.maps.otherSources,
-                   {"SRC", "other source", "an", "Other Source", &records::DeleteOtherSource});
+    RemoveUnlinked(run_.maps.experts, kExperts);
+    RemoveUnlinked(run_.maps.publications, kPublications);
+    RemoveUnlinked(run_.maps.otherSources, kOtherSources);
 }
 
 // The key as the file has it; 0 for no taxon.
@@ -81,15 +71,15 @@ void CrossReferences::RemoveUnlinked(const KeyedRows<LinkedRow>& rows, const Doc
         turns_.Take();
         const std::string key = std::to_string(row.key);
         if (row.ownLineSeen) {
-            run_.Report(Bracketed("The Imported " + std::string(kind.record) + " record", key,
+            run_.Report(Bracketed("The Imported " + std::string(kind.noun) + " record", key,
                                   " was not linked to a reference_link record!"));
-            kind.deletion(run_.records, row.newId);
+            records::DeleteDocument(run_.records, kind, row.newId);
             continue;
         }
         run_.Report(
             Bracketed("The Imported reference_link record for " + std::string(kind.title) + " ", key, "") +
             Bracketed(" and taxon ", TaxonKey(row.taxon),
-                      " was not linked to " + std::string(kind.article) + " " + std::string(kind.record) +
+                      " was not linked to " + std::string(kind.article) + " " + std::string(kind.noun) +
                           " record!"));
         records::DeleteReferenceLink(run_.records, TaxonId(row.taxon), row.newId, kind.prefix);
     }

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "core/document_kinds.h"
+
 namespace quillon::importing {
 
 namespace {
@@ -23,6 +25,11 @@ void StoreAll(ImportRun& run, const ImportTurns& turns, KeyedRows<Row>& rows, st
         if (!prefix.empty()) writer.Text(prefix);
         run.Store(writer);
     }
+}
+
+void StoreDocuments(ImportRun& run, const ImportTurns& turns, KeyedRows<LinkedRow>& rows,
+                    const DocumentKind& kind) {
+    StoreAll(run, turns, rows, kind.table, {kind.idColumn, kind.nameColumn, kind.prefixColumn}, kind.prefix);
 }
 
 void StoreChangeTracks(ImportRun& run, const ImportTurns& turns) {
@@ -58,11 +65,9 @@ void StorePlaceholders(ImportRun& run, const ImportTurns& turns) {
     IdMaps& maps = run.maps;
     StoreAll(run, turns, maps.taxa, "qb_taxonomic_units", {"qb_id", "unit_name1"});
     StoreAll(run, turns, maps.comments, "qb_comments", {"qb_comment_id", "commentator"});
-    StoreAll(run, turns, maps.experts, "qb_experts", {"qb_expert_id", "expert", "expert_id_prefix"}, "EXP");
-    StoreAll(run, turns, maps.publications, "qb_publications",
-             {"qb_publication_id", "publication_name", "publication_id_prefix"}, "PUB");
-    StoreAll(run, turns, maps.otherSources, "qb_other_sources",
-             {"qb_source_id", "source", "source_id_prefix"}, "SRC");
+    StoreDocuments(run, turns, maps.experts, kExperts);
+    StoreDocuments(run, turns, maps.publications, kPublications);
+    StoreDocuments(run, turns, maps.otherSources, kOtherSources);
     StoreAll(run, turns, maps.vernaculars, "qb_vernaculars", {"qb_vern_id", "vernacular_name"});
     StoreChangeTracks(run, turns);
 }
@@ -71,9 +76,9 @@ std::int64_t CountPlaceholders(ImportRun& run, const ImportTurns& turns) {
     const IdMaps& maps = run.maps;
     return CountIn(run, turns, maps.taxa, "qb_taxonomic_units", "qb_id") +
            CountIn(run, turns, maps.comments, "qb_comments", "qb_comment_id") +
-           CountIn(run, turns, maps.experts, "qb_experts", "qb_expert_id") +
-           CountIn(run, turns, maps.publications, "qb_publications", "qb_publication_id") +
-           CountIn(run, turns, maps.otherSources, "qb_other_sources", "qb_source_id") +
+           CountIn(run, turns, maps.experts, kExperts.table, kExperts.idColumn) +
+           CountIn(run, turns, maps.publications, kPublications.table, kPublications.idColumn) +
+           CountIn(run, turns, maps.otherSources, kOtherSources.table, kOtherSources.idColumn) +
            CountIn(run, turns, maps.vernaculars, "qb_vernaculars", "qb_vern_id") +
            CountIn(run, turns, maps.changeTracks, "qb_change_tracks", "qb_change_track_id");
 }

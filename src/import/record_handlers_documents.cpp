@@ -1,4 +1,5 @@
 // Documents and comments, and their links to taxa and vernaculars.
+#include "core/document_kinds.h"
 #include "import/record.h"
 #include "import/record_handlers.h"
 
@@ -20,12 +21,9 @@ LinkedRow& SeeLink(ImportRun& run, KeyedRows<LinkedRow>& rows, std::string_view 
     return row;
 }
 
-// nullptr when the prefix is none of the three.
-LinkedRow* SeeLinkedDocument(ImportRun& run, std::string_view prefix, std::int32_t key, RowPlace taxon) {
-    if (prefix == "PUB") return &SeeLink(run, run.maps.publications, "qb_publications", key, taxon);
-    if (prefix == "EXP") return &SeeLink(run, run.maps.experts, "qb_experts", key, taxon);
-    if (prefix == "SRC") return &SeeLink(run, run.maps.otherSources, "qb_other_sources", key, taxon);
-    return nullptr;
+KeyedRows<LinkedRow>& RowsOf(IdMaps& maps, const DocumentKind& kind) {
+    if (&kind == &kExperts) return maps.experts;
+    return &kind == &kOtherSources ? maps.otherSources : maps.publications;
 }
 
 // The fields of [RF] and [VL] that name the taxon and the document.
@@ -59,12 +57,13 @@ std::optional<Link> ResolveLink(ImportRun& run, Record& record, const LinkFields
         record.Refuse("Neither qb_documentation_id_prefix nor documentation_id_prefix is present");
         return std::nullopt;
     }
-    const LinkedRow* document = SeeLinkedDocument(run, prefix, key, *taxon);
-    if (document == nullptr) {
+    const DocumentKind* kind = FindDocumentKind(prefix);
+    if (kind == nullptr) {
         record.Refuse("Invalid document prefix", prefixLetters);
         return std::nullopt;
     }
-    return Link{run.maps.taxa[*taxon].newId, document->newId, prefix, fields.tsn, fields.documentation_id};
+    const LinkedRow& document = SeeLink(run, RowsOf(run.maps, *kind), kind->table, key, *taxon);
+    return Link{run.maps.taxa[*taxon].newId, document.newId, prefix, fields.tsn, fields.documentation_id};
 }
 
 void StoreVernReference(ImportRun& run, const Link& link, std::int32_t qb_vern_id, std::int32_t vern_id) {
@@ -103,7 +102,7 @@ void ReadReference(ImportRun& run, Record& record) {
     if (!vernacular_name.empty()) return StoreReferenceOfName(run, record, *link, vernacular_name);
     store::RowWriter& writer = run.writers.references;
     writer.Id(link->qb_id).Text(link->prefix).Id(link->qb_documentation_id).Id(link->tsn);
-    writer.Id(link->documentation_id).Boolean(link->prefix == "PUB" && original_desc_ind);
+    writer.Id(link->documentation_id).Boolean(link->prefix == kPublications.prefix && original_desc_ind);
     writer.BooleanOrNull(initial_orva_desc_ind);
     run.Store(writer.Id(qb_change_track_id));
 }
@@ -127,7 +126,7 @@ void ReadVernReference(ImportRun& run, Record& record) {
 }
 
 void ReadExpert(ImportRun& run, Record& record) {
-    record.Text();  // expert_id_prefix: it is "EXP", whatever the file says
+    record.Text();  // expert_id_prefix: the prefix is stored as it is, whatever the file says
     const std::int32_t qb_expert_id = record.Number();
     const std::int32_t expert_id = record.Number();
     const std::string_view expert = record.Text();
@@ -135,9 +134,10 @@ void ReadExpert(ImportRun& run, Record& record) {
     if (!record.Good()) return;
     const std::int32_t key = KeyOf(qb_expert_id, expert_id);
     if (key == 0) return record.Refuse("Neither qb_expert_id nor expert_id is present");
-    LinkedRow& row = SeeOwnLine(run, run.maps.experts, "qb_experts", key);
+    LinkedRow& row = SeeOwnLine(run, run.maps.experts, kExperts.table, key);
     store::RowWriter& writer = run.writers.experts;
-    run.StoreOwn(writer.Text("EXP").Id(row.newId).Id(expert_id).Text(expert).Text(exp_comment), row.stored);
+    run.StoreOwn(writer.Text(kExperts.prefix).Id(row.newId).Id(expert_id).Text(expert).Text(exp_comment),
+                 row.stored);
 }
 
 void ReadPublication(ImportRun& run, Record& record) {
@@ -158,9 +158,9 @@ void ReadPublication(ImportRun& run, Record& record) {
     if (!record.Good()) return;
     const std::int32_t key = KeyOf(qb_publication_id, publication_id);
     if (key == 0) return record.Refuse("Neither qb_publication_id nor publication_id is present");
-    LinkedRow& row = SeeOwnLine(run, run.maps.publications, "qb_publications", key);
+    LinkedRow& row = SeeOwnLine(run, run.maps.publications, kPublications.table, key);
     store::RowWriter& writer = run.writers.publications;
-    writer.Text("PUB").Id(row.newId).Id(publication_id).Text(reference_author).Text(title);
+    writer.Text(kPublications.prefix).Id(row.newId).Id(publication_id).Text(reference_author).Text(title);
     writer.Text(publication_name).Text(listed_pub_date).Text(actual_pub_date).Text(publisher);
     writer.Text(pub_place).Text(isbn).Text(issn).Text(pages).Text(pub_comment);
     run.StoreOwn(writer, row.stored);
@@ -178,9 +178,14 @@ void ReadOtherSource(ImportRun& run, Record& record) {
     if (!record.Good()) return;
     const std::int32_t key = KeyOf(qb_source_id, source_id);
     if (key == 0) return record.Refuse("Neither qb_source_id nor source_id is present");
-    LinkedRow& row = SeeOwnLine(run, run.maps.otherSources, "qb_other_sources", key);
+    LinkedRow& row = SeeOwnLine(run, run.maps.otherSources, kOtherSources.table, key);
     store::RowWriter& writer = run.writers.otherSources;
-    writer.Text("SRC").Id(row.newId).Id(source_id).Text(source_type).Text(source).Text(version);
+    writer.Text(kOtherSources.prefix)
+        .Id(row.newId)
+        .Id(source_id)
+        .Text(source_type)
+        .Text(source)
+        .Text(version);
     run.StoreOwn(writer.Text(acquisition_date).Text(source_comment), row.stored);
 }
 
