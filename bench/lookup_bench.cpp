@@ -15,10 +15,10 @@
 #include <string>
 #include <vector>
 
+#include "dataset/lifecycle.h"
 #include "generator/tagged_generator.h"
 #include "import/tagged_import.h"
 #include "lookup_cases.h"
-#include "store/lifecycle/lifecycle.h"
 
 namespace quillon::bench {
 
@@ -109,7 +109,7 @@ private:
     store::Engine engine_;
     SilentPrompter prompter_;
     NoEvents events_;
-    store::Lifecycle lifecycle_{state_, engine_, prompter_};
+    dataset::Lifecycle lifecycle_{state_, engine_, prompter_};
     sqlite3* bare_ = nullptr;
 };
 

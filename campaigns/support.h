@@ -17,8 +17,8 @@
 
 #include "core/application_state.h"
 #include "core/outside.h"
+#include "dataset/lifecycle.h"
 #include "store/engine.h"
-#include "store/lifecycle/lifecycle.h"
 
 namespace quillon::campaign {
 
@@ -63,7 +63,7 @@ struct Session {
     ApplicationState state;
     store::Engine engine;
     KeepingPrompter prompter;
-    store::Lifecycle lifecycle{state, engine, prompter};
+    dataset::Lifecycle lifecycle{state, engine, prompter};
 };
 
 // The first line of SQLite's full check of the open DataSet: "ok" when it is whole.

@@ -10,8 +10,8 @@
 
 #include "core/application_state.h"
 #include "core/outside.h"
+#include "dataset/lifecycle.h"
 #include "store/engine.h"
-#include "store/lifecycle/lifecycle.h"
 
 struct sqlite3_stmt;
 
@@ -48,7 +48,7 @@ public:
     ApplicationState state;
     store::Engine engine;
     SilentPrompter prompter;
-    store::Lifecycle lifecycle{state, engine, prompter};
+    dataset::Lifecycle lifecycle{state, engine, prompter};
 
 private:
     void Run(const std::string& sql);

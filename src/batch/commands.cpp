@@ -9,6 +9,7 @@
 #include "core/text.h"
 #include "core/vocabulary.h"
 #include "store/lifecycle/file_copy.h"
+#include "store/lifecycle/version.h"
 
 namespace quillon::batch {
 
@@ -121,7 +122,7 @@ ExitStatus RunInfo(const CommonOptions& options, const std::string& path) {
     Session session(options);
     session.Open(path);
     std::string version;
-    session.lifecycle.IsDataSetVersionValid(version);
+    store::IsDataSetVersionValid(*session.state.gDatabase, version);
     Print(fmt::format("version\t{}\nkingdom\t{}\npath\t{}\n", Escape(version),
                       Escape(session.state.gKingdomName), Escape(path)));
     for (const store::TableDef& table : session.state.gDatabase->TableDefs()) {

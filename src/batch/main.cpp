@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "batch/commands.h"
+#include "core/version.h"
 #include "store/error.h"
 
 namespace quillon::batch {
@@ -66,7 +67,7 @@ ExitStatus Dispatch(const CLI::App& app, Arguments& arguments) {
 int Run(int argc, char** argv) {
     CLI::App app("Taxonomic Quillon without a screen", "quillon-batch");
     Arguments arguments;
-    app.set_version_flag("--version", QUILLON_VERSION);
+    app.set_version_flag("--version", std::string(kProgramVersion));
     app.require_subcommand(1);
 
     CLI::App* make = app.add_subcommand("new", "Make a new DataSet for a kingdom");

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include "core/text.h"
+#include "store/lifecycle/version.h"
 
 namespace quillon::batch {
 
@@ -17,7 +18,8 @@ void Session::Open(const std::string& path) {
     if (!state.gDataSetOpen)
         throw store::StoreError(store::ErrorNumber::CannotOpenFile, lifecycle.LastOpenError());
     std::string version;
-    if (!lifecycle.IsDataSetVersionValid(version) || lifecycle.CompareDataSetVersion(version) != "EQ")
+    if (!store::IsDataSetVersionValid(*state.gDatabase, version) ||
+        store::CompareDataSetVersion(version, state.gVersion) != store::VersionOrder::Same)
         throw store::StoreError(
             store::ErrorNumber::UnrecognizedFormat,
             fmt::format("Dataset {} is incompatible with this version of the QLN!", path));

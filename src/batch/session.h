@@ -4,7 +4,7 @@
 #include <string>
 
 #include "batch/commands.h"
-#include "store/lifecycle/lifecycle.h"
+#include "dataset/lifecycle.h"
 
 namespace quillon::batch {
 
@@ -18,7 +18,7 @@ struct Session {
     store::Engine engine;
     ConsolePrompter prompter;
     SignalPump pump;
-    store::Lifecycle lifecycle;
+    dataset::Lifecycle lifecycle;
     CommonOptions options;
 };
 

@@ -13,7 +13,7 @@ constexpr std::string_view kNoDataSet = "No DataSet is Open";
 }  // namespace
 
 RecView::RecView(ApplicationState& state, Prompter& prompter, ProgressDialog& progress,
-                 store::Lifecycle& lifecycle)
+                 dataset::Lifecycle& lifecycle)
     : state_(state),
       prompter_(prompter),
       progress_(progress),

@@ -12,13 +12,13 @@
 
 #include "core/application_state.h"
 #include "core/outside.h"
+#include "dataset/lifecycle.h"
 #include "editor/editor_state.h"
 #include "editor/rec_view_form.h"
 #include "editor/taxon_fields.h"
 #include "editor/taxon_lists.h"
 #include "navigation/explorer.h"
 #include "navigation/tb_btn_mgr.h"
-#include "store/lifecycle/lifecycle.h"
 
 namespace quillon::editor {
 
@@ -35,7 +35,7 @@ enum class ImportEnd { NotStarted, Canceled, Done };
 class RecView {
 public:
     RecView(ApplicationState& state, Prompter& prompter, ProgressDialog& progress,
-            store::Lifecycle& lifecycle);
+            dataset::Lifecycle& lifecycle);
     ~RecView();
     RecView(const RecView&) = delete;
     RecView& operator=(const RecView&) = delete;
@@ -159,7 +159,7 @@ private:
     ApplicationState& state_;
     Prompter& prompter_;
     ProgressDialog& progress_;
-    store::Lifecycle& lifecycle_;
+    dataset::Lifecycle& lifecycle_;
     RecViewForm controls_;
     EditorState editing_;
     TaxonLists lists_;

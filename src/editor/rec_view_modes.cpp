@@ -70,7 +70,7 @@ void RecView::StartOfDataSet() {
     state_.currentTaxon = CurrentTaxon();
     ClearForm();
     controls_.form.SetTitle(state_.gDataSetOpen ? "Taxonomic Quillon - " + state_.gDataSetPath
-                                                : std::string(store::kTitleNoDataSet));
+                                                : std::string(dataset::kTitleNoDataSet));
     EnterInput();
     StatusPanelSet("name", "");
     StatusPanelSet("taxa", "");

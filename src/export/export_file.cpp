@@ -9,6 +9,7 @@
 #include <cstring>
 
 #include "core/codepage.h"
+#include "core/file_identity.h"
 #include "store/error.h"
 #include "store/lifecycle/file_copy.h"
 
@@ -65,7 +66,7 @@ void KeepPermissions(int descriptor, const std::string& target) {
 }  // namespace
 
 ExportFile::ExportFile(const std::string& target, Encoding encoding)
-    : target_(store::RealPath(target)), making_(target_ + "~new"), encoding_(encoding) {
+    : target_(RealPath(target)), making_(target_ + "~new"), encoding_(encoding) {
     if (target.empty()) throw StoreError(ErrorNumber::InvalidPath, "There is no file to write.");
     RefuseOddTarget(target, target_);
     descriptor_ = MakeFile(making_);

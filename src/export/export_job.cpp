@@ -2,10 +2,9 @@
 
 #include <fmt/format.h>
 
-#include <filesystem>
-#include <system_error>
 #include <utility>
 
+#include "core/file_identity.h"
 #include "export/name_list.h"
 #include "export/tagged_export.h"
 #include "selection/record_filter.h"
@@ -53,11 +52,6 @@ public:
 private:
     Prompter& prompter_;
 };
-
-bool IsSameFile(const std::string& left, const std::string& right) {
-    std::error_code error;
-    return std::filesystem::equivalent(left, right, error) && !error;
-}
 
 }  // namespace
 

@@ -30,7 +30,7 @@ void FrmKingdom::Accept() {
     form.Close();
 }
 
-FrmNoDB::FrmNoDB(ApplicationState& state, store::Lifecycle& lifecycle, Prompter& prompter)
+FrmNoDB::FrmNoDB(ApplicationState& state, dataset::Lifecycle& lifecycle, Prompter& prompter)
     : state_(state), lifecycle_(lifecycle), prompter_(prompter) {
     form.SetTitle("Taxonomic Quillon");
     Instructions.SetCaption(
@@ -46,7 +46,7 @@ FrmNoDB::FrmNoDB(ApplicationState& state, store::Lifecycle& lifecycle, Prompter&
 }
 
 void FrmNoDB::Open() {
-    const auto chosen = prompter_.FileToOpen(kOpenTitle, store::kDataSetFilter);
+    const auto chosen = prompter_.FileToOpen(kOpenTitle, dataset::kDataSetFilter);
     if (!chosen || chosen->empty()) return prompter_.WaitCursor(false);
     std::string path = *chosen;
     if (path.find('.') == std::string::npos) path += ".MDB";

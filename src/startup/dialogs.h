@@ -7,7 +7,7 @@
 #include "core/application_state.h"
 #include "core/controls.h"
 #include "core/outside.h"
-#include "store/lifecycle/lifecycle.h"
+#include "dataset/lifecycle.h"
 
 namespace quillon::startup {
 
@@ -39,7 +39,7 @@ private:
 
 class FrmNoDB {
 public:
-    FrmNoDB(ApplicationState& state, store::Lifecycle& lifecycle, Prompter& prompter);
+    FrmNoDB(ApplicationState& state, dataset::Lifecycle& lifecycle, Prompter& prompter);
 
     Form form{"frmNoDB"};
     LabelControl Instructions{form, "Instructions"};
@@ -57,7 +57,7 @@ private:
     bool OpenFile(const std::string& path);
 
     ApplicationState& state_;
-    store::Lifecycle& lifecycle_;
+    dataset::Lifecycle& lifecycle_;
     Prompter& prompter_;
 };
 

@@ -3,7 +3,9 @@
 #include <exception>
 #include <utility>
 
+#include "core/version.h"
 #include "startup/preferences.h"
+#include "store/lifecycle/version.h"
 
 namespace quillon::startup {
 
@@ -19,9 +21,9 @@ void Try(Step step) {
     }
 }
 
-bool HasValidVersion(store::Lifecycle& lifecycle, std::string& version) {
+bool HasValidVersion(store::Database& database, std::string& version) {
     try {
-        return lifecycle.IsDataSetVersionValid(version);
+        return store::IsDataSetVersionValid(database, version);
     } catch (const store::StoreError&) {
         return false;
     }
@@ -29,7 +31,7 @@ bool HasValidVersion(store::Lifecycle& lifecycle, std::string& version) {
 
 }  // namespace
 
-StartUp::StartUp(ApplicationState& state, store::Lifecycle& lifecycle, IniProfile& profile,
+StartUp::StartUp(ApplicationState& state, dataset::Lifecycle& lifecycle, IniProfile& profile,
                  Prompter& prompter, Stage& stage, Places places)
     : state_(state),
       lifecycle_(lifecycle),
@@ -39,7 +41,7 @@ StartUp::StartUp(ApplicationState& state, store::Lifecycle& lifecycle, IniProfil
       places_(std::move(places)) {}
 
 void StartUp::Run() {
-    state_.gVersion = store::kProgramVersion;
+    state_.gVersion = kProgramVersion;
     prompter_.WaitCursor(true);
     Try([this] { stage_.ShowSplash(); });
     Try([this] { LoadMainForm(); });
@@ -93,8 +95,8 @@ void StartUp::InitDB() {
 void StartUp::OpenPreferred() {
     const std::string path = state_.gDataSetPath;
     std::string version;
-    if (!HasValidVersion(lifecycle_, version)) {
-        lifecycle_.TellIncompatible(path);
+    if (!HasValidVersion(*state_.gDatabase, version)) {
+        lifecycle_.ReportIncompatible(path);
         return Close();
     }
     if (version == state_.gVersion || lifecycle_.OfferUpdate(path)) return;
@@ -106,7 +108,7 @@ void StartUp::Close() {
     Try([this] { lifecycle_.CloseDataSet(); });
 }
 
-bool StopProgram(ApplicationState& state, store::Lifecycle& lifecycle, Prompter& prompter,
+bool StopProgram(ApplicationState& state, dataset::Lifecycle& lifecycle, Prompter& prompter,
                  EventPump& events) {
     if (!state.gDataSetOpen) return true;
     events.Yield();

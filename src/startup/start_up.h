@@ -5,8 +5,8 @@
 #include "core/application_state.h"
 #include "core/ini_profile.h"
 #include "core/outside.h"
+#include "dataset/lifecycle.h"
 #include "startup/places.h"
-#include "store/lifecycle/lifecycle.h"
 
 namespace quillon::startup {
 
@@ -26,7 +26,7 @@ class StartUp {
 public:
     // An empty place is left out: no preferences are found, or the current directory stays. Everything handed
     // in must outlive this.
-    StartUp(ApplicationState& state, store::Lifecycle& lifecycle, IniProfile& profile, Prompter& prompter,
+    StartUp(ApplicationState& state, dataset::Lifecycle& lifecycle, IniProfile& profile, Prompter& prompter,
             Stage& stage, Places places);
 
     // The whole start. With gQuitRequested afterwards the program is to end; the main form was not shown.
@@ -42,7 +42,7 @@ private:
     void Close();
 
     ApplicationState& state_;
-    store::Lifecycle& lifecycle_;
+    dataset::Lifecycle& lifecycle_;
     IniProfile& profile_;
     Prompter& prompter_;
     Stage& stage_;
@@ -51,6 +51,7 @@ private:
 
 // The end, when the main form closes by any means and the question about an unsaved record has been answered:
 // the DataSet is closed, with a pause for events before and after. False when the form must stay.
-bool StopProgram(ApplicationState& state, store::Lifecycle& lifecycle, Prompter& prompter, EventPump& events);
+bool StopProgram(ApplicationState& state, dataset::Lifecycle& lifecycle, Prompter& prompter,
+                 EventPump& events);
 
 }  // namespace quillon::startup

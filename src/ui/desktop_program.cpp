@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 
+#include "core/version.h"
 #include "startup/preferences_form.h"
 #include "ui/about_window.h"
 #include "ui/export_window.h"
@@ -36,7 +37,7 @@ DesktopProgram::DesktopProgram(Prompter* prompter, std::string workDirectory, st
       explorer_(state_, engine_, prompter_),
       recView_(state_, prompter_, progress_, lifecycle_),
       startUp_(state_, lifecycle_, profile_, prompter_, *this, {preferencesFile_, workDirectory_}) {
-    state_.gVersion = store::kProgramVersion;
+    state_.gVersion = kProgramVersion;
     Connect();
     RegisterForms();
     RegisterValidationForms();

@@ -8,11 +8,11 @@
 
 #include "core/application_state.h"
 #include "core/ini_profile.h"
+#include "dataset/lifecycle.h"
 #include "editor/rec_view.h"
 #include "navigation/explorer.h"
 #include "startup/start_up.h"
 #include "store/engine.h"
-#include "store/lifecycle/lifecycle.h"
 #include "ui/desktop_outside.h"
 #include "ui/help.h"
 #include "ui/in_progress_window.h"
@@ -36,7 +36,7 @@ public:
 
     ApplicationState& State() { return state_; }
     store::Engine& Engine() { return engine_; }
-    store::Lifecycle& Lifecycle() { return lifecycle_; }
+    dataset::Lifecycle& Lifecycle() { return lifecycle_; }
     editor::RecView& RecView() { return recView_; }
     navigation::cExplorer& Explorer() { return explorer_; }
     RecViewWindow& Window() { return *window_; }
@@ -70,7 +70,7 @@ private:
     std::string workDirectory_;
     std::string preferencesFile_;
     IniProfile profile_;
-    store::Lifecycle lifecycle_;
+    dataset::Lifecycle lifecycle_;
     navigation::cExplorer explorer_;
     editor::RecView recView_;
     startup::StartUp startUp_;

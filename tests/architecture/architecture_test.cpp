@@ -165,7 +165,8 @@ TEST(Architecture, TheLowerFoldersReachNobodyAbove) {
     EXPECT_EQ(ReachOf("exchange", links), (Names{"core", "exchange"}));
     EXPECT_EQ(ReachOf("navigation", links), (Names{"core", "store", "navigation"}));
     EXPECT_EQ(ReachOf("documentation", links), (Names{"core", "store", "documentation"}));
-    const Names editor = {"core", "store", "navigation", "documentation", "editor"};
+    EXPECT_EQ(ReachOf("dataset", links), (Names{"core", "store", "dataset"}));
+    const Names editor = {"core", "store", "dataset", "navigation", "documentation", "editor"};
     EXPECT_EQ(ReachOf("editor", links), editor);
     EXPECT_EQ(ReachOf("records", links), (Names{"core", "store", "records"}));
     EXPECT_EQ(ReachOf("import", links), (Names{"core", "store", "exchange", "records", "import"}));

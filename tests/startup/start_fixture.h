@@ -106,7 +106,7 @@ protected:
     TellingStage stage{story};
     ApplicationState state;
     store::Engine engine;
-    store::Lifecycle lifecycle{state, engine, prompter};
+    dataset::Lifecycle lifecycle{state, engine, prompter};
     IniProfile profile{prompter};
     StartUp start{state, lifecycle, profile, prompter, stage, {iniPath, dir.File("data")}};
 };

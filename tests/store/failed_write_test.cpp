@@ -8,6 +8,7 @@
 
 #include "store/bulk.h"
 #include "store/engine/connection.h"
+#include "store/lifecycle/create.h"
 #include "store_fixture.h"
 
 namespace quillon::store {
@@ -141,7 +142,7 @@ TEST_F(FailedWriteTest, ANewDataSetThatCannotBeMadeLeavesNoFile) {
     db().Close();
     {
         const NoLargerFiles limit(64 * 1024);
-        EXPECT_EQ(NumberOf([&] { f.lifecycle.CreateDataSetFile(f.dir.File("new.mdb")); }), kDiskError);
+        EXPECT_EQ(NumberOf([&] { CreateDataSetFile(f.engine, f.dir.File("new.mdb")); }), kDiskError);
     }
     EXPECT_FALSE(std::filesystem::exists(f.dir.File("new.mdb")));
     EXPECT_FALSE(std::filesystem::exists(f.dir.File("new.mdb-journal")));

@@ -102,7 +102,8 @@ TEST_F(LeftByAnotherProgram, ALogIsNotPlayedIntoANewDataSet) {
     LeaveLog("INSERT INTO journal (qb_id) VALUES (7)");
     fs::remove(copy);
     testkit::WriteFile(copy + "-shm", "old");
-    f.Make("Animalia", "copy.mdb");
+    f.state.gKingdomName = "Animalia";
+    f.lifecycle.MakeDataSet(copy);
     EXPECT_EQ(f.Dump("SELECT qb_id FROM journal"), "");
     f.lifecycle.CloseDataSet();
     EXPECT_EQ(FilesInFolder(), (std::vector<std::string>{"copy.mdb", "test.mdb"}));

@@ -1,6 +1,7 @@
 // One level of transaction over every open DataSet, and the jobs that gather units into durable commits.
 #include <gtest/gtest.h>
 
+#include "store/lifecycle/create.h"
 #include "store/map_function.h"
 #include "store_fixture.h"
 
@@ -11,7 +12,7 @@ class Transactions : public StoreTest {
 protected:
     Transactions() {
         const std::string path = f.dir.File("other.mdb");
-        f.lifecycle.CreateDataSetFile(path);
+        CreateDataSetFile(f.engine, path);
         other = f.engine.OpenDatabase(path);
     }
     Engine& engine() { return f.engine; }

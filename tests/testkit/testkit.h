@@ -10,8 +10,8 @@
 
 #include "core/application_state.h"
 #include "core/outside.h"
+#include "dataset/lifecycle.h"
 #include "store/engine.h"
-#include "store/lifecycle/lifecycle.h"
 
 namespace quillon::testkit {
 
@@ -69,13 +69,14 @@ private:
     std::string path_;
 };
 
-// A new DataSet, open, as the New command leaves it.
+// A new DataSet, open, as the New command leaves it: a copy of one that the process makes once for each
+// kingdom.
 struct DataSetFixture {
     TempDir dir;
     ApplicationState state;
     store::Engine engine;
     ScriptedPrompter prompter;
-    store::Lifecycle lifecycle{state, engine, prompter};
+    dataset::Lifecycle lifecycle{state, engine, prompter};
 
     void Make(const std::string& kingdom = "Animalia", std::string_view file = "test.mdb");
     store::Database& db() { return *state.gDatabase; }

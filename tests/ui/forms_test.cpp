@@ -200,7 +200,7 @@ TEST(DesktopPrompter, ACanceledFileDialogGivesNothing) {
         EXPECT_EQ(dialog.nameFilters(), (QStringList{"Taxonomic Files (*.mdb *.MDB)", "All Files (*)"}));
         dialog.reject();
     });
-    EXPECT_EQ(prompter.FileToOpen("Open", store::kDataSetFilter), std::nullopt);
+    EXPECT_EQ(prompter.FileToOpen("Open", dataset::kDataSetFilter), std::nullopt);
 }
 
 TEST(DesktopPrompter, AChosenFileComesBack) {
@@ -212,7 +212,7 @@ TEST(DesktopPrompter, AChosenFileComesBack) {
         dialog.selectFile(QString::fromStdString(dir.File("new.mdb")));
         QMetaObject::invokeMethod(&dialog, "accept");
     });
-    EXPECT_EQ(prompter.FileToSave("Save", store::kDataSetFilter, false, {}), dir.File("new.mdb"));
+    EXPECT_EQ(prompter.FileToSave("Save", dataset::kDataSetFilter, false, {}), dir.File("new.mdb"));
 }
 
 TEST(DesktopPrompter, DialogsBeginWhereTheDataSetIsAndGoOnWhereTheUserWas) {
@@ -227,7 +227,7 @@ TEST(DesktopPrompter, DialogsBeginWhereTheDataSetIsAndGoOnWhereTheUserWas) {
             dialog.selectFile(QString::fromStdString(file));
             QMetaObject::invokeMethod(&dialog, "accept");
         });
-        prompter.FileToSave("Save", store::kDataSetFilter, false, {});
+        prompter.FileToSave("Save", dataset::kDataSetFilter, false, {});
     };
     choose(elsewhere.File("one.mdb"));
     choose(dataSets.File("two.mdb"));
@@ -235,7 +235,7 @@ TEST(DesktopPrompter, DialogsBeginWhereTheDataSetIsAndGoOnWhereTheUserWas) {
         folders << dynamic_cast<QFileDialog&>(modal).directory().absolutePath();
         QMetaObject::invokeMethod(&modal, "reject");
     });
-    prompter.FileToOpen("Open", store::kDataSetFilter);
+    prompter.FileToOpen("Open", dataset::kDataSetFilter);
     EXPECT_EQ(folders.join(" ").toStdString(),
               dataSets.path() + " " + elsewhere.path() + " " + dataSets.path());
 }

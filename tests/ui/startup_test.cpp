@@ -175,7 +175,7 @@ TEST_F(StartTest, TheSmallWindowsHaveAllTheirControls) {
     ApplicationState state;
     store::Engine engine;
     testkit::ScriptedPrompter prompter;
-    store::Lifecycle lifecycle(state, engine, prompter);
+    dataset::Lifecycle lifecycle(state, engine, prompter);
     startup::FrmSplash splash("4.0.6");
     const SplashWindow splashWindow(splash);
     EXPECT_EQ(NamesWithoutPartner(splash.form, splashWindow).join(" "), "");

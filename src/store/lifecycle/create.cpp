@@ -1,9 +1,12 @@
-#include <fmt/format.h>
+#include "store/lifecycle/create.h"
 
+#include <algorithm>
+#include <array>
+
+#include "core/file_identity.h"
 #include "core/text.h"
 #include "core/vocabulary.h"
 #include "store/lifecycle/file_copy.h"
-#include "store/lifecycle/lifecycle.h"
 #include "store/queries/catalogue.h"
 #include "store/schema/schema.h"
 #include "store/schema/seed.h"
@@ -69,7 +72,7 @@ void SeedChangeOperations(Database& database) {
     }
 }
 
-// The failure that led here is the one to tell, whatever else fails on the way out.
+// The failure that led here is the one to report, whatever else fails on the way out.
 void Abandon(Engine& engine, Database& database) {
     try {
         if (engine.InTransaction()) engine.Rollback();
@@ -79,34 +82,42 @@ void Abandon(Engine& engine, Database& database) {
     }
 }
 
+void MakeSeededFile(Engine& engine, const std::string& path, std::string_view kingdomName,
+                    std::string_view version) {
+    CreateDataSetFile(engine, path);
+    const DatabaseHandle database = engine.OpenDatabase(path);
+    SeedDataSet(engine, *database, kingdomName, version);
+    database->Close();
+}
+
+// The tables that a new DataSet has rows in, beside its root taxon.
+constexpr std::array<std::string_view, 4> kSeeded = {"kingdoms", "taxonomic_unit_types", "db_control",
+                                                     "change_operations_lookup"};
+
 }  // namespace
 
-void Lifecycle::CreateDataSetFile(const std::string& path) {
-    const DatabaseHandle database = engine_.CreateDatabase(path);
-    engine_.BeginTrans();
+void CreateDataSetFile(Engine& engine, const std::string& path) {
+    const DatabaseHandle database = engine.CreateDatabase(path);
+    engine.BeginTrans();
     try {
         for (const TableSpec& table : DataSetTables()) database->AppendTable(TableDefOf(table));
         for (const NamedQuery& query : NamedQueryCatalogue()) database->CreateQueryDef(query.name, query.sql);
         database->DeleteTable("taxunits");
         database->DeleteTable("authors");
-        engine_.CommitTrans();
+        engine.CommitTrans();
         database->Close();
     } catch (...) {
-        Abandon(engine_, *database);
+        Abandon(engine, *database);
         RemoveDataSetFile(path);
         throw;
     }
 }
 
-void Lifecycle::SeedDataSet() {
-    Seed(*state_.gDatabase);
-}
-
-void Lifecycle::Seed(Database& database) {
-    const std::string name(Trim(state_.gKingdomName));
+void SeedDataSet(Engine& engine, Database& database, std::string_view kingdomName, std::string_view version) {
+    const std::string name(Trim(kingdomName));
     const int index = KingdomIndex(name);
     const KingdomFamily family = FamilyOfKingdom(name);
-    engine_.BeginTrans();
+    engine.BeginTrans();
     try {
         SeedKingdom(database, index, name);
         if (index != 0) SeedRanks(database, index, family);
@@ -114,14 +125,39 @@ void Lifecycle::Seed(Database& database) {
         const auto control = database.OpenTable("db_control");
         control->AddNew();
         control->Set("attribute", "Version");
-        control->Set("value", state_.gVersion);
+        control->Set("value", version);
         control->Update();
         SeedChangeOperations(database);
-        engine_.CommitTrans();
+        engine.CommitTrans();
     } catch (...) {
-        if (engine_.InTransaction()) engine_.Rollback();
+        if (engine.InTransaction()) engine.Rollback();
         throw;
     }
+}
+
+void MakeDataSetFile(Engine& engine, const std::string& path, std::string_view kingdomName,
+                     std::string_view version) {
+    const std::string target = RealPath(path);
+    const std::string making = target + "~new";
+    RemoveDataSetFile(making);
+    try {
+        MakeSeededFile(engine, making, kingdomName, version);
+        Publish(making, target);
+    } catch (...) {
+        RemoveDataSetFile(making);
+        throw;
+    }
+}
+
+bool HoldsOnlySeedRows(Database& database) {
+    for (const TableDef& table : database.TableDefs()) {
+        if (std::find(kSeeded.begin(), kSeeded.end(), table.name) != kSeeded.end()) continue;
+        const std::string root = table.name == "qb_taxonomic_units" ? " WHERE qb_id <> 1" : "";
+        const auto rows =
+            database.OpenRecordset("SELECT * FROM [" + table.name + "]" + root, RecordsetType::ForwardOnly);
+        if (!rows->Eof()) return false;
+    }
+    return true;
 }
 
 }  // namespace quillon::store

@@ -2,13 +2,13 @@
 
 #include <fcntl.h>
 #include <fmt/format.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
-#include <cstdlib>
 #include <cstring>
+
+#include "core/file_identity.h"
 
 namespace quillon::store {
 
@@ -74,13 +74,6 @@ void RemoveLogsOf(const std::string& path) {
 }
 
 }  // namespace
-
-std::string RealPath(const std::string& path) {
-    char* real = realpath(path.c_str(), nullptr);
-    std::string result = real == nullptr ? path : real;
-    std::free(real);
-    return result;
-}
 
 void RemoveFile(const std::string& path) {
     unlink(path.c_str());

@@ -9,8 +9,6 @@
 
 namespace quillon::store {
 
-// `path` with symbolic links followed; `path` itself when it does not exist.
-std::string RealPath(const std::string& path);
 // Nothing when there is no such file.
 void RemoveFile(const std::string& path);
 // The file and the journal and logs beside it.

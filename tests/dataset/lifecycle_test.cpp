@@ -1,11 +1,11 @@
-// The life of a DataSet: made, seeded, opened, refused, copied, discarded.
+// New, Open and Save As as a person uses them: what is asked, what is reported, and what is open then.
 #include <gtest/gtest.h>
 
 #include <filesystem>
 
 #include "testkit/testkit.h"
 
-namespace quillon::store {
+namespace quillon::dataset {
 
 using testkit::DataSetFixture;
 
@@ -55,18 +55,6 @@ TEST(NewDataSet, OfNoKnownKingdomHasEmptyRowsAndNoRanks) {
               "\\N\t\\N\t\\N\t\\N\n");
 }
 
-TEST(NewDataSet, SeedingTwiceFailsOnTheKeys) {
-    DataSetFixture f;
-    f.Make();
-    try {
-        f.lifecycle.SeedDataSet();
-        FAIL() << "a second seeding passed";
-    } catch (const StoreError& error) {
-        EXPECT_EQ(error.Number(), 3022);
-    }
-    EXPECT_EQ(f.Dump("SELECT count(*) FROM taxonomic_unit_types"), "21\n");
-}
-
 TEST(NewDataSet, RefusesTheNameOfTheOpenOneAndAsksAgain) {
     DataSetFixture f;
     f.Make();
@@ -111,57 +99,6 @@ TEST(NewDataSet, AsksBeforeLosingARecord) {
               std::vector<std::string>{
                   "A new or modified record was not saved.  Continuing will lose that record!  Continue?"});
     EXPECT_EQ(f.prompter.titles.back(), "Losing new/modified record");
-}
-
-TEST(DataSetVersion, ComparesAsText) {
-    DataSetFixture f;
-    const auto compare = [&](std::string_view version) { return f.lifecycle.CompareDataSetVersion(version); };
-    EXPECT_EQ(compare("4.0.6"), "EQ");
-    EXPECT_EQ(compare("1.3"), "EQ");
-    EXPECT_EQ(compare("1.31"), "EQ");
-    EXPECT_EQ(compare("3.6.0"), "LT");
-    EXPECT_EQ(compare("4.0.5"), "LT");
-    EXPECT_EQ(compare("5.0"), "LT");
-    EXPECT_EQ(compare("Gamma 2"), "LT");
-    EXPECT_EQ(compare("3"), "LT");
-    f.state.gVersion = "3.1";
-    EXPECT_EQ(compare("3"), "EQ");
-    EXPECT_EQ(compare("3.2"), "GT");
-    EXPECT_EQ(compare("2"), "LT");
-}
-
-TEST(DataSetVersion, IsValidWhenItBeginsWithADigitOrGamma) {
-    DataSetFixture f;
-    f.Make();
-    std::string version;
-    EXPECT_TRUE(f.lifecycle.IsDataSetVersionValid(version));
-    EXPECT_EQ(version, "4.0.6");
-    const auto with = [&](std::string_view text) {
-        f.db().Execute("DELETE * FROM db_control");
-        f.db().Execute("INSERT INTO db_control (attribute, [value]) SELECT 'Version', '" + std::string(text) +
-                       "'");
-        return f.lifecycle.IsDataSetVersionValid(version);
-    };
-    EXPECT_TRUE(with("Gamma 1"));
-    EXPECT_FALSE(with("abc"));
-    EXPECT_EQ(version, "abc");
-    f.db().Execute("DELETE * FROM db_control");
-    EXPECT_FALSE(f.lifecycle.IsDataSetVersionValid(version));
-    EXPECT_EQ(version, "");
-    f.db().DeleteTable("db_control");
-    EXPECT_FALSE(f.lifecycle.IsDataSetVersionValid(version));
-}
-
-TEST(DataSetVersion, OfAFileIsReadWithoutOpeningItForGood) {
-    DataSetFixture f;
-    f.Make();
-    const std::string path = f.state.gDataSetPath;
-    f.lifecycle.CloseDataSet();
-    std::string version;
-    EXPECT_TRUE(f.lifecycle.IsFileDataSetVersionValid(path, version));
-    EXPECT_EQ(version, "4.0.6");
-    EXPECT_FALSE(f.state.gDataSetOpen);
-    EXPECT_FALSE(f.lifecycle.IsFileDataSetVersionValid(f.dir.File("none.mdb"), version));
 }
 
 TEST(OpenDataSet, ReopensTheOldOneAfterARefusal) {
@@ -239,64 +176,4 @@ TEST(SaveDataSetAs, AsksBeforeOverwriting) {
     EXPECT_EQ(testkit::ReadFile(other), "keep me");
 }
 
-TEST(DiscardUnsavedRecord, RemovesWhatTheTrackWrote) {
-    DataSetFixture f;
-    f.Make();
-    f.db().Execute("INSERT INTO qb_change_tracks (qb_change_track_id, qb_id) SELECT 7, 1");
-    f.db().Execute("INSERT INTO qb_change_tracks (qb_change_track_id, qb_id) SELECT 8, 1");
-    f.db().Execute("INSERT INTO qb_change_comments (qb_change_track_id, change_detail) SELECT 7, 'x'");
-    f.db().Execute("INSERT INTO qb_change_operations (qb_change_track_id, chg_op_id) SELECT 7, 3");
-    f.db().Execute("INSERT INTO qb_publications (publication_id_prefix, qb_publication_id) SELECT 'PUB', 4");
-    f.db().Execute(
-        "INSERT INTO qb_reference_links (qb_id, qb_documentation_id_prefix, qb_documentation_id, "
-        "qb_change_track_id) SELECT 1, 'PUB', 4, 7");
-    f.state.currentTaxon.qb_id = 1;
-    f.state.gNewChangeTrackIds = {7};
-    f.lifecycle.DiscardUnsavedRecord();
-    EXPECT_EQ(f.Dump("SELECT qb_change_track_id FROM qb_change_tracks"), "8\n");
-    for (const std::string table :
-         {"qb_change_comments", "qb_change_operations", "qb_publications", "qb_reference_links"})
-        EXPECT_EQ(f.Dump("SELECT count(*) FROM " + table), "0\n") << table;
-    EXPECT_TRUE(f.state.gNewChangeTrackIds.empty());
-}
-
-TEST(DiscardUnsavedRecord, IsHeardOfOnlyAfterYesAndWhenTheTracksAreGone) {
-    DataSetFixture f;
-    f.Make();
-    f.db().Execute("INSERT INTO qb_change_tracks (qb_change_track_id, qb_id) SELECT 7, 1");
-    std::string heard;
-    f.lifecycle.RecordDiscarded = [&] { heard += f.Dump("SELECT count(*) FROM qb_change_tracks"); };
-    f.state.gNewChangeTrackIds = {7};
-    EXPECT_FALSE(f.lifecycle.AskLoseChanges());
-    EXPECT_EQ(heard, "") << "nothing is unsaved";
-    f.state.RecordDirty = true;
-    f.prompter.yesNo = {false, true};
-    EXPECT_TRUE(f.lifecycle.AskLoseChanges());
-    EXPECT_EQ(heard, "");
-    EXPECT_FALSE(f.lifecycle.AskLoseChanges());
-    EXPECT_EQ(heard, "0\n");
-    EXPECT_TRUE(f.state.RecordDirty) << "the next load clears it";
-}
-
-TEST(DiscardUnsavedRecord, NeedsNoDataSetToBeAskedFor) {
-    DataSetFixture f;
-    f.state.RecordDirty = true;
-    f.prompter.yesNo = {true};
-    EXPECT_FALSE(f.lifecycle.AskLoseChanges());
-    EXPECT_TRUE(f.prompter.messages.empty());
-}
-
-TEST(DiscardUnsavedRecord, StopsAtAnUnknownPrefix) {
-    DataSetFixture f;
-    f.Make();
-    f.db().Execute(
-        "INSERT INTO qb_reference_links (qb_id, qb_documentation_id_prefix, qb_documentation_id, "
-        "qb_change_track_id) SELECT 1, 'ODD', 4, 7");
-    f.state.currentTaxon.qb_id = 1;
-    f.state.gNewChangeTrackIds = {7};
-    f.lifecycle.DiscardUnsavedRecord();
-    EXPECT_EQ(f.prompter.messages, std::vector<std::string>{"Error deleting Change Tracks"});
-    EXPECT_EQ(f.Dump("SELECT count(*) FROM qb_reference_links"), "1\n");
-}
-
-}  // namespace quillon::store
+}  // namespace quillon::dataset

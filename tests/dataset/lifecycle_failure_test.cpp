@@ -7,7 +7,7 @@
 #include "testkit/limits.h"
 #include "testkit/testkit.h"
 
-namespace quillon::store {
+namespace quillon::dataset {
 namespace {
 
 // first.mdb is open, and second.mdb is another DataSet beside it.
@@ -133,4 +133,4 @@ TEST_F(LifecycleFailure, ADataSetThatIsNoLongerNewDoesNotBecomeSo) {
 }
 
 }  // namespace
-}  // namespace quillon::store
+}  // namespace quillon::dataset
