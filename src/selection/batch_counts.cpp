@@ -1,8 +1,7 @@
 #include "selection/batch_counts.h"
 
-#include <fmt/format.h>
-
 #include <array>
+#include <vector>
 
 #include "selection/record_filter.h"
 #include "store/row_stream.h"
@@ -12,6 +11,7 @@ namespace quillon::selection {
 namespace {
 
 constexpr std::string_view kTaxa = "qb_taxonomic_units";
+constexpr store::TableRows::Order kAny = store::TableRows::Order::Any;
 
 int CountAll(store::Database& database, std::string_view table) {
     store::RowStream rows(database, BuildValidationSelect(table, kNoFilter, true));
@@ -38,31 +38,29 @@ public:
 private:
     // Sums what `count` gives for each row.
     template <typename Count>
-    int Sum(const std::string& select, const Count& count) const {
+    int Sum(std::string_view table, const std::vector<std::string_view>& columns,
+            const store::TableRows& among, const Count& count) const {
         int sum = 0;
-        store::RowStream rows(database_, select);
+        store::RowStream rows(database_, table, columns, among);
         while (rows.Next() && goOn_()) sum += count(rows);
         return sum;
     }
     int Authors() const {
-        const std::string select =
-            fmt::format("SELECT qb_taxon_author_id FROM qb_taxon_authors_lookup WHERE True{};",
-                        AndAmong("qb_taxon_author_id", taxa_.Authors()));
-        return Sum(select, [&](const store::RowStream& row) {
-            return taxa_.CountOfAuthor(static_cast<std::int32_t>(row.Long(0)));
-        });
+        constexpr std::string_view id = "qb_taxon_author_id";
+        return Sum("qb_taxon_authors_lookup", {id}, RowsAmong(id, taxa_.Authors(), kAny),
+                   [&](const store::RowStream& row) {
+                       return taxa_.CountOfAuthor(static_cast<std::int32_t>(row.Long(0)));
+                   });
     }
     int Links(std::string_view table, std::string_view prefix, std::string_view id) const {
-        const std::string select = fmt::format("SELECT {0}, {1} FROM {2} WHERE {0} Is Not Null{3};", prefix,
-                                               id, table, AndAmong(id, taxa_.Documents().Ids()));
-        return Sum(select, [&](const store::RowStream& row) {
-            return taxa_.Documents().Count(row.Text(0), static_cast<std::int32_t>(row.Long(1)));
-        });
+        const DocumentLinks& documents = taxa_.Documents();
+        return Sum(table, {prefix, id}, RowsAmong(id, documents.Ids(), kAny),
+                   [&](const store::RowStream& row) {
+                       return documents.Count(row.Text(0), static_cast<std::int32_t>(row.Long(1)));
+                   });
     }
     int OfTaxa(std::string_view table, const IdSet& ids) const {
-        const std::string select =
-            fmt::format("SELECT qb_id FROM {} WHERE True{} ORDER BY qb_id;", table, AndAmong("qb_id", ids));
-        return Sum(select, [&](const store::RowStream& row) {
+        return Sum(table, {"qb_id"}, RowsAmong("qb_id", ids, kAny), [&](const store::RowStream& row) {
             return ids.Has(static_cast<std::int32_t>(row.Long(0))) ? 1 : 0;
         });
     }

@@ -1,15 +1,18 @@
 #include "selection/selected_rows.h"
 
-#include <fmt/format.h>
-
 namespace quillon::selection {
 
 namespace {
 
-// The first columns of a list.
-std::string_view ColumnAt(std::string_view columns, int place) {
-    for (; place > 0; --place) columns.remove_prefix(columns.find(',') + 2);
-    return columns.substr(0, columns.find(','));
+std::vector<std::string_view> ColumnsOf(std::string_view list) {
+    constexpr std::string_view separator = ", ";
+    std::vector<std::string_view> columns;
+    for (std::size_t end = list.find(separator); end != std::string_view::npos; end = list.find(separator)) {
+        columns.push_back(list.substr(0, end));
+        list.remove_prefix(end + separator.size());
+    }
+    columns.push_back(list);
+    return columns;
 }
 
 }  // namespace
@@ -23,24 +26,32 @@ SelectedRows::Reach SelectedRows::ReachOf(std::string_view table) {
     return isDocument ? Reach::Document : Reach::Taxon;
 }
 
-// A document's prefix is part of its key and never Null; to say so lets the engine walk the key instead of
-// sorting all rows first. The reference links of a taxon it walks by the key as they stand.
-std::string SelectedRows::Select(std::string_view table, std::string_view columns, const SelectedTaxa& taxa) {
-    const Reach reach = ReachOf(table);
-    std::string condition = "True", order;
-    if (reach == Reach::Document) condition = fmt::format("{} Is Not Null", ColumnAt(columns, 0));
-    if (table == "qb_reference_links") order = " ORDER BY qb_id";
-    if (!taxa.All() && reach == Reach::Taxon) condition += AndAmong(ColumnAt(columns, 0), taxa.Ids());
-    if (!taxa.All() && reach == Reach::Listed) condition += AndAmong(ColumnAt(columns, 0), taxa.Listed());
-    if (!taxa.All() && reach == Reach::Author) condition += AndAmong(ColumnAt(columns, 0), taxa.Authors());
-    if (!taxa.All() && reach == Reach::Document)
-        condition += AndAmong(ColumnAt(columns, 1), taxa.Documents().Ids());
-    return fmt::format("SELECT {} FROM {} WHERE {}{};", columns, table, condition, order);
+// The reference links of a taxon come as they stand in the file; all other rows in the order of texts.
+store::TableRows SelectedRows::RowsOf(std::string_view table, const std::vector<std::string_view>& columns,
+                                      const SelectedTaxa& taxa) {
+    using Order = store::TableRows::Order;
+    const Order order = table == "qb_reference_links" ? Order::Key : Order::Collated;
+    if (taxa.All()) return {order};
+    switch (ReachOf(table)) {
+        case Reach::Author:
+            return RowsAmong(columns[0], taxa.Authors(), order);
+        case Reach::Document:
+            return RowsAmong(columns[1], taxa.Documents().Ids(), order);
+        case Reach::Listed:
+            return RowsAmong(columns[0], taxa.Listed(), order);
+        case Reach::Taxon:
+            return RowsAmong(columns[0], taxa.Ids(), order);
+    }
+    return {order};
 }
 
 SelectedRows::SelectedRows(store::Database& database, std::string_view table, std::string_view columns,
                            const SelectedTaxa& taxa)
-    : taxa_(taxa), reach_(ReachOf(table)), rows_(database, Select(table, columns, taxa)) {}
+    : SelectedRows(database, table, ColumnsOf(columns), taxa) {}
+
+SelectedRows::SelectedRows(store::Database& database, std::string_view table,
+                           const std::vector<std::string_view>& columns, const SelectedTaxa& taxa)
+    : taxa_(taxa), reach_(ReachOf(table)), rows_(database, table, columns, RowsOf(table, columns, taxa)) {}
 
 int SelectedRows::Visits() const {
     if (taxa_.All()) return 1;

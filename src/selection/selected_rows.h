@@ -3,8 +3,8 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 #include <string_view>
+#include <vector>
 
 #include "selection/selected_taxa.h"
 #include "store/row_stream.h"
@@ -13,8 +13,8 @@ namespace quillon::selection {
 
 class SelectedRows {
 public:
-    // `columns` are parted by commas. They begin with those by which a row hangs on the taxa: the taxon's
-    // qb_id, the author's id, or prefix and id of a document. Throws StoreError.
+    // `columns` is a list with commas, which begins with the columns that link a row to the taxa: the taxon's
+    // qb_id, the author's id, or prefix and id of a document. One column may stand twice. Throws StoreError.
     SelectedRows(store::Database& database, std::string_view table, std::string_view columns,
                  const SelectedTaxa& taxa);
 
@@ -28,7 +28,11 @@ public:
 private:
     enum class Reach { Taxon, Listed, Author, Document };
     static Reach ReachOf(std::string_view table);
-    static std::string Select(std::string_view table, std::string_view columns, const SelectedTaxa& taxa);
+    static store::TableRows RowsOf(std::string_view table, const std::vector<std::string_view>& columns,
+                                   const SelectedTaxa& taxa);
+
+    SelectedRows(store::Database& database, std::string_view table,
+                 const std::vector<std::string_view>& columns, const SelectedTaxa& taxa);
 
     const SelectedTaxa& taxa_;
     Reach reach_;

@@ -1,4 +1,4 @@
-// The taxa that a filter lets through, and what they reach: their authors and, through their reference links,
+// The taxa that a filter selects, and what they reach: their authors and, through their reference links,
 // documents. Read once, when a validation or an export begins.
 //
 // A million names are read row by row and never joined or sorted by the engine: each row is a turn at which
@@ -22,24 +22,10 @@ namespace quillon::selection {
 // Called for each row that is read; false ends the reading.
 using Continue = std::function<bool()>;
 
-// " AND <column> IN (3, 7, 12)" while the ids are few enough to be looked up one by one; empty for more, so
-// that all rows are read. An empty set gives a condition that no row meets.
-std::string AndAmong(std::string_view column, const IdSet& ids);
-
-// Documents, and by how many links each is reached. Prefixes compare as the store compares texts.
-class DocumentLinks {
-public:
-    void Add(std::string_view prefix, std::int32_t id);
-    // 0 for a document that no link leads to.
-    std::int32_t Count(std::string_view prefix, std::int32_t id) const;
-    // The ids under all prefixes.
-    const IdSet& Ids() const { return ids_; }
-
-private:
-    std::size_t Find(std::string_view prefix) const;
-    std::vector<std::pair<std::string, IdMap>> byPrefix_;
-    IdSet ids_;
-};
+// The rows of a table that have one of the ids in `column`: looked up one by one while the ids are few, and
+// all rows of the table when they are more. The reader leaves out those that do not belong.
+store::TableRows RowsAmong(std::string_view column, const IdSet& ids,
+                           store::TableRows::Order order = store::TableRows::Order::Key);
 
 class SelectedTaxa {
 public:

@@ -11,22 +11,43 @@ namespace quillon::store {
 
 namespace {
 
+bool IsText(const PhysicalTable& table, const std::string& column) {
+    const FieldDef* field = table.def.Field(column);
+    return field != nullptr && HasText(field->type);
+}
+
+std::string OrderBy(const PhysicalTable& table, TableRows::Order order) {
+    std::string list;
+    for (const std::string& key : table.KeyColumns()) {
+        list += (list.empty() ? " ORDER BY " : ", ") + (key == "rowid" ? key : QuoteName(key));
+        if (order == TableRows::Order::Collated && IsText(table, key)) list += " COLLATE QLN";
+    }
+    return list;
+}
+
+// The index of a key under the collation leaves Null out. A select has to say that it does, too, and is then
+// read along the index instead of being sorted first.
+std::string Condition(const PhysicalTable& table, const TableRows& rows) {
+    std::string condition;
+    if (!rows.column.empty())
+        condition = fmt::format(" WHERE {} IN (SELECT value FROM json_each(?1))", QuoteName(rows.column));
+    const std::string first = table.KeyColumns().front();
+    if (rows.order != TableRows::Order::Collated || !IsText(table, first)) return condition;
+    return condition + (condition.empty() ? " WHERE " : " AND ") + QuoteName(first) + " IS NOT NULL";
+}
+
 std::string TableSelect(const PhysicalTable& table, const std::vector<std::string_view>& columns,
                         const TableRows& rows) {
-    std::string list, order;
+    std::string list;
     for (const std::string_view column : columns) {
         if (table.def.Field(column) == nullptr)
             throw StoreError(ErrorNumber::ItemNotFound,
                              fmt::format("There is no field '{}' in the table.", column));
         list += (list.empty() ? "" : ", ") + QuoteName(column);
     }
-    std::string sql = fmt::format("SELECT {} FROM {}", list, QuoteName(table.def.name));
-    if (!rows.column.empty())
-        sql += fmt::format(" WHERE {} IN (SELECT value FROM json_each(?1))", QuoteName(rows.column));
-    if (rows.order == TableRows::Order::Any) return sql;
-    for (const std::string& key : table.KeyColumns())
-        order += (order.empty() ? " ORDER BY " : ", ") + (key == "rowid" ? key : QuoteName(key));
-    return sql + order;
+    const std::string order = rows.order == TableRows::Order::Any ? "" : OrderBy(table, rows.order);
+    return fmt::format("SELECT {} FROM {}{}{}", list, QuoteName(table.def.name), Condition(table, rows),
+                       order);
 }
 
 }  // namespace
@@ -51,7 +72,11 @@ RowStream::RowStream(Database& database, std::string_view table, const std::vect
     statement_ = PrepareNative(connection_->Native(), sql);
     if (rows.column.empty()) return;
     const std::string numbers = fmt::format("[{}]", fmt::join(rows.among, ","));
-    sqlite3_bind_text64(statement_, 1, numbers.data(), numbers.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+    const int code =
+        sqlite3_bind_text64(statement_, 1, numbers.data(), numbers.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+    if (code == SQLITE_OK) return;
+    sqlite3_finalize(statement_);
+    ThrowNative(connection_->Native(), code);
 }
 
 RowStream::~RowStream() {

@@ -21,10 +21,12 @@ struct Compiled;
 
 // Which rows of a table a stream gives.
 struct TableRows {
-    // Key: by the primary key in plain byte order, as the table stands in the file. Any: as it is read
+    // Key: by the primary key in plain byte order, as the table stands in the file. Collated: by the primary
+    // key, its texts under the program's collation, as a select of the dialect gives them. Any: as it is read
     // fastest.
-    enum class Order { Key, Any } order = Order::Key;
-    // Only rows with one of these numbers in the column; all rows while the column is empty. For few numbers.
+    enum class Order { Key, Collated, Any } order = Order::Key;
+    // Only rows with one of these numbers in the column; all rows while the column is empty. Each number is
+    // looked up, so this is for few of them; their count has no limit.
     std::string_view column = {};
     std::vector<std::int32_t> among = {};
 };

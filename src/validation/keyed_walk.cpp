@@ -4,6 +4,13 @@
 
 namespace quillon::validation {
 
+KeyedWalk::KeyedWalk(store::Database& database, std::string_view table,
+                     const std::vector<std::string_view>& columns, const store::TableRows& rows,
+                     selection::Continue goOn)
+    : rows_(database, table, columns, rows), goOn_(std::move(goOn)) {
+    Advance();
+}
+
 KeyedWalk::KeyedWalk(store::Database& database, std::string_view select, selection::Continue goOn)
     : rows_(database, select), goOn_(std::move(goOn)) {
     Advance();

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string_view>
+#include <vector>
 
 #include "selection/selected_taxa.h"
 #include "store/row_stream.h"
@@ -12,18 +13,21 @@ namespace quillon::validation {
 
 class KeyedWalk {
 public:
-    // `select` gives the key in its first column and is ordered by it. `goOn` is called for each row that is
+    // The key is the first column, and the rows are ordered by it. `goOn` is called for each row that is
     // passed over. Throws StoreError.
+    KeyedWalk(store::Database& database, std::string_view table, const std::vector<std::string_view>& columns,
+              const store::TableRows& rows, selection::Continue goOn);
+    // The same over the rows of a select in the dialect.
     KeyedWalk(store::Database& database, std::string_view select, selection::Continue goOn);
 
-    // Goes on to the first row of the key; false when there is none, or the user wants no more. Keys may be
+    // Goes on to the first row of the key; false when there is none, or the job is canceled. Keys may be
     // left out, but never go back.
     bool MoveTo(std::int64_t key);
     // The next row, if it has the same key still.
     bool MoveNext();
     // The row at hand, after a true from either.
     const store::RowStream& Row() const { return rows_; }
-    // The user wanted no more before the key was reached.
+    // The job was canceled before the key was reached.
     bool Stopped() const { return stopped_; }
 
 private:

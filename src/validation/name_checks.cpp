@@ -2,12 +2,14 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <array>
 #include <optional>
+#include <utility>
+#include <vector>
 
 #include "core/names.h"
 #include "core/text.h"
-#include "validation/id_table.h"
 #include "validation/keyed_walk.h"
 #include "validation/table_checks.h"
 
@@ -17,14 +19,15 @@ namespace {
 
 using store::RowStream;
 
-constexpr std::string_view kLinks =
-    "SELECT qb_id, qb_documentation_id_prefix, qb_documentation_id, vernacular_name FROM qb_vern_ref_links "
-    "WHERE True{} ORDER BY qb_id;";
 // Every jurisdiction, with an origin or without: then each row of the walk is a turn.
 constexpr std::string_view kTaxaOfJurisdictions =
     "SELECT qb_jurisdiction.qb_id AS of_taxon, unit_ind1, unit_name1, unit_ind2, unit_name2, unit_ind3, "
     "unit_name3, unit_ind4, unit_name4 FROM qb_jurisdiction INNER JOIN qb_taxonomic_units ON "
-    "qb_jurisdiction.qb_id = qb_taxonomic_units.qb_id WHERE True{} ORDER BY qb_jurisdiction.qb_id;";
+    "qb_jurisdiction.qb_id = qb_taxonomic_units.qb_id ORDER BY qb_jurisdiction.qb_id;";
+
+const std::vector<std::string_view> kNameColumns = {"qb_id",      "unit_ind1",  "unit_name1",
+                                                    "unit_ind2",  "unit_name2", "unit_ind3",
+                                                    "unit_name3", "unit_ind4",  "unit_name4"};
 
 std::int32_t Id(const RowStream& rows, std::size_t column) {
     return static_cast<std::int32_t>(rows.Long(column));
@@ -35,45 +38,49 @@ std::int32_t Id(const RowStream& rows, std::size_t column) {
 class ReferencedNames {
 public:
     explicit ReferencedNames(const ValidationRun& run) {
-        const std::string among =
-            run.taxa.All() ? std::string() : selection::AndAmong("qb_id", run.taxa.Listed());
-        ReadDocuments(run, among);
-        RowStream links(run.database, fmt::format(fmt::runtime(kLinks), among));
+        const store::TableRows ofTaxa =
+            run.taxa.All() ? store::TableRows() : selection::RowsAmong("qb_id", run.taxa.Listed());
+        ReadDocuments(run, ofTaxa);
+        RowStream links(run.database, "qb_vern_ref_links",
+                        {"qb_id", "qb_documentation_id_prefix", "qb_documentation_id", "vernacular_name"},
+                        ofTaxa);
         while (links.Next() && run.GoOn())
             if (!links.IsNull(3) && IsThere(links.Text(1), Id(links, 2))) Add(Id(links, 0), links.Text(3));
+        std::sort(places_.begin(), places_.end(),
+                  [this](const Place& left, const Place& right) { return KeyOf(left) < KeyOf(right); });
     }
 
-    bool Has(std::int64_t qb_id, std::string_view vernacular_name) const {
-        for (const Place& place : places_.FindAll(qb_id))
-            if (std::string_view(names_).substr(place.begin, place.size) == vernacular_name) return true;
-        return false;
+    bool Has(std::int32_t qb_id, std::string_view vernacular_name) const {
+        const Key wanted(qb_id, vernacular_name);
+        const auto found =
+            std::lower_bound(places_.begin(), places_.end(), wanted,
+                             [this](const Place& place, const Key& key) { return KeyOf(place) < key; });
+        return found != places_.end() && KeyOf(*found) == wanted;
     }
 
 private:
     struct Kind {
-        std::string_view prefix, table, id, own;
+        std::string_view prefix, table, id;
     };
-    static constexpr std::array<Kind, 3> kKinds = {
-        {{"PUB", "qb_publications", "qb_publication_id", "publication_id_prefix"},
-         {"SRC", "qb_other_sources", "qb_source_id", "source_id_prefix"},
-         {"EXP", "qb_experts", "qb_expert_id", "expert_id_prefix"}}};
+    static constexpr std::array<Kind, 3> kKinds = {{{"PUB", "qb_publications", "qb_publication_id"},
+                                                    {"SRC", "qb_other_sources", "qb_source_id"},
+                                                    {"EXP", "qb_experts", "qb_expert_id"}}};
     struct Place {
         std::int32_t id = 0;
         std::size_t begin = 0, size = 0;
     };
 
     // Those that the links of few taxa lead to, else all.
-    void ReadDocuments(const ValidationRun& run, const std::string& amongTaxa) {
+    void ReadDocuments(const ValidationRun& run, const store::TableRows& ofTaxa) {
         selection::IdSet linked;
-        if (!amongTaxa.empty()) {
-            RowStream links(run.database, fmt::format(fmt::runtime(kLinks), amongTaxa));
-            while (links.Next() && run.GoOn()) linked.Add(Id(links, 2));
+        if (!ofTaxa.column.empty()) {
+            RowStream links(run.database, "qb_vern_ref_links", {"qb_documentation_id"}, ofTaxa);
+            while (links.Next() && run.GoOn()) linked.Add(Id(links, 0));
         }
         for (std::size_t i = 0; i < kKinds.size(); ++i) {
-            const std::string among =
-                amongTaxa.empty() ? std::string() : selection::AndAmong(kKinds[i].id, linked);
-            RowStream rows(run.database, fmt::format("SELECT {0} FROM {1} WHERE {2} Is Not Null{3};",
-                                                     kKinds[i].id, kKinds[i].table, kKinds[i].own, among));
+            store::TableRows among{store::TableRows::Order::Any};
+            if (!ofTaxa.column.empty()) among = selection::RowsAmong(kKinds[i].id, linked, among.order);
+            RowStream rows(run.database, kKinds[i].table, {kKinds[i].id}, among);
             while (rows.Next() && run.GoOn()) documents_[i].Add(Id(rows, 0));
         }
     }
@@ -85,12 +92,16 @@ private:
         return false;
     }
     void Add(std::int32_t qb_id, std::string_view vernacular_name) {
-        places_.Append({qb_id, names_.size(), vernacular_name.size()});
+        places_.push_back({qb_id, names_.size(), vernacular_name.size()});
         names_ += vernacular_name;
+    }
+    using Key = std::pair<std::int32_t, std::string_view>;
+    Key KeyOf(const Place& place) const {
+        return {place.id, std::string_view(names_).substr(place.begin, place.size)};
     }
 
     std::array<selection::IdSet, 3> documents_;
-    IdTable<Place> places_;
+    std::vector<Place> places_;  // by taxon and name
     std::string names_;
 };
 
@@ -100,7 +111,7 @@ class TaxonNames {
 public:
     explicit TaxonNames(const ValidationRun& run) : run_(run) {}
 
-    // Nothing when the user wants no more; empty when there is no such taxon.
+    // Nothing when the run is canceled; empty when there is no such taxon.
     std::optional<std::string> Of(std::int64_t qb_id) {
         if (!walk_) Open();
         const bool found = walk_->MoveTo(qb_id);
@@ -109,11 +120,15 @@ public:
     }
 
 private:
+    // Of few taxa the rows themselves; of many the taxa with jurisdictions.
     void Open() {
-        const std::string among =
-            run_.taxa.All() ? std::string() : selection::AndAmong("qb_jurisdiction.qb_id", run_.taxa.Ids());
-        walk_.emplace(run_.database, fmt::format(fmt::runtime(kTaxaOfJurisdictions), among),
-                      [this] { return run_.GoOn(); });
+        store::TableRows rows;
+        if (!run_.taxa.All()) rows = selection::RowsAmong("qb_id", run_.taxa.Ids());
+        const selection::Continue goOn = [this] { return run_.GoOn(); };
+        if (rows.column.empty())
+            walk_.emplace(run_.database, kTaxaOfJurisdictions, goOn);
+        else
+            walk_.emplace(run_.database, "qb_taxonomic_units", kNameColumns, rows, goOn);
     }
     static std::string NameAt(const RowStream& row) {
         const auto unit = [&](std::size_t column) {
@@ -127,7 +142,7 @@ private:
 };
 
 bool HasReference(const VernacularRow& row, const ReferencedNames& names) {
-    return row.vernacular_name.IsText() && names.Has(row.qb_id.AsLong(), row.vernacular_name.Text());
+    return row.vernacular_name.IsText() && names.Has(IdOf(row.qb_id), row.vernacular_name.Text());
 }
 
 }  // namespace

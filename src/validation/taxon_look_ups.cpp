@@ -1,7 +1,5 @@
 #include "validation/taxon_look_ups.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 
 #include "core/text.h"
@@ -14,39 +12,20 @@ namespace {
 
 using store::RowStream;
 
-constexpr std::string_view kTaxa = "SELECT qb_id, rank_id, usage FROM qb_taxonomic_units WHERE True{};";
-constexpr std::string_view kParents = "SELECT parent_qb_id FROM qb_taxonomic_units WHERE True{};";
-constexpr std::string_view kAuthors =
-    "SELECT qb_taxon_author_id, taxon_author FROM qb_taxon_authors_lookup WHERE True{};";
-constexpr std::string_view kSynonymLinks =
-    "SELECT qb_id, qb_id_accepted FROM qb_synonym_links WHERE True{} ORDER BY qb_id, qb_id_accepted;";
-// Within a taxon the engine walks the key, which is the order of the documents' ids.
-constexpr std::string_view kReferenceLinks =
-    "SELECT qb_id, qb_documentation_id_prefix, qb_documentation_id, original_desc_ind FROM "
-    "qb_reference_links WHERE True{} ORDER BY qb_id;";
-constexpr std::string_view kPublications =
-    "SELECT qb_publication_id, actual_pub_date, publication_id_prefix FROM qb_publications "
-    "WHERE publication_id_prefix Is Not Null{};";
-constexpr std::string_view kExperts =
-    "SELECT qb_expert_id FROM qb_experts WHERE expert_id_prefix Is Not Null{};";
-constexpr std::string_view kOtherSources =
-    "SELECT qb_source_id FROM qb_other_sources WHERE source_id_prefix Is Not Null{};";
+using Order = store::TableRows::Order;
+
 constexpr std::string_view kPublication =
     "PARAMETERS theprefix Text, theid Long, thetaxon Long; SELECT thetaxon AS qb_id, True AS "
     "original_desc_ind, "
     "qb_publication_id, publication_name, title, actual_pub_date FROM qb_publications "
     "WHERE StrComp(publication_id_prefix, theprefix, 0) = 0 AND qb_publication_id = theid;";
 
-std::string With(std::string_view select, std::string_view condition) {
-    return fmt::format(fmt::runtime(select), condition);
+store::TableRows Among(std::string_view column, const selection::IdSet* ids, Order order = Order::Key) {
+    return ids == nullptr ? store::TableRows{order} : selection::RowsAmong(column, *ids, order);
 }
 
-std::string Among(std::string_view column, const selection::IdSet* ids) {
-    return ids == nullptr ? std::string() : selection::AndAmong(column, *ids);
-}
-
-// Of the taxa themselves, whose rows or links these are; empty when they are many.
-std::string OfTaxa(const selection::SelectedTaxa& taxa) {
+// Of the taxa themselves, whose rows or links these are.
+store::TableRows OfTaxa(const selection::SelectedTaxa& taxa) {
     return Among("qb_id", taxa.All() ? nullptr : &taxa.Ids());
 }
 
@@ -64,37 +43,38 @@ std::int32_t Id(const RowStream& rows, std::size_t column) {
 }
 
 template <typename Read>
-void ReadRows(store::Database& database, const std::string& select, const selection::Continue& goOn,
-              const Read& read) {
-    RowStream rows(database, select);
+void ReadRows(RowStream& rows, const selection::Continue& goOn, const Read& read) {
     while (rows.Next() && goOn()) read(rows);
 }
 
-// The parents of few taxa and the names that they are linked to; nothing for many, of which all are read.
-std::string ParentsAndAccepted(store::Database& database, const selection::SelectedTaxa& taxa,
-                               const selection::Continue& goOn) {
-    const std::string ofTaxa = OfTaxa(taxa);
-    if (ofTaxa.empty()) return {};
+// The rows of the parents of few taxa and of the names that they are linked to; for many taxa, all rows.
+store::TableRows ParentsAndAccepted(store::Database& database, const selection::SelectedTaxa& taxa,
+                                    const selection::Continue& goOn) {
+    const store::TableRows ofTaxa = OfTaxa(taxa);
+    if (ofTaxa.column.empty()) return {};
     selection::IdSet ids;
-    const auto add = [&](std::size_t column) {
-        return [&ids, column](const RowStream& row) { ids.Add(Id(row, column)); };
-    };
-    ReadRows(database, With(kParents, ofTaxa), goOn, add(0));
-    ReadRows(database, With(kSynonymLinks, ofTaxa), goOn, add(1));
-    return selection::AndAmong("qb_id", ids);
+    RowStream parents(database, "qb_taxonomic_units", {"parent_qb_id"}, ofTaxa);
+    ReadRows(parents, goOn, [&](const RowStream& row) { ids.Add(Id(row, 0)); });
+    RowStream links(database, "qb_synonym_links", {"qb_id_accepted"}, ofTaxa);
+    ReadRows(links, goOn, [&](const RowStream& row) { ids.Add(Id(row, 0)); });
+    return selection::RowsAmong("qb_id", ids);
 }
 
 }  // namespace
 
-TaxonTable::TaxonTable(store::Database& database, std::string_view among, const selection::Continue& goOn) {
-    ReadRows(database, With(kTaxa, among), goOn, [this](const RowStream& row) {
+TaxonTable::TaxonTable(store::Database& database, const store::TableRows& among,
+                       const selection::Continue& goOn) {
+    RowStream taxa(database, "qb_taxonomic_units", {"qb_id", "rank_id", "usage"}, among);
+    ReadRows(taxa, goOn, [this](const RowStream& row) {
         taxa_.Append({Id(row, 0), static_cast<std::int16_t>(row.Long(1)), !row.IsNull(1),
                       UsageIsAccepted(row.Text(2))});
     });
 }
 
-AuthorTable::AuthorTable(store::Database& database, std::string_view among, const selection::Continue& goOn) {
-    ReadRows(database, With(kAuthors, among), goOn, [this](const RowStream& row) {
+AuthorTable::AuthorTable(store::Database& database, const store::TableRows& among,
+                         const selection::Continue& goOn) {
+    RowStream authors(database, "qb_taxon_authors_lookup", {"qb_taxon_author_id", "taxon_author"}, among);
+    ReadRows(authors, goOn, [this](const RowStream& row) {
         const std::string_view text = row.Text(1);
         places_.Append({Id(row, 0), static_cast<std::uint32_t>(texts_.size()), YearFromAuthor(text)});
         texts_ += text;
@@ -111,17 +91,19 @@ AuthorFacts AuthorTable::Find(std::int64_t qb_taxon_author_id) const {
 
 DocumentTable::DocumentTable(store::Database& database, const selection::IdSet* ids,
                              const selection::Continue& goOn) {
-    ReadRows(
-        database, With(kPublications, Among("qb_publication_id", ids)), goOn, [this](const RowStream& row) {
-            PublicationFacts facts{Id(row, 0), ActualYear(row.Text(1)), {}};
-            const std::string_view prefix = row.Text(2);
-            std::copy_n(prefix.begin(), std::min(prefix.size(), facts.prefix.size()), facts.prefix.begin());
-            publications_.Append(facts);
-        });
-    ReadRows(database, With(kExperts, Among("qb_expert_id", ids)), goOn,
-             [this](const RowStream& row) { experts_.Append({Id(row, 0)}); });
-    ReadRows(database, With(kOtherSources, Among("qb_source_id", ids)), goOn,
-             [this](const RowStream& row) { otherSources_.Append({Id(row, 0)}); });
+    RowStream publications(database, "qb_publications",
+                           {"qb_publication_id", "actual_pub_date", "publication_id_prefix"},
+                           Among("qb_publication_id", ids, Order::Collated));
+    ReadRows(publications, goOn, [this](const RowStream& row) {
+        PublicationFacts facts{Id(row, 0), ActualYear(row.Text(1)), {}};
+        const std::string_view prefix = row.Text(2);
+        std::copy_n(prefix.begin(), std::min(prefix.size(), facts.prefix.size()), facts.prefix.begin());
+        publications_.Append(facts);
+    });
+    RowStream experts(database, "qb_experts", {"qb_expert_id"}, Among("qb_expert_id", ids, Order::Any));
+    ReadRows(experts, goOn, [this](const RowStream& row) { experts_.Append({Id(row, 0)}); });
+    RowStream sources(database, "qb_other_sources", {"qb_source_id"}, Among("qb_source_id", ids, Order::Any));
+    ReadRows(sources, goOn, [this](const RowStream& row) { otherSources_.Append({Id(row, 0)}); });
     publications_.Sort();
     experts_.Sort();
     otherSources_.Sort();
@@ -139,13 +121,16 @@ void DocumentTable::Resolve(std::string_view prefix, std::int64_t id, bool isOri
     }
 }
 
+// Within a taxon the links come by the key, which is the order of the documents' ids.
 TaxonLookUps::TaxonLookUps(store::Database& database, const selection::SelectedTaxa& taxa,
                            const selection::Continue& goOn)
     : taxa_(database, ParentsAndAccepted(database, taxa, goOn), goOn),
       authors_(database, Among("qb_taxon_author_id", taxa.All() ? nullptr : &taxa.Authors()), goOn),
       documents_(database, taxa.All() ? nullptr : &taxa.Documents().Ids(), goOn),
-      synonymLinks_(database, With(kSynonymLinks, OfTaxa(taxa)), goOn),
-      referenceLinks_(database, With(kReferenceLinks, OfTaxa(taxa)), goOn),
+      synonymLinks_(database, "qb_synonym_links", {"qb_id", "qb_id_accepted"}, OfTaxa(taxa), goOn),
+      referenceLinks_(database, "qb_reference_links",
+                      {"qb_id", "qb_documentation_id_prefix", "qb_documentation_id", "original_desc_ind"},
+                      OfTaxa(taxa), goOn),
       publication_(database.CreateQueryDef("", kPublication)) {}
 
 bool TaxonLookUps::MoveTo(std::int64_t qb_id) {

@@ -59,8 +59,7 @@ struct TaxonReferences {
 
 class TaxonTable {
 public:
-    // `among` is a condition on qb_id as AndAmong gives it, for all tables here.
-    TaxonTable(store::Database& database, std::string_view among, const selection::Continue& goOn);
+    TaxonTable(store::Database& database, const store::TableRows& among, const selection::Continue& goOn);
     // nullptr when there is no such taxon.
     const TaxonFacts* Find(std::int64_t qb_id) const { return taxa_.Find(qb_id); }
 
@@ -70,7 +69,7 @@ private:
 
 class AuthorTable {
 public:
-    AuthorTable(store::Database& database, std::string_view among, const selection::Continue& goOn);
+    AuthorTable(store::Database& database, const store::TableRows& among, const selection::Continue& goOn);
     AuthorFacts Find(std::int64_t qb_taxon_author_id) const;
 
 private:

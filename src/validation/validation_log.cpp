@@ -4,18 +4,10 @@
 
 namespace quillon::validation {
 
-namespace {
-
-std::string KeyOf(std::string_view prefix, std::int32_t id) {
-    return std::to_string(id) + std::string(prefix);
-}
-
-}  // namespace
-
 ValidationLog::ValidationLog(ApplicationState& state, FindingSink sink)
     : state_(state), sink_(std::move(sink)) {
-    rejectedTaxa_.insert(state_.gRejectedTaxa.begin(), state_.gRejectedTaxa.end());
-    for (const auto& [prefix, id] : state_.gRejectedDocs) rejectedDocs_.insert(KeyOf(prefix, id));
+    for (const int qb_id : state_.gRejectedTaxa) rejectedTaxa_.Add(qb_id);
+    rejectedDocs_.insert(state_.gRejectedDocs.begin(), state_.gRejectedDocs.end());
 }
 
 bool ValidationLog::TakeHeading() {
@@ -24,9 +16,13 @@ bool ValidationLog::TakeHeading() {
 
 bool ValidationLog::TakeDocumentHeading() {
     if (!TakeHeading()) return false;
-    if (state_.gValidatingForExport && rejectedTaxa_.insert(state_.gLogQbId).second)
-        state_.gRejectedTaxa.push_back(state_.gLogQbId);
+    if (state_.gValidatingForExport && !rejectedTaxa_.Has(state_.gLogQbId)) RejectTaxon();
     return true;
+}
+
+void ValidationLog::RejectTaxon() {
+    state_.gRejectedTaxa.push_back(state_.gLogQbId);
+    rejectedTaxa_.Add(state_.gLogQbId);
 }
 
 void ValidationLog::Log(Rule rule, Subject subject, std::string heading, std::string message) {
@@ -38,10 +34,7 @@ void ValidationLog::LogTaxonError(Rule rule, const TaxonRow& row, std::string me
     std::string heading;
     if (TakeHeading()) {
         heading = row.Heading();
-        if (state_.gValidatingForExport) {
-            state_.gRejectedTaxa.push_back(state_.gLogQbId);
-            rejectedTaxa_.insert(state_.gLogQbId);
-        }
+        if (state_.gValidatingForExport) RejectTaxon();
     }
     Log(rule, row.AsSubject(), std::move(heading), std::move(message));
 }
@@ -51,7 +44,7 @@ void ValidationLog::LogAuthorError(Rule rule, const AuthorRow& row, std::string 
 }
 
 void ValidationLog::RememberRejectedDoc(std::string_view prefix, std::int32_t id) {
-    if (!state_.gValidatingForExport || !rejectedDocs_.insert(KeyOf(prefix, id)).second) return;
+    if (!state_.gValidatingForExport || !rejectedDocs_.emplace(prefix, id).second) return;
     state_.gRejectedDocs.emplace_back(prefix, id);
 }
 

@@ -3,11 +3,13 @@
 #pragma once
 
 #include <cstdint>
+#include <set>
 #include <string>
 #include <string_view>
-#include <unordered_set>
+#include <utility>
 
 #include "core/application_state.h"
+#include "selection/id_set.h"
 #include "validation/findings.h"
 #include "validation/rows.h"
 
@@ -40,13 +42,14 @@ private:
     // True when the heading of the record is due.
     bool TakeHeading();
     bool TakeDocumentHeading();
+    void RejectTaxon();
     void Log(Rule rule, Subject subject, std::string heading, std::string message);
 
     ApplicationState& state_;
     FindingSink sink_;
     // The lists of the run state, for looking up.
-    std::unordered_set<std::int32_t> rejectedTaxa_;
-    std::unordered_set<std::string> rejectedDocs_;
+    selection::IdSet rejectedTaxa_;
+    std::set<std::pair<std::string, int>> rejectedDocs_;
 };
 
 }  // namespace quillon::validation

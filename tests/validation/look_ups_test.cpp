@@ -180,7 +180,7 @@ TEST_F(LookUps, PublicationOfAFindingIsReadWhole) {
 
 TEST_F(LookUps, StopReadingWhenTheUserCancels) {
     int asked = 0;
-    const TaxonTable taxa(set.db(), "", [&] { return ++asked < 3; });
+    const TaxonTable taxa(set.db(), {}, [&] { return ++asked < 3; });
     EXPECT_NE(taxa.Find(2), nullptr);
     EXPECT_EQ(taxa.Find(3), nullptr);
 }
