@@ -118,8 +118,9 @@ void RecView::SaveAsCommand() {
 
 void RecView::RunImport() {
     const ImportEnd end = ImportCommand ? ImportCommand() : ImportEnd::NotStarted;
-    if (end == ImportEnd::Done && RebuildExplorer) RebuildExplorer();
-    if (end != ImportEnd::NotStarted) StartOfDataSet();
+    if (end != ImportEnd::Done) return;
+    if (RebuildExplorer) RebuildExplorer();
+    StartOfDataSet();
 }
 
 void RecView::RunPreferences() {

@@ -86,12 +86,12 @@ private:
 
 void CrossReferences::FillVernacularNames() {
     stage_("Filling in vernacular names");
-    const store::StatementTurns turns(run_.Db(), [this] { return turns_.GoOn(); });
+    const store::StatementTurns turns(run_.Db(), [this] { return turns_.Next(); });
     store::ExecuteNative(run_.Db(), kFillVernacularNames);
 }
 
 void CrossReferences::ResolveCrossReferences() {
-    const store::StatementTurns turns(run_.Db(), [this] { return turns_.GoOn(); });
+    const store::StatementTurns turns(run_.Db(), [this] { return turns_.Next(); });
     stage_("Resolving parents and authors");
     ResolveParents();
     RewriteTaxa();
@@ -110,7 +110,7 @@ void CrossReferences::ResolveCrossReferences() {
 
 void CrossReferences::ResolveParents() {
     for (TaxonRow& row : run_.maps.taxa) {
-        turns_.Take();
+        TakeTurn(turns_);
         if (row.isOwnParent) continue;
         const std::int32_t parentKey = row.parent_qb_id != 0 ? row.parent_qb_id : row.parent_tsn;
         if (parentKey == 0) continue;
@@ -132,7 +132,7 @@ void CrossReferences::RewriteTaxa() {
 // The children of a Kingdom record that was replaced are those of the new one.
 void CrossReferences::MoveChildrenOfKingdoms() {
     for (const std::int32_t qb_id : run_.replacedKingdoms) {
-        turns_.Take();
+        TakeTurn(turns_);
         store::ExecuteNative(
             run_.Db(), "UPDATE qb_taxonomic_units SET parent_qb_id = " + std::to_string(run_.newKingdom) +
                            " WHERE parent_qb_id = " + std::to_string(qb_id));
@@ -150,7 +150,7 @@ void CrossReferences::ResolveSynonymLinks() {
     std::vector<std::pair<const OpenSynonymLink*, std::int32_t>> found;
     std::int32_t between = std::numeric_limits<std::int32_t>::min();
     for (const OpenSynonymLink& link : links) {
-        turns_.Take();
+        TakeTurn(turns_);
         const bool hasId = link.qb_id_accepted != -1;
         const std::int32_t accepted = run_.maps.MapTaxonId(hasId ? link.qb_id_accepted : link.tsn_accepted);
         if (accepted == -1) {
@@ -164,7 +164,7 @@ void CrossReferences::ResolveSynonymLinks() {
     }
     between = std::numeric_limits<std::int32_t>::min();
     for (const auto& [link, accepted] : found) {
-        turns_.Take();
+        TakeTurn(turns_);
         const std::int32_t from = between++;
         if (run_.Guarded([&, id = accepted] { SetAccepted(link->qb_id, from, id); })) continue;
         // Another link of the taxon leads there already.

@@ -21,7 +21,7 @@ public:
     // Takes the name of the stage that begins.
     using Stage = std::function<void(std::string_view)>;
 
-    CrossReferences(ImportRun& run, store::BulkLoad& load, const ImportTurns& turns, Stage stage)
+    CrossReferences(ImportRun& run, store::BulkLoad& load, Turns& turns, Stage stage)
         : run_(run), load_(load), turns_(turns), stage_(std::move(stage)) {}
 
     // Fills in the vernacular names that links lack, and then resolves. Throws StoreError when a table cannot
@@ -46,7 +46,7 @@ private:
 
     ImportRun& run_;
     store::BulkLoad& load_;
-    const ImportTurns& turns_;
+    Turns& turns_;
     Stage stage_;
 };
 

@@ -41,7 +41,7 @@ std::int32_t CrossReferences::TaxonId(RowPlace taxon) const {
 void CrossReferences::RemoveMissingTaxa() {
     for (const TaxonRow& row : run_.maps.taxa) {
         if (!row.KnownOnlyFromReferences()) continue;
-        turns_.Take();
+        TakeTurn(turns_);
         run_.Report(Bracketed("The taxonomic unit record for Imported record ", std::to_string(row.key),
                               " was not found!"));
         records::DeleteTaxon(run_.records, {row.newId, 0, {}}, false);
@@ -51,7 +51,7 @@ void CrossReferences::RemoveMissingTaxa() {
 void CrossReferences::RemoveUnlinkedComments() {
     for (const LinkedRow& row : run_.maps.comments) {
         if (row.ownLineSeen && row.linkLineSeen) continue;
-        turns_.Take();
+        TakeTurn(turns_);
         const std::string key = std::to_string(row.key);
         if (row.ownLineSeen) {
             run_.Report(
@@ -68,7 +68,7 @@ void CrossReferences::RemoveUnlinkedComments() {
 void CrossReferences::RemoveUnlinked(const KeyedRows<LinkedRow>& rows, const DocumentKind& kind) {
     for (const LinkedRow& row : rows) {
         if (row.ownLineSeen && row.linkLineSeen) continue;
-        turns_.Take();
+        TakeTurn(turns_);
         const std::string key = std::to_string(row.key);
         if (row.ownLineSeen) {
             run_.Report(Bracketed("The Imported " + std::string(kind.noun) + " record", key,
@@ -88,7 +88,7 @@ void CrossReferences::RemoveUnlinked(const KeyedRows<LinkedRow>& rows, const Doc
 void CrossReferences::RemoveUnlinkedTracks() {
     for (const TrackRow& row : run_.maps.changeTracks) {
         if (row.operationSeen && row.trackSeen) continue;
-        turns_.Take();
+        TakeTurn(turns_);
         const std::string taxon = TaxonKey(row.taxon);
         if (row.operationSeen) {
             run_.Report(Bracketed("An Imported Change Operation or Change Comment record for taxon ", taxon,

@@ -124,15 +124,16 @@ void FrmImport::ReportErrors(const ImportResult& result) {
 }
 
 bool MayImport(const ApplicationState& state, Prompter& prompter) {
-    return state.gDataSetIsNew || prompter.AskYesNo(kExistingQuestion, kExistingTitle);
+    return state.gDataSetIsNew || prompter.AskBeforeLoss(kExistingQuestion, kExistingTitle);
 }
 
-ImportOutcome ImportCommand(ApplicationState& state, Prompter& prompter) {
+ImportOutcome ImportCommand(ApplicationState& state, Prompter& prompter, const std::function<bool()>& stays) {
     if (!state.gDataSetOpen) {
         prompter.Message("A DataSet must be open to import data!");
         return ImportOutcome::NotStarted;
     }
     if (!MayImport(state, prompter)) return ImportOutcome::NotStarted;
+    if (stays && stays()) return ImportOutcome::NotStarted;
     prompter.ShowModal("FrmImport");
     return state.gBatchCancel ? ImportOutcome::Canceled : ImportOutcome::Done;
 }

@@ -3,6 +3,7 @@
 // user closes it.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -68,7 +69,9 @@ enum class ImportOutcome {
 // run. Nothing is asked while gDataSetIsNew is set.
 bool MayImport(const ApplicationState& state, Prompter& prompter);
 
-// The command File, Import: its refusals, and FrmImport.
-ImportOutcome ImportCommand(ApplicationState& state, Prompter& prompter);
+// The command File, Import: its refusals and questions, and FrmImport. `stays` asks about an unsaved record
+// and is true when the user stays on it.
+ImportOutcome ImportCommand(ApplicationState& state, Prompter& prompter,
+                            const std::function<bool()>& stays = {});
 
 }  // namespace quillon::importing

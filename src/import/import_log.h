@@ -4,11 +4,12 @@
 // "import.err" is one, a test's list another. Nothing is kept in memory.
 #pragma once
 
-#include <fstream>
 #include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "core/line_file.h"
 
 namespace quillon::importing {
 
@@ -26,23 +27,19 @@ using FindingSink = std::function<void(const Finding&)>;
 // the line.
 class ImportLog {
 public:
-    // `directory` may be empty for the current one.
-    explicit ImportLog(const std::string& directory);
+    // `directory` may be empty for the current one. Never replaces one of the files that the import uses, nor
+    // a pipe or a device. Failure() has the reason when there is no log.
+    ImportLog(const std::string& directory, const std::vector<std::string>& inUse);
 
-    const std::string& Path() const { return path_; }
-    // Makes the file, whatever was there before, but never over one of the files that the import uses, and
-    // never over a pipe or a device. Returns why not; "" when the log is open.
-    std::string Open(const std::vector<std::string>& used);
+    const std::string& Path() const { return file_.Path(); }
+    // The first failure; empty as long as all went well.
+    const std::string& Failure() const { return file_.Failure(); }
     void Write(const Finding& finding);
     // False when not all of it could be written.
-    bool Close();
+    bool Close() { return file_.Close(); }
 
 private:
-    std::string path_;
-    std::ofstream file_;
+    LineFile file_;
 };
-
-// `name` in `directory`; `name` itself when there is no directory.
-std::string PathIn(const std::string& directory, std::string_view name);
 
 }  // namespace quillon::importing

@@ -30,12 +30,12 @@ std::int32_t KingdomOfLine(std::string_view line) {
     return exchange::ReadNumber(cutter.Field());
 }
 
-std::int32_t KingdomOfFile(ByteSource& source, const ImportTurns& turns) {
+std::int32_t KingdomOfFile(ByteSource& source, Turns& turns) {
     LineReader reader(source);
     for (auto kind = reader.Next(); kind != LineReader::Kind::End; kind = reader.Next()) {
         if (kind == LineReader::Kind::Line && reader.Text().empty()) break;
         if (const std::int32_t kingdom = KingdomOfLine(reader.Text())) return kingdom;
-        turns.Take();
+        TakeTurn(turns);
     }
     return 0;
 }
@@ -57,7 +57,7 @@ std::string NameOfKingdom(std::int32_t id) {
 
 }  // namespace
 
-std::string KingdomRefusal(ByteSource& source, store::Database& database, const ImportTurns& turns) {
+std::string KingdomRefusal(ByteSource& source, store::Database& database, Turns& turns) {
     const std::vector<Kingdom> own = KingdomsOf(database);
     if (own.empty()) return {};
     const std::int32_t kingdom = KingdomOfFile(source, turns);

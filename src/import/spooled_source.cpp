@@ -62,14 +62,14 @@ bool WriteAll(int to, const char* bytes, std::size_t size) {
 }
 
 // Waits, turn by turn, until there is something to read or the other end is closed.
-void WaitFor(int from, const ImportTurns& turns) {
+void WaitFor(int from, Turns& turns) {
     pollfd waiting{from, POLLIN, 0};
     do {
-        turns.Take();
+        TakeTurn(turns);
     } while (poll(&waiting, 1, kWait) == 0);
 }
 
-void Spool(int from, int to, const std::string& path, const ImportTurns& turns) {
+void Spool(int from, int to, const std::string& path, Turns& turns) {
     const auto block = std::make_unique_for_overwrite<char[]>(kBlock);
     for (;;) {
         WaitFor(from, turns);
@@ -84,8 +84,7 @@ void Spool(int from, int to, const std::string& path, const ImportTurns& turns) 
 
 }  // namespace
 
-std::unique_ptr<ByteSource> OpenSource(const std::string& path, const std::string& directory,
-                                       const ImportTurns& turns) {
+std::unique_ptr<ByteSource> OpenSource(const std::string& path, const std::string& directory, Turns& turns) {
     struct stat info {};
     if (stat(path.c_str(), &info) != 0 || S_ISREG(info.st_mode) || S_ISDIR(info.st_mode))
         return std::make_unique<FileSource>(path);

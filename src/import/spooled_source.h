@@ -12,7 +12,6 @@ namespace quillon::importing {
 
 // The source for `path`: the file itself when it is a plain file, else a copy made in `directory`, the
 // current one when empty. Takes turns while it waits for a pipe. Throws ReadError and ImportCanceled.
-std::unique_ptr<ByteSource> OpenSource(const std::string& path, const std::string& directory,
-                                       const ImportTurns& turns);
+std::unique_ptr<ByteSource> OpenSource(const std::string& path, const std::string& directory, Turns& turns);
 
 }  // namespace quillon::importing

@@ -1,13 +1,16 @@
 #include "import/tagged_import.h"
 
+#include <exception>
 #include <filesystem>
-#include <new>
 #include <system_error>
 #include <utility>
 
+#include "core/attempt.h"
+#include "core/wait_cursor.h"
 #include "import/kingdom_check.h"
 #include "import/spooled_source.h"
 #include "import/tagged_reading.h"
+#include "store/lifecycle/working_copy.h"
 
 namespace quillon::importing {
 
@@ -24,17 +27,6 @@ private:
     ApplicationState& state_;
 };
 
-class Waiting {
-public:
-    explicit Waiting(Prompter& prompter) : prompter_(prompter) { prompter_.WaitCursor(true); }
-    ~Waiting() { prompter_.WaitCursor(false); }
-    Waiting(const Waiting&) = delete;
-    Waiting& operator=(const Waiting&) = delete;
-
-private:
-    Prompter& prompter_;
-};
-
 }  // namespace
 
 TaggedImport::TaggedImport(ApplicationState& state, store::Engine& engine, Prompter& prompter,
@@ -48,19 +40,18 @@ TaggedImport::TaggedImport(ApplicationState& state, store::Engine& engine, Promp
 
 ImportResult TaggedImport::Run(const std::string& path, const std::string& workDirectory) {
     const RunningFlag running(state_);
-    const Waiting waiting(prompter_);
+    const WaitCursor waiting(prompter_);
     ImportResult result;
     try {
         RunWithLog(path, workDirectory, result);
     } catch (const ImportCanceled&) {
         result.canceled = true;
     } catch (const ReadError& error) {
-        prompter_.Message(error.what());
-    } catch (const store::StoreError& error) {
-        result.canceled = state_.gBatchCancel;
-        if (!result.canceled) prompter_.Message("Failed " + error.Description());
-    } catch (const std::bad_alloc&) {
-        prompter_.Message("Not enough memory.");
+        prompter_.WarningMessage(error.what());
+    } catch (const std::exception& failure) {
+        // A statement that the Cancel interrupted has not failed.
+        result.canceled = turns_.Canceled();
+        if (!result.canceled) ReportFailure(prompter_, failure);
     }
     if (result.completed) state_.gDataSetIsNew = false;
     return result;
@@ -68,12 +59,12 @@ ImportResult TaggedImport::Run(const std::string& path, const std::string& workD
 
 void TaggedImport::RunWithLog(const std::string& path, const std::string& workDirectory,
                               ImportResult& result) {
-    ImportLog log(workDirectory);
+    ImportLog log(workDirectory, {path, state_.gDataSetPath});
     result.logPath = log.Path();
-    const std::string refusal = log.Open({path, state_.gDataSetPath});
-    if (!refusal.empty()) return prompter_.Message(refusal);
+    if (!log.Failure().empty()) return prompter_.WarningMessage(log.Failure());
     std::error_code error;
-    if (!std::filesystem::exists(path, error)) return prompter_.Message("File " + path + " not found!");
+    if (!std::filesystem::exists(path, error))
+        return prompter_.WarningMessage("File " + path + " not found!");
     result.found = true;
     ImportFile(path, workDirectory, log, result);
 }
@@ -84,15 +75,19 @@ void TaggedImport::ImportFile(const std::string& path, const std::string& workDi
     const std::string refusal = KingdomRefusal(*source, *state_.gDatabase, turns_);
     if (!refusal.empty()) {
         result.found = false;
-        return prompter_.Message(refusal);
+        return prompter_.WarningMessage(refusal);
     }
     const FindingSink finding = [&](const Finding& found) {
         result.findings = true;
         log.Write(found);
     };
+    Stage("Copying the DataSet");
+    store::WorkingCopy copy(engine_, *state_.gDatabase, [this] { return turns_.Next(); });
     ReadingOutcome outcome =
-        ReadTagged({state_, engine_, *state_.gDatabase, turns_, {finding, Failed}, gauge_, Stage}, *source);
-    if (!log.Close()) return prompter_.Message("File " + log.Path() + " cannot be written!");
+        ReadTagged({state_, engine_, copy.Db(), turns_, {finding, Failed}, gauge_, Stage}, *source);
+    if (!log.Close()) return prompter_.WarningMessage(log.Failure());
+    Stage("Checking the DataSet");
+    copy.Replace(state_.gDatabase);
     result.completed = true;
     result.errors = outcome.errors;
     result.notes = std::move(outcome.notes);

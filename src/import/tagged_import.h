@@ -1,7 +1,8 @@
 // The import of a tagged file into the open DataSet, from the opening of the log to its end. The import form
 // and quillon-batch call it; it asks nothing.
 //
-// A finding never ends an import, and neither does a record that cannot be stored.
+// A finding never ends an import, and neither does a record that cannot be stored. An import works on a copy
+// of the DataSet, which takes its place at the end: what stops it before leaves the DataSet as it was.
 #pragma once
 
 #include <functional>
@@ -10,6 +11,7 @@
 #include <vector>
 
 #include "core/application_state.h"
+#include "core/gauge.h"
 #include "core/outside.h"
 #include "import/byte_source.h"
 #include "import/import_failures.h"
@@ -34,9 +36,6 @@ struct ImportResult {
 
 class TaggedImport {
 public:
-    // Takes the per cent done, 0 to 100.
-    using Gauge = std::function<void(double)>;
-
     TaggedImport(ApplicationState& state, store::Engine& engine, Prompter& prompter, EventPump& events,
                  Gauge gauge);
 
@@ -62,7 +61,7 @@ private:
     ApplicationState& state_;
     store::Engine& engine_;
     Prompter& prompter_;
-    ImportTurns turns_;
+    Turns turns_;
     Gauge gauge_;
 };
 

@@ -22,7 +22,7 @@ constexpr std::string_view kLineTooLong = "Line too long in the following data l
 // 100 while the closing pass runs.
 class Progress {
 public:
-    Progress(std::int64_t fileSize, const std::function<void(double)>& gauge)
+    Progress(std::int64_t fileSize, const Gauge& gauge)
         : whole_(static_cast<double>(fileSize) + std::nearbyint(static_cast<double>(fileSize) / 50)),
           gauge_(gauge) {}
     void Show(std::int64_t bytesRead) const {
@@ -31,7 +31,7 @@ public:
 
 private:
     double whole_;
-    const std::function<void(double)>& gauge_;
+    const Gauge& gauge_;
 };
 
 // A load that is given up when the reading ends early: nobody waits for its indexes.
@@ -74,7 +74,7 @@ void ReadLines(const ReadingTools& tools, ByteSource& source, LineReader& reader
             run.Report(std::string(kLineTooLong), reader.Text());
         else
             HandleLine(run, reader.Text());
-        tools.turns.Take();
+        TakeTurn(tools.turns);
     }
     run.SetLine(0, {});
 }
@@ -97,7 +97,7 @@ void NoteLinesAfterEnd(const ReadingTools& tools, LineReader& reader, ReadingOut
     const std::int64_t end = reader.Number();
     std::int64_t last = end;
     while (reader.Next() != LineReader::Kind::End) {
-        tools.turns.Take();
+        TakeTurn(tools.turns);
         if (!reader.Text().empty()) last = reader.Number();
     }
     if (last == end) return;
@@ -126,7 +126,7 @@ void Close(const ReadingTools& tools, ImportRun& run, store::BulkLoad& load) {
 
 ReadingOutcome ReadTagged(const ReadingTools& tools, ByteSource& source) {
     ReadingOutcome outcome;
-    LineReader reader(source, [&tools] { tools.turns.Take(); });
+    LineReader reader(source, [&tools] { TakeTurn(tools.turns); });
     Load load(tools, HoldsOnlyTheRoot(tools.database));
     ImportSinks sinks = tools.sinks;
     sinks.failure = [&](const Failure& failure) {

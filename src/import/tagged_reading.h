@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/application_state.h"
+#include "core/gauge.h"
 #include "import/byte_source.h"
 #include "import/import_failures.h"
 #include "import/import_turns.h"
@@ -20,9 +21,9 @@ struct ReadingTools {
     ApplicationState& state;
     store::Engine& engine;
     store::Database& database;
-    ImportTurns turns;
+    Turns& turns;
     ImportSinks sinks;
-    std::function<void(double)> gauge;            // per cent done, 0 to 100
+    Gauge gauge;
     std::function<void(std::string_view)> stage;  // what the closing pass does now
 };
 

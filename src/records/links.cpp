@@ -1,6 +1,7 @@
 #include "records/links.h"
 
 #include <array>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <utility>
@@ -27,6 +28,46 @@ constexpr std::string_view kReferenceLinkKeys =
     "Select tsn, qb_documentation_id_prefix, documentation_id from qb_reference_links where ";
 constexpr std::string_view kVernRefLinkKeys =
     "Select tsn, qb_documentation_id_prefix, documentation_id, vern_id from qb_vern_ref_links where ";
+
+// Who else links a document: the stored queries "Check Reference Links" and "Check VReference Links" without
+// their UNION, which reads every link of the document before it gives the first.
+constexpr std::string_view kOtherReferences =
+    "PARAMETERS qbid Long, prefix Text, docid Long; SELECT qb_id FROM qb_reference_links "
+    "WHERE qb_documentation_id_prefix = prefix and qb_documentation_id = docid and qb_id <> qbid;";
+constexpr std::string_view kVernReferences =
+    "PARAMETERS prefix Text, docid Long; SELECT qb_id FROM qb_vern_ref_links "
+    "WHERE qb_documentation_id_prefix = prefix and qb_documentation_id = docid;";
+constexpr std::string_view kReferences =
+    "PARAMETERS prefix Text, docid Long; SELECT qb_id FROM qb_reference_links "
+    "WHERE qb_documentation_id_prefix = prefix and qb_documentation_id = docid;";
+constexpr std::string_view kOtherVernReferences =
+    "PARAMETERS qbid Long, prefix Text, docid Long, qbvernid Long; SELECT qb_id FROM qb_vern_ref_links "
+    "WHERE qb_documentation_id_prefix = prefix and qb_documentation_id = docid and "
+    "qb_vern_id NOT IN (SELECT qb_vern_id FROM qb_vern_ref_links WHERE qb_id = qbid and "
+    "qb_vern_id = qbvernid and qb_documentation_id_prefix = prefix and qb_documentation_id = docid);";
+
+bool HasRow(store::QueryDef& query) {
+    return !query.OpenRecordset(store::RecordsetType::ForwardOnly)->Eof();
+}
+
+bool IsLinkedElsewhere(const RecordStore& records, int qb_id, int docId, std::string_view prefix) {
+    store::QueryDef others = records.database.CreateQueryDef("", kOtherReferences);
+    others.Set("qbid", qb_id).Set("prefix", prefix).Set("docid", docId);
+    if (HasRow(others)) return true;
+    store::QueryDef ofVernaculars = records.database.CreateQueryDef("", kVernReferences);
+    ofVernaculars.Set("prefix", prefix).Set("docid", docId);
+    return HasRow(ofVernaculars);
+}
+
+bool IsLinkedBesides(const RecordStore& records, int qb_id, std::int64_t qb_vern_id, int docId,
+                     std::string_view prefix) {
+    store::QueryDef ofTaxa = records.database.CreateQueryDef("", kReferences);
+    ofTaxa.Set("prefix", prefix).Set("docid", docId);
+    if (HasRow(ofTaxa)) return true;
+    store::QueryDef others = records.database.CreateQueryDef("", kOtherVernReferences);
+    others.Set("qbid", qb_id).Set("prefix", prefix).Set("docid", docId).Set("qbvernid", qb_vern_id);
+    return HasRow(others);
+}
 
 void WriteLinkTombstone(const RecordStore& records, const Link& link) {
     const auto row = records.database.CreateSnapshot(std::string(link.readKeys) + link.condition + ";");
@@ -60,7 +101,7 @@ void DeleteCommentLink(const RecordStore& records, int qb_id, int commentId) {
     records.Reporting([&] {
         store::QueryDef check = records.database.OpenQueryDef("Check Comment Links");
         check.Set("qbid", qb_id).Set("comID", commentId);
-        if (check.CreateSnapshot()->Eof()) DeleteComment(records, commentId);
+        if (!HasRow(check)) DeleteComment(records, commentId);
         WriteLinkTombstone(records, {kCommentLinkKeys,
                                      "qb_id = " + std::to_string(qb_id) +
                                          " and qb_comment_id = " + std::to_string(commentId),
@@ -75,9 +116,7 @@ void DeleteCommentLink(const RecordStore& records, int qb_id, int commentId) {
 
 void DeleteReferenceLink(const RecordStore& records, int qb_id, int docId, std::string_view prefix) {
     records.Reporting([&] {
-        store::QueryDef check = records.database.OpenQueryDef("Check Reference Links");
-        check.Set("qbid", qb_id).Set("docid", docId).Set("prefix", prefix);
-        if (check.CreateSnapshot()->Eof()) DeleteDocument(records, prefix, docId);
+        if (!IsLinkedElsewhere(records, qb_id, docId, prefix)) DeleteDocument(records, prefix, docId);
         WriteLinkTombstone(records, {kReferenceLinkKeys,
                                      DocumentCondition(prefix, docId, qb_id),
                                      "reference_links",
@@ -99,9 +138,7 @@ void DeleteVernRefLink(const RecordStore& records, int qb_id, std::string_view p
     records.Reporting([&] {
         const auto docId = static_cast<int>(Value(value.substr(0, separator)).AsLong());
         const std::int64_t vernId = Value(value.substr(separator + 1)).AsLong();
-        store::QueryDef check = records.database.OpenQueryDef("Check VReference Links");
-        check.Set("qbid", qb_id).Set("docid", docId).Set("prefix", prefix).Set("qbvernid", vernId);
-        if (check.CreateSnapshot()->Eof()) DeleteDocument(records, prefix, docId);
+        if (!IsLinkedBesides(records, qb_id, vernId, docId, prefix)) DeleteDocument(records, prefix, docId);
         WriteLinkTombstone(
             records, {kVernRefLinkKeys,
                       DocumentCondition(prefix, docId, qb_id) + " and qb_vern_id = " + std::to_string(vernId),

@@ -4,9 +4,9 @@
 // that a procedure works on is an argument of that procedure.
 #pragma once
 
-#include <string>
 #include <string_view>
 
+#include "core/attempt.h"
 #include "core/outside.h"
 #include "store/engine.h"
 
@@ -20,16 +20,10 @@ struct RecordStore {
     // Runs one statement as a unit of its own. A failure is reported under `title`, and false returned.
     bool RunUnit(store::QueryDef query, std::string_view title = {}) const;
 
-    // Runs `action`; reports a failure of the store in it under `title`, and returns false.
+    // Runs `action`; a failure in it is reported under `title`, and false returned.
     template <typename Action>
     bool Reporting(const Action& action, std::string_view title = {}) const {
-        try {
-            action();
-            return true;
-        } catch (const store::StoreError& error) {
-            prompter.Message("Failed " + error.Description(), title);
-            return false;
-        }
+        return Attempt(prompter, action, title);
     }
 };
 

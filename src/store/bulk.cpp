@@ -3,6 +3,8 @@
 #include <fmt/format.h>
 #include <sqlite3.h>
 
+#include <algorithm>
+
 #include "store/coerce.h"
 #include "store/engine/connection.h"
 
@@ -124,10 +126,30 @@ void RowWriter::NoteNumber() {
     highest_ = cell.number;
 }
 
-void RowWriter::Run(sqlite3_stmt*& statement, std::string_view verb) {
+// Only the row with the same key is replaced: one that another unique key forbids is an error.
+std::string RowWriter::ReplaceClause() const {
+    std::string key, columns;
+    const auto append = [](std::string& list, const std::string& item) {
+        list += (list.empty() ? "" : ", ") + item;
+    };
+    const IndexDef* const primary = connection_->RequireTable(table_).def.PrimaryKey();
+    for (const std::string& column : columns_) {
+        const bool isKey = std::any_of(primary->fields.begin(), primary->fields.end(),
+                                       [&](const std::string& field) { return NameEqual()(field, column); });
+        const std::string name = QuoteName(column);
+        if (isKey)
+            append(key, name);
+        else
+            append(columns, name + " = excluded." + name);
+    }
+    return fmt::format(" ON CONFLICT ({}) DO UPDATE SET {}", key, columns);
+}
+
+void RowWriter::Run(sqlite3_stmt*& statement, bool replace) {
     try {
         if (statement == nullptr)
-            statement = PrepareNative(connection_->Native(), std::string(verb) + intoTable_, true);
+            statement = PrepareNative(connection_->Native(),
+                                      "INSERT" + intoTable_ + (replace ? ReplaceClause() : ""), true);
         Store(statement);
     } catch (...) {
         cells_.clear();
@@ -166,10 +188,10 @@ void RowWriter::Store(sqlite3_stmt* statement) {
 }
 
 void RowWriter::Insert() {
-    Run(insert_, "INSERT");
+    Run(insert_, false);
 }
 void RowWriter::InsertOrReplace() {
-    Run(replace_, "INSERT OR REPLACE");
+    Run(replace_, true);
 }
 
 }  // namespace quillon::store

@@ -59,11 +59,13 @@ public:
     RowWriter& Null();
     // Stores the row. On an error nothing is stored, and the writer is ready for the next row.
     void Insert();
-    // As Insert, but puts the row in place of one with the same key.
+    // As Insert, but puts the row in place of one with the same primary key. All columns of the key must be
+    // named.
     void InsertOrReplace();
 
 private:
-    void Run(sqlite3_stmt*& statement, std::string_view verb);
+    void Run(sqlite3_stmt*& statement, bool replace);
+    std::string ReplaceClause() const;
     void Store(sqlite3_stmt* statement);
     void Explain();
     void NoteNumber();

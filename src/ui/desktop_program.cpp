@@ -159,7 +159,7 @@ void DesktopProgram::GoToTaxon(int qb_id, std::string_view tab) {
 // The list must not be reading while the import writes.
 editor::ImportEnd DesktopProgram::Import() {
     explorer_.ListV().LoadAll();
-    switch (importing::ImportCommand(state_, prompter_)) {
+    switch (importing::ImportCommand(state_, prompter_, [this] { return lifecycle_.AskLoseChanges(); })) {
         case importing::ImportOutcome::Canceled:
             return editor::ImportEnd::Canceled;
         case importing::ImportOutcome::Done:

@@ -18,7 +18,7 @@ TEST_F(RecViewFiles, AfterACopyAnotherStartHasCutAndCopyAgain) {
         command.UserClick();
         return Disabled();
     };
-    recView.ImportCommand = [] { return ImportEnd::Canceled; };
+    recView.ImportCommand = [] { return ImportEnd::Done; };
     EXPECT_EQ(copyAnd(form.mnuFImport), "paste undo");
     const std::string first = data.state.gDataSetPath;
     data.prompter.filesToSave.push_back(data.dir.File("second.mdb"));
@@ -101,7 +101,7 @@ TEST_F(RecViewFiles, OpenAndNewShowTheOtherDataSet) {
     EXPECT_EQ(events, "rebuild;rebuild;");
 }
 
-TEST_F(RecViewFiles, AnImportRebuildsUnlessItWasCanceled) {
+TEST_F(RecViewFiles, AnImportRebuildsAndACanceledOneLeavesTheRecord) {
     Make();
     Select(3);
     recView.ImportCommand = [] { return ImportEnd::NotStarted; };
@@ -111,10 +111,11 @@ TEST_F(RecViewFiles, AnImportRebuildsUnlessItWasCanceled) {
     recView.ImportCommand = [] { return ImportEnd::Canceled; };
     form.mnuFImport.UserClick();
     EXPECT_EQ(events, "");
-    EXPECT_EQ(form.mode.Caption(), "INPUT");
+    EXPECT_EQ(form.mode.Caption(), "EDIT");
     recView.ImportCommand = [] { return ImportEnd::Done; };
     form.mnuFImport.UserClick();
     EXPECT_EQ(events, "rebuild;");
+    EXPECT_EQ(form.mode.Caption(), "INPUT");
 }
 
 TEST_F(RecViewFiles, QuitClosesTheDataSetAndTheForm) {

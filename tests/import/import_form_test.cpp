@@ -217,6 +217,20 @@ TEST_F(ImportCommands, AsksBeforeItAddsToADataSet) {
     EXPECT_EQ(set.prompter.titles[0], "Importing into existing DataSet");
 }
 
+TEST_F(ImportCommands, AsksAboutAnUnsavedRecordBeforeTheFormIsShown) {
+    set.state.gDataSetIsNew = true;
+    const auto askAndAnswer = [this](bool stays) {
+        return ImportCommand(set.state, set.prompter, [this, stays] {
+            EXPECT_THAT(set.prompter.forms, IsEmpty());
+            return stays;
+        });
+    };
+    EXPECT_EQ(askAndAnswer(true), ImportOutcome::NotStarted);
+    EXPECT_THAT(set.prompter.forms, IsEmpty());
+    EXPECT_EQ(askAndAnswer(false), ImportOutcome::Done);
+    EXPECT_THAT(set.prompter.forms, ElementsAre("FrmImport"));
+}
+
 TEST_F(ImportCommands, TellsACanceledImport) {
     set.state.gDataSetIsNew = true;
     set.state.gBatchCancel = true;  // as the form leaves it

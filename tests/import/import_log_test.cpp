@@ -13,8 +13,8 @@ namespace {
 TEST(ImportLog, WritesASentenceAndFiveBlanksAndTheLine) {
     const testkit::TempDir dir;
     testkit::WriteFile(dir.File("import.err"), "of the run before");
-    ImportLog log(dir.path());
-    ASSERT_EQ(log.Open({}), "");
+    ImportLog log(dir.path(), {});
+    ASSERT_EQ(log.Failure(), "");
     EXPECT_EQ(log.Path(), dir.File("import.err"));
     log.Write({"A sentence.", "[TU]\u00e9"});
     log.Write({"A closing sentence.", ""});
@@ -27,27 +27,26 @@ TEST(ImportLog, WritesASentenceAndFiveBlanksAndTheLine) {
 
 TEST(ImportLog, CannotBeMadeInAFolderThatIsNotThere) {
     const testkit::TempDir dir;
-    ImportLog log(dir.File("no such folder"));
-    EXPECT_EQ(log.Open({}), "File " + log.Path() + " cannot be written!");
+    const ImportLog log(dir.File("no such folder"), {});
+    EXPECT_EQ(log.Failure(), log.Path() + " cannot be written: No such file or directory.");
 }
 
 TEST(ImportLog, IsNeverMadeOverAPipeOrADevice) {
     const testkit::TempDir dir;
-    ASSERT_EQ(mkfifo(dir.File("import.err").c_str(), 0600), 0);
-    ImportLog log(dir.path());
-    EXPECT_EQ(log.Open({}), "File " + log.Path() + " cannot be written!");
-    std::filesystem::remove(log.Path());
-    std::filesystem::create_symlink("/dev/full", log.Path());
-    EXPECT_EQ(log.Open({}), "File " + log.Path() + " cannot be written!");
+    const std::string path = dir.File("import.err");
+    ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+    EXPECT_EQ(ImportLog(dir.path(), {}).Failure(), path + " is not an ordinary file.");
+    std::filesystem::remove(path);
+    std::filesystem::create_symlink("/dev/full", path);
+    EXPECT_EQ(ImportLog(dir.path(), {}).Failure(), path + " is not an ordinary file.");
 }
 
 TEST(ImportLog, IsNeverMadeOverAFileThatTheImportUses) {
     const testkit::TempDir dir;
     testkit::WriteFile(dir.File("in.qln"), "[RV]|\r\n");
     std::filesystem::create_hard_link(dir.File("in.qln"), dir.File("import.err"));
-    ImportLog log(dir.path());
-    EXPECT_EQ(log.Open({"none", dir.File("in.qln")}),
-              "The log of the import would overwrite " + dir.File("in.qln") + "!");
+    const ImportLog log(dir.path(), {"none", dir.File("in.qln")});
+    EXPECT_EQ(log.Failure(), dir.File("import.err") + " is in use by this job.");
     EXPECT_EQ(testkit::ReadFile(dir.File("in.qln")), "[RV]|\r\n");
 }
 

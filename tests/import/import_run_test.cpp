@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <filesystem>
 
@@ -104,6 +105,13 @@ protected:
         TaggedImport tagged(set.state, set.engine, set.prompter, events, [](double) {});
         return tagged.Run(path, set.dir.path());
     }
+    std::vector<std::string> FilesBeside() {
+        std::vector<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(set.dir.path()))
+            names.push_back(entry.path().filename());
+        std::sort(names.begin(), names.end());
+        return names;
+    }
     std::string Log() { return testkit::ReadFile(set.dir.File("import.err")); }
 };
 
@@ -158,20 +166,71 @@ TEST_F(Running, ALogThatCannotBeWrittenIsToldAndNothingIsRead) {
     std::filesystem::create_directory(set.dir.File("import.err"));
     const ImportResult result = Run(Line("100"));
     EXPECT_FALSE(result.completed);
-    EXPECT_THAT(set.prompter.messages,
-                ElementsAre("File " + set.dir.File("import.err") + " cannot be written!"));
+    EXPECT_THAT(set.prompter.messages, ElementsAre(set.dir.File("import.err") + " is not an ordinary file."));
     EXPECT_EQ(Dump(kTsns), "");
 }
 
-TEST_F(Running, CancelEndsTheImportAtItsNextTurn) {
-    testkit::WriteFile(set.dir.File("in.qln"),
-                       "[GD]|Africa|100|\r\n[GD]|Africa|200|\r\n[GD]|Africa|300|\r\n");
-    CancelAfter cancel(set.state, 4);
-    const ImportResult result = RunWith(set.dir.File("in.qln"), cancel);
+TEST_F(Running, CancelAtAnyTurnLeavesTheDataSetAsItWas) {
+    const std::string text = "[TA]|70|Linnaeus|5|\r\n" + Line("100") + "\r\n[GD]|Africa|100|\r\n" +
+                             "[GD]|Africa|300|\r\n" + std::string(TaxonLine{.tsn = "9", .rank_id = "10"}) +
+                             "\r\n";
+    testkit::WriteFile(set.dir.File("in.qln"), text);
+    set.db().Execute("INSERT INTO qb_taxonomic_units (unit_name1, parent_qb_id) VALUES ('Old', 1)");
+    const std::string before = Dump("SELECT * FROM qb_taxonomic_units ORDER BY qb_id");
+    const auto* const handle = set.state.gDatabase.get();
+    for (int turn = 1;; ++turn) {
+        set.state.gBatchCancel = false;
+        CancelAfter cancel(set.state, turn);
+        const ImportResult result = RunWith(set.dir.File("in.qln"), cancel);
+        if (result.completed) {
+            EXPECT_GT(turn, 10);
+            break;
+        }
+        ASSERT_TRUE(result.canceled) << turn;
+        EXPECT_THAT(set.prompter.messages, ::testing::IsEmpty());
+        EXPECT_EQ(set.state.gDatabase.get(), handle);
+        EXPECT_EQ(Dump("SELECT * FROM qb_taxonomic_units ORDER BY qb_id"), before);
+        EXPECT_EQ(Dump("SELECT * FROM qb_taxon_authors_lookup"), "");
+        EXPECT_TRUE(set.state.gDataSetIsNew);
+    }
+    EXPECT_EQ(Dump("SELECT qb_id, unit_name1, parent_qb_id FROM qb_taxonomic_units ORDER BY qb_id"),
+              "2\tOld\t5\n3\tAlpha\t\\N\n5\tAlpha\t5\n");
+    EXPECT_THAT(FilesBeside(), ElementsAre("import.err", "in.qln", "test.mdb"));
+}
+
+TEST_F(Running, AnImportThatFailsLateLeavesTheDataSetAsItWas) {
+    class Replacing : public EventPump {
+    public:
+        explicit Replacing(std::string path) : path_(std::move(path)) {}
+        void Yield() override {
+            if (turns++ == 0) std::filesystem::rename(path_, path_ + ".moved");
+        }
+        std::string path_;
+        int turns = 0;
+    };
+    testkit::WriteFile(set.dir.File("in.qln"), Line("100") + "\r\n");
+    Replacing replacing(set.state.gDataSetPath);
+    const ImportResult result = RunWith(set.dir.File("in.qln"), replacing);
     EXPECT_FALSE(result.completed);
-    EXPECT_TRUE(result.canceled);
-    EXPECT_THAT(set.prompter.messages, ::testing::IsEmpty());
-    EXPECT_EQ(Log(), "");
+    EXPECT_THAT(set.prompter.messages, ElementsAre(StartsWith("Failed The DataSet ")));
+    EXPECT_EQ(Dump(kTsns), "");
+    EXPECT_THAT(FilesBeside(), ElementsAre("import.err", "in.qln", "test.mdb.moved"));
+}
+
+TEST_F(Running, TheNewFileHasThePermissionsOfTheOldAndNumbersGoOn) {
+    std::filesystem::permissions(set.state.gDataSetPath, std::filesystem::perms(0640));
+    set.db().Execute("INSERT INTO qb_taxonomic_units (unit_name1) VALUES ('Old')");
+    set.db().Execute("DELETE FROM qb_taxonomic_units WHERE unit_name1 = 'Old'");
+    EXPECT_TRUE(Run(Line("100") + "\r\n").completed);
+    EXPECT_EQ(std::filesystem::status(set.state.gDataSetPath).permissions(), std::filesystem::perms(0640));
+    EXPECT_EQ(Dump("SELECT qb_id FROM qb_taxonomic_units ORDER BY qb_id"), "1\n3\n");
+}
+
+TEST_F(Running, WhatAKilledImportLeftIsRemoved) {
+    testkit::WriteFile(set.state.gDataSetPath + "~work-a1B2c3", "SQLite format 3\0 and half a copy"s);
+    testkit::WriteFile(set.state.gDataSetPath + "~work-c3B2a1", "text of the user");
+    EXPECT_TRUE(Run(Line("100") + "\r\n").completed);
+    EXPECT_THAT(FilesBeside(), ElementsAre("import.err", "in.qln", "test.mdb", "test.mdb~work-c3B2a1"));
 }
 
 TEST_F(Running, ADataSetThatIsClosedMeanwhileEndsTheRun) {
@@ -285,8 +344,7 @@ TEST_F(Running, TheFileToImportIsNeverTheLog) {
     testkit::WriteFile(set.dir.File("import.err"), Line("100") + "\r\n");
     const ImportResult result = RunFile(set.dir.File("import.err"));
     EXPECT_FALSE(result.completed);
-    EXPECT_THAT(set.prompter.messages,
-                ElementsAre("The log of the import would overwrite " + set.dir.File("import.err") + "!"));
+    EXPECT_THAT(set.prompter.messages, ElementsAre(set.dir.File("import.err") + " is in use by this job."));
     EXPECT_EQ(testkit::ReadFile(set.dir.File("import.err")), Line("100") + "\r\n");
     EXPECT_EQ(Dump(kTsns), "");
 }
