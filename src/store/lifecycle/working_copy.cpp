@@ -13,6 +13,7 @@
 #include <system_error>
 #include <utility>
 
+#include "core/file_identity.h"
 #include "store/engine/connection.h"
 #include "store/engine/copy_pages.h"
 #include "store/lifecycle/file_copy.h"
