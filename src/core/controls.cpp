@@ -30,7 +30,10 @@ void Form::UserClose() {
 }
 
 void Form::End() {
-    if (--depth_ == 0) TellChanges();
+    if (--depth_ > 0) return;
+    TellChanges();
+    if (Control* control = std::exchange(focus_, nullptr))
+        for (const auto& observer : control->focusObservers_) observer();
 }
 
 // What an observer changes in turn is told in another round, so that nobody hears of a control twice for one
@@ -57,6 +60,11 @@ void Control::Touch() {
     if (touched_) return;
     touched_ = true;
     form_.changed_.push_back(this);
+}
+
+void Control::TakeFocus() {
+    ChangeScope scope(form_);
+    form_.focus_ = this;
 }
 
 bool Control::ByUser(const std::function<bool()>& change) {

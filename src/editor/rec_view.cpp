@@ -1,13 +1,13 @@
 #include "editor/rec_view.h"
 
-#include "core/names.h"
-#include "editor/attempt.h"
+#include <utility>
+
+#include "core/attempt.h"
 
 namespace quillon::editor {
 
 namespace {
 
-constexpr int kDistributionTab = 4;
 constexpr std::string_view kNoDataSet = "No DataSet is Open";
 
 }  // namespace
@@ -18,12 +18,11 @@ RecView::RecView(ApplicationState& state, Prompter& prompter, ProgressDialog& pr
       prompter_(prompter),
       progress_(progress),
       lifecycle_(lifecycle),
-      lists_(state, prompter, controls_.taxon),
-      fields_(state, prompter, controls_.taxon, lists_) {
+      move_(state, prompter, controls_) {
     lifecycle_.RecordDiscarded = [this] { Guarded([this] { ReflectRealNodePosition(); }); };
     MakeToolbarManagers();
-    HangOnCommands();
-    HangOnTabs();
+    ConnectCommands();
+    ConnectTabs();
     StartOfDataSet();
 }
 
@@ -31,7 +30,7 @@ RecView::~RecView() {
     lifecycle_.RecordDiscarded = nullptr;
 }
 
-void RecView::HangOnCommands() {
+void RecView::ConnectCommands() {
     controls_.mnuFOpen.OnClick([this] { OpenCommand(); });
     controls_.mnuFNew.OnClick([this] { NewCommand(); });
     controls_.mnuFSaveAs.OnClick([this] { SaveAsCommand(); });
@@ -60,29 +59,16 @@ void RecView::HangOnCommands() {
     controls_.form.OnUserClose([this] { Quit(); });
 }
 
-void RecView::HangOnTabs() {
-    for (Control* control : controls_.Tracked()) control->OnEdit([this] { state_.RecordDirty = true; });
-    controls_.taxon.cboName1.OnEdit([this] { Guarded([this] { lists_.FillSpeciesList(); }); });
-    controls_.taxon.cboDPRank.OnPick([this] {
-        state_.RecordDirty = true;
-        if (!controls_.taxon.cboDPRank.Text().empty()) Guarded([this] { lists_.FillParentNameList(); });
-    });
-    controls_.taxon.cmdParen.OnClick([this] {
-        fields_.AddParentheses();
-        state_.RecordDirty = true;
-    });
-    ConnectSynonymTab(controls_.synonyms, state_, prompter_);
-    documentation::SetUpPublications(controls_.publications, state_, prompter_);
-    documentation::SetUpExperts(controls_.experts, state_, prompter_);
-    documentation::SetUpOtherSources(controls_.otherSources, state_, prompter_);
+void RecView::ConnectTabs() {
+    for (RecordTab* tab : controls_.Tabs()) tab->Connect(state_, prompter_);
     controls_.TabStrip1.OnEdit([this] { TabClicked(); });
 }
 
-void RecView::Around(const std::function<bool()>& command) {
+void RecView::RunAndRefresh(const std::function<bool()>& command) {
     const auto before = state_.gDatabase;
     if (command()) return ShowDataSet();
     if (!state_.gDatabase && before) return ShowDataSet();
-    if (state_.gDatabase != before && DataSetReopened) DataSetReopened();
+    if (state_.gDatabase != before) DataSetReopened();
 }
 
 void RecView::WithDataSet(const std::function<void()>& command) {
@@ -98,18 +84,18 @@ void RecView::Guarded(const std::function<void()>& command) {
 void RecView::OpenCommand() {
     const bool wasDirty = state_.RecordDirty;
     bool opened = false;
-    Around([&] { return opened = lifecycle_.OpenDataSet(); });
-    // The record was given up for a file that was refused: the form is to say again what the store says.
+    RunAndRefresh([&] { return opened = lifecycle_.OpenDataSet(); });
+    // The changes were given up for a file that was refused: the form shows again what is stored.
     if (!opened && wasDirty && !state_.RecordDirty) Reset();
 }
 
 void RecView::NewCommand() {
-    Around([this] { return lifecycle_.NewDataSet(); });
+    RunAndRefresh([this] { return lifecycle_.NewDataSet(); });
 }
 
 void RecView::SaveAsCommand() {
     WithDataSet([this] {
-        Around([this] {
+        RunAndRefresh([this] {
             lifecycle_.SaveDataSetAs();
             return false;
         });
@@ -119,7 +105,7 @@ void RecView::SaveAsCommand() {
 void RecView::RunImport() {
     const ImportEnd end = ImportCommand ? ImportCommand() : ImportEnd::NotStarted;
     if (end != ImportEnd::Done) return;
-    if (RebuildExplorer) RebuildExplorer();
+    RebuildExplorer();
     StartOfDataSet();
 }
 
@@ -145,37 +131,18 @@ void RecView::Quit() {
     controls_.form.Close();
 }
 
-std::string RecView::CurrentTaxonName() const {
-    const CurrentTaxon& taxon = state_.currentTaxon;
-    const TaxonTab& tab = controls_.taxon;
-    return quillon::CurrentTaxonName({taxon.unit_ind1, taxon.unit_name1, taxon.unit_ind2, taxon.unit_name2,
-                                      taxon.unit_ind3, taxon.unit_name3, taxon.unit_ind4, taxon.unit_name4,
-                                      tab.cboName1.Text(), tab.txtName1.Text(), tab.cboName2.Text(),
-                                      tab.txtName2.Text(), tab.txtName3.Text()});
-}
-
 std::int64_t RecView::CountTaxa() const {
     const auto count = state_.gDatabase->OpenRecordset("SELECT count(*) AS taxa FROM qb_taxonomic_units",
                                                        store::RecordsetType::ForwardOnly);
     return count->Eof() ? 0 : count->At(0).AsLong();
 }
 
-void RecView::StatusPanelSet(std::string_view panelKey, std::string_view text) {
-    for (LabelControl* panel : {&controls_.name, &controls_.taxa, &controls_.mode}) {
-        if (panel->Name() == panelKey) panel->SetCaption(text);
-    }
-}
-
 void RecView::TabClicked() {
-    if (controls_.TabStrip1.SelectedIndex() == kDistributionTab) TellTabDisabled();
-}
-
-void RecView::TellTabDisabled() {
-    if (controls_.RVPanel4.Enabled()) return;
-    prompter_.Message(
-        "You cannot enter any geographical and/or jurisdictional data when editing ranks above the species "
-        "level.  "
-        "This screen is currently disabled!");
+    const int clicked = controls_.TabStrip1.SelectedIndex();
+    if (clicked == tabOnShow_) return;
+    TabOnShow().Hidden();
+    tabOnShow_ = clicked;
+    TabOnShow().Shown();
 }
 
 }  // namespace quillon::editor

@@ -144,6 +144,15 @@ void BindOne(Control& control, const QWidget& window) {
     if (auto* tabs = dynamic_cast<TabStripControl*>(&control)) return BindTabs(*tabs, window);
 }
 
+// A field on a page that is not shown cannot take the focus; whoever asks for it shows the page first.
+void BindFocus(Control& control, const QWidget& window) {
+    auto* widget = Partner<QWidget>(window, control);
+    if (widget == nullptr) return;
+    control.OnTakeFocus([guard = QPointer<QWidget>(widget)] {
+        if (guard) guard->setFocus(Qt::OtherFocusReason);
+    });
+}
+
 bool HasPartner(const Control& control, const QWidget& window) {
     const auto is = [&]<typename Model>(Model*) { return dynamic_cast<const Model*>(&control) != nullptr; };
     const auto action = [&] { return Partner<QAction>(window, control) != nullptr; };
@@ -177,7 +186,10 @@ void Bind(Form& form, QWidget& window) {
     form.OnTitle([&form, guard = QPointer<QWidget>(&window)] {
         if (guard) guard->setWindowTitle(ToQt(form.Title()));
     });
-    for (Control* control : form.Controls()) BindOne(*control, window);
+    for (Control* control : form.Controls()) {
+        BindOne(*control, window);
+        BindFocus(*control, window);
+    }
 }
 
 QStringList NamesWithoutPartner(const Form& form, const QWidget& window) {

@@ -7,9 +7,7 @@
 #include "ui/icons.h"
 #include "ui/pages/comment_page.h"
 #include "ui/pages/distribution_page.h"
-#include "ui/pages/expert_page.h"
-#include "ui/pages/other_source_page.h"
-#include "ui/pages/publication_page.h"
+#include "ui/pages/documentation_page.h"
 #include "ui/pages/synonym_page.h"
 #include "ui/pages/taxon_page.h"
 #include "ui/pages/vernacular_page.h"
@@ -57,7 +55,7 @@ RecViewWindow::RecViewWindow(editor::RecView& recView, navigation::cExplorer& ex
 
 // The form outlives the window and must not call it any more.
 RecViewWindow::~RecViewWindow() {
-    recView_.ReselectLater = nullptr;
+    recView_.ReselectLater.Disconnect(reselection_);
     recView_.Controls().form.OnClosed(nullptr);
 }
 
@@ -146,7 +144,8 @@ QWidget* RecViewWindow::BuildPages() {
 
 void RecViewWindow::ConnectForm() {
     editor::RecViewForm& form = recView_.Controls();
-    recView_.ReselectLater = [this](int id) { QTimer::singleShot(0, this, [this, id] { Reselect(id); }); };
+    reselection_ = recView_.ReselectLater.Connect(
+        [this](int id) { QTimer::singleShot(0, this, [this, id] { Reselect(id); }); });
     form.hierarchy.Observe([guard = QPointer<RecViewWindow>(this)] {
         if (guard) guard->ShowView();
     });

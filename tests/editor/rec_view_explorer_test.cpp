@@ -41,7 +41,7 @@ TEST_F(RecViewExplorer, WithoutTheCheckNobodyIsAsked) {
     Make();
     Click(2);
     data.state.RecordDirty = true;
-    recView.SelectExplorerItem({6, 0, 0}, false);
+    recView.SelectExplorerItem(6, false);
     EXPECT_EQ(Current(), 6);
 }
 

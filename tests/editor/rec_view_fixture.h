@@ -32,13 +32,13 @@ class RecViewFixture : public testing::Test {
 protected:
     RecViewFixture() {
         recView.Attach(explorer);
-        recView.RebuildExplorer = [this] {
+        recView.RebuildExplorer.Connect([this] {
             events += "rebuild;";
             explorer.Init();
             if (explorer.TreeV().TopCount() > 0) explorer.HiliteNode(explorer.TreeV().Top(0));
-        };
-        recView.DataSetReopened = [this] { events += "reopened;"; };
-        recView.ReselectLater = [this](int id) { events += "reselect " + std::to_string(id) + ";"; };
+        });
+        recView.DataSetReopened.Connect([this] { events += "reopened;"; });
+        recView.ReselectLater.Connect([this](int id) { events += "reselect " + std::to_string(id) + ";"; });
     }
 
     // Animalia (1) > Orca Gray, 1846 (2) > Orca alpha (3) > Orca alpha minor (4); Gladiator (5) is an invalid
@@ -74,7 +74,15 @@ protected:
             std::to_string(id) + ", " + parent + ", " + std::to_string(rank) + ", " + names + ", " + usage +
             ", " + std::to_string(data.state.gKingdomId) + ")");
     }
-    void Select(int id) { recView.SelectExplorerItem({id, 0, 0}, true); }
+    // A new record keeps all fields of the one before.
+    void KeepAll() {
+        for (auto preference : {&ApplicationState::gPrefSaveReferences, &ApplicationState::gPrefSaveAuthor,
+                                &ApplicationState::gPrefSaveParent, &ApplicationState::gPrefSaveComments,
+                                &ApplicationState::gPrefSaveOtherFields}) {
+            data.state.*preference = "Yes";
+        }
+    }
+    void Select(int id) { recView.SelectExplorerItem(id, true); }
     // The node of a taxon, with the way to it opened.
     navigation::TreeNode* Node(int id) { return explorer.ExpandContainingSubtree(id); }
 

@@ -45,7 +45,7 @@ TEST_F(RecViewLoad, ARecordFillsTheFirstTab) {
               "Animalia  |Gray, 1846|Brown|Animalia");
     EXPECT_EQ(Panels(), "X Orca|TAXA: 6|EDIT");
     EXPECT_EQ(form.cmdOK.Caption(), "&Save Changes");
-    EXPECT_EQ(recView.Editing().rankAsLoaded, "Genus");
+    EXPECT_EQ(tab.rankAsLoaded, "Genus");
     EXPECT_FALSE(data.state.RecordDirty);
 }
 
@@ -271,13 +271,14 @@ TEST_F(RecViewLoad, SpeciesThatCanBeParentsAreThoseOfTheGenusOnTheForm) {
 
 TEST_F(RecViewLoad, ARecordIsNotItsOwnParent) {
     Make();
+    KeepAll();
     Select(2);
     tab.cboDPRank.AddItem("Genus");
     tab.cboDPRank.UserPick(tab.cboDPRank.FindText("Genus"));
     EXPECT_EQ(Texts(tab.cboParentName), "Cetus");
     data.state.RecordDirty = false;
     form.mnuAdd.UserClick();
-    EXPECT_EQ(Texts(tab.cboParentName), "Cetus|Orca") << "a new record is nobody yet";
+    EXPECT_EQ(Texts(tab.cboParentName), "Cetus|Orca") << "a new record may be any name";
 }
 
 TEST_F(RecViewLoad, ARecordIsNotItsOwnAcceptedName) {
@@ -286,7 +287,7 @@ TEST_F(RecViewLoad, ARecordIsNotItsOwnAcceptedName) {
         Select(2);
         EXPECT_EQ(Texts(form.synonyms.cboSRName), "Cetus");
         command->UserClick();
-        EXPECT_EQ(Texts(form.synonyms.cboSRName), "Cetus|Orca Gray, 1846") << "a new record is nobody yet";
+        EXPECT_EQ(Texts(form.synonyms.cboSRName), "Cetus|Orca Gray, 1846") << "a new record may be any name";
     }
 }
 
@@ -304,15 +305,15 @@ TEST_F(RecViewLoad, EveryTabShowsTheRecord) {
     EXPECT_EQ(form.comments.grdComments.Cell(0, 0), "A");
     EXPECT_TRUE(form.distribution.chkAfrica.Value());
     EXPECT_EQ(form.distribution.cboMexico.Text(), "Native");
-    EXPECT_EQ(Texts(form.publications.cboVernPub), "orca [English]");
-    EXPECT_EQ(Texts(form.experts.cboVernExp), "orca [English]");
-    EXPECT_EQ(Texts(form.otherSources.cboVernSrc), "orca [English]");
+    EXPECT_EQ(Texts(form.publications.association.picker), "orca [English]");
+    EXPECT_EQ(Texts(form.experts.association.picker), "orca [English]");
+    EXPECT_EQ(Texts(form.otherSources.association.picker), "orca [English]");
     Select(2);
     EXPECT_EQ(form.vernaculars.grdVernacular.Rows().size(), 1u);
     EXPECT_EQ(form.comments.grdComments.Rows().size(), 1u);
     EXPECT_FALSE(form.distribution.chkAfrica.Value());
     EXPECT_EQ(form.distribution.cboMexico.Text(), "None Selected");
-    EXPECT_EQ(Texts(form.publications.cboVernPub), "");
+    EXPECT_EQ(Texts(form.publications.association.picker), "");
     EXPECT_TRUE(data.prompter.messages.empty());
 }
 

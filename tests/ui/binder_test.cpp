@@ -306,6 +306,18 @@ TEST(PickListBinding, TellsTheDropDownThePickAndTheLeaving) {
     EXPECT_TRUE(cboTitle.LeftSinceRefill());
 }
 
+TEST_F(BinderTest, AControlTakesTheFocus) {
+    QApplication::setActiveWindow(&window);
+    name->setFocus();
+    sample.cboRank.TakeFocus();
+    EXPECT_TRUE(rank->hasFocus());
+    sample.txtComment.TakeFocus();
+    EXPECT_TRUE(comment->hasFocus());
+    sample.cboRank.SetEnabled(false);
+    sample.cboRank.TakeFocus();
+    EXPECT_TRUE(comment->hasFocus()) << "a disabled field takes no focus";
+}
+
 TEST_F(BinderTest, ATabThatIsClickedIsSelected) {
     QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(1).center());
     EXPECT_EQ(sample.TabStrip1.SelectedKey(), "experts");
