@@ -20,7 +20,7 @@ void Form::SetTitle(std::string_view title) {
 }
 
 void Form::Close() {
-    if (closedObserver_) closedObserver_();
+    closed_();
 }
 
 void Form::UserClose() {
@@ -42,7 +42,7 @@ void Form::TellChanges() {
     if (telling_) return;
     telling_ = true;
     while (titleChanged_ || !changed_.empty()) {
-        if (std::exchange(titleChanged_, false) && titleObserver_) titleObserver_();
+        if (std::exchange(titleChanged_, false)) titleObservers_();
         for (Control* control : std::exchange(changed_, {})) {
             control->touched_ = false;
             for (const auto& observer : control->observers_) observer();

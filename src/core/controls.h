@@ -19,6 +19,8 @@
 #include <utility>
 #include <vector>
 
+#include "core/signal.h"
+
 namespace quillon {
 
 class Control;
@@ -50,8 +52,10 @@ public:
     void TellChanges();
 
     // Told after an action that changed the title; told at each Close().
-    void OnTitle(std::function<void()> observer) { titleObserver_ = std::move(observer); }
-    void OnClosed(std::function<void()> observer) { closedObserver_ = std::move(observer); }
+    void OnTitle(std::function<void()> observer) { titleObservers_.Connect(std::move(observer)); }
+    // Gives the number by which an observer that lives shorter than the form lets itself be removed.
+    std::uint64_t OnClosed(std::function<void()> observer) { return closed_.Connect(std::move(observer)); }
+    void RemoveClosedObserver(std::uint64_t number) { closed_.Disconnect(number); }
 
 private:
     friend class Control;
@@ -67,7 +71,8 @@ private:
     int depth_ = 0;
     bool telling_ = false;
     bool titleChanged_ = false;
-    std::function<void()> closeRule_, titleObserver_, closedObserver_;
+    std::function<void()> closeRule_;  // the one that decides
+    Signal<> titleObservers_, closed_;
 };
 
 // One action of the program on a form: what changes within the outermost scope is told once, at its end.

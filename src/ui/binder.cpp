@@ -23,6 +23,14 @@ void BindButton(ButtonControl& control, const QWidget& window) {
     }
 }
 
+// The toolkit keeps one radio button of a group chosen; the model may have none.
+void ShowChecked(QAbstractButton& shown, bool checked) {
+    const bool exclusive = shown.autoExclusive();
+    shown.setAutoExclusive(false);
+    shown.setChecked(checked);
+    shown.setAutoExclusive(exclusive);
+}
+
 // An option or a check: both are on or off. `take` hands the user's choice to the model.
 template <typename Model, typename Take>
 void BindToggle(Model& control, const QWidget& window, Take take) {
@@ -40,7 +48,7 @@ void BindToggle(Model& control, const QWidget& window, Take take) {
         Mirror(control, *button, [](const Model& model, QAbstractButton& shown) {
             shown.setText(ToQt(model.Caption()));
             ShowCommon(model, shown);
-            shown.setChecked(model.Value());
+            ShowChecked(shown, model.Value());
         });
         QObject::connect(button, &QAbstractButton::clicked, button, [&control, button, take](bool checked) {
             take(control, checked);

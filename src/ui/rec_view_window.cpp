@@ -56,7 +56,7 @@ RecViewWindow::RecViewWindow(editor::RecView& recView, navigation::cExplorer& ex
 // The form outlives the window and must not call it any more.
 RecViewWindow::~RecViewWindow() {
     recView_.ReselectLater.Disconnect(reselection_);
-    recView_.Controls().form.OnClosed(nullptr);
+    recView_.Controls().form.RemoveClosedObserver(closing_);
 }
 
 void RecViewWindow::BuildStatusBar() {
@@ -152,7 +152,7 @@ void RecViewWindow::ConnectForm() {
     form.TabStrip1.Observe([guard = QPointer<RecViewWindow>(this)] {
         if (guard) guard->ShowPage();
     });
-    form.form.OnClosed([this] {
+    closing_ = form.form.OnClosed([this] {
         mayClose_ = true;
         close();
     });

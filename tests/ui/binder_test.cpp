@@ -117,6 +117,15 @@ TEST_F(BinderTest, OptionsAndChecksFollowEachOther) {
     EXPECT_TRUE(unnamed->isChecked()) << "a locked check goes back";
 }
 
+TEST_F(BinderTest, NoneOfTheOptionsMayBeChosen) {
+    sample.optInvalid.SetValue(true);
+    EXPECT_TRUE(invalid->isChecked());
+    sample.optInvalid.SetValue(false);
+    EXPECT_FALSE(valid->isChecked() || invalid->isChecked());
+    QTest::mouseClick(valid, Qt::LeftButton);
+    EXPECT_TRUE(sample.optValid.Value());
+}
+
 TEST_F(BinderTest, TypedTextReachesTheModelWithinItsBounds) {
     int edits = 0;
     sample.txtName.OnEdit([&] { ++edits; });

@@ -139,7 +139,7 @@ TEST_F(RecordPages, AClickOnARowShowsIt) {
 TEST_F(RecordPages, ACandidateIsChosenByKey) {
     pages.setCurrentIndex(1);
     auto* candidates = Find<QComboBox>("cboSRName");
-    EXPECT_EQ(candidates->count(), 0) << "nobody has looked yet";
+    EXPECT_EQ(candidates->count(), 0) << "the list has not been opened yet";
     QTest::keyClick(candidates, Qt::Key_Down);
     EXPECT_EQ(candidates->currentText(), "Orcinus orca");
     EXPECT_EQ(Find<QComboBox>("cboSSciName")->currentText(), "Orcinus orca");
