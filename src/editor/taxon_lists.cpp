@@ -145,10 +145,12 @@ void TaxonLists::FillSpeciesList() {
     const auto found = query.Set("name", genus).Set("rank", RankIdOf("Genus")).CreateSnapshot();
     if (found->Eof()) return;
     const int species = RankIdOf("Species");
+    // Is Not Null, because a comparison with Null finds no species at all: only species with a parent, and so
+    // not the synonyms, are offered.
     if (RankIdOf(rank) >= species) {
         FillLater(tab_.cboName2,
                   fmt::format("SELECT unit_name2 FROM qb_taxonomic_units WHERE unit_name1 = '{}' AND "
-                              "parent_qb_id <> null AND rank_id = {}",
+                              "parent_qb_id Is Not Null AND rank_id = {}",
                               QuoteSQL(genus), species));
     }
     if (!tab_.cboDPRank.Text().empty()) FillParentNameList();

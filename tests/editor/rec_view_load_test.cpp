@@ -112,12 +112,14 @@ TEST_F(RecViewLoad, ASubspeciesShowsItsNamesBesideTheirLists) {
     EXPECT_FALSE(tab.cboName1.Locked() || tab.cboName2.Locked());
 }
 
-TEST_F(RecViewLoad, TheListOfSpeciesIsAlwaysEmpty) {
+TEST_F(RecViewLoad, TheListOfSpeciesHasThoseOfTheGenusThatHaveAParent) {
     Make();
-    tab.cboName2.SetTexts({"beta"});
+    AddTaxon(7, "2", 220, "'Orca', 'gamma', Null", "'valid'");
+    AddTaxon(8, "Null", 220, "'Orca', 'delta', Null", "'invalid'");
+    AddTaxon(9, "6", 220, "'Cetus', 'beta', Null", "'valid'");
     Select(4);
     EXPECT_TRUE(tab.cboName2.ChoicesPending());
-    EXPECT_EQ(Texts(tab.cboName2), "") << "nothing is unequal to Null, not even the parent of Orca alpha";
+    EXPECT_EQ(Texts(tab.cboName2), "alpha|gamma");
     EXPECT_EQ(tab.cboName2.Text(), "alpha");
 }
 
@@ -151,7 +153,7 @@ TEST_F(RecViewLoad, FillsCurrentTaxonFromItsTables) {
     EXPECT_EQ(taxon.kingdom_id, 5);
 }
 
-TEST_F(RecViewLoad, ATaxonThatIsGoneIsToldAndTheFormIsEmpty) {
+TEST_F(RecViewLoad, AMissingTaxonIsReportedAndTheFormIsEmpty) {
     Make();
     Select(3);
     Select(77);
@@ -162,7 +164,7 @@ TEST_F(RecViewLoad, ATaxonThatIsGoneIsToldAndTheFormIsEmpty) {
     EXPECT_EQ(form.mode.Caption(), "EDIT");
 }
 
-TEST_F(RecViewLoad, AMissingAuthorIsToldAndTheRestIsShown) {
+TEST_F(RecViewLoad, AMissingAuthorIsReportedAndTheRestIsShown) {
     Make();
     Execute("UPDATE qb_taxonomic_units SET hybrid_author_id = 9 WHERE qb_id = 2");
     Execute("DELETE * FROM qb_taxon_authors_lookup");
@@ -356,7 +358,7 @@ protected:
     }
 };
 
-TEST_F(RecViewLoadFailing, AStepThatFailsIsToldAndTheOthersAreShown) {
+TEST_F(RecViewLoadFailing, AStepThatFailsIsReportedAndTheOthersAreShown) {
     struct Case {
         const char* query;
         const char* shown;
@@ -390,7 +392,7 @@ TEST_F(RecViewLoadFailing, ARecordThatCannotBeReadLeavesNothingOfTheOneBefore) {
     EXPECT_FALSE(tab.cboName1.Locked() || tab.cboName2.Locked());
 }
 
-TEST_F(RecViewLoadFailing, AListThatCannotBeReadIsToldOnceAndStaysEmpty) {
+TEST_F(RecViewLoadFailing, AListThatCannotBeReadIsReportedOnceAndStaysEmpty) {
     Make();
     data.db().DeleteTable("qb_taxon_authors_lookup");
     data.db().DeleteTable("qb_vernaculars");
@@ -404,7 +406,7 @@ TEST_F(RecViewLoadFailing, AListThatCannotBeReadIsToldOnceAndStaysEmpty) {
     }
 }
 
-TEST_F(RecViewLoadFailing, AParentRankThatCannotBeLookedUpIsToldOnce) {
+TEST_F(RecViewLoadFailing, AParentRankThatCannotBeLookedUpIsReportedOnce) {
     Make();
     Select(3);
     data.db().DeleteQueryDef("Get Rank ID");
