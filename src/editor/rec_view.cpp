@@ -10,6 +10,11 @@ namespace {
 
 constexpr std::string_view kNoDataSet = "No DataSet is Open";
 
+// A command that nobody has set does nothing: the form also runs without the window that brings them.
+void Run(const std::function<void()>& command) {
+    if (command) command();
+}
+
 }  // namespace
 
 RecView::RecView(ApplicationState& state, Prompter& prompter, ProgressDialog& progress,
@@ -31,37 +36,39 @@ RecView::~RecView() {
 }
 
 void RecView::ConnectCommands() {
-    controls_.mnuFOpen.OnClick([this] { OpenCommand(); });
-    controls_.mnuFNew.OnClick([this] { NewCommand(); });
-    controls_.mnuFSaveAs.OnClick([this] { SaveAsCommand(); });
-    controls_.mnuFImport.OnClick([this] { RunImport(); });
-    controls_.mnuFValidate.OnClick([this] { WithDataSet(ValidateCommand); });
-    controls_.mnuFExport.OnClick([this] { WithDataSet(ExportCommand); });
-    controls_.mnuFPreferences.OnClick([this] { RunPreferences(); });
-    controls_.mnuFQuit.OnClick([this] { Quit(); });
-    controls_.mnuAdd.OnClick([this] { WithDataSet([this] { AddNew(); }); });
-    controls_.mnuCopy.OnClick([this] { WithDataSet([this] { CopyRecord(); }); });
-    controls_.mnuECut.OnClick([this] { WithDataSet([this] { Cut(); }); });
-    controls_.mnuPaste.OnClick([this] { WithDataSet([this] { Paste(); }); });
-    controls_.mnuEUndo.OnClick([this] { WithDataSet([this] { Undo(); }); });
-    controls_.mnuParent.OnClick([this] { MoveBy(&navigation::cExplorer::MoveParent); });
-    controls_.mnuFirst.OnClick([this] { MoveBy(&navigation::cExplorer::MoveFirst); });
-    controls_.mnuPrev.OnClick([this] { MoveBy(&navigation::cExplorer::MovePrev); });
-    controls_.mnuNext.OnClick([this] { MoveBy(&navigation::cExplorer::MoveNext); });
-    controls_.mnuLast.OnClick([this] { MoveBy(&navigation::cExplorer::MoveLast); });
-    controls_.mnuHContents.OnClick([this] {
-        if (HelpContentsCommand) HelpContentsCommand();
-    });
-    controls_.mnuHSearch.OnClick([this] {
-        if (HelpSearchCommand) HelpSearchCommand();
-    });
-    controls_.mnuHAbout.OnClick([this] { prompter_.ShowModal("FrmAbout"); });
-    controls_.form.OnUserClose([this] { Quit(); });
+    const auto on = [this](ButtonControl& button, std::function<void()> command) {
+        button.OnClick([this, run = std::move(command)] { Guarded(run); });
+    };
+    const auto onDataSet = [this](ButtonControl& button, std::function<void()> command) {
+        button.OnClick([this, run = std::move(command)] { WithDataSet(run); });
+    };
+    on(controls_.mnuFOpen, [this] { OpenCommand(); });
+    on(controls_.mnuFNew, [this] { NewCommand(); });
+    onDataSet(controls_.mnuFSaveAs, [this] { SaveAsCommand(); });
+    on(controls_.mnuFImport, [this] { RunImport(); });
+    onDataSet(controls_.mnuFValidate, [this] { Run(ValidateCommand); });
+    onDataSet(controls_.mnuFExport, [this] { Run(ExportCommand); });
+    on(controls_.mnuFPreferences, [this] { RunPreferences(); });
+    on(controls_.mnuFQuit, [this] { Quit(); });
+    onDataSet(controls_.mnuAdd, [this] { AddNew(); });
+    onDataSet(controls_.mnuCopy, [this] { CopyRecord(); });
+    onDataSet(controls_.mnuECut, [this] { Cut(); });
+    onDataSet(controls_.mnuPaste, [this] { Paste(); });
+    onDataSet(controls_.mnuEUndo, [this] { Undo(); });
+    onDataSet(controls_.mnuParent, [this] { MoveBy(&navigation::cExplorer::MoveParent); });
+    onDataSet(controls_.mnuFirst, [this] { MoveBy(&navigation::cExplorer::MoveFirst); });
+    onDataSet(controls_.mnuPrev, [this] { MoveBy(&navigation::cExplorer::MovePrev); });
+    onDataSet(controls_.mnuNext, [this] { MoveBy(&navigation::cExplorer::MoveNext); });
+    onDataSet(controls_.mnuLast, [this] { MoveBy(&navigation::cExplorer::MoveLast); });
+    on(controls_.mnuHContents, [this] { Run(HelpContentsCommand); });
+    on(controls_.mnuHSearch, [this] { Run(HelpSearchCommand); });
+    on(controls_.mnuHAbout, [this] { prompter_.ShowModal("FrmAbout"); });
+    controls_.form.OnUserClose([this] { Guarded([this] { Quit(); }); });
 }
 
 void RecView::ConnectTabs() {
     for (RecordTab* tab : controls_.Tabs()) tab->Connect(state_, prompter_);
-    controls_.TabStrip1.OnEdit([this] { TabClicked(); });
+    controls_.TabStrip1.OnEdit([this] { Guarded([this] { TabClicked(); }); });
 }
 
 void RecView::RunAndRefresh(const std::function<bool()>& command) {
@@ -73,7 +80,7 @@ void RecView::RunAndRefresh(const std::function<bool()>& command) {
 
 void RecView::WithDataSet(const std::function<void()>& command) {
     if (!state_.gDataSetOpen) return prompter_.Message(kNoDataSet);
-    if (command) Guarded(command);
+    Guarded(command);
 }
 
 void RecView::Guarded(const std::function<void()>& command) {
@@ -94,11 +101,9 @@ void RecView::NewCommand() {
 }
 
 void RecView::SaveAsCommand() {
-    WithDataSet([this] {
-        RunAndRefresh([this] {
-            lifecycle_.SaveDataSetAs();
-            return false;
-        });
+    RunAndRefresh([this] {
+        lifecycle_.SaveDataSetAs();
+        return false;
     });
 }
 
@@ -112,7 +117,7 @@ void RecView::RunImport() {
 void RecView::RunPreferences() {
     if (!state_.gDataSetOpen)
         return prompter_.Message("A DataSet must be open before you can select Preferences!");
-    if (PreferencesCommand) PreferencesCommand();
+    Run(PreferencesCommand);
     if (state_.gPreferencesChanging) Reset();
 }
 

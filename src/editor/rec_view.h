@@ -2,7 +2,7 @@
 // title.
 //
 // It works on the controls of RecViewForm and knows no widget, and it knows the tabs of the record only by
-// their contract (core/record_tab.h). Whoever makes the window attaches the explorer, connects to the signals
+// their contract (core/record_tab.h). The window attaches the explorer, connects to the signals
 // and sets the commands of other subsystems below. It never writes to the DataSet itself.
 #pragma once
 
@@ -65,7 +65,7 @@ public:
     // All rows of qb_taxonomic_units of the open DataSet.
     std::int64_t CountTaxa() const;
 
-    // The explorer and its list are out of date and must be built anew.
+    // The explorer and its list are out of date and must be rebuilt.
     Signal<> RebuildExplorer;
     // The open DataSet has been closed and opened again.
     Signal<> DataSetReopened;
@@ -73,7 +73,7 @@ public:
     // has finished its own selection.
     Signal<int> ReselectLater;
 
-    // Commands of other subsystems, each set once by whoever makes the program.
+    // Commands of other subsystems, each set once when the program is put together.
     // The whole command of mnuFImport, with its form.
     std::function<ImportEnd()> ImportCommand;
     // Closes the open DataSet before the form closes; false when the form must stay.

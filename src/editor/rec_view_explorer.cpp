@@ -27,7 +27,7 @@ private:
 void RecView::Attach(navigation::cExplorer& explorer) {
     explorer_ = &explorer;
     explorer.ItemSelected = [this](const navigation::cExplorer::Item& item) {
-        SelectExplorerItem(item->qb_id(), !asked_);
+        Guarded([&] { SelectExplorerItem(item->qb_id(), !asked_); });
     };
     explorer.CurrentPos = [this](bool first, bool last) {
         SetEnabled("moveprev", !first);
@@ -39,11 +39,9 @@ void RecView::Attach(navigation::cExplorer& explorer) {
 }
 
 void RecView::MoveBy(Move move) {
-    WithDataSet([this, move] {
-        if (explorer_ == nullptr || AskLoseChanges()) return;
-        const Raised asked(asked_);
-        (explorer_->*move)();
-    });
+    if (explorer_ == nullptr || AskLoseChanges()) return;
+    const Raised asked(asked_);
+    (explorer_->*move)();
 }
 
 void RecView::Cut() {

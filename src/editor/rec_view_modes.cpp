@@ -70,7 +70,7 @@ void RecView::ShowDataSet() {
     StartOfDataSet();
     SetEnabled("paste", false);
     SetEnabled("undo", false);
-    RebuildExplorer();
+    Guarded([this] { RebuildExplorer(); });
     if (state_.gDataSetOpen) progress_.EndTask();
 }
 

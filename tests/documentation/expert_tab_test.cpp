@@ -109,7 +109,7 @@ TEST_F(ExpertTabTest, ARecordThatIsNotStoredBeginsWithNothing) {
 TEST_F(ExpertTabTest, TheListHasEachNameOnceAndKeepsTheText) {
     tab.cboExpert.SetText("Somebody");
     tab.OfferLists();
-    EXPECT_TRUE(tab.cboExpert.ChoicesPending()) << "nobody has looked yet";
+    EXPECT_TRUE(tab.cboExpert.ChoicesPending()) << "the list has not been opened yet";
     EXPECT_EQ(TextOf(tab.cboExpert), "Dale Rice|James \"Jim\" Mead");
     EXPECT_EQ(tab.cboExpert.Text(), "Somebody");
 }

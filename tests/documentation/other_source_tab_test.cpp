@@ -115,7 +115,7 @@ TEST_F(OtherSourceTabTest, ARecordThatIsNotStoredBeginsWithNothing) {
 TEST_F(OtherSourceTabTest, TheListHasEachSourceOnceAndKeepsTheText) {
     tab.cboSource.SetText("Something");
     tab.OfferLists();
-    EXPECT_TRUE(tab.cboSource.ChoicesPending()) << "nobody has looked yet";
+    EXPECT_TRUE(tab.cboSource.ChoicesPending()) << "the list has not been opened yet";
     EXPECT_EQ(TextOf(tab.cboSource), "Catalogue|Marine list");
     EXPECT_EQ(tab.cboSource.Text(), "Something");
 }

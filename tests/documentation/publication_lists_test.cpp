@@ -129,7 +129,7 @@ TEST_F(PublicationListsTest, ReloadingTakesAllAuthorsAndKeepsTheText) {
     tab.cboAuthor.SetText("Gill");
     tab.cboADate.SetText("01/01/1846");
     tab.ReloadList();
-    EXPECT_TRUE(tab.cboAuthor.ChoicesPending()) << "nobody has looked yet";
+    EXPECT_TRUE(tab.cboAuthor.ChoicesPending()) << "the list has not been opened yet";
     EXPECT_EQ(TextOf(tab.cboAuthor), "|d'Orbigny|Gray|Owen");
     EXPECT_EQ(tab.cboAuthor.Text(), "Gill");
     tab.cboAuthor.UserDropDown();

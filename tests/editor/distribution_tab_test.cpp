@@ -95,7 +95,7 @@ TEST_F(DistributionTabTest, EachOriginShowsInTheWordsOfTheScreen) {
     EXPECT_EQ(data.prompter.messages, std::vector<std::string>());
 }
 
-TEST_F(DistributionTabTest, WhatItDoesNotKnowIsToldOrPassedOver) {
+TEST_F(DistributionTabTest, WhatItDoesNotKnowIsReportedOrPassedOver) {
     AddRegion("Africa");
     AddRegion("Atlantis");
     AddRegion("Arctic");

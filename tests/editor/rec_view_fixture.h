@@ -13,17 +13,17 @@
 
 namespace quillon::editor {
 
-// Writes down what the progress dialog is told.
-class ToldProgress : public ProgressDialog {
+// Records the calls of the progress dialog.
+class ProgressLog : public ProgressDialog {
 public:
-    std::string told;
-    void NewTask(std::string_view caption) override { told += "task " + std::string(caption) + ";"; }
-    void SetStatus(std::string_view status) override { told += "status " + std::string(status) + ";"; }
+    std::string log;
+    void NewTask(std::string_view caption) override { log += "task " + std::string(caption) + ";"; }
+    void SetStatus(std::string_view status) override { log += "status " + std::string(status) + ";"; }
     void SetMin(int) override {}
     void SetMax(int) override {}
     void UpdateValue(int) override {}
     void Increment(int) override {}
-    void EndTask() override { told += "end;"; }
+    void EndTask() override { log += "end;"; }
 };
 
 using Messages = std::vector<std::string>;
@@ -62,7 +62,7 @@ protected:
     void Show() {
         recView.ShowDataSet();
         events.clear();
-        progress.told.clear();
+        progress.log.clear();
     }
     void Execute(const std::string& sql) { data.db().Execute(sql); }
     // `names` are the first three units.
@@ -105,7 +105,7 @@ protected:
     }
 
     testkit::DataSetFixture data;
-    ToldProgress progress;
+    ProgressLog progress;
     navigation::cExplorer explorer{data.state, data.engine, data.prompter};
     RecView recView{data.state, data.prompter, progress, data.lifecycle};
     RecViewForm& form = recView.Controls();

@@ -82,7 +82,7 @@ TEST_F(RecViewModes, ADataSetBeginsReadyForInput) {
     EXPECT_FALSE(data.state.RecordDirty);
     EXPECT_FALSE(data.prompter.waitCursor);
     recView.ShowDataSet();
-    EXPECT_EQ(progress.told, "task Loading Taxon Data;status Loading...;end;");
+    EXPECT_EQ(progress.log, "task Loading Taxon Data;status Loading...;end;");
 }
 
 TEST_F(RecViewModes, TheFormBeginsWithThePreferredRank) {
@@ -95,7 +95,7 @@ TEST_F(RecViewModes, TheFormBeginsWithThePreferredRank) {
     EXPECT_TRUE(form.distribution.RVPanel4.Enabled());
 }
 
-TEST_F(RecViewModes, AnotherKingdomThanThePreferenceIsTold) {
+TEST_F(RecViewModes, AnotherKingdomThanThePreferenceIsReported) {
     Make();
     data.state.gKingdomName = "Plantae";
     data.state.gPrefRank = "Variety";

@@ -40,7 +40,7 @@ protected:
     SynonymTab tab{form};
 };
 
-TEST_F(SynonymTabTest, BeginsWithTheEmptyRowAndShutFields) {
+TEST_F(SynonymTabTest, BeginsWithTheEmptyRowAndDisabledFields) {
     EXPECT_EQ(HeadingsOf(tab.grdSynonyms),
               "Scientific Name / Author;Invalid Reason;ID(hidden);TSN(hidden);Type(hidden);");
     EXPECT_EQ(RowsOf(tab.grdSynonyms), "||||\n");
@@ -172,7 +172,7 @@ TEST_F(SynonymTabTest, WithoutARankOrADataSetThereAreNoCandidates) {
     EXPECT_EQ(data.prompter.messages, std::vector<std::string>());
 }
 
-TEST_F(SynonymTabTest, CandidatesThatCannotBeReadAreTold) {
+TEST_F(SynonymTabTest, CandidatesThatCannotBeReadAreReported) {
     data.db().DeleteQueryDef("Get Accepted Names");
     Offer("Species");
     EXPECT_EQ(ChoicesOf(tab.cboSRName), "");

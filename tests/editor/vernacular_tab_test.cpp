@@ -93,7 +93,7 @@ TEST_F(VernacularTabTest, WithoutADataSetThereAreNoLanguages) {
     EXPECT_EQ(data.prompter.messages, std::vector<std::string>());
 }
 
-TEST_F(VernacularTabTest, LanguagesThatCannotBeReadAreTold) {
+TEST_F(VernacularTabTest, LanguagesThatCannotBeReadAreReported) {
     tab.OfferLists();
     data.db().DeleteTable("qb_vernaculars");
     EXPECT_EQ(ChoicesOf(tab.cboLanguage), "");
