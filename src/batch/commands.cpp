@@ -3,20 +3,24 @@
 #include <fmt/format.h>
 #include <sys/stat.h>
 
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
+#include <stdexcept>
 
 #include "batch/session.h"
 #include "core/text.h"
 #include "core/vocabulary.h"
 #include "store/lifecycle/file_copy.h"
 #include "store/lifecycle/version.h"
+#include "store/statement_turns.h"
 
 namespace quillon::batch {
 
 namespace {
 
 void Fail(const std::string& text) {
-    std::fprintf(stderr, "message: %s\n", text.c_str());
+    PrintMessage(text);
 }
 
 std::string Escape(std::string_view text) {
@@ -48,16 +52,40 @@ std::string Field(const Value& value) {
     return value.IsBoolean() ? (value.AsBoolean() ? "1" : "0") : Escape(value.AsText());
 }
 
-void Print(const std::string& line) {
-    std::fwrite(line.data(), 1, line.size(), stdout);
+// A result that cannot be delivered is a failure of the job.
+[[noreturn]] void FailToPrint() {
+    throw std::runtime_error(std::string("Standard output cannot be written: ") + std::strerror(errno) + ".");
 }
 
-void PrintRows(store::Recordset& rows) {
+void Print(const std::string& line) {
+    if (std::fwrite(line.data(), 1, line.size(), stdout) != line.size()) FailToPrint();
+}
+
+void FlushOutput() {
+    if (std::fflush(stdout) != 0) FailToPrint();
+}
+
+// Ends the statement that runs when the job is canceled.
+store::StatementTurns CancelableStatements(Session& session) {
+    return {*session.state.gDatabase, [&session] {
+                session.pump.Yield();
+                return !session.state.gBatchCancel;
+            }};
+}
+
+ExitStatus Ended(Session& session) {
+    FlushOutput();
+    session.lifecycle.CloseDataSet();
+    return session.state.gBatchCancel ? ExitStatus::Failed : ExitStatus::Done;
+}
+
+void PrintRows(Session& session, store::Recordset& rows) {
     std::string line;
     for (std::size_t i = 0; i < rows.ColumnCount(); ++i)
         line += (i == 0 ? "" : "\t") + Escape(rows.ColumnName(i));
     Print(line + "\n");
-    for (; !rows.Eof(); rows.MoveNext()) {
+    for (; !rows.Eof() && !session.state.gBatchCancel; rows.MoveNext()) {
+        session.pump.Yield();
         line.clear();
         for (std::size_t i = 0; i < rows.ColumnCount(); ++i) line += (i == 0 ? "" : "\t") + Field(rows.At(i));
         Print(line + "\n");
@@ -71,6 +99,45 @@ bool IsSelect(std::string_view query) {
 bool Exists(const std::string& path) {
     struct stat info {};
     return lstat(path.c_str(), &info) == 0;
+}
+
+// False when a parameter is not NAME=VALUE, which is reported.
+bool SetParameters(store::QueryDef& def, const std::vector<std::string>& parameters) {
+    for (const std::string& parameter : parameters) {
+        const std::size_t equals = parameter.find('=');
+        if (equals == std::string::npos) {
+            Fail(fmt::format("'{}' is not of the form PARAMETER=VALUE.", parameter));
+            return false;
+        }
+        def.Set(parameter.substr(0, equals), parameter.substr(equals + 1));
+    }
+    return true;
+}
+
+bool PrintQuery(Session& session, const std::string& query, const std::vector<std::string>& parameters) {
+    const store::StatementTurns turns = CancelableStatements(session);
+    store::QueryDef def = IsSelect(query) ? session.state.gDatabase->CreateQueryDef("", query)
+                                          : session.state.gDatabase->OpenQueryDef(query);
+    if (!SetParameters(def, parameters)) return false;
+    if (def.IsSelect()) {
+        PrintRows(session, *def.OpenRecordset(store::RecordsetType::ForwardOnly));
+    } else {
+        Print(fmt::format("rows\n{}\n", def.Execute()));
+    }
+    return true;
+}
+
+void PrintInfo(Session& session, const std::string& path) {
+    const store::StatementTurns turns = CancelableStatements(session);
+    std::string version;
+    store::IsDataSetVersionValid(*session.state.gDatabase, version);
+    Print(fmt::format("version\t{}\nkingdom\t{}\npath\t{}\n", Escape(version),
+                      Escape(session.state.gKingdomName), Escape(path)));
+    for (const store::TableDef& table : session.state.gDatabase->TableDefs()) {
+        const auto count =
+            session.state.gDatabase->CreateSnapshot(fmt::format("SELECT count(*) FROM [{}]", table.name));
+        Print(fmt::format("{}\t{}\n", table.name, count->At(0).AsLong()));
+    }
 }
 
 }  // namespace
@@ -98,40 +165,15 @@ ExitStatus RunQuery(const CommonOptions& options, const std::string& path, const
                     const std::vector<std::string>& parameters) {
     Session session(options);
     session.Open(path);
-    store::QueryDef def = IsSelect(query) ? session.state.gDatabase->CreateQueryDef("", query)
-                                          : session.state.gDatabase->OpenQueryDef(query);
-    for (const std::string& parameter : parameters) {
-        const std::size_t equals = parameter.find('=');
-        if (equals == std::string::npos) {
-            Fail(fmt::format("'{}' is not of the form PARAMETER=VALUE.", parameter));
-            return ExitStatus::Usage;
-        }
-        def.Set(parameter.substr(0, equals), parameter.substr(equals + 1));
-    }
-    if (def.IsSelect()) {
-        PrintRows(*def.OpenRecordset(store::RecordsetType::ForwardOnly));
-    } else {
-        const int rows = def.Execute();
-        Print(fmt::format("rows\n{}\n", rows));
-    }
-    session.lifecycle.CloseDataSet();
-    return ExitStatus::Done;
+    const bool done = PrintQuery(session, query, parameters);
+    return done ? Ended(session) : ExitStatus::Usage;
 }
 
 ExitStatus RunInfo(const CommonOptions& options, const std::string& path) {
     Session session(options);
     session.Open(path);
-    std::string version;
-    store::IsDataSetVersionValid(*session.state.gDatabase, version);
-    Print(fmt::format("version\t{}\nkingdom\t{}\npath\t{}\n", Escape(version),
-                      Escape(session.state.gKingdomName), Escape(path)));
-    for (const store::TableDef& table : session.state.gDatabase->TableDefs()) {
-        const auto count =
-            session.state.gDatabase->CreateSnapshot(fmt::format("SELECT count(*) FROM [{}]", table.name));
-        Print(fmt::format("{}\t{}\n", table.name, count->At(0).AsLong()));
-    }
-    session.lifecycle.CloseDataSet();
-    return ExitStatus::Done;
+    PrintInfo(session, path);
+    return Ended(session);
 }
 
 }  // namespace quillon::batch

@@ -5,6 +5,8 @@
 
 #include <cstdio>
 
+#include "core/attempt.h"
+
 namespace quillon::batch {
 
 namespace {
@@ -15,24 +17,38 @@ void Note(int) {
     signalled = 1;
 }
 
-std::string OneLine(std::string_view text) {
-    std::string line;
+bool outOfMemory = false;
+
+void PrintOnOneLine(std::string_view text) {
     for (std::size_t i = 0; i < text.size(); ++i) {
         if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') continue;
-        line += text[i] == '\r' || text[i] == '\n' ? ' ' : text[i];
+        std::fputc(text[i] == '\r' || text[i] == '\n' ? ' ' : text[i], stderr);
     }
-    return line;
 }
 
 }  // namespace
 
+void PrintMessage(std::string_view text, std::string_view more) {
+    std::fputs("message: ", stderr);
+    PrintOnOneLine(text);
+    PrintOnOneLine(more);
+    std::fputc('\n', stderr);
+}
+
+bool ConsolePrompter::SaidOutOfMemory() {
+    return outOfMemory;
+}
+
 void ConsolePrompter::Message(std::string_view text, std::string_view) {
-    std::fprintf(stderr, "message: %s\n", OneLine(text).c_str());
+    if (text == kNotEnoughMemory) outOfMemory = true;
+    PrintMessage(text);
 }
 
 bool ConsolePrompter::AskYesNo(std::string_view text, std::string_view) {
     const bool yes = answer_ == Answer::Yes;
-    std::fprintf(stderr, "question: %s [%s]\n", OneLine(text).c_str(), yes ? "Yes" : "No");
+    std::fputs("question: ", stderr);
+    PrintOnOneLine(text);
+    std::fputs(yes ? " [Yes]\n" : " [No]\n", stderr);
     return yes;
 }
 

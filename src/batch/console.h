@@ -13,11 +13,16 @@ namespace quillon::batch {
 
 enum class Answer { No, Yes };
 
+// "message: " and the text on standard error, in one line. It needs no memory.
+void PrintMessage(std::string_view text, std::string_view more = {});
+
 class ConsolePrompter : public Prompter {
 public:
     explicit ConsolePrompter(Answer answer) : answer_(answer) {}
 
-    // "message: " and the text on one line.
+    // Whether a job of this process ran out of memory and reported it.
+    static bool SaidOutOfMemory();
+
     void Message(std::string_view text, std::string_view title) override;
     // "question: ", the text, and the answer taken in brackets.
     bool AskYesNo(std::string_view text, std::string_view title) override;

@@ -2,10 +2,12 @@
 
 #include <CLI/CLI.hpp>
 #include <cstdio>
+#include <new>
 #include <string>
 #include <vector>
 
 #include "batch/commands.h"
+#include "core/attempt.h"
 #include "core/version.h"
 #include "store/error.h"
 
@@ -64,6 +66,21 @@ ExitStatus Dispatch(const CLI::App& app, Arguments& arguments) {
     return RunInfo(arguments.common, arguments.dataSet);
 }
 
+// A job that runs out of memory ends with Failed, whatever it made of the failure itself.
+ExitStatus RunGuarded(const CLI::App& app, Arguments& arguments) {
+    try {
+        const ExitStatus status = Dispatch(app, arguments);
+        return ConsolePrompter::SaidOutOfMemory() ? ExitStatus::Failed : status;
+    } catch (const store::StoreError& error) {
+        PrintMessage(error.what());
+    } catch (const std::bad_alloc&) {
+        PrintMessage(kNotEnoughMemory);
+    } catch (const std::exception& error) {
+        PrintMessage("The job failed: ", error.what());
+    }
+    return ExitStatus::Failed;
+}
+
 int Run(int argc, char** argv) {
     CLI::App app("Taxonomic Quillon without a screen", "quillon-batch");
     Arguments arguments;
@@ -101,14 +118,7 @@ int Run(int argc, char** argv) {
         const int code = app.exit(error);
         return code == 0 ? 0 : static_cast<int>(ExitStatus::Usage);
     }
-    try {
-        return static_cast<int>(Dispatch(app, arguments));
-    } catch (const store::StoreError& error) {
-        std::fprintf(stderr, "message: %s\n", error.what());
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "message: The job failed: %s\n", error.what());
-    }
-    return static_cast<int>(ExitStatus::Failed);
+    return static_cast<int>(RunGuarded(app, arguments));
 }
 
 }  // namespace
@@ -116,5 +126,11 @@ int Run(int argc, char** argv) {
 }  // namespace quillon::batch
 
 int main(int argc, char** argv) {
-    return quillon::batch::Run(argc, argv);
+    try {
+        return quillon::batch::Run(argc, argv);
+    } catch (const std::exception&) {
+        // Only want of memory gets here: the command line itself found none.
+        quillon::batch::PrintMessage(quillon::kNotEnoughMemory);
+        return static_cast<int>(quillon::batch::ExitStatus::Failed);
+    }
 }

@@ -18,10 +18,11 @@ struct Ended {
 struct Batch {
     testkit::TempDir dir;
 
-    // Runs quillon-batch with the words as a shell has them, in the temporary folder.
-    Ended Run(const std::string& words) const {
+    // Runs quillon-batch with the words as a shell has them, in the temporary folder. Standard output goes to
+    // `output`.
+    Ended Run(const std::string& words, const std::string& output = "out.txt") const {
         const std::string command =
-            "cd " + dir.path() + " && " QUILLON_BATCH " " + words + " >out.txt 2>err.txt </dev/null";
+            "cd " + dir.path() + " && " QUILLON_BATCH " " + words + " >" + output + " 2>err.txt </dev/null";
         const int code = std::system(command.c_str());
         return {WEXITSTATUS(code), testkit::ReadFile(dir.File("out.txt")),
                 testkit::ReadFile(dir.File("err.txt"))};

@@ -1,0 +1,65 @@
+// Results that cannot be delivered, and statements that are cut short.
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include "batch_fixture.h"
+
+namespace quillon::batch {
+namespace {
+
+// Whether the process has a handler for SIGINT by now.
+bool HearsSigint(pid_t process) {
+    std::ifstream status("/proc/" + std::to_string(process) + "/status");
+    for (std::string word; status >> word;) {
+        if (word != "SigCgt:") continue;
+        status >> word;
+        return (std::stoull(word, nullptr, 16) >> (SIGINT - 1) & 1) != 0;
+    }
+    return false;
+}
+
+TEST(BatchOutput, FailsWhenTheResultsCannotBeWritten) {
+    Batch batch;
+    ASSERT_EQ(batch.Run("new t.mdb --kingdom Animalia").status, 0);
+    for (const std::string words : {"query t.mdb 'Get Animal Data'", "info t.mdb"}) {
+        const Ended ended = batch.Run(words, "/dev/full");
+        EXPECT_EQ(ended.status, 3) << words;
+        EXPECT_EQ(ended.err,
+                  "message: The job failed: Standard output cannot be written: No space left on device.\n");
+    }
+}
+
+TEST(BatchOutput, EndsAStatementThatRunsWhenInterrupted) {
+    Batch batch;
+    ASSERT_EQ(batch.Run("new t.mdb --kingdom Animalia").status, 0);
+    const pid_t child = fork();
+    if (child == 0) {
+        std::filesystem::current_path(batch.dir.path());
+        freopen("out.txt", "w", stdout);
+        freopen("err.txt", "w", stderr);
+        // Some 10^13 rows: nobody waits for its end.
+        execl(QUILLON_BATCH, "quillon-batch", "query", "t.mdb",
+              "select count(*) from taxonomic_unit_types as a, taxonomic_unit_types as b, "
+              "taxonomic_unit_types as c, "
+              "taxonomic_unit_types as d, taxonomic_unit_types as e, taxonomic_unit_types as f, "
+              "taxonomic_unit_types as g, taxonomic_unit_types as h, taxonomic_unit_types as i, "
+              "taxonomic_unit_types as j",
+              nullptr);
+        _exit(9);
+    }
+    while (!HearsSigint(child)) usleep(200);
+    kill(child, SIGINT);
+    int code = 0;
+    waitpid(child, &code, 0);
+    ASSERT_TRUE(WIFEXITED(code));
+    EXPECT_EQ(WEXITSTATUS(code), 3);
+    EXPECT_EQ(testkit::ReadFile(batch.dir.File("out.txt")), "");
+}
+
+}  // namespace
+}  // namespace quillon::batch
