@@ -12,177 +12,12 @@
 #include <memory>
 #include <vector>
 
+#include "disk_jobs.h"
 #include "fault_vfs.h"
-#include "generator/tagged_generator.h"
-#include "import/tagged_import.h"
-#include "imported_lines.h"
-#include "store/lifecycle/file_copy.h"
-#include "support.h"
 
 namespace quillon::campaign {
 
 namespace {
-
-constexpr int kUnits = 6;
-constexpr std::size_t kNames = 25;
-
-// What a finished job says: nothing when it went through, otherwise the text for the user.
-struct Outcome {
-    std::string message;
-    int acknowledged = 0;  // units
-};
-
-// One case's folder with the files that the job finds.
-struct Place {
-    std::string folder;
-    std::string File(const char* name) const { return folder + "/" + name; }
-};
-
-struct Originals {
-    std::string fresh;  // a new DataSet
-    std::string text;   // the tagged file
-    ImportedLines lines;
-};
-
-// Lets one durable commit fall into the middle of the import.
-class PausingPump : public EventPump {
-public:
-    explicit PausingPump(std::size_t line) : line_(line) {}
-    void Yield() override {
-        if (++calls_ == line_) Sleep(0.45);
-    }
-
-private:
-    std::size_t line_, calls_ = 0;
-};
-
-Outcome Import(const Place& place, const Originals& originals) {
-    Outcome outcome;
-    Session session;
-    try {
-        session.Open(place.File("set.mdb"));
-        PausingPump pump(originals.lines.Count() / 2);
-        importing::TaggedImport import(session.state, session.engine, session.prompter, pump, [](double) {});
-        const importing::ImportResult result = import.Run(place.File("names.qln"), place.folder);
-        if (!result.completed && session.prompter.messages.empty()) outcome.message = "(none)";
-        session.Close();
-    } catch (const store::StoreError& error) {
-        outcome.message = error.Description();
-    }
-    if (outcome.message.empty() && !session.prompter.messages.empty())
-        outcome.message = session.prompter.messages.back();
-    return outcome;
-}
-
-Outcome StoreUnits(const Place& place, const Originals&) {
-    Outcome outcome;
-    try {
-        Session session;
-        session.Open(place.File("set.mdb"));
-        for (int number = 1; number <= kUnits; ++number) {
-            session.engine.BeginTrans();
-            for (const char* column : {"comment_id", "tsn"}) {
-                const auto rows =
-                    session.DataSet().OpenTable(column[0] == 'c' ? "qb_comments" : "qb_taxonomic_units");
-                rows->AddNew();
-                rows->Set(column, number);
-                rows->Update();
-            }
-            session.engine.CommitTrans();
-            outcome.acknowledged = number;
-        }
-        session.Close();
-    } catch (const store::StoreError& error) {
-        outcome.message = error.Description();
-    }
-    return outcome;
-}
-
-Outcome MakeNew(const Place& place, const Originals&) {
-    Session session;
-    try {
-        session.Make(place.File("set.mdb"));
-        session.Close();
-    } catch (const store::StoreError& error) {
-        return {error.Description()};
-    }
-    return {};
-}
-
-Outcome Copy(const Place& place, const Originals&) {
-    try {
-        store::CopyDataSetFile(place.File("set.mdb"), place.File("copy.mdb"));
-    } catch (const store::StoreError& error) {
-        return {error.Description()};
-    }
-    return {};
-}
-
-// Each says what is wrong with what the job left; "" for nothing.
-std::string CheckImport(const Place& place, const Originals& originals, const Outcome& outcome) {
-    Session session;
-    session.Open(place.File("set.mdb"));
-    if (const std::string check = FullCheck(session.DataSet()); check != "ok") return check;
-    const auto stored = originals.lines.Stored(session.DataSet());
-    if (!stored) return "the rows are not those of the first lines";
-    if (outcome.message.empty() && *stored != originals.lines.Count())
-        return fmt::format("said nothing and stored {} of {} lines", *stored, originals.lines.Count());
-    return "";
-}
-
-std::string CheckUnits(const Place& place, const Originals&, const Outcome& outcome) {
-    Session session;
-    session.Open(place.File("set.mdb"));
-    if (const std::string check = FullCheck(session.DataSet()); check != "ok") return check;
-    const auto taxa =
-        NativeNumbers(session.DataSet(), "SELECT tsn FROM qb_taxonomic_units WHERE qb_id > 1 ORDER BY tsn");
-    const auto comments =
-        NativeNumbers(session.DataSet(), "SELECT comment_id FROM qb_comments ORDER BY comment_id");
-    if (taxa != comments) return "a unit is there in part";
-    if (static_cast<int>(taxa.size()) < outcome.acknowledged)
-        return fmt::format("{} units acknowledged, {} stored", outcome.acknowledged, taxa.size());
-    if (outcome.message.empty() && outcome.acknowledged != kUnits) return "said nothing and did not finish";
-    return "";
-}
-
-std::string CheckNew(const Place& place, const Originals& originals, const Outcome& outcome) {
-    if (FileExists(place.File("set.mdb~new"))) return "leaves its half-made file";
-    if (ReadFile(place.File("set.mdb")) == originals.text)
-        return outcome.message.empty() ? "said nothing" : "";
-    Session session;
-    session.Open(place.File("set.mdb"));
-    if (const std::string check = FullCheck(session.DataSet()); check != "ok") return check;
-    const bool seeded = NativeNumber(session.DataSet(), "SELECT count(*) FROM qb_taxonomic_units") == 1;
-    return outcome.message.empty() && !seeded ? "said nothing and did not seed" : "";
-}
-
-std::string CheckCopy(const Place& place, const Originals& originals, const Outcome& outcome) {
-    if (FileExists(place.File("copy.mdb~new"))) return "leaves its half-made file";
-    const std::string copy = ReadFile(place.File("copy.mdb"));
-    if (copy == originals.fresh) return "";
-    return copy == originals.text && !outcome.message.empty() ? ""
-                                                              : "neither the old file nor the whole copy";
-}
-
-struct Job {
-    const char* name;
-    Outcome (*run)(const Place&, const Originals&);
-    std::string (*check)(const Place&, const Originals&, const Outcome&);
-};
-constexpr Job kJobs[] = {{"import", Import, CheckImport},
-                         {"units", StoreUnits, CheckUnits},
-                         {"new", MakeNew, CheckNew},
-                         {"copy", Copy, CheckCopy}};
-
-// "new" and "copy" have an older file, the text, in their way.
-void PutFiles(const Place& place, const Job& job, const Originals& originals) {
-    mkdir(place.folder.c_str(), 0777);
-    const bool isNew = std::string_view(job.name) == "new";
-    unlink(place.File("set.mdb-journal").c_str());
-    WriteFile(place.File("set.mdb"), isNew ? originals.text : originals.fresh);
-    WriteFile(place.File("copy.mdb"), originals.text);
-    WriteFile(place.File("names.qln"), originals.text);
-}
 
 // A text that says what happened: the disk is full or broken, or the file is.
 bool IsClear(const std::string& message) {
@@ -193,7 +28,7 @@ bool IsClear(const std::string& message) {
 }
 
 // The calls of the whole job, which says nothing.
-std::uint64_t CountCalls(const Place& place, const Job& job, const Originals& originals) {
+std::uint64_t CountCalls(const Place& place, const DiskJob& job, const Originals& originals) {
     PutFiles(place, job, originals);
     SetFaultPlan({});
     const Outcome outcome = job.run(place, originals);
@@ -208,7 +43,7 @@ std::uint64_t CountCalls(const Place& place, const Job& job, const Originals& or
 enum CaseEnd : int { kWentThrough = 10, kSaidSo = 11, kWrong = 12 };
 
 // In a child process, as it may crash.
-int RunCase(const Place& place, const Job& job, const Originals& originals, const FaultPlan& plan,
+int RunCase(const Place& place, const DiskJob& job, const Originals& originals, const FaultPlan& plan,
             const std::string& what) {
     PutFiles(place, job, originals);
     SetFaultPlan(plan);
@@ -232,7 +67,7 @@ struct Case {
     std::string what;
 };
 
-std::vector<Case> CasesOf(const Job& job, std::uint64_t calls, std::uint64_t stride) {
+std::vector<Case> CasesOf(const DiskJob& job, std::uint64_t calls, std::uint64_t stride) {
     std::vector<Case> cases;
     for (std::uint64_t k = 1; k <= calls; k += stride)
         for (const Fault fault : {Fault::NoSpace, Fault::BrokenDisk})
@@ -244,7 +79,7 @@ std::vector<Case> CasesOf(const Job& job, std::uint64_t calls, std::uint64_t str
     return cases;
 }
 
-void RunJob(const Job& job, std::uint64_t stride, std::size_t together, const Folder& folder,
+void RunJob(const DiskJob& job, std::uint64_t stride, std::size_t together, const Folder& folder,
             const Originals& originals, Violations& violations) {
     const std::uint64_t calls = CountCalls({folder.File(job.name)}, job, originals);
     const std::vector<Case> cases = CasesOf(job, calls, stride);
@@ -271,17 +106,9 @@ void RunJob(const Job& job, std::uint64_t stride, std::size_t together, const Fo
 int Run(std::uint64_t stride, std::uint64_t seed, std::size_t together, const std::string& where) {
     InstallFaultVfs();
     const Folder folder(where);
-    Originals originals;
-    {
-        Session session;
-        session.Make(folder.File("fresh.mdb"));
-        session.Close();
-    }
-    originals.fresh = ReadFile(folder.File("fresh.mdb"));
-    originals.text = bench::GeneratedText(kNames, seed);
-    originals.lines = ImportedLines(originals.text);
+    const Originals originals = MakeOriginals(folder, seed);
     Violations violations;
-    for (const Job& job : kJobs) RunJob(job, stride, together, folder, originals, violations);
+    for (const DiskJob& job : DiskJobs()) RunJob(job, stride, together, folder, originals, violations);
     return violations.Close();
 }
 

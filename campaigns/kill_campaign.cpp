@@ -1,5 +1,5 @@
 // campaign-kill: SIGKILL at random moments of a tagged import and of a writer. Every file must open, pass the
-// full check, hold every acknowledged unit of the writer, and all but the last second of the import.
+// full check, hold every acknowledged unit of the writer, and all of an import or nothing.
 #include <fmt/format.h>
 
 #include <CLI/CLI.hpp>
@@ -32,7 +32,7 @@ int main(int argc, char** argv) {
     std::string where;
     app.add_option("--imports", imports, "imports to kill");
     app.add_option("--writers", writers, "writers to kill");
-    app.add_option("--together", together, "slow imports that run side by side")->check(CLI::PositiveNumber);
+    app.add_option("--together", together, "imports that run side by side")->check(CLI::PositiveNumber);
     app.add_option("--seed", seed, "seed of the moments");
     app.add_option("--folder", where, "where the files go");
     CLI11_PARSE(app, argc, argv);

@@ -9,8 +9,7 @@
 
 namespace quillon::campaign {
 
-// `count` tagged imports. Half of them are slowed down to take seconds, so that more than the last second is
-// at stake; the others run at full speed, so that every moment of the work is met.
+// `count` tagged imports, `together` of them side by side.
 void KillImports(std::size_t count, std::size_t together, const Folder& folder, Random& random,
                  Violations& violations);
 // `count` writers that store unit after unit and note each acknowledged one in a file of their own before the

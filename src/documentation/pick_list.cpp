@@ -5,7 +5,7 @@ namespace quillon::documentation {
 bool PickListControl::UserDropDown() {
     if (!AcceptsUser()) return false;
     ChangeScope scope(form_);
-    for (const auto& rule : dropDownRules_) rule();
+    if (dropDownRule_) dropDownRule_();
     return true;
 }
 
@@ -13,7 +13,7 @@ bool PickListControl::UserPick(int index) {
     if (!AcceptsUser() || !Has(index)) return false;
     ChangeScope scope(form_);
     UserChoose(index);
-    for (const auto& rule : pickRules_) rule();
+    if (pickRule_) pickRule_();
     return true;
 }
 

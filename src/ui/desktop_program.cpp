@@ -53,11 +53,11 @@ DesktopProgram::DesktopProgram(Prompter* prompter, std::string workDirectory, st
 }
 
 void DesktopProgram::Connect() {
-    recView_.RebuildExplorer.Connect([this] {
+    recView_.RebuildExplorer = [this] {
         explorer_.Init();
         if (explorer_.TreeV().TopCount() > 0) explorer_.HiliteNode(explorer_.TreeV().Top(0));
-    });
-    recView_.DataSetReopened.Connect([this] { explorer_.ListV().Reattach(state_.gDatabase); });
+    };
+    recView_.DataSetReopened = [this] { explorer_.ListV().Reattach(state_.gDatabase); };
     recView_.ImportCommand = [this] { return Import(); };
     recView_.PreferencesCommand = [this] { prompter_.ShowModal("FrmPreferences"); };
     recView_.StopCommand = [this] {

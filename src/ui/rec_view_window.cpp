@@ -7,7 +7,9 @@
 #include "ui/icons.h"
 #include "ui/pages/comment_page.h"
 #include "ui/pages/distribution_page.h"
-#include "ui/pages/documentation_page.h"
+#include "ui/pages/expert_page.h"
+#include "ui/pages/other_source_page.h"
+#include "ui/pages/publication_page.h"
 #include "ui/pages/synonym_page.h"
 #include "ui/pages/taxon_page.h"
 #include "ui/pages/vernacular_page.h"
@@ -55,8 +57,8 @@ RecViewWindow::RecViewWindow(editor::RecView& recView, navigation::cExplorer& ex
 
 // The form outlives the window and must not call it any more.
 RecViewWindow::~RecViewWindow() {
-    recView_.ReselectLater.Disconnect(reselection_);
-    recView_.Controls().form.RemoveClosedObserver(closing_);
+    recView_.ReselectLater = nullptr;
+    recView_.Controls().form.OnClosed(nullptr);
 }
 
 void RecViewWindow::BuildStatusBar() {
@@ -144,15 +146,14 @@ QWidget* RecViewWindow::BuildPages() {
 
 void RecViewWindow::ConnectForm() {
     editor::RecViewForm& form = recView_.Controls();
-    reselection_ = recView_.ReselectLater.Connect(
-        [this](int id) { QTimer::singleShot(0, this, [this, id] { Reselect(id); }); });
+    recView_.ReselectLater = [this](int id) { QTimer::singleShot(0, this, [this, id] { Reselect(id); }); };
     form.hierarchy.Observe([guard = QPointer<RecViewWindow>(this)] {
         if (guard) guard->ShowView();
     });
     form.TabStrip1.Observe([guard = QPointer<RecViewWindow>(this)] {
         if (guard) guard->ShowPage();
     });
-    closing_ = form.form.OnClosed([this] {
+    form.form.OnClosed([this] {
         mayClose_ = true;
         close();
     });

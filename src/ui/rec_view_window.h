@@ -46,9 +46,8 @@ private:
     ExplorerView* explorerView_ = nullptr;
     QTabBar* tabs_ = nullptr;
     QScrollArea* scroller_ = nullptr;
-    std::vector<QWidget*> pages_;                  // RVPanel1 to RVPanel8
-    int page_ = 0;                                 // the one on show, from 1; 0 for none yet
-    std::uint64_t reselection_ = 0, closing_ = 0;  // connections to RecView and its form
+    std::vector<QWidget*> pages_;  // RVPanel1 to RVPanel8
+    int page_ = 0;                 // the one on show, from 1; 0 for none yet
     bool activated_ = false;
     bool mayClose_ = false;
 };

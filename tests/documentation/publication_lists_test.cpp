@@ -1,5 +1,6 @@
 // The pick lists of the publications tab, which narrow one another, and what a pick fills in.
 #include "documentation/documentation_fixture.h"
+#include "documentation/publication_tab.h"
 
 namespace quillon::documentation {
 namespace {
@@ -11,7 +12,7 @@ using testing::StartsWith;
 class PublicationListsTest : public DocumentationTest {
 protected:
     PublicationListsTest() {
-        tab.Connect(data.state, data.prompter);
+        SetUpPublications(tab, data.state, data.prompter);
         Add("'Gray'", "'01/01/1846'", "'Annals'", "'On the British Cetacea'");
         Add("'Gray'", "'01/01/1850'", "'Catalogue'", "'Catalogue'");
         Add("'Owen'", "'01/01/1846'", "'A history'", "'A history'");
@@ -38,15 +39,15 @@ protected:
                        tab.txtPubComments.Text(), tab.txtPQBID.Text(), tab.txtPID.Text()});
     }
     std::string Authors() {
-        tab.Narrow(0);
+        NarrowPubAuthors(tab, data.state, data.prompter);
         return TextOf(tab.cboAuthor);
     }
     std::string Names() {
-        tab.Narrow(4);
+        NarrowPubNames(tab, data.state, data.prompter);
         return TextOf(tab.cboPublication);
     }
     std::string Titles() {
-        tab.Narrow(3);
+        NarrowPubTitles(tab, data.state, data.prompter);
         return TextOf(tab.cboTitle);
     }
 
@@ -94,7 +95,7 @@ TEST_F(PublicationListsTest, AQuoteInADateBreaksTheStatement) {
     EXPECT_THAT(data.prompter.messages, ElementsAre(StartsWith("Failed ")));
     EXPECT_FALSE(data.prompter.waitCursor);
     Set("", "1'1", "", "");
-    tab.FillFromPick(2);
+    PubSelectionFill(tab, data.state, data.prompter, "act_date");
     EXPECT_EQ(data.prompter.messages.size(), 2U);
     EXPECT_EQ(Fields(), "|1'1|||||||||||");
 }
@@ -128,8 +129,8 @@ TEST_F(PublicationListsTest, EachFieldDropsDownItsOwnList) {
 TEST_F(PublicationListsTest, ReloadingTakesAllAuthorsAndKeepsTheText) {
     tab.cboAuthor.SetText("Gill");
     tab.cboADate.SetText("01/01/1846");
-    tab.ReloadList();
-    EXPECT_TRUE(tab.cboAuthor.ChoicesPending()) << "the list has not been opened yet";
+    ReloadPubAuthors(tab, data.state, data.prompter);
+    EXPECT_TRUE(tab.cboAuthor.ChoicesPending()) << "nobody has looked yet";
     EXPECT_EQ(TextOf(tab.cboAuthor), "|d'Orbigny|Gray|Owen");
     EXPECT_EQ(tab.cboAuthor.Text(), "Gill");
     tab.cboAuthor.UserDropDown();
@@ -142,7 +143,7 @@ TEST_F(PublicationListsTest, ReloadingTakesAllAuthorsAndKeepsTheText) {
 TEST_F(PublicationListsTest, AnotherDataSetEmptiesTheLists) {
     Names();
     Titles();
-    tab.OfferLists();
+    ForgetPubLists(tab, data.state, data.prompter);
     EXPECT_EQ(TextOf(tab.cboPublication), "");
     EXPECT_EQ(TextOf(tab.cboTitle), "");
     tab.cboTitle.UserDropDown();
@@ -152,13 +153,13 @@ TEST_F(PublicationListsTest, AnotherDataSetEmptiesTheLists) {
 TEST_F(PublicationListsTest, APickFillsTheFieldsFromTheOneRecord) {
     Run("UPDATE qb_publications SET listed_pub_date = '02/01/1846', publisher = 'P', pub_place = 'L', "
         "isbn = 'I', issn = 'S' WHERE reference_author = 'Owen'");
-    tab.ReloadList();
+    ReloadPubAuthors(tab, data.state, data.prompter);
     ASSERT_TRUE(tab.cboAuthor.UserPick(3));
     EXPECT_EQ(Fields(), "Owen|01/01/1846|A history|A history|02/01/1846|P|L|I|S|7|c|3|8");
 }
 
 TEST_F(PublicationListsTest, APickThatSeveralRecordsMatchFillsNothing) {
-    tab.ReloadList();
+    ReloadPubAuthors(tab, data.state, data.prompter);
     ASSERT_TRUE(tab.cboAuthor.UserPick(2));
     EXPECT_EQ(Fields(), "Gray||||||||||||");
 }
@@ -179,15 +180,15 @@ TEST_F(PublicationListsTest, OnlyTheFieldThatWasPickedCounts) {
 }
 
 TEST_F(PublicationListsTest, AnEmptyFieldStandsForAllRecords) {
-    tab.FillFromPick(3);
+    PubSelectionFill(tab, data.state, data.prompter, "title");
     EXPECT_EQ(Fields(), "||||||||||||");
     Run("DELETE * FROM qb_publications WHERE qb_publication_id <> 5");
-    tab.FillFromPick(3);
+    PubSelectionFill(tab, data.state, data.prompter, "title");
     EXPECT_EQ(Fields(), "|01/01/1850|Annals|Notes | remarks||||||7|c|5|8");
 }
 
 TEST_F(PublicationListsTest, ATypedTextFillsNothing) {
-    tab.ReloadList();
+    ReloadPubAuthors(tab, data.state, data.prompter);
     tab.cboAuthor.UserSetText("Owen");
     EXPECT_EQ(Fields(), "Owen||||||||||||");
     EXPECT_FALSE(tab.cboAuthor.UserPick(9));
@@ -196,7 +197,7 @@ TEST_F(PublicationListsTest, ATypedTextFillsNothing) {
 TEST_F(PublicationListsTest, WithoutADataSetTheListsAreEmpty) {
     data.state.gDatabase.reset();
     EXPECT_EQ(Authors(), "");
-    tab.FillFromPick(0);
+    PubSelectionFill(tab, data.state, data.prompter, "author");
     EXPECT_THAT(data.prompter.messages, IsEmpty());
 }
 

@@ -1,4 +1,6 @@
 // How the publications tab shows what is stored of a taxon.
+#include "documentation/publication_tab.h"
+
 #include "documentation/documentation_fixture.h"
 
 namespace quillon::documentation {
@@ -15,7 +17,7 @@ constexpr const char* kSystema =
 class PublicationTabTest : public DocumentationTest {
 protected:
     PublicationTabTest() {
-        tab.Connect(data.state, data.prompter);
+        SetUpPublications(tab, data.state, data.prompter);
         Run("INSERT INTO qb_publications (publication_id_prefix, qb_publication_id, publication_id, "
             "reference_author, title, publication_name, listed_pub_date, actual_pub_date, publisher, "
             "pub_place, "
@@ -36,7 +38,7 @@ protected:
             "qb_documentation_id, vernacular_name) VALUES (2, " +
             vernacular + ", 'PUB', " + document + ", '" + name + "')");
     }
-    void Load() { tab.Load(2); }
+    void Load() { LoadPubGrid(tab, data.state, data.prompter, 2); }
     // What the edit controls hold; the picker with its visibility.
     std::string Fields() const {
         return TextOf({tab.cboAuthor.Text(), tab.chkPOD.Value() ? "x" : "", tab.cboADate.Text(),
@@ -46,6 +48,13 @@ protected:
                        tab.txtPQBID.Text(), tab.txtPID.Text(), tab.cboVernPubSelect.Text(),
                        tab.cboVernPub.Text(), tab.cboVernPub.Visible() ? "shown" : "hidden",
                        tab.lblVernPubCbo.Visible() ? "shown" : "hidden"});
+    }
+    // The names of the controls that take no input.
+    std::string Disabled() const {
+        std::string names;
+        for (const Control* control : form.Controls())
+            if (!control->Enabled()) names += control->Name() + " ";
+        return names;
     }
 
     PublicationTab tab{form};
@@ -96,16 +105,19 @@ TEST_F(PublicationTabTest, LoadingShowsTheFirstRow) {
         Fields(),
         "Linnaeus, C.|x|01/01/1758|Systema naturae|Editio decima|02/01/1758|Salvius|Stockholm|I1|S1|1-824|"
         "Tomus I.|3|17|Scientific Name||hidden|hidden");
+    EXPECT_EQ(TextOf({tab.PubFieldSnapshot.begin(), tab.PubFieldSnapshot.end()}),
+              "Orcinus  orca|" + std::string(kSystema) + "0|Scientific Name|0|3|");
     EXPECT_EQ(Disabled(), kCommands);
 }
 
 TEST_F(PublicationTabTest, ATaxonWithoutLinksLeavesEmptyFieldsToTypeInto) {
     Link("3", "true", "9");
     Load();
-    tab.Load(7);
+    LoadPubGrid(tab, data.state, data.prompter, 7);
     EXPECT_EQ(TextOf(tab.grdPublications), kEmptyRow);
     EXPECT_EQ(Fields(), kNoFields);
     EXPECT_EQ(Disabled(), kCommands);
+    EXPECT_EQ(TextOf({tab.PubFieldSnapshot.begin(), tab.PubFieldSnapshot.end()}), "|||||||||||||||||||");
 }
 
 TEST_F(PublicationTabTest, ACommentComesWhole) {
@@ -113,30 +125,30 @@ TEST_F(PublicationTabTest, ACommentComesWhole) {
     Run("UPDATE qb_publications SET pub_comment = '" + comment + "' WHERE qb_publication_id = 4");
     Link("4");
     Load();
-    EXPECT_EQ(tab.grdPublications.Cell(0, 12), comment);
+    EXPECT_EQ(tab.grdPublications.Cell(0, kPubComments), comment);
     EXPECT_EQ(tab.txtPubComments.Text(), comment);
 }
 
-TEST_F(PublicationTabTest, ShowsIdsOf32Bits) {
-    Run("INSERT INTO qb_publications (publication_id_prefix, qb_publication_id, publication_id) "
-        "VALUES ('PUB', 32768, 2147483647)");
-    Link("32768");
-    LinkVernacular("32768", "5", "Killer whale");
+TEST_F(PublicationTabTest, AnIdAbove32767FailsAtTheLoad) {
+    Run("UPDATE qb_publications SET publication_id = 32767 WHERE qb_publication_id = 4");
+    Link("4");
     Load();
-    EXPECT_EQ(tab.txtPQBID.Text() + "|" + tab.txtPID.Text(), "32768|2147483647");
-    EXPECT_EQ(tab.grdPublications.Cell(1, 13) + "|" + tab.grdPublications.Cell(1, 18), "32768|32768");
     EXPECT_THAT(data.prompter.messages, IsEmpty());
-}
-
-TEST_F(PublicationTabTest, WhatCannotBeReadLeavesNoRows) {
+    EXPECT_EQ(tab.txtPID.Text(), "32767");
+    Run("UPDATE qb_publications SET publication_id = 32768 WHERE qb_publication_id = 4");
     Link("3");
     Load();
-    data.db().DeleteTable("qb_vern_ref_links");
-    Load();
-    ASSERT_EQ(data.prompter.messages.size(), 1U);
-    EXPECT_EQ(data.prompter.messages[0].substr(0, 7), "Failed ");
+    EXPECT_THAT(data.prompter.messages, ElementsAre("Failed Overflow: publication_id 32768"));
     EXPECT_EQ(TextOf(tab.grdPublications), kEmptyRow) << "no half of it either";
     EXPECT_EQ(Fields(), kNoFields);
+}
+
+TEST_F(PublicationTabTest, ALocalIdAbove32767FailsAtTheLoadToo) {
+    Run("INSERT INTO qb_publications (publication_id_prefix, qb_publication_id) VALUES ('PUB', 32768)");
+    LinkVernacular("32768", "5", "Killer whale");
+    Load();
+    EXPECT_THAT(data.prompter.messages, ElementsAre("Failed Overflow: qb_publication_id 32768"));
+    EXPECT_EQ(TextOf(tab.grdPublications), kEmptyRow);
 }
 
 TEST_F(PublicationTabTest, AClickShowsTheRowAndOnTheEmptyRowClears) {
@@ -161,8 +173,8 @@ TEST_F(PublicationTabTest, TheRowOfAChangeTrackIsReadOnly) {
     Link("4");
     Load();
     EXPECT_EQ(Disabled(),
-              "cboAuthor chkPOD cboADate cboTitle cboPublication txtLDate txtPublisher txtLocation txtISBN "
-              "txtISSN txtPages txtPubComments cmdPubAdd cmdPubModify cmdPubDelete ");
+              "cboAuthor cboADate txtLDate cboTitle cboPublication txtPublisher txtLocation txtISBN txtISSN "
+              "txtPages txtPubComments chkPOD cmdPubAdd cmdPubModify cmdPubDelete ");
     tab.grdPublications.UserSelectRow(1);
     EXPECT_EQ(Disabled(), kCommands);
     tab.grdPublications.UserSelectRow(0);
@@ -171,14 +183,11 @@ TEST_F(PublicationTabTest, TheRowOfAChangeTrackIsReadOnly) {
 }
 
 TEST_F(PublicationTabTest, OnTheChangeTrackingFormNothingIsDisabled) {
+    form.SetTitle("Change Tracking");
     Link("3", "true", "9");
-    Form other{"frmChgTrk"};
-    PublicationTab tracked(other, FormPurpose::ChangeTracking);
-    tracked.Connect(data.state, data.prompter);
-    tracked.Load(2);
-    EXPECT_EQ(tracked.txtPQBID.Text(), "3");
-    EXPECT_TRUE(tracked.cboAuthor.Enabled());
-    EXPECT_TRUE(tracked.txtPages.Enabled());
+    Load();
+    EXPECT_EQ(tab.txtPQBID.Text(), "3");
+    EXPECT_EQ(Disabled(), kCommands);
 }
 
 TEST_F(PublicationTabTest, ThePickerFollowsTheAssociation) {
@@ -195,7 +204,7 @@ TEST_F(PublicationTabTest, ThePickerFollowsTheAssociation) {
 TEST_F(PublicationTabTest, ARecordThatIsNotStoredBeginsWithNothing) {
     Link("3", "true", "9");
     Load();
-    tab.Clear();
+    ResetPublications(tab);
     EXPECT_EQ(TextOf(tab.grdPublications), kEmptyRow);
     EXPECT_EQ(Fields(), kNoFields);
     EXPECT_EQ(Disabled(), kCommands);

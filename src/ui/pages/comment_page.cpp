@@ -12,10 +12,11 @@ constexpr int kCommentLines = 6;
 
 QWidget* BuildCommentPage(QWidget* parent) {
     auto* page = new QWidget(parent);
-    auto* table = RowTable(page, "grdComments", QObject::tr("Comments"));
+    auto* table = RowTable(page, "grdComments", QObject::tr("Comments"), {28});
     auto* commentator = Named<QLineEdit>(page, "txtCommentator");
-    auto* comment = TextBox(page, "txtComment");
-    comment->setMinimumHeight(HeightOf(*comment, kCommentLines));
+    auto* comment = Named<QPlainTextEdit>(page, "txtComment");
+    comment->setTabChangesFocus(true);
+    comment->setMinimumHeight(comment->fontMetrics().lineSpacing() * kCommentLines);
     auto* fields = FieldLayout();
     fields->addWidget(FieldLabel(page, "lblCommentator", commentator), 0, 0);
     fields->addWidget(commentator, 0, 1);
