@@ -27,6 +27,7 @@ struct ExplorerItem {
     int qb_id = 0;
     std::int64_t children = 0;
     std::int64_t descendants = 0;
+    bool isInTree = true;
 };
 
 // How the import command ended.

@@ -15,7 +15,7 @@ using navigation::TreeNode;
 namespace {
 
 ExplorerItem AsItem(const cBioList& item) {
-    return {item.qb_id(), item.NumChildren(), item.NumDescendants()};
+    return {item.qb_id(), item.NumChildren(), item.NumDescendants(), item.IsInTree()};
 }
 
 struct NameAndTsn {
@@ -105,7 +105,9 @@ void RecView::EnableMoves() {
 }
 
 void RecView::ReflectRealNodePosition() {
-    if (explorer_ != nullptr) explorer_->ReflectRealNodePosition(state_.currentTaxon.qb_id);
+    if (explorer_ == nullptr) return;
+    explorer_->ReflectRealNodePosition(state_.currentTaxon.qb_id);
+    if (!explorer_->CanUndo()) SetEnabled("undo", false);
 }
 
 bool RecView::Dropped(const TreeNode* moved, TreeNode* newParent, const TreeNode* oldParent) {

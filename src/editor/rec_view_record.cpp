@@ -123,7 +123,7 @@ void RecView::FillSelectors() {
 }
 
 void RecView::ShowCounts(const ExplorerItem& item) {
-    StatusPanelSet("name", CurrentTaxonName());
+    StatusPanelSet("name", CurrentTaxonName() + (item.isInTree ? "" : " (not in the tree)"));
     Guarded([this] { StatusPanelSet("taxa", fmt::format("TAXA: {}", CountTaxa())); });
     StatusPanelSet("children", fmt::format("CHILDREN: {}", item.children));
     StatusPanelSet("descendants", fmt::format("DESCENDANTS: {}", item.descendants));
