@@ -20,7 +20,7 @@ void Form::SetTitle(std::string_view title) {
 }
 
 void Form::Close() {
-    if (closedObserver_) closedObserver_();
+    closed_();
 }
 
 void Form::UserClose() {
@@ -30,7 +30,10 @@ void Form::UserClose() {
 }
 
 void Form::End() {
-    if (--depth_ == 0) TellChanges();
+    if (--depth_ > 0) return;
+    TellChanges();
+    if (Control* control = std::exchange(focus_, nullptr))
+        for (const auto& observer : control->focusObservers_) observer();
 }
 
 // What an observer changes in turn is told in another round, so that nobody hears of a control twice for one
@@ -39,7 +42,7 @@ void Form::TellChanges() {
     if (telling_) return;
     telling_ = true;
     while (titleChanged_ || !changed_.empty()) {
-        if (std::exchange(titleChanged_, false) && titleObserver_) titleObserver_();
+        if (std::exchange(titleChanged_, false)) titleObservers_();
         for (Control* control : std::exchange(changed_, {})) {
             control->touched_ = false;
             for (const auto& observer : control->observers_) observer();
@@ -57,6 +60,11 @@ void Control::Touch() {
     if (touched_) return;
     touched_ = true;
     form_.changed_.push_back(this);
+}
+
+void Control::TakeFocus() {
+    ChangeScope scope(form_);
+    form_.focus_ = this;
 }
 
 bool Control::ByUser(const std::function<bool()>& change) {

@@ -19,6 +19,8 @@
 #include <utility>
 #include <vector>
 
+#include "core/signal.h"
+
 namespace quillon {
 
 class Control;
@@ -50,8 +52,10 @@ public:
     void TellChanges();
 
     // Told after an action that changed the title; told at each Close().
-    void OnTitle(std::function<void()> observer) { titleObserver_ = std::move(observer); }
-    void OnClosed(std::function<void()> observer) { closedObserver_ = std::move(observer); }
+    void OnTitle(std::function<void()> observer) { titleObservers_.Connect(std::move(observer)); }
+    // Gives the number by which an observer that lives shorter than the form lets itself be removed.
+    std::uint64_t OnClosed(std::function<void()> observer) { return closed_.Connect(std::move(observer)); }
+    void RemoveClosedObserver(std::uint64_t number) { closed_.Disconnect(number); }
 
 private:
     friend class Control;
@@ -63,10 +67,12 @@ private:
     std::string title_;
     std::vector<Control*> controls_;
     std::vector<Control*> changed_;
+    Control* focus_ = nullptr;  // the control that has asked for the focus
     int depth_ = 0;
     bool telling_ = false;
     bool titleChanged_ = false;
-    std::function<void()> closeRule_, titleObserver_, closedObserver_;
+    std::function<void()> closeRule_;  // the one that decides
+    Signal<> titleObservers_, closed_;
 };
 
 // One action of the program on a form: what changes within the outermost scope is told once, at its end.
@@ -102,6 +108,11 @@ public:
 
     // Told once after each outermost action in which anything of the control changed.
     void Observe(std::function<void()> observer) { observers_.push_back(std::move(observer)); }
+    // Asks for the keyboard focus. It moves when the outermost action has ended and its changes are shown; of
+    // several requests the last one counts.
+    void TakeFocus();
+    // Notified when the focus is to move here. Whoever shows the control ignores it while it takes no input.
+    void OnTakeFocus(std::function<void()> observer) { focusObservers_.push_back(std::move(observer)); }
     // A rule that follows a change by the user; it runs inside the action, before anything is told.
     void OnEdit(std::function<void()> rule) { rules_.push_back(std::move(rule)); }
 
@@ -133,6 +144,7 @@ private:
     bool touched_ = false;
     std::vector<std::function<void()>> observers_;
     std::vector<std::function<void()>> rules_;
+    std::vector<std::function<void()>> focusObservers_;
 };
 
 // A fixed text: a label, a panel of the status bar, a frame. Its text is its caption.
@@ -289,12 +301,12 @@ public:
     std::string Text() const { return Has(listIndex_) ? At(listIndex_).text : std::string(); }
     void SetListIndex(int index) { Assign(listIndex_, Has(index) ? index : -1); }
     bool UserSelect(int index);
-    // A double click, or Return, on the selected item.
-    void OnActivate(std::function<void()> rule) { activateRule_ = std::move(rule); }
+    // A rule that follows a double click, or Return, on the selected item.
+    void OnActivate(std::function<void()> rule) { activateRules_.push_back(std::move(rule)); }
     bool UserActivate(int index);
 
 private:
-    std::function<void()> activateRule_;
+    std::vector<std::function<void()>> activateRules_;
 };
 
 // Rows of texts under columns, some of them hidden (they hold the keys). Rows and columns count from 0.
@@ -303,9 +315,10 @@ public:
     struct Column {
         std::string heading;
         bool hidden = false;
+        int width = 0;  // in characters, before the user changes it; 0 for any
     };
     using Row = std::vector<std::string>;
-    GridControl(Form& form, std::string name, std::initializer_list<Column> columns);
+    GridControl(Form& form, std::string name, std::vector<Column> columns);
 
     const std::vector<Column>& Columns() const { return columns_; }
     void SetHeading(std::size_t column, std::string_view heading);
@@ -322,7 +335,8 @@ public:
     int SelectedRow() const { return selected_; }
     void SetSelectedRow(int row) { Assign(selected_, HasRow(row) ? row : -1); }
     bool UserSelectRow(int row);
-    void OnActivate(std::function<void()> rule) { activateRule_ = std::move(rule); }
+    // A rule that follows a double click, or Return, on a row.
+    void OnActivate(std::function<void()> rule) { activateRules_.push_back(std::move(rule)); }
     bool UserActivateRow(int row);
 
 private:
@@ -330,7 +344,7 @@ private:
     std::vector<Column> columns_;
     std::vector<Row> rows_;
     int selected_ = -1;
-    std::function<void()> activateRule_;
+    std::vector<std::function<void()>> activateRules_;
 };
 
 // How far a job is. The value stays within the limits, whatever it is set to. A new value is told at once,

@@ -122,12 +122,12 @@ bool ListControl::UserActivate(int index) {
     if (!AcceptsUser() || !Has(index)) return false;
     ChangeScope scope(form_);
     UserSelect(index);
-    if (activateRule_) activateRule_();
+    for (const auto& rule : activateRules_) rule();
     return true;
 }
 
-GridControl::GridControl(Form& form, std::string name, std::initializer_list<Column> columns)
-    : Control(form, std::move(name)), columns_(columns) {}
+GridControl::GridControl(Form& form, std::string name, std::vector<Column> columns)
+    : Control(form, std::move(name)), columns_(std::move(columns)) {}
 
 void GridControl::SetHeading(std::size_t column, std::string_view heading) {
     Assign(columns_.at(column).heading, std::string(heading));
@@ -168,7 +168,7 @@ bool GridControl::UserActivateRow(int row) {
     if (!AcceptsUser() || !HasRow(row)) return false;
     ChangeScope scope(form_);
     UserSelectRow(row);
-    if (activateRule_) activateRule_();
+    for (const auto& rule : activateRules_) rule();
     return true;
 }
 

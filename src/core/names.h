@@ -17,6 +17,13 @@ struct NameFields {
     Value unit_ind1, unit_name1, unit_ind2, unit_name2, unit_ind3, unit_name3, unit_ind4, unit_name4;
 };
 
+// The name of a row that has these eight fields under their names, of whatever kind the row is.
+template <typename Row>
+NameFields NameFieldsOf(const Row& row) {
+    return {row["unit_ind1"], row["unit_name1"], row["unit_ind2"], row["unit_name2"],
+            row["unit_ind3"], row["unit_name3"], row["unit_ind4"], row["unit_name4"]};
+}
+
 // Each run of blanks and tabs becomes one blank; then trimmed at both ends.
 std::string CompressSpacesAndTrim(std::string_view text);
 

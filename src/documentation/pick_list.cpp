@@ -5,7 +5,7 @@ namespace quillon::documentation {
 bool PickListControl::UserDropDown() {
     if (!AcceptsUser()) return false;
     ChangeScope scope(form_);
-    if (dropDownRule_) dropDownRule_();
+    for (const auto& rule : dropDownRules_) rule();
     return true;
 }
 
@@ -13,7 +13,7 @@ bool PickListControl::UserPick(int index) {
     if (!AcceptsUser() || !Has(index)) return false;
     ChangeScope scope(form_);
     UserChoose(index);
-    if (pickRule_) pickRule_();
+    for (const auto& rule : pickRules_) rule();
     return true;
 }
 

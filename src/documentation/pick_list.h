@@ -1,8 +1,8 @@
-// A combo box whose list depends on what the user does with it: the rule that fills it runs when it is
-// dropped down, and a click on one of its items is told apart from a text that was typed.
+// A combo box whose list depends on what the user does with it: the rule that fills it runs when the list is
+// dropped down, and a click on one of its items is distinguished from a text that was typed.
 //
 // The documentation tabs use it for the fields that narrow one another, the taxon tab for the parent's rank.
-// What a window has to tell, beside what every combo tells, stands in the three User... procedures.
+// A window calls the three User... procedures, beside those of every combo.
 #pragma once
 
 #include "core/controls.h"
@@ -17,9 +17,9 @@ public:
     PickListControl(Form& form, std::string name, Style style) : ComboControl(form, std::move(name), style) {}
 
     // Runs each time before the list is shown.
-    void OnDropDown(std::function<void()> rule) { dropDownRule_ = std::move(rule); }
+    void OnDropDown(std::function<void()> rule) { dropDownRules_.push_back(std::move(rule)); }
     // Runs after a click on an item, with the item's text in the control; OnEdit rules have run before.
-    void OnPick(std::function<void()> rule) { pickRule_ = std::move(rule); }
+    void OnPick(std::function<void()> rule) { pickRules_.push_back(std::move(rule)); }
 
     // False when the control is disabled or locked; then nothing runs.
     bool UserDropDown();
@@ -34,7 +34,7 @@ public:
     void NeverFilled() { left_ = true; }
 
 private:
-    std::function<void()> dropDownRule_, pickRule_;
+    std::vector<std::function<void()>> dropDownRules_, pickRules_;
     bool left_ = true;
 };
 

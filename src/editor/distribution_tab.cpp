@@ -2,14 +2,23 @@
 
 #include <algorithm>
 
+#include "core/attempt.h"
 #include "core/text.h"
 #include "core/vocabulary.h"
+#include "store/engine.h"
 
 namespace quillon::editor {
 
 namespace {
 
 constexpr std::string_view kNoneSelected = "None Selected";
+constexpr std::string_view kDisabled =
+    "You cannot enter any geographical and/or jurisdictional data when editing ranks above the species "
+    "level.  "
+    "This screen is currently disabled!";
+
+constexpr std::array<std::string_view, 6> kRanksWithDistribution = {"SPECIES",    "SUBSPECIES", "VARIETY",
+                                                                    "SUBVARIETY", "FORM",       "SUBFORM"};
 
 // A caption that holds the words as they stand, none of them an access key.
 std::string PlainCaption(std::string_view words) {
@@ -33,44 +42,15 @@ std::unique_ptr<store::Recordset> RowsOf(store::Database& database, std::string_
     return database.OpenQueryDef(query).Set("qbid", qb_id).CreateSnapshot();
 }
 
-void LoadDivisions(DistributionTab& tab, store::Database& database, Prompter& prompter, int qb_id) {
-    const auto regions = tab.Regions();
-    const auto rows = RowsOf(database, "Get Distrib Data", qb_id);
-    for (; !rows->Eof(); rows->MoveNext()) {
-        const std::string value = rows->Get("geographic_value").AsText();
-        tab.oldDivisions.push_back(value);
-        const int place = PlaceOf(GeographicValues(), value);
-        if (place >= 0)
-            regions[static_cast<std::size_t>(place)]->SetValue(true);
-        else
-            prompter.Message("Unknown Distribution: " + value);
-    }
-}
-
-void ShowOrigin(ComboControl& list, const std::string& value, const std::string& origin, Prompter& prompter) {
-    const auto words = OriginWords();
-    const auto word = std::find_if(words.begin(), words.end(),
-                                   [&](const OriginWord& each) { return each.stored == origin; });
-    if (word != words.end()) return list.SetText(word->shown);
-    prompter.Message("Unknown Origin: " + origin + " for Jurisdiction: " + value);
-}
-
-void LoadJurisdictions(DistributionTab& tab, store::Database& database, Prompter& prompter, int qb_id) {
-    const auto lists = tab.Jurisdictions();
-    const auto rows = RowsOf(database, "Get Jurisdiction Data", qb_id);
-    for (; !rows->Eof(); rows->MoveNext()) {
-        const std::string value = rows->Get("jurisdiction_value").AsText();
-        const std::string origin = rows->Get("origin").AsText();
-        tab.oldJurisdictions.emplace_back(value, origin);
-        const int place = PlaceOf(JurisdictionValues(), value);
-        if (place >= 0) ShowOrigin(*lists[static_cast<std::size_t>(place)], value, origin, prompter);
-    }
-}
-
 }  // namespace
 
+bool RankHasDistribution(std::string_view rank) {
+    return PlaceOf(kRanksWithDistribution, UpperCase(Trim(rank))) >= 0;
+}
+
 DistributionTab::DistributionTab(Form& form)
-    : fraDivision(form, "fraDivision", "Geographic Division"),
+    : RVPanel4(form, "RVPanel4"),
+      fraDivision(form, "fraDivision", "Geographic Division"),
       chkNorthAmerica(form, "chkNorthAmerica"),
       chkMiddleAmerica(form, "chkMiddleAmerica"),
       chkCaribbean(form, "chkCaribbean"),
@@ -99,7 +79,9 @@ DistributionTab::DistributionTab(Form& form)
       lblCanada(form, "lblCanada"),
       cboCanada(form, "cboCanada", ComboControl::Style::ListOnly),
       lblMexico(form, "lblMexico"),
-      cboMexico(form, "cboMexico", ComboControl::Style::ListOnly) {
+      cboMexico(form, "cboMexico", ComboControl::Style::ListOnly),
+      form_(form) {
+    RVPanel4.SetEnabled(false);
     const auto regions = Regions();
     for (std::size_t i = 0; i < regions.size(); ++i)
         regions[i]->SetCaption(PlainCaption(GeographicValues()[i]));
@@ -110,7 +92,7 @@ DistributionTab::DistributionTab(Form& form)
         labels[i]->SetCaption(JurisdictionValues()[i]);
         lists[i]->SetTexts(OriginChoices());
     }
-    ResetJurisdictionLists(*this);
+    ResetJurisdictionLists();
 }
 
 std::array<CheckControl*, 14> DistributionTab::Regions() {
@@ -123,34 +105,92 @@ std::array<ComboControl*, 7> DistributionTab::Jurisdictions() {
     return {&cboContinentalUS, &cboAlaska, &cboHawaii, &cboCenPacTerr, &cboCarrTerr, &cboCanada, &cboMexico};
 }
 
-void ResetJurisdictionLists(DistributionTab& tab) {
-    for (ComboControl* list : tab.Jurisdictions()) list->SetText(kNoneSelected);
+void DistributionTab::Connect(ApplicationState& state, Prompter& prompter) {
+    RecordTab::Connect(state, prompter);
+    for (CheckControl* region : Regions()) TrackChanges(state, {region});
+    for (ComboControl* list : Jurisdictions()) TrackChanges(state, {list});
 }
 
-void ClearDistribution(DistributionTab& tab) {
-    for (CheckControl* region : tab.Regions()) region->SetValue(false);
-    ResetJurisdictionLists(tab);
-    tab.oldDivisions.clear();
-    tab.oldJurisdictions.clear();
+void DistributionTab::Clear() {
+    for (CheckControl* region : Regions()) region->SetValue(false);
+    ResetJurisdictionLists();
+    oldDivisions.clear();
+    oldJurisdictions.clear();
 }
 
-void LoadDistribution(DistributionTab& tab, store::Database& database, Prompter& prompter, int qb_id) {
-    ClearDistribution(tab);
-    LoadDivisions(tab, database, prompter, qb_id);
-    LoadJurisdictions(tab, database, prompter, qb_id);
+void DistributionTab::ClearForNextEntry() {
+    if (!KeptForNextEntry(State().gPrefSaveOtherFields)) Clear();
 }
 
-void CollectDistribution(DistributionTab& tab, CurrentTaxon& taxon) {
+void DistributionTab::Load(int qb_id) {
+    Clear();
+    Attempt(Outside(), [&] {
+        LoadDivisions(qb_id);
+        LoadJurisdictions(qb_id);
+    });
+}
+
+// What has changed so far is shown first, so that the message comes over the page that it speaks of.
+void DistributionTab::Shown() {
+    if (RVPanel4.Enabled() || said_) return;
+    said_ = true;
+    form_.TellChanges();
+    Outside().Message(kDisabled);
+}
+
+void DistributionTab::SetRank(std::string_view rank) {
+    RVPanel4.SetEnabled(RankHasDistribution(rank));
+}
+
+void DistributionTab::Collect(CurrentTaxon& taxon) {
     taxon.divisions.clear();
     taxon.jurisdictions.clear();
-    const auto regions = tab.Regions();
+    const auto regions = Regions();
     for (std::size_t i = 0; i < regions.size(); ++i)
         if (regions[i]->Value()) taxon.divisions.emplace_back(GeographicValues()[i]);
-    const auto lists = tab.Jurisdictions();
+    const auto lists = Jurisdictions();
     for (std::size_t i = 0; i < lists.size(); ++i)
         for (const OriginWord& word : OriginWords())
             if (lists[i]->Text() == word.shown)
                 taxon.jurisdictions.emplace_back(JurisdictionValues()[i], word.stored);
+}
+
+void DistributionTab::ResetJurisdictionLists() {
+    for (ComboControl* list : Jurisdictions()) list->SetText(kNoneSelected);
+}
+
+void DistributionTab::LoadDivisions(int qb_id) {
+    const auto regions = Regions();
+    const auto rows = RowsOf(*State().gDatabase, "Get Distrib Data", qb_id);
+    for (; !rows->Eof(); rows->MoveNext()) {
+        const std::string value = rows->Get("geographic_value").AsText();
+        oldDivisions.push_back(value);
+        const int place = PlaceOf(GeographicValues(), value);
+        if (place >= 0)
+            regions[static_cast<std::size_t>(place)]->SetValue(true);
+        else
+            Outside().Message("Unknown Distribution: " + value);
+    }
+}
+
+void DistributionTab::LoadJurisdictions(int qb_id) {
+    const auto lists = Jurisdictions();
+    const auto rows = RowsOf(*State().gDatabase, "Get Jurisdiction Data", qb_id);
+    for (; !rows->Eof(); rows->MoveNext()) {
+        const std::string value = rows->Get("jurisdiction_value").AsText();
+        const std::string origin = rows->Get("origin").AsText();
+        oldJurisdictions.emplace_back(value, origin);
+        const int place = PlaceOf(JurisdictionValues(), value);
+        if (place >= 0) ShowOrigin(*lists[static_cast<std::size_t>(place)], value, origin);
+    }
+}
+
+void DistributionTab::ShowOrigin(ComboControl& list, const std::string& value, const std::string& origin) {
+    const auto words = OriginWords();
+    const auto word = std::find_if(words.begin(), words.end(),
+                                   [&](const OriginWord& each) { return each.stored == origin; });
+    if (word != words.end()) return list.SetText(word->shown);
+    Outside().Message("Unknown Origin: " + origin + " for Jurisdiction: " + value);
 }
 
 }  // namespace quillon::editor

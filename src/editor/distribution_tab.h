@@ -1,23 +1,48 @@
-// The distribution tab of the main form: fourteen regions of the world, each a check box, and seven
-// jurisdictions, each with the origin of the taxon there.
+// The distribution tab of a record: fourteen regions of the world, each a check box, and seven jurisdictions,
+// each with the origin of the taxon there. Only ranks from species down have a distribution; for the others
+// the panel is disabled.
 //
-// RecView makes the tab, loads it, and shuts its panel for ranks above species. The tab never writes: a save
-// collects it into CurrentTaxon and compares that with the old values kept here.
+// The tab never writes: a save collects it into CurrentTaxon and compares that with the old values kept here.
 #pragma once
 
 #include <array>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
-#include "core/controls.h"
 #include "core/current_taxon.h"
-#include "core/outside.h"
-#include "store/engine.h"
+#include "core/record_tab.h"
 
 namespace quillon::editor {
 
-struct DistributionTab {
+class DistributionTab : public RecordTab {
+public:
+    explicit DistributionTab(Form& form);
+
+    void Connect(ApplicationState& state, Prompter& prompter) override;
+    void OfferLists() override {}  // the words are those of the program
+    // All boxes off, all lists to "None Selected", no old values.
+    void Clear() override;
+    void ClearForNextEntry() override;
+    // The rows of the taxon, whatever its rank. Regions and origins that the form does not know are reported
+    // one by one; jurisdictions that it does not know are passed over.
+    void Load(int qb_id) override;
+    // Says that the panel is disabled when it is, once a visit.
+    void Shown() override;
+    void Hidden() override { said_ = false; }
+
+    // Enables the panel exactly for the ranks that have a distribution.
+    void SetRank(std::string_view rank);
+    // What the tab shows, in its order and in the words of the store. A save will call it.
+    void Collect(CurrentTaxon& taxon);
+
+    // In the order of GeographicValues() and of JurisdictionValues().
+    std::array<CheckControl*, 14> Regions();
+    std::array<ComboControl*, 7> Jurisdictions();
+
+    // The panel of the page.
+    LabelControl RVPanel4;
     LabelControl fraDivision;
     CheckControl chkNorthAmerica, chkMiddleAmerica, chkCaribbean, chkSouthAmerica, chkEurasia, chkAfrica,
         chkAsia, chkAustralia, chkOceaniania, chkAntarctica, chkEAtlantic, chkWAtlantic, chkIndoWestPacific,
@@ -43,22 +68,17 @@ struct DistributionTab {
     std::vector<std::string> oldDivisions;
     std::vector<std::pair<std::string, std::string>> oldJurisdictions;  // value and stored origin
 
-    explicit DistributionTab(Form& form);
+private:
+    void ResetJurisdictionLists();
+    void LoadDivisions(int qb_id);
+    void LoadJurisdictions(int qb_id);
+    void ShowOrigin(ComboControl& list, const std::string& value, const std::string& origin);
 
-    // In the order of GeographicValues() and of JurisdictionValues().
-    std::array<CheckControl*, 14> Regions();
-    std::array<ComboControl*, 7> Jurisdictions();
+    Form& form_;
+    bool said_ = false;  // in this visit
 };
 
-// All seven lists to "None Selected".
-void ResetJurisdictionLists(DistributionTab& tab);
-// All boxes off, all lists to "None Selected", no old values.
-void ClearDistribution(DistributionTab& tab);
-// The rows of the taxon on a cleared tab, whatever its rank. Regions and origins that the form does not know
-// are told one by one; jurisdictions that it does not know are passed over. The errors of the store pass
-// through.
-void LoadDistribution(DistributionTab& tab, store::Database& database, Prompter& prompter, int qb_id);
-// What the tab shows, in its order and in the words of the store.
-void CollectDistribution(DistributionTab& tab, CurrentTaxon& taxon);
+// True for the ranks from Species down, in any case: those whose taxa have a distribution.
+bool RankHasDistribution(std::string_view rank);
 
 }  // namespace quillon::editor

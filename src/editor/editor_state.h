@@ -1,18 +1,18 @@
-// What the editor remembers between commands beside CurrentTaxon and RecordDirty. RecView keeps one; its
-// rules and those of the save read and write it.
+// What the editor remembers between commands beside CurrentTaxon and RecordDirty. RecView keeps one; the
+// procedures that save a record will read and write it.
 #pragma once
 
-#include <string>
+#include "core/record_tab.h"
 
 namespace quillon::editor {
 
 struct EditorState {
-    std::string mode;          // "INPUT" or "EDIT"; "" without a DataSet
-    std::string rankAsLoaded;  // the text of cboRank just after the load
-    bool firstWarning = true;  // no save has been checked since the DataSet was opened
-    bool dropInProgress = false;
-    int FieldGroupEntered = 0;  // the group of the control that got the focus last, and of the one that lost
-    int FieldGroupLeft = 0;     // it; 0 for none
+    EditorMode mode = EditorMode::None;
+    bool firstWarning = true;     // no save has been checked since the DataSet was opened
+    bool dropInProgress = false;  // a move in the tree that the save will store
+    // The group of the control that got the focus last, and of the one that lost it; 0 for none.
+    int FieldGroupEntered = 0;
+    int FieldGroupLeft = 0;
 };
 
 }  // namespace quillon::editor

@@ -1,9 +1,9 @@
-// The rules of the main window: its modes and commands, what is shown of the chosen taxon, the status panels,
-// the title.
+// The rules of the main window: its modes and commands, the choice of the record, the status panels, the
+// title.
 //
-// It works on the controls of RecViewForm and knows no widget. Whoever makes the window attaches the explorer
-// and hangs the commands of other subsystems on through the functions below. It never writes to the DataSet
-// itself.
+// It works on the controls of RecViewForm and knows no widget, and it knows the tabs of the record only by
+// their contract (core/record_tab.h). The window attaches the explorer, connects to the signals
+// and sets the commands of other subsystems below. It never writes to the DataSet itself.
 #pragma once
 
 #include <functional>
@@ -12,23 +12,15 @@
 
 #include "core/application_state.h"
 #include "core/outside.h"
+#include "core/signal.h"
 #include "dataset/lifecycle.h"
 #include "editor/editor_state.h"
 #include "editor/rec_view_form.h"
-#include "editor/taxon_fields.h"
-#include "editor/taxon_lists.h"
+#include "editor/record_move.h"
 #include "navigation/explorer.h"
 #include "navigation/tb_btn_mgr.h"
 
 namespace quillon::editor {
-
-// An item of the explorer as the form sees it.
-struct ExplorerItem {
-    int qb_id = 0;
-    std::int64_t children = 0;
-    std::int64_t descendants = 0;
-    bool isInTree = true;
-};
 
 // How the import command ended.
 enum class ImportEnd { NotStarted, Canceled, Done };
@@ -43,8 +35,6 @@ public:
 
     RecViewForm& Controls() { return controls_; }
     EditorState& Editing() { return editing_; }
-    TaxonLists& Lists() { return lists_; }
-    TaxonFields& Fields() { return fields_; }
 
     // Takes the events of the explorer, which must outlive the form. Once.
     void Attach(navigation::cExplorer& explorer);
@@ -59,30 +49,31 @@ public:
     // the kingdom and the reasons are applied again; else the record in CurrentTaxon is shown, or the DataSet
     // is started when there is none.
     void Reset();
-    // Loads the taxon of CurrentTaxon.qb_id into every tab. Failures of the store are told; what could not be
-    // read is empty then, and the rest is shown.
+    // Loads the taxon of CurrentTaxon.qb_id into every tab. Failures are reported; what could not be read is
+    // empty then, and the rest is shown.
     void ShowRecord();
     // The entry for every change of the current record. With `checkDirty` the user may stay on an unsaved
     // one.
-    void SelectExplorerItem(const ExplorerItem& item, bool checkDirty);
+    void SelectExplorerItem(int qb_id, bool checkDirty);
     // The question about an unsaved record; true means stay where you are.
     bool AskLoseChanges();
-    // The routine behind "addnew" and after a new record has been saved: what the preferences do not keep
-    // goes.
+    // Clears what the preferences do not keep for the next new record: after "addnew", and after a new record
+    // has been saved.
     void ClearForNextEntry();
     // The name of the taxon under edit, from its record or from the form.
-    std::string CurrentTaxonName() const;
+    std::string CurrentTaxonName() const { return controls_.CurrentTaxonName(); }
     // All rows of qb_taxonomic_units of the open DataSet.
     std::int64_t CountTaxa() const;
-    // Sets a panel of the status bar; a key that has no panel is ignored.
-    void StatusPanelSet(std::string_view panelKey, std::string_view text);
 
-    // Builds the explorer and its list anew.
-    std::function<void()> RebuildExplorer;
+    // The explorer and its list are out of date and must be rebuilt.
+    Signal<> RebuildExplorer;
     // The open DataSet has been closed and opened again.
-    std::function<void()> DataSetReopened;
-    // Selects the current record again, once the explorer is done with its own selection.
-    std::function<void(int qb_id)> ReselectLater;
+    Signal<> DataSetReopened;
+    // The record `qb_id` stays although another one was selected: the explorer must select it again once it
+    // has finished its own selection.
+    Signal<int> ReselectLater;
+
+    // Commands of other subsystems, each set once when the program is put together.
     // The whole command of mnuFImport, with its form.
     std::function<ImportEnd()> ImportCommand;
     // Closes the open DataSet before the form closes; false when the form must stay.
@@ -96,11 +87,11 @@ private:
     using Move = void (navigation::cExplorer::*)();
 
     // The commands.
-    void HangOnCommands();
-    void HangOnTabs();
+    void ConnectCommands();
+    void ConnectTabs();
     void MakeToolbarManagers();
     // Runs a command that may close and reopen the DataSet; it gives true when another one is open.
-    void Around(const std::function<bool()>& command);
+    void RunAndRefresh(const std::function<bool()>& command);
     void OpenCommand();
     void NewCommand();
     void SaveAsCommand();
@@ -108,7 +99,7 @@ private:
     void RunPreferences();
     // A command that needs a DataSet; without one it says so.
     void WithDataSet(const std::function<void()>& command);
-    // Tells a failure of the store.
+    // Runs a command as one action of the form, and reports its failure.
     void Guarded(const std::function<void()>& command);
     void Quit();
     void AddNew();
@@ -117,27 +108,12 @@ private:
     // The modes and what goes with them.
     void EnterInput();
     void EnterEdit();
+    void EnterMode(EditorMode mode);
     void SetEnabled(std::string_view key, bool enabled);
-    void ClearRecord();
-    void StartLists();
-    void ShowPreferredRank();
-    void SetKingdomWords();
+    void OfferLists();
     void ReapplyPreferences();
-    void TakePreferredRank();
-    void ClearForm();
-    void ClearOtherFields();
-    void ClearDocumentation();
-    void SetFieldsForRank();
-
-    // The load, step by step.
-    void LoadLists();
-    void LoadFields();
-    void LoadTabs();
-    void LoadSynonymsTab();
-    void LoadDocumentation();
-    void FillNameLists();
-    void FillSelectors();
-    void ShowCounts(const ExplorerItem& item);
+    void ClearTabs();
+    void ShowPanels();
 
     // The explorer.
     void MoveBy(Move move);
@@ -149,13 +125,10 @@ private:
     // The form's answer to a move in the tree; true cancels it.
     bool Dropped(const navigation::TreeNode* moved, navigation::TreeNode* newParent,
                  const navigation::TreeNode* oldParent);
-    bool ConfirmRanks(const navigation::cBioList& moved, const navigation::cBioList& target);
     bool BringUp(const navigation::cBioList& moved);
-    void ChangeTaxonParent(const navigation::cBioList* newParent);
-    void UpdateSynonymLink(const navigation::cBioList* newAccepted, const navigation::cBioList* oldAccepted);
 
+    RecordTab& TabOnShow() { return *controls_.Tabs()[static_cast<std::size_t>(tabOnShow_ - 1)]; }
     void TabClicked();
-    void TellTabDisabled();
 
     ApplicationState& state_;
     Prompter& prompter_;
@@ -163,13 +136,12 @@ private:
     dataset::Lifecycle& lifecycle_;
     RecViewForm controls_;
     EditorState editing_;
-    TaxonLists lists_;
-    TaxonFields fields_;
+    RecordMove move_;
     // Those of the toolbar buttons; a menu item and its button are one control here.
     navigation::TBBtnMgr navigation_, edit_;
     navigation::cExplorer* explorer_ = nullptr;
-    std::string appliedRank_;  // gPrefRank as the form knows it
-    bool asked_ = false;       // a command of the form has asked about the unsaved record already
+    int tabOnShow_ = 1;   // its place in TabStrip1
+    bool asked_ = false;  // a command of the form has asked about the unsaved record already
 };
 
 }  // namespace quillon::editor

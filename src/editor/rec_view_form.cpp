@@ -35,27 +35,22 @@ RecViewForm::RecViewForm() {
                                  &mnuMerge, &mnuSplit, &cmdOK}) {
         later->SetEnabled(false);
     }
-    RVPanel4.SetEnabled(false);
     hierarchy.SetValue(true);
+    taxon.RankShown.Connect([this](std::string_view rank) { distribution.SetRank(rank); });
+    vernaculars.NamesChanged.Connect([this](const auto& names) {
+        for (auto* documents : {&publications, &experts, &otherSources}) documents->OfferVernaculars(names);
+    });
+}
+
+std::array<RecordTab*, 8> RecViewForm::Tabs() {
+    return {&taxon,    &vernaculars,  &synonyms, &distribution,
+            &comments, &publications, &experts,  &otherSources};
 }
 
 ButtonControl* RecViewForm::OfKey(std::string_view key) {
     for (const KeyedButton& keyed : kKeys)
         if (keyed.key == key) return &(this->*keyed.button);
     return nullptr;
-}
-
-std::vector<Control*> RecViewForm::Tracked() {
-    std::vector<Control*> tracked = {
-        &publications.cboADate, &taxon.cboAuth,          &taxon.cboAuth2,        &publications.cboAuthor,
-        &taxon.cboCoverage,     &taxon.cboCredibility,   &taxon.cboDPRank,       &taxon.cboInvalidReason,
-        &taxon.cboName1,        &taxon.cboName2,         &taxon.cboParentName,   &publications.cboPublication,
-        &taxon.cboRank,         &otherSources.cboSource, &publications.cboTitle, &taxon.chkHybrid1,
-        &taxon.chkHybrid2,      &taxon.chkHybrid3,       &taxon.chkQuad,         &taxon.chkUnnamed,
-        &taxon.txtCurrency,     &taxon.txtName1,         &taxon.txtName2,        &taxon.txtName3,
-        &taxon.txtName4,        &taxon.optValid,         &taxon.optInvalid};
-    for (CheckControl* region : distribution.Regions()) tracked.push_back(region);
-    return tracked;
 }
 
 FrmAbout::FrmAbout(std::string_view version) {

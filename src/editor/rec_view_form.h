@@ -1,17 +1,15 @@
-// The controls of the main window RecView, named as the system names them: menu commands, toolbar buttons,
-// status panels, and the eight tabs of the record. The rules are in rec_view.h; the window in src/ui.
+// The controls of the main window RecView: menu commands, toolbar buttons, status panels, and the eight tabs
+// of the record. The rules are in rec_view.h and in the tabs; the window is in src/ui.
 //
 // A menu item and the toolbar button of the same command are one control. Commands that are not there yet are
 // disabled.
 #pragma once
 
+#include <array>
 #include <string_view>
-#include <vector>
 
 #include "core/controls.h"
-#include "documentation/expert_tab.h"
-#include "documentation/other_source_tab.h"
-#include "documentation/publication_tab.h"
+#include "documentation/documentation_tab.h"
 #include "editor/comment_tab.h"
 #include "editor/distribution_tab.h"
 #include "editor/synonym_tab.h"
@@ -76,24 +74,24 @@ struct RecViewForm {
                                {"publications", "Publications"},
                                {"experts", "Experts"},
                                {"othersources", "Other Sources"}}};
-    // The panel of the tab "distribution", the fourth of the array RVPanel.
-    LabelControl RVPanel4{form, "RVPanel4"};
-
     TaxonTab taxon{form};
     VernacularTab vernaculars{form};
     SynonymTab synonyms{form};
     DistributionTab distribution{form};
     CommentTab comments{form};
-    documentation::PublicationTab publications{form};
-    documentation::ExpertTab experts{form};
-    documentation::OtherSourceTab otherSources{form};
+    documentation::DocumentationTab publications{form, documentation::Publications()};
+    documentation::DocumentationTab experts{form, documentation::Experts()};
+    documentation::DocumentationTab otherSources{form, documentation::OtherSources()};
 
     RecViewForm();
 
+    // In the order of TabStrip1.
+    std::array<RecordTab*, 8> Tabs();
+    // The name of the taxon under edit, from its record or from the fields.
+    std::string CurrentTaxonName() const { return taxon.CurrentTaxonName(); }
+
     // The button of a toolbar key, which is its menu item too; nullptr when no command has the key.
     ButtonControl* OfKey(std::string_view key);
-    // Every control whose change by the user makes the record one that is not saved.
-    std::vector<Control*> Tracked();
 };
 
 // The box of Help, About.

@@ -16,11 +16,6 @@ int IntOf(const Recordset& row, std::string_view column) {
     return static_cast<int>(row[column].AsLong());
 }
 
-NameFields NameFieldsOf(const Recordset& row) {
-    return {row["unit_ind1"], row["unit_name1"], row["unit_ind2"], row["unit_name2"],
-            row["unit_ind3"], row["unit_name3"], row["unit_ind4"], row["unit_name4"]};
-}
-
 void TakeName(const Recordset& row, CurrentTaxon& taxon) {
     taxon.unit_ind1 = row["unit_ind1"].AsText();
     taxon.unit_name1 = row["unit_name1"].AsText();

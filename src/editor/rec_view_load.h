@@ -1,4 +1,4 @@
-// Loading of one taxon into CurrentTaxon, for the main form and whoever else shows a taxon.
+// Loads one taxon into CurrentTaxon, for RecView and every other form that shows a taxon.
 #pragma once
 
 #include <string>
@@ -9,18 +9,18 @@
 
 namespace quillon::editor {
 
-// CurrentTaxon as it is for no taxon, but for its qb_id, which says what is to be shown.
+// Empties CurrentTaxon but for its qb_id, which is the taxon to show.
 void ClearRecordVariables(ApplicationState& state);
 
-// Fills state.currentTaxon from the open DataSet. For a taxon that is gone it says so and leaves CurrentTaxon
-// as it was; a missing author is told too, and the rest is loaded. The errors of the store pass through.
+// Fills state.currentTaxon from the open DataSet. Reports a taxon that does not exist, and leaves
+// CurrentTaxon as it was; reports a missing author, and loads the rest. The errors of the store pass through.
 void LoadTaxon(ApplicationState& state, Prompter& prompter, int qb_id);
 
 // "<unknown>" when the DataSet has no rank of that id.
 std::string GetRankName(store::Database& database, int rank_id);
-// 0 for a taxon without one, and for one that is gone.
+// 0 for a taxon that has none or does not exist. The command that adds an accepted name will call it.
 int GetTSN(store::Database& database, int qb_id);
-// The qb_id of the kingdom record; 0 when the DataSet has none.
+// The qb_id of the kingdom record; 0 when the DataSet has none. The checks of a save will call it.
 int GetKingdomId(store::Database& database);
 
 }  // namespace quillon::editor

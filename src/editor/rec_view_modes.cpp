@@ -4,6 +4,7 @@
 #include <span>
 #include <utility>
 
+#include "core/wait_cursor.h"
 #include "editor/rec_view.h"
 #include "editor/rec_view_load.h"
 
@@ -11,7 +12,17 @@ namespace quillon::editor {
 
 namespace {
 
-constexpr std::string_view kDropped = "No";
+std::string_view WordOf(EditorMode mode) {
+    switch (mode) {
+        case EditorMode::Input:
+            return "INPUT";
+        case EditorMode::Edit:
+            return "EDIT";
+        case EditorMode::None:
+            break;
+    }
+    return "";
+}
 
 }  // namespace
 
@@ -32,27 +43,26 @@ void RecView::MakeToolbarManagers() {
     for (const std::string_view key : {"paste", "undo", "delete"}) edit_.Disable(key);
 }
 
+void RecView::EnterMode(EditorMode mode) {
+    editing_.mode = mode;
+    controls_.mode.SetCaption(WordOf(mode));
+    for (RecordTab* tab : controls_.Tabs()) tab->EnterMode(mode);
+}
+
 void RecView::EnterInput() {
     controls_.cmdOK.SetCaption("&Save");
-    editing_.mode = "INPUT";
-    lists_.SetRecordInEdit(0);
-    StatusPanelSet("mode", editing_.mode);
-    // A new record is nobody yet: the one that was shown may be its parent, or its accepted name.
-    Guarded([this] { lists_.OfferParents(); });
-    FillAcceptedNameList(controls_.synonyms, state_, prompter_);
+    EnterMode(EditorMode::Input);
 }
 
 void RecView::EnterEdit() {
     controls_.cmdOK.SetCaption("&Save Changes");
-    editing_.mode = "EDIT";
-    lists_.SetRecordInEdit(state_.currentTaxon.qb_id);
+    EnterMode(EditorMode::Edit);
     for (const std::string_view key : {"addnew", "moveprev", "movenext"}) SetEnabled(key, true);
-    StatusPanelSet("mode", editing_.mode);
 }
 
 void RecView::ShowDataSet() {
     const ChangeScope scope(controls_.form);
-    prompter_.WaitCursor(true);
+    const WaitCursor waiting(prompter_);
     if (state_.gDataSetOpen) {
         progress_.NewTask("Loading Taxon Data");
         progress_.SetStatus("Loading...");
@@ -60,26 +70,21 @@ void RecView::ShowDataSet() {
     StartOfDataSet();
     SetEnabled("paste", false);
     SetEnabled("undo", false);
-    if (RebuildExplorer) RebuildExplorer();
+    Guarded([this] { RebuildExplorer(); });
     if (state_.gDataSetOpen) progress_.EndTask();
-    prompter_.WaitCursor(false);
 }
 
 void RecView::StartOfDataSet() {
     const ChangeScope scope(controls_.form);
     state_.currentTaxon = CurrentTaxon();
-    ClearForm();
+    ClearTabs();
     controls_.form.SetTitle(state_.gDataSetOpen ? "Taxonomic Quillon - " + state_.gDataSetPath
                                                 : std::string(dataset::kTitleNoDataSet));
     EnterInput();
-    StatusPanelSet("name", "");
-    StatusPanelSet("taxa", "");
-    if (state_.gDataSetOpen) Guarded([this] { StartLists(); });
-    appliedRank_ = state_.gPrefRank;
-    if (!state_.gDataSetOpen) {
-        editing_.mode.clear();
-        StatusPanelSet("mode", "");
-    }
+    controls_.name.SetCaption("");
+    controls_.taxa.SetCaption("");
+    if (state_.gDataSetOpen) OfferLists();
+    if (!state_.gDataSetOpen) EnterMode(EditorMode::None);
     for (const std::string_view key : {"cut", "copy", "addnew", "moveprev", "movenext"})
         SetEnabled(key, true);
     editing_.firstWarning = true;
@@ -87,37 +92,12 @@ void RecView::StartOfDataSet() {
     state_.gNewChangeTrackIds.clear();
 }
 
-void RecView::StartLists() {
-    lifecycle_.ReadKingdomAndRanks();
-    lists_.FillRankList();
-    lists_.FillRatingLists();
-    lists_.FillReasonList();
-    lists_.FillAuthorLists();
-    SetKingdomWords();
-    FillLanguageList(controls_.vernaculars, state_, prompter_);
-    FillSynonymRankList(controls_.synonyms, *state_.gDatabase, state_.gPrefRank);
-    FillAcceptedNameList(controls_.synonyms, state_, prompter_);
-    lists_.FillGenusList();
-    documentation::ForgetPubLists(controls_.publications, state_, prompter_);
-    documentation::ReloadExperts(controls_.experts, state_, prompter_);
-    documentation::ReloadOtherSources(controls_.otherSources, state_, prompter_);
-    controls_.taxon.txtKingdom.SetText(state_.gKingdomName);
-    ShowPreferredRank();
-    controls_.taxon.optValid.SetValue(false);
-    StatusPanelSet("taxa", fmt::format("TAXA: {}", CountTaxa()));
-}
-
-// What the rank's click prepares for a new record: its fields, its parent ranks, the lists of names.
-void RecView::ShowPreferredRank() {
-    controls_.taxon.cboRank.SetText(state_.gPrefRank);
-    SetFieldsForRank();
-    lists_.SetPRankList(state_.gPrefRank);
-}
-
-void RecView::SetKingdomWords() {
-    fields_.SetUsageCaptions();
-    fields_.ShowUnnamed();
-    SetAcceptedNameCaptions(controls_.synonyms, state_.gKingdomName);
+void RecView::OfferLists() {
+    Guarded([this] {
+        lifecycle_.ReadKingdomAndRanks();
+        for (RecordTab* tab : controls_.Tabs()) tab->OfferLists();
+        controls_.taxa.SetCaption(fmt::format("TAXA: {}", CountTaxa()));
+    });
 }
 
 void RecView::Reset() {
@@ -126,124 +106,43 @@ void RecView::Reset() {
     StartOfDataSet();
 }
 
-// What is on the form stays. Only a new record takes the preferred rank, when that is another one now.
 void RecView::ReapplyPreferences() {
     const ChangeScope scope(controls_.form);
-    const std::string rank = controls_.taxon.cboRank.Text();
     Guarded([this] {
         if (state_.gDataSetOpen) lifecycle_.ReadKingdomAndRanks();
-        lists_.FillRankList();
     });
-    lists_.FillReasonList();
-    const std::string heading = controls_.synonyms.lblSynonyms.Caption();
-    SetKingdomWords();
-    if (editing_.mode == "EDIT")
-        controls_.synonyms.lblSynonyms.SetCaption(heading);  // that of what the grid holds
-    controls_.taxon.cboRank.SetText(rank);
-    const bool isAnother = std::exchange(appliedRank_, state_.gPrefRank) != state_.gPrefRank;
-    if (isAnother && editing_.mode != "EDIT" && rank != state_.gPrefRank)
-        Guarded([this] { TakePreferredRank(); });
+    for (RecordTab* tab : controls_.Tabs()) tab->ApplyPreferences(editing_.mode);
 }
 
-// The fields of another rank come without the usage and the parent that the rank would bring with it.
-void RecView::TakePreferredRank() {
-    TaxonTab& tab = controls_.taxon;
-    const std::string parentRank = tab.cboDPRank.Text();
-    const bool valid = tab.optValid.Value(), invalid = tab.optInvalid.Value();
-    ShowPreferredRank();
-    tab.optValid.SetValue(valid);
-    tab.optInvalid.SetValue(invalid);
-    tab.cboDPRank.SetText(parentRank);
-    lists_.OfferParents();
-}
-
-void RecView::ClearForm() {
-    ClearTaxonTab(controls_.taxon);
-    controls_.taxon.cboDPRank.Clear();
-    controls_.taxon.cboParentName.Clear();
-    SetFieldsForRank();
-    SetupVernacularGrid(controls_.vernaculars);
-    SetupSynonymGrid(controls_.synonyms);
-    ClearDistribution(controls_.distribution);
-    SetupCommentGrid(controls_.comments);
-    ClearDocumentation();
-}
-
-void RecView::ClearDocumentation() {
-    documentation::ResetPublications(controls_.publications);
-    documentation::ResetExperts(controls_.experts);
-    documentation::ResetOtherSources(controls_.otherSources);
-}
-
-// RVPanel 4 is enabled exactly for the ranks that have a distribution.
-void RecView::SetFieldsForRank() {
-    fields_.SetFieldsForRank();
-    controls_.RVPanel4.SetEnabled(RankHasDistribution(controls_.taxon.cboRank.Text()));
+void RecView::ClearTabs() {
+    for (RecordTab* tab : controls_.Tabs()) tab->Clear();
 }
 
 void RecView::AddNew() {
     if (AskLoseChanges()) return;
     ClearForNextEntry();
     EnterInput();
-    state_.currentTaxon.qb_id = 0;
     editing_.dropInProgress = false;
 }
 
 void RecView::CopyRecord() {
     if (AskLoseChanges()) return;
+    state_.currentTaxon.qb_id = 0;
+    state_.currentTaxon.tsn = 0;
     EnterInput();
     for (const std::string_view key :
          {"cut", "copy", "paste", "undo", "delete", "addnew", "moveprev", "movenext"}) {
         SetEnabled(key, false);
     }
-    state_.currentTaxon.qb_id = 0;
-    state_.currentTaxon.tsn = 0;
-    controls_.taxon.txtTSN.SetText("0");
 }
 
 void RecView::ClearForNextEntry() {
     const ChangeScope scope(controls_.form);
-    TaxonTab& tab = controls_.taxon;
-    if (state_.gPrefSaveReferences == kDropped) ClearDocumentation();
-    if (state_.gPrefSaveAuthor == kDropped) {
-        tab.cboAuth.SetText("");
-        tab.cboAuth2.SetText("");
-    }
-    if (state_.gPrefSaveParent == kDropped) {
-        tab.cboDPRank.Clear();
-        tab.cboParentName.SetText("");
-    }
-    if (state_.gPrefSaveComments == kDropped) SetupCommentGrid(controls_.comments);
-    tab.chkParentUn.SetValue(false);
     ClearRecordVariables(state_);
-    if (state_.gPrefSaveOtherFields == kDropped) ClearOtherFields();
+    for (RecordTab* tab : controls_.Tabs()) tab->ClearForNextEntry();
     state_.currentTaxon.qb_id = 0;
-    tab.txtTSN.SetText("0");
     state_.RecordDirty = false;
     state_.gNewChangeTrackIds.clear();
-}
-
-// Names, usage, ratings and the tabs 2 to 4; the kingdom is that of the DataSet, and the rank begins as the
-// preferences have it.
-void RecView::ClearOtherFields() {
-    TaxonTab& tab = controls_.taxon;
-    const std::string kingdom = tab.txtKingdom.Text(), parentRank = tab.cboDPRank.Text(),
-                      parent = tab.cboParentName.Text(), author = tab.cboAuth.Text(),
-                      hybridAuthor = tab.cboAuth2.Text();
-    const bool keepsParent = tab.cboDPRank.ListCount() > 0;
-    ClearTaxonTab(tab);
-    tab.txtKingdom.SetText(kingdom);
-    tab.cboRank.SetText(state_.gPrefRank);
-    SetFieldsForRank();
-    tab.optValid.SetValue(false);
-    if (keepsParent) lists_.SetPRankList(state_.gPrefRank);
-    tab.cboDPRank.SetText(parentRank);
-    tab.cboParentName.SetText(parent);
-    tab.cboAuth.SetText(author);
-    tab.cboAuth2.SetText(hybridAuthor);
-    SetupVernacularGrid(controls_.vernaculars);
-    SetupSynonymGrid(controls_.synonyms);
-    ClearDistribution(controls_.distribution);
 }
 
 }  // namespace quillon::editor

@@ -4,10 +4,10 @@
 
 #include <algorithm>
 
+#include "core/attempt.h"
 #include "core/names.h"
 #include "core/vocabulary.h"
-#include "documentation/association.h"
-#include "editor/attempt.h"
+#include "core/wait_cursor.h"
 #include "store/write_count.h"
 
 namespace quillon::editor {
@@ -24,10 +24,7 @@ constexpr std::string_view kRanks =
     "ORDER BY rank_id";
 
 std::string NameOfRow(const Recordset& row) {
-    const std::string name =
-        BuildSciName({row["unit_ind1"], row["unit_name1"], row["unit_ind2"], row["unit_name2"],
-                      row["unit_ind3"], row["unit_name3"], row["unit_ind4"], row["unit_name4"]});
-    return NameAndAuthor(name, row["taxon_author"].AsText());
+    return NameAndAuthor(BuildSciName(NameFieldsOf(row)), row["taxon_author"].AsText());
 }
 
 std::unique_ptr<Recordset> RowsOf(store::Database& database, std::string_view query,
@@ -35,31 +32,8 @@ std::unique_ptr<Recordset> RowsOf(store::Database& database, std::string_view qu
     return database.OpenQueryDef(query).Set(parameter, qb_id).CreateSnapshot();
 }
 
-void SetSciName(SynonymTab& tab, const std::string& name, std::int64_t qb_id) {
-    tab.cboSSciName.SetChoices({{name, qb_id}});
-    tab.cboSSciName.SetListIndex(0);
-}
-
-void ClearSciName(SynonymTab& tab) {
-    tab.cboSSciName.Clear();
-    tab.cboSSciName.SetText("");
-}
-
-void TakeCandidate(SynonymTab& tab) {
-    const int index = tab.cboSRName.ListIndex();
-    if (index >= 0) SetSciName(tab, tab.cboSRName.Text(), tab.cboSRName.ItemData(index));
-}
-
-void ShowSynonymRow(SynonymTab& tab) {
-    const int selected = tab.grdSynonyms.SelectedRow();
-    tab.cboSRName.SetText("");
-    if (!documentation::IsDataRow(tab.grdSynonyms, selected)) return ClearSciName(tab);
-    const auto& row = tab.grdSynonyms.Rows()[static_cast<std::size_t>(selected)];
-    SetSciName(tab, row[Column::kName], Value(row[Column::kQbId]).AsLong());
-}
-
 // The stored query ends in a rank of 0, the first "0" that it has: what stands before it goes on with the
-// rank that is wanted.
+// rank asked for.
 std::string AcceptedNamesSql(store::Database& database, int rank_id) {
     const std::string sql = database.OpenQueryDef("Get Accepted Names").SQL();
     return fmt::format("{}{} ORDER BY t.unit_name1, t.unit_name2;", sql.substr(0, sql.find('0')), rank_id);
@@ -87,112 +61,194 @@ void Refresh(AcceptedNames& names, const std::shared_ptr<store::Database>& datab
     names.rank_id = rank_id;
 }
 
-std::vector<Choice> Candidates(SynonymTab& tab, const std::shared_ptr<store::Database>& database,
-                               const std::string& rankName, int own) {
-    const int rank_id = RankIdOf(*database, rankName);
-    if (rank_id == 0) return {};
-    Refresh(tab.acceptedNames, database, rank_id);
-    std::vector<Choice> candidates = tab.acceptedNames.names;
-    if (own != 0) std::erase_if(candidates, [own](const Choice& name) { return name.itemData == own; });
-    return candidates;
+// -1 when the grid has no row of that taxon.
+int PlaceOf(const GridControl& grid, int qb_id) {
+    const std::string id = std::to_string(qb_id);
+    for (std::size_t row = 0; row < grid.Rows().size(); ++row)
+        if (grid.Cell(row, Column::kQbId) == id) return static_cast<int>(row);
+    return -1;
+}
+
+GridControl::Row RowOf(const SynonymTab::Accepted& name) {
+    return {name.nameAndAuthor, "", std::to_string(name.qb_id),
+            name.tsn == 0 ? std::string() : std::to_string(name.tsn), "A"};
 }
 
 }  // namespace
 
 SynonymTab::SynonymTab(Form& form)
     : lblSynonyms(form, "lblSynonyms", "Synonyms"),
-      grdSynonyms(
-          form, "grdSynonyms",
-          {{"Scientific Name / Author"}, {"Invalid Reason"}, {"ID", true}, {"TSN", true}, {"Type", true}}),
+      grdSynonyms(form, "grdSynonyms",
+                  {{"Scientific Name / Author", false, 60},
+                   {"Invalid Reason"},
+                   {"ID", true},
+                   {"TSN", true},
+                   {"Type", true}}),
       lblSRank(form, "lblSRank", "Ran&k"),
       cboSRank(form, "cboSRank", ComboControl::Style::ListOnly),
-      lblSRName(form, "lblSRName"),
+      lblSRName(form, "lblSRName", AcceptedNameLabel(KingdomFamily::Animal)),
       cboSRName(form, "cboSRName"),
       lblSSciName(form, "lblSSciName", "Scientific &Name"),
       cboSSciName(form, "cboSSciName"),
       cmdSAdd(form, "cmdSAdd", "&Add"),
       cmdSDelete(form, "cmdSDelete", "&Delete") {
-    SetAcceptedNameCaptions(*this, "");
-    lblSynonyms.SetCaption("Synonyms");
-    SetSynonymFieldsEnabled(*this, false);
+    SetFieldsEnabled(false);
     for (ButtonControl* command : {&cmdSAdd, &cmdSDelete}) command->SetEnabled(false);
-    cboSRName.OnEdit([this] { TakeCandidate(*this); });
-    grdSynonyms.OnEdit([this] { ShowSynonymRow(*this); });
-    documentation::InitGrid(grdSynonyms);
+    cboSRName.OnEdit([this] { TakeCandidate(); });
+    grdSynonyms.OnEdit([this] { ShowRow(); });
 }
 
-void ConnectSynonymTab(SynonymTab& tab, ApplicationState& state, Prompter& prompter) {
-    tab.cboSRank.OnEdit([&tab, &state, &prompter] {
-        tab.cboSRName.SetText("");
-        FillAcceptedNameList(tab, state, prompter);
+void SynonymTab::Connect(ApplicationState& state, Prompter& prompter) {
+    RecordTab::Connect(state, prompter);
+    cboSRank.OnEdit([this] {
+        cboSRName.SetText("");
+        OfferCandidates();
     });
 }
 
-void SetupSynonymGrid(SynonymTab& tab) {
-    documentation::InitGrid(tab.grdSynonyms);
-    tab.cboSRName.SetText("");
-    ClearSciName(tab);
-    SetSynonymFieldsEnabled(tab, false);
+void SynonymTab::OfferLists() {
+    SetAcceptedNameCaptions();
+    FillRankList(State().gPrefRank);
+    OfferCandidates();
 }
 
-void LoadSynonyms(SynonymTab& tab, store::Database& database, int qb_id) {
-    tab.lblSynonyms.SetCaption("Synonyms");
+void SynonymTab::Clear() {
+    grdSynonyms.ClearRows();
+    cboSRName.SetText("");
+    ClearSciName();
+    SetFieldsEnabled(false);
+}
+
+void SynonymTab::ClearForNextEntry() {
+    if (!KeptForNextEntry(State().gPrefSaveOtherFields)) Clear();
+}
+
+void SynonymTab::Load(int qb_id) {
+    Clear();
+    const CurrentTaxon& taxon = State().currentTaxon;
+    cboSRank.SetText(taxon.rank_name);
+    Attempt(Outside(), [&] { FillRankList(taxon.rank_name); });
+    OfferCandidates();
+    Attempt(Outside(), [&] {
+        if (UsageIsAccepted(taxon.usage)) {
+            LoadSynonyms(qb_id);
+        } else if (UsageIsInvalid(taxon.usage)) {
+            LoadAcceptedNames(qb_id);
+        }
+    });
+}
+
+void SynonymTab::EnterMode(EditorMode mode) {
+    if (mode == EditorMode::Input) OfferCandidates();
+}
+
+void SynonymTab::ApplyPreferences(EditorMode mode) {
+    const std::string heading = lblSynonyms.Caption();
+    SetAcceptedNameCaptions();
+    if (mode == EditorMode::Edit) lblSynonyms.SetCaption(heading);
+}
+
+void SynonymTab::LoadSynonyms(int qb_id) {
+    lblSynonyms.SetCaption("Synonyms");
     std::vector<GridControl::Row> rows;
-    const auto names = RowsOf(database, "Get Synonyms of Accepted Name", "Accepted_Id", qb_id);
+    const auto names = RowsOf(*State().gDatabase, "Get Synonyms of Accepted Name", "Accepted_Id", qb_id);
     for (; !names->Eof(); names->MoveNext()) {
         rows.push_back({NameOfRow(*names), names->Get("unacceptability_reason").AsText(),
                         names->Get("qb_id").AsText(), "", "S"});
     }
-    rows.emplace_back();  // the empty one
-    tab.grdSynonyms.SetRows(std::move(rows));
+    grdSynonyms.SetDataRows(std::move(rows));
 }
 
-void LoadAcceptedNames(SynonymTab& tab, store::Database& database, int qb_id, std::string_view kingdomName) {
-    SetAcceptedNameCaptions(tab, kingdomName);
+void SynonymTab::LoadAcceptedNames(int qb_id) {
+    SetAcceptedNameCaptions();
     std::vector<GridControl::Row> rows;
-    const auto names = RowsOf(database, "Get Accepted Names of Synonym", "Synonym_Id", qb_id);
+    const auto names = RowsOf(*State().gDatabase, "Get Accepted Names of Synonym", "Synonym_Id", qb_id);
     for (; !names->Eof(); names->MoveNext()) {
         rows.push_back({NameOfRow(*names), "", names->Get("qb_id_accepted").AsText(),
                         names->Get("tsn_accepted").AsText(), "A"});
     }
-    rows.emplace_back();  // the empty one
-    tab.grdSynonyms.SetRows(std::move(rows));
-    SetSynonymFieldsEnabled(tab, true);
+    grdSynonyms.SetDataRows(std::move(rows));
+    SetFieldsEnabled(true);
 }
 
-void SetAcceptedNameCaptions(SynonymTab& tab, std::string_view kingdomName) {
-    const KingdomFamily family = FamilyOfKingdom(kingdomName);
-    tab.lblSynonyms.SetCaption(AcceptedNamesHeading(family));
-    tab.lblSRName.SetCaption(AcceptedNameLabel(family));
+void SynonymTab::SetAcceptedNameCaptions() {
+    const KingdomFamily family = FamilyOfKingdom(State().gKingdomName);
+    lblSynonyms.SetCaption(AcceptedNamesHeading(family));
+    lblSRName.SetCaption(AcceptedNameLabel(family));
 }
 
-void SetSynonymFieldsEnabled(SynonymTab& tab, bool enabled) {
-    for (ComboControl* field : {&tab.cboSRank, &tab.cboSRName, &tab.cboSSciName}) field->SetEnabled(enabled);
+void SynonymTab::SetFieldsEnabled(bool enabled) {
+    for (ComboControl* field : {&cboSRank, &cboSRName, &cboSSciName}) field->SetEnabled(enabled);
+}
+
+void SynonymTab::FillRankList(std::string_view rankName) {
+    std::vector<Choice> ranks;
+    const auto rows = State().gDatabase->OpenRecordset(kRanks, RecordsetType::ForwardOnly);
+    for (; !rows->Eof(); rows->MoveNext()) ranks.push_back({rows->At(0).AsText(), 0});
+    cboSRank.SetChoices(std::move(ranks));
+    cboSRank.SetText(rankName);
+}
+
+void SynonymTab::OfferCandidates() {
+    cboSRName.SetChoicesLater([this, rank = cboSRank.Text()] {
+        std::vector<Choice> candidates;
+        if (!State().gDatabase || rank.empty()) return candidates;
+        const WaitCursor waiting(Outside());
+        Attempt(Outside(), [&] { candidates = ReadCandidates(rank); });
+        return candidates;
+    });
+}
+
+std::vector<Choice> SynonymTab::ReadCandidates(const std::string& rankName) {
+    const auto& database = State().gDatabase;
+    const int own = State().currentTaxon.qb_id;
+    const int rank_id = RankIdOf(*database, rankName);
+    if (rank_id == 0) return {};
+    Refresh(acceptedNames_, database, rank_id);
+    std::vector<Choice> candidates = acceptedNames_.names;
+    if (own != 0) std::erase_if(candidates, [own](const Choice& name) { return name.itemData == own; });
+    return candidates;
+}
+
+void SynonymTab::ReplaceAccepted(int oldQbId, const Accepted* name) {
+    const int oldRow = oldQbId == 0 ? -1 : PlaceOf(grdSynonyms, oldQbId);
+    if (oldRow >= 0) grdSynonyms.RemoveRow(static_cast<std::size_t>(oldRow));
+    if (name == nullptr) return;
+    std::vector<GridControl::Row> rows = grdSynonyms.Rows();
+    const int place = PlaceOf(grdSynonyms, name->qb_id);
+    if (place >= 0) {
+        rows[static_cast<std::size_t>(place)] = RowOf(*name);
+    } else {
+        const auto end = static_cast<std::ptrdiff_t>(rows.size()) - 1;  // where the empty row stands
+        rows.insert(rows.begin() + (oldRow >= 0 ? oldRow : end), RowOf(*name));
+    }
+    grdSynonyms.SetRows(std::move(rows));
+}
+
+void SynonymTab::ShowRow() {
+    cboSRName.SetText("");
+    const GridControl::Row* row = grdSynonyms.SelectedData();
+    if (row == nullptr) return ClearSciName();
+    SetSciName((*row)[Column::kName], Value((*row)[Column::kQbId]).AsLong());
+}
+
+void SynonymTab::SetSciName(const std::string& name, std::int64_t qb_id) {
+    cboSSciName.SetChoices({{name, qb_id}});
+    cboSSciName.SetListIndex(0);
+}
+
+void SynonymTab::ClearSciName() {
+    cboSSciName.Clear();
+    cboSSciName.SetText("");
+}
+
+void SynonymTab::TakeCandidate() {
+    const int index = cboSRName.ListIndex();
+    if (index >= 0) SetSciName(cboSRName.Text(), cboSRName.ItemData(index));
 }
 
 std::string NameAndAuthor(const std::string& name, const std::string& author) {
     return author.empty() ? name : name + " " + author;
-}
-
-void FillSynonymRankList(SynonymTab& tab, store::Database& database, std::string_view rankName) {
-    std::vector<Choice> ranks;
-    const auto rows = database.OpenRecordset(kRanks, RecordsetType::ForwardOnly);
-    for (; !rows->Eof(); rows->MoveNext()) ranks.push_back({rows->At(0).AsText(), 0});
-    tab.cboSRank.SetChoices(std::move(ranks));
-    tab.cboSRank.SetText(rankName);
-}
-
-void FillAcceptedNameList(SynonymTab& tab, ApplicationState& state, Prompter& prompter) {
-    const auto fetch = [&tab, &state, &prompter, rank = tab.cboSRank.Text()] {
-        std::vector<Choice> candidates;
-        if (!state.gDatabase || rank.empty()) return candidates;
-        prompter.WaitCursor(true);
-        Attempt(prompter,
-                [&] { candidates = Candidates(tab, state.gDatabase, rank, state.currentTaxon.qb_id); });
-        prompter.WaitCursor(false);
-        return candidates;
-    };
-    tab.cboSRName.SetChoicesLater(fetch);
 }
 
 }  // namespace quillon::editor

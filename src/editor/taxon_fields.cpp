@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <array>
 
+#include "core/attempt.h"
 #include "core/text.h"
 #include "core/vocabulary.h"
-#include "editor/attempt.h"
 #include "store/engine.h"
 
 namespace quillon::editor {
@@ -38,8 +38,6 @@ constexpr std::array<std::string_view, 19> kRanksAboveGenus = {
     "Class",       "Subclass",   "Infraclass", "Superorder", "Order",    "Suborder",    "Infraorder",
     "Superfamily", "Family",     "Subfamily",  "Tribe",      "Subtribe"};
 constexpr std::array<std::string_view, 4> kQuadrinomialRanks = {"VARIETY", "SUBVARIETY", "FORM", "SUBFORM"};
-constexpr std::array<std::string_view, 6> kRanksWithDistribution = {"SPECIES",    "SUBSPECIES", "VARIETY",
-                                                                    "SUBVARIETY", "FORM",       "SUBFORM"};
 
 template <typename Words>
 bool Contains(const Words& words, std::string_view word) {
@@ -52,11 +50,7 @@ std::string WordOf(std::string_view rank) {
 
 }  // namespace
 
-bool RankHasDistribution(std::string_view rank) {
-    return Contains(kRanksWithDistribution, WordOf(rank));
-}
-
-TaxonFields::TaxonFields(ApplicationState& state, Prompter& prompter, TaxonTab& tab, TaxonLists& lists)
+TaxonFields::TaxonFields(ApplicationState& state, Prompter& prompter, TaxonControls& tab, TaxonLists& lists)
     : state_(state), prompter_(prompter), tab_(tab), lists_(lists) {}
 
 void TaxonFields::SetFieldsForRank() {
@@ -230,7 +224,7 @@ void TaxonFields::ShowTaxon() {
 
 void TaxonFields::ShowUsage() {
     const CurrentTaxon& taxon = state_.currentTaxon;
-    const bool rejected = taxon.usage == "not accepted" || taxon.usage == "invalid";
+    const bool rejected = UsageIsInvalid(taxon.usage);
     tab_.optValid.SetValue(UsageIsAccepted(taxon.usage));
     tab_.optInvalid.SetValue(rejected);
     tab_.cboInvalidReason.SetText(rejected ? taxon.unacceptability_reason : " ");

@@ -1,29 +1,26 @@
-// Which fields of the taxon tab exist for a rank, under which labels, and how CurrentTaxon is put into them.
-// RecView and every other form with a TaxonTab use it; nothing here writes to the store.
+// Which fields of the taxon tab exist for a rank, under which labels, and how CurrentTaxon is shown in them.
+// TaxonTab uses it, and every other form with TaxonControls. Nothing here writes to the store.
 #pragma once
 
 #include <string_view>
 
 #include "core/application_state.h"
 #include "core/outside.h"
+#include "editor/taxon_controls.h"
 #include "editor/taxon_lists.h"
-#include "editor/taxon_tab.h"
 
 namespace quillon::editor {
 
-// True for the ranks from Species down, in any case: those whose taxa have a distribution.
-bool RankHasDistribution(std::string_view rank);
-
 class TaxonFields {
 public:
-    TaxonFields(ApplicationState& state, Prompter& prompter, TaxonTab& tab, TaxonLists& lists);
+    TaxonFields(ApplicationState& state, Prompter& prompter, TaxonControls& tab, TaxonLists& lists);
 
     // Shows the fields that the rank in cboRank needs and hides the others; without a rank, all. Ratings
     // that the rank does not have are emptied. A quadrinomial that is still accepted turns into the rejected
-    // usage, and the user is told when the authority has it.
+    // usage, with a message when the authority has published it.
     void SetFieldsForRank();
     // Copies CurrentTaxon into the controls, and offers the ranks and names of parents that go with it. A
-    // list that cannot be read is told; the record is shown all the same.
+    // list that cannot be read is reported; the record is shown all the same.
     void ShowTaxon();
     // The heading and the options of fraUsage by the family of gKingdomName.
     void SetUsageCaptions();
@@ -47,7 +44,7 @@ private:
 
     ApplicationState& state_;
     Prompter& prompter_;
-    TaxonTab& tab_;
+    TaxonControls& tab_;
     TaxonLists& lists_;
 };
 

@@ -4,9 +4,9 @@
 
 #include <array>
 
+#include "core/attempt.h"
 #include "core/text.h"
 #include "core/vocabulary.h"
-#include "editor/attempt.h"
 #include "store/engine.h"
 #include "store/write_count.h"
 
@@ -48,7 +48,7 @@ std::vector<std::string> WordsOf(std::span<const std::string_view> words) {
 
 }  // namespace
 
-TaxonLists::TaxonLists(ApplicationState& state, Prompter& prompter, TaxonTab& tab)
+TaxonLists::TaxonLists(ApplicationState& state, Prompter& prompter, TaxonControls& tab)
     : state_(state), prompter_(prompter), tab_(tab) {}
 
 std::vector<std::string> TaxonLists::Texts(const std::string& sql) const {
@@ -73,7 +73,7 @@ TaxonLists::Choices TaxonLists::Read(const std::string& sql) const {
     return choices;
 }
 
-TaxonLists::Choices TaxonLists::Told(const std::function<Choices()>& read) const {
+TaxonLists::Choices TaxonLists::ReadOrReport(const std::function<Choices()>& read) const {
     Choices choices;
     Attempt(prompter_, [&] { choices = read(); });
     return choices;
@@ -81,7 +81,7 @@ TaxonLists::Choices TaxonLists::Told(const std::function<Choices()>& read) const
 
 void TaxonLists::FillLater(ComboControl& combo, std::string sql) {
     combo.SetChoicesLater(
-        [this, statement = std::move(sql)] { return Told([&] { return Read(statement); }); });
+        [this, statement = std::move(sql)] { return ReadOrReport([&] { return Read(statement); }); });
 }
 
 TaxonLists::Choices TaxonLists::ReadKept(Kept& kept, const std::string& sql) const {
@@ -95,7 +95,7 @@ TaxonLists::Choices TaxonLists::ReadKept(Kept& kept, const std::string& sql) con
 
 void TaxonLists::FillLater(ComboControl& combo, std::string sql, Kept& kept) {
     combo.SetChoicesLater([this, statement = std::move(sql), &kept] {
-        return Told([&] { return ReadKept(kept, statement); });
+        return ReadOrReport([&] { return ReadKept(kept, statement); });
     });
 }
 
@@ -145,10 +145,12 @@ void TaxonLists::FillSpeciesList() {
     const auto found = query.Set("name", genus).Set("rank", RankIdOf("Genus")).CreateSnapshot();
     if (found->Eof()) return;
     const int species = RankIdOf("Species");
+    // Is Not Null, because a comparison with Null finds no species at all: only species with a parent, and so
+    // not the synonyms, are offered.
     if (RankIdOf(rank) >= species) {
         FillLater(tab_.cboName2,
                   fmt::format("SELECT unit_name2 FROM qb_taxonomic_units WHERE unit_name1 = '{}' AND "
-                              "parent_qb_id <> null AND rank_id = {}",
+                              "parent_qb_id Is Not Null AND rank_id = {}",
                               QuoteSQL(genus), species));
     }
     if (!tab_.cboDPRank.Text().empty()) FillParentNameList();

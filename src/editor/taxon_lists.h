@@ -1,11 +1,11 @@
-// What the combo boxes of the taxon tab offer. RecView fills them at the start of a DataSet and with each
-// record that it shows; the lists that grow with the DataSet (authors, genera, species, parents) are read
-// when somebody looks at them, so that showing a record costs the same in a large DataSet as in a small one,
-// and those of authors and genera are kept until something is written.
+// What the combo boxes of the taxon tab offer. TaxonTab fills them when a DataSet is opened and with each
+// record that it shows. The lists that grow with the DataSet (authors, genera, species, parents) are read
+// when they are first looked at, so that showing a record costs the same in a large DataSet as in a small
+// one; those of authors and genera are kept until something is written.
 //
 // Filling a list never changes the text of an editable combo, nor RecordDirty. Without a DataSet nothing is
-// filled. The errors of the store pass through; a list that is read later stays empty when it cannot be read,
-// and the user is told.
+// filled. The errors of the store pass through, but a list that is read later reports its failure and stays
+// empty.
 #pragma once
 
 #include <cstdint>
@@ -17,15 +17,15 @@
 
 #include "core/application_state.h"
 #include "core/outside.h"
-#include "editor/taxon_tab.h"
+#include "editor/taxon_controls.h"
 
 namespace quillon::editor {
 
 class TaxonLists {
 public:
-    TaxonLists(ApplicationState& state, Prompter& prompter, TaxonTab& tab);
+    TaxonLists(ApplicationState& state, Prompter& prompter, TaxonControls& tab);
 
-    // cboRank: the ranks of gKingdomId. Lets go of the rank that is chosen.
+    // cboRank: the ranks of gKingdomId. None is chosen afterwards.
     void FillRankList();
     // cboCredibility and cboCoverage.
     void FillRatingLists();
@@ -38,10 +38,10 @@ public:
     // What a click on cboName1 does for "Species", "Subspecies" and "Variety": with a genus of that name in
     // the DataSet it fills cboName2 and the parents.
     void FillSpeciesList();
-    // cboDPRank: the ranks above `rank`, and "Kingdom". Nothing happens for "" and for a rank that is none.
+    // cboDPRank: the ranks above `rank`, and "Kingdom". Nothing happens for "" and for an unknown rank.
     void SetPRankList(std::string_view rank);
     // cboParentName: the taxa of the rank in cboDPRank that can be parents, whose genus is that of the form
-    // where the rank is Species or below. In EDIT mode the record itself is kept out.
+    // where the rank is Species or below. In EDIT mode the record itself is left out.
     void FillParentNameList();
     // The same for a record that is only shown: CurrentTaxon stays as it is, and without a rank in cboDPRank
     // there are no parents.
@@ -67,8 +67,8 @@ private:
     std::string GenusOnForm() const;
     Choices Read(const std::string& sql) const;
     Choices ReadKept(Kept& kept, const std::string& sql) const;
-    // What `read` gives; none when the store fails, which is told.
-    Choices Told(const std::function<Choices()>& read) const;
+    // What `read` gives; nothing when it fails, which is reported.
+    Choices ReadOrReport(const std::function<Choices()>& read) const;
     void FillParents(int rank_id);
     void FillLater(ComboControl& combo, std::string sql);
     void FillLater(ComboControl& combo, std::string sql, Kept& kept);
@@ -76,7 +76,7 @@ private:
 
     ApplicationState& state_;
     Prompter& prompter_;
-    TaxonTab& tab_;
+    TaxonControls& tab_;
     int recordInEdit_ = 0;
     Kept authors_, genera_;
 };

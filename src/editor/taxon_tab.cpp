@@ -1,34 +1,166 @@
 #include "editor/taxon_tab.h"
 
-#include <initializer_list>
+#include <utility>
+
+#include "core/attempt.h"
+#include "core/names.h"
 
 namespace quillon::editor {
 
-TaxonTab::TaxonTab(Form& owner) : form(owner) {
-    txtKingdom.SetLocked(true);
-    txtTSN.SetLocked(true);
-    lblUnnamed.SetVisible(false);
-    chkUnnamed.SetVisible(false);
+void TaxonTab::Connect(ApplicationState& state, Prompter& prompter) {
+    RecordTab::Connect(state, prompter);
+    lists_ = std::make_unique<TaxonLists>(state, prompter, *this);
+    fields_ = std::make_unique<TaxonFields>(state, prompter, *this, *lists_);
+    TrackChanges(state,
+                 {&cboRank,   &cboName1,      &cboName2,         &txtName1,       &txtName2,    &txtName3,
+                  &txtName4,  &chkHybrid1,    &chkHybrid2,       &chkHybrid3,     &chkQuad,     &chkUnnamed,
+                  &optValid,  &optInvalid,    &cboInvalidReason, &cboCredibility, &cboCoverage, &txtCurrency,
+                  &cboDPRank, &cboParentName, &chkParentUn,      &cboAuth,        &cboAuth2});
+    cboName1.OnEdit([this] { Attempt(Outside(), [this] { lists_->FillSpeciesList(); }); });
+    cboDPRank.OnPick([this] {
+        State().RecordDirty = true;
+        if (!cboDPRank.Text().empty()) Attempt(Outside(), [this] { lists_->FillParentNameList(); });
+    });
+    cmdParen.OnClick([this] {
+        fields_->AddParentheses();
+        State().RecordDirty = true;
+    });
 }
 
-void ClearTaxonTab(TaxonTab& tab) {
-    ChangeScope scope(tab.form);
-    for (TextControl* text : {&tab.txtKingdom, &tab.txtTSN, &tab.txtName1, &tab.txtName2, &tab.txtName3,
-                              &tab.txtName4, &tab.txtCurrency}) {
-        text->SetText("");
+void TaxonTab::OfferLists() {
+    appliedRank_ = State().gPrefRank;
+    lists_->FillRankList();
+    lists_->FillRatingLists();
+    lists_->FillReasonList();
+    lists_->FillAuthorLists();
+    fields_->SetUsageCaptions();
+    fields_->ShowUnnamed();
+    lists_->FillGenusList();
+    txtKingdom.SetText(State().gKingdomName);
+    ShowPreferredRank();
+    optValid.SetValue(false);
+}
+
+void TaxonTab::Clear() {
+    ClearFields();
+    cboDPRank.Clear();
+    cboParentName.Clear();
+    SetFieldsForRank();
+}
+
+void TaxonTab::ClearForNextEntry() {
+    if (!KeptForNextEntry(State().gPrefSaveAuthor)) {
+        cboAuth.SetText("");
+        cboAuth2.SetText("");
     }
-    for (ComboControl* combo : std::initializer_list<ComboControl*>{
-             &tab.cboRank, &tab.cboName1, &tab.cboName2, &tab.cboName3Rank, &tab.cboInvalidReason,
-             &tab.cboCredibility, &tab.cboCoverage, &tab.cboDPRank, &tab.cboParentName, &tab.cboAuth,
-             &tab.cboAuth2}) {
-        combo->SetText("");
+    if (!KeptForNextEntry(State().gPrefSaveParent)) {
+        cboDPRank.Clear();
+        cboParentName.SetText("");
     }
-    for (CheckControl* check : {&tab.chkHybrid1, &tab.chkHybrid2, &tab.chkHybrid3, &tab.chkQuad,
-                                &tab.chkUnnamed, &tab.chkParentUn}) {
-        check->SetValue(false);
+    chkParentUn.SetValue(false);
+    if (!KeptForNextEntry(State().gPrefSaveOtherFields)) ClearOtherFields();
+    txtTSN.SetText("0");
+}
+
+// The lists come first, then the rank: what it hides and empties is filled again with what the record holds.
+void TaxonTab::Load(int) {
+    Attempt(Outside(), [this] { lists_->FillRankList(); });
+    lists_->FillRatingLists();
+    lists_->FillReasonList();
+    lists_->FillAuthorLists();
+    fields_->ShowTaxon();
+    RankShown(cboRank.Text());
+    if (!txtKingdom.Text().empty()) {
+        State().gKingdomName = txtKingdom.Text();
+        State().gKingdomId = State().currentTaxon.kingdom_id;
     }
-    tab.optValid.SetValue(false);
-    tab.optInvalid.SetValue(false);
+    fields_->SetUsageCaptions();
+    rankAsLoaded = cboRank.Text();
+    FillNameLists();
+}
+
+// The record that was shown may be the parent of a new one.
+void TaxonTab::EnterMode(EditorMode mode) {
+    lists_->SetRecordInEdit(mode == EditorMode::Edit ? State().currentTaxon.qb_id : 0);
+    if (mode == EditorMode::Edit) return;
+    if (!txtTSN.Text().empty()) txtTSN.SetText("0");
+    Attempt(Outside(), [this] { lists_->OfferParents(); });
+}
+
+void TaxonTab::ApplyPreferences(EditorMode mode) {
+    const std::string rank = cboRank.Text();
+    Attempt(Outside(), [this] { lists_->FillRankList(); });
+    lists_->FillReasonList();
+    fields_->SetUsageCaptions();
+    fields_->ShowUnnamed();
+    cboRank.SetText(rank);
+    const std::string& preferred = State().gPrefRank;
+    const bool isAnother = std::exchange(appliedRank_, preferred) != preferred;
+    if (isAnother && mode != EditorMode::Edit && rank != preferred)
+        Attempt(Outside(), [this] { TakePreferredRank(); });
+}
+
+void TaxonTab::SetFieldsForRank() {
+    fields_->SetFieldsForRank();
+    RankShown(cboRank.Text());
+}
+
+void TaxonTab::EnterParent(const std::string& rank, int rank_id, const std::string& name) {
+    // A rank that the record's own rank does not allow was confirmed before.
+    if (!rank.empty() && cboDPRank.FindText(rank) < 0) cboDPRank.AddItem(rank, rank_id);
+    cboDPRank.SetText(rank);
+    if (!rank.empty()) lists_->FillParentNameList();
+    cboParentName.SetText(name);
+}
+
+std::string TaxonTab::CurrentTaxonName() const {
+    const CurrentTaxon& taxon = State().currentTaxon;
+    return quillon::CurrentTaxonName({taxon.unit_ind1, taxon.unit_name1, taxon.unit_ind2, taxon.unit_name2,
+                                      taxon.unit_ind3, taxon.unit_name3, taxon.unit_ind4, taxon.unit_name4,
+                                      cboName1.Text(), txtName1.Text(), cboName2.Text(), txtName2.Text(),
+                                      txtName3.Text()});
+}
+
+// What a click on the rank prepares for a new record: its fields, its parent ranks, the lists of names.
+void TaxonTab::ShowPreferredRank() {
+    cboRank.SetText(State().gPrefRank);
+    SetFieldsForRank();
+    lists_->SetPRankList(State().gPrefRank);
+}
+
+// The fields of another rank, without the usage and the parent that the rank would bring with it.
+void TaxonTab::TakePreferredRank() {
+    const std::string parentRank = cboDPRank.Text();
+    const bool valid = optValid.Value(), invalid = optInvalid.Value();
+    ShowPreferredRank();
+    optValid.SetValue(valid);
+    optInvalid.SetValue(invalid);
+    cboDPRank.SetText(parentRank);
+    lists_->OfferParents();
+}
+
+// Names, usage and ratings. The kingdom is that of the DataSet, and the rank is the preferred one.
+void TaxonTab::ClearOtherFields() {
+    const std::string kingdom = txtKingdom.Text(), parentRank = cboDPRank.Text(),
+                      parent = cboParentName.Text(), author = cboAuth.Text(), hybridAuthor = cboAuth2.Text();
+    const bool keepsParent = cboDPRank.ListCount() > 0;
+    ClearFields();
+    txtKingdom.SetText(kingdom);
+    cboRank.SetText(State().gPrefRank);
+    SetFieldsForRank();
+    optValid.SetValue(false);
+    if (keepsParent) lists_->SetPRankList(State().gPrefRank);
+    cboDPRank.SetText(parentRank);
+    cboParentName.SetText(parent);
+    cboAuth.SetText(author);
+    cboAuth2.SetText(hybridAuthor);
+}
+
+// The lists of genera and species belong to the record that is shown now.
+void TaxonTab::FillNameLists() {
+    if (State().currentTaxon.rank_id < State().gRankSpecies) return;
+    Attempt(Outside(), [this] { lists_->FillGenusList(); });
+    Attempt(Outside(), [this] { lists_->FillSpeciesList(); });
 }
 
 }  // namespace quillon::editor

@@ -1,73 +1,60 @@
-// The controls of the first tab, named as the system names them: a taxon's name, rank, usage, ratings, parent
-// and authors.
+// The first tab of a record: a taxon's name, rank, usage, ratings, parent and authors. It joins the controls
+// (taxon_controls.h) with what a rank shows (taxon_fields.h) and what the lists offer (taxon_lists.h).
 //
-// RecView composes it, and so does every other form that shows a taxon's name. It holds no rules: what is
-// shown for a rank is in taxon_fields.h, what the lists offer in taxon_lists.h.
+// Nothing here writes to the DataSet.
 #pragma once
 
-#include "core/controls.h"
-#include "documentation/pick_list.h"
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "core/record_tab.h"
+#include "core/signal.h"
+#include "editor/taxon_controls.h"
+#include "editor/taxon_fields.h"
+#include "editor/taxon_lists.h"
 
 namespace quillon::editor {
 
-struct TaxonTab {
-    // `owner` is the form that the controls belong to; it must outlive the tab.
-    explicit TaxonTab(Form& owner);
+class TaxonTab : public RecordTab, public TaxonControls {
+public:
+    explicit TaxonTab(Form& owner) : TaxonControls(owner) {}
 
-    Form& form;
+    void Connect(ApplicationState& state, Prompter& prompter) override;
+    // All lists, the words of the kingdom, and the preferred rank with its fields.
+    void OfferLists() override;
+    void Clear() override;
+    void ClearForNextEntry() override;
+    // Takes the record from CurrentTaxon; its kingdom becomes that of the application.
+    void Load(int qb_id) override;
+    void EnterMode(EditorMode mode) override;
+    // Only a new record takes the preferred rank, when that is another one now.
+    void ApplyPreferences(EditorMode mode) override;
 
-    LabelControl lblKingdom{form, "lblKingdom", "Kingdom"};
-    TextControl txtKingdom{form, "txtKingdom"};
-    LabelControl lblTSN{form, "lblTSN", "TSN"};
-    TextControl txtTSN{form, "txtTSN"};
-    LabelControl lblRank{form, "lblRank", "Ran&k"};
-    ComboControl cboRank{form, "cboRank", ComboControl::Style::ListOnly};
+    // The rank in cboRank has changed, or is shown again.
+    Signal<std::string_view> RankShown;
+    // Shows the fields that the rank in cboRank needs.
+    void SetFieldsForRank();
+    // Enters a parent that was chosen elsewhere; "" as its rank for none.
+    void EnterParent(const std::string& rank, int rank_id, const std::string& name);
+    // The name of the taxon under edit, from its record or from the fields.
+    std::string CurrentTaxonName() const;
 
-    // The units of the name. Of cboName1 and txtName1 one is shown at a time, of cboName2 and txtName2 too.
-    LabelControl lblName1{form, "lblName1"}, lblName2{form, "lblName2"}, lblName3{form, "lblName3"},
-        lblName4{form, "lblName4"};
-    ComboControl cboName1{form, "cboName1", ComboControl::Style::Editable, 35},
-        cboName2{form, "cboName2", ComboControl::Style::Editable, 35};
-    TextControl txtName1{form, "txtName1", 35}, txtName2{form, "txtName2", 35},
-        txtName3{form, "txtName3", 35}, txtName4{form, "txtName4", 35};
-    // The rank of the third unit of a quadrinomial, in the words of GetRankFromIndicator or of the list.
-    ComboControl cboName3Rank{form, "cboName3Rank"};
-    ButtonControl cmdParen{form, "cmdParen", "( )"};
-    LabelControl lblHybrid{form, "lblHybrid", "Hybrid"};
-    CheckControl chkHybrid1{form, "chkHybrid1", "X"}, chkHybrid2{form, "chkHybrid2", "X"},
-        chkHybrid3{form, "chkHybrid3", "Formula"};
-    CheckControl chkQuad{form, "chkQuad", "&Quadrinomial"};
-    LabelControl lblUnnamed{form, "lblUnnamed", "&Unnamed Taxon"};
-    CheckControl chkUnnamed{form, "chkUnnamed"};
+    TaxonLists& Lists() { return *lists_; }
+    TaxonFields& Fields() { return *fields_; }
 
-    LabelControl fraUsage{form, "fraUsage", "Valid Name"};
-    OptionControl optValid{form, "optValid", "fraUsage", "Valid"};
-    OptionControl optInvalid{form, "optInvalid", "fraUsage", "Invalid"};
-    LabelControl lblInvalidReason{form, "lblInvalidReason", "Reas&on"};
-    ComboControl cboInvalidReason{form, "cboInvalidReason", ComboControl::Style::Editable, 50};
+    // The text of cboRank just after the load. A save asks when the rank is another one.
+    std::string rankAsLoaded;
 
-    LabelControl lblCredible{form, "lblCredible", "Cre&dibility"};
-    ComboControl cboCredibility{form, "cboCredibility", ComboControl::Style::Editable, 40};
-    LabelControl lblComplete{form, "lblComplete", "Comp&leteness"};
-    ComboControl cboCoverage{form, "cboCoverage", ComboControl::Style::Editable, 10};
-    LabelControl lblCurrency{form, "lblCurrency", "Currenc&y"};
-    TextControl txtCurrency{form, "txtCurrency", 7};
+private:
+    void ShowPreferredRank();
+    void TakePreferredRank();
+    void ClearOtherFields();
+    void FillNameLists();
 
-    LabelControl lblDPRank{form, "lblDPRank", "&Parent Rank"};
-    // Picking the rank that is chosen already counts too: it brings the parents again.
-    documentation::PickListControl cboDPRank{form, "cboDPRank", ComboControl::Style::ListOnly};
-    LabelControl lblParentName{form, "lblParentName", "Parent &Name"};
-    // The item data of a choice is the qb_id of the parent.
-    ComboControl cboParentName{form, "cboParentName"};
-    CheckControl chkParentUn{form, "chkParentUn", "Uncertain"};
-
-    LabelControl lblAuth{form, "lblAuth", "&Author"};
-    ComboControl cboAuth{form, "cboAuth", ComboControl::Style::Editable, 100};
-    LabelControl lblHybridAuthority{form, "lblHybridAuthority"};
-    ComboControl cboAuth2{form, "cboAuth2", ComboControl::Style::Editable, 100};
+    std::unique_ptr<TaxonLists> lists_;
+    std::unique_ptr<TaxonFields> fields_;
+    std::string appliedRank_;  // gPrefRank as the tab knows it
 };
-
-// All name and status controls to "" and off (ClearFormFields). The lists stay as they are.
-void ClearTaxonTab(TaxonTab& tab);
 
 }  // namespace quillon::editor

@@ -1,11 +1,12 @@
 #include "editor/vernacular_tab.h"
 
+#include "core/attempt.h"
 #include "core/value.h"
-#include "documentation/association.h"
-#include "editor/attempt.h"
+#include "store/engine.h"
 
 namespace quillon::editor {
 
+using Choices = std::vector<ChoiceControl::Choice>;
 using Column = VernacularColumn;
 
 namespace {
@@ -22,8 +23,15 @@ GridControl::Row RowOf(const store::Recordset& name) {
             std::to_string(name["vern_id"].AsLong())};
 }
 
-std::vector<ChoiceControl::Choice> LanguagesOf(store::Database& database) {
-    std::vector<ChoiceControl::Choice> languages;
+std::vector<GridControl::Row> ReadNames(store::Database& database, int qb_id) {
+    std::vector<GridControl::Row> rows;
+    const auto names = database.OpenQueryDef("Get Vernaculars").Set("qbid", qb_id).CreateSnapshot();
+    for (; !names->Eof(); names->MoveNext()) rows.push_back(RowOf(*names));
+    return rows;
+}
+
+Choices ReadLanguages(store::Database& database) {
+    Choices languages;
     const auto rows = database.OpenRecordset(kLanguages, store::RecordsetType::ForwardOnly);
     for (; !rows->Eof(); rows->MoveNext()) {
         const Value language = rows->At(0);
@@ -35,9 +43,13 @@ std::vector<ChoiceControl::Choice> LanguagesOf(store::Database& database) {
 }  // namespace
 
 VernacularTab::VernacularTab(Form& form)
-    : grdVernacular(
-          form, "grdVernacular",
-          {{"Name"}, {"Language"}, {"Approved"}, {"ID", true}, {"QB VERN ID", true}, {"VERN ID", true}}),
+    : grdVernacular(form, "grdVernacular",
+                    {{"Name", false, 40},
+                     {"Language", false, 20},
+                     {"Approved"},
+                     {"ID", true},
+                     {"QB VERN ID", true},
+                     {"VERN ID", true}}),
       lblVName(form, "lblVName", "&Name"),
       txtVName(form, "txtVName", kNameSize),
       lblLanguage(form, "lblLanguage", "&Language"),
@@ -47,64 +59,54 @@ VernacularTab::VernacularTab(Form& form)
       cmdVModify(form, "cmdVModify", "&Modify"),
       cmdVDelete(form, "cmdVDelete", "&Delete") {
     for (ButtonControl* command : {&cmdVAdd, &cmdVModify, &cmdVDelete}) command->SetEnabled(false);
-    grdVernacular.OnEdit([this] { ShowVernacularRow(*this); });
-    documentation::InitGrid(grdVernacular);
+    grdVernacular.OnEdit([this] { ShowRow(); });
 }
 
-void SetupVernacularGrid(VernacularTab& tab) {
-    documentation::InitGrid(tab.grdVernacular);
-    tab.removed.clear();
-    ClearVernacularFields(tab);
-}
-
-void LoadVernaculars(VernacularTab& tab, store::Database& database, int qb_id) {
-    std::vector<GridControl::Row> rows;
-    const auto names = database.OpenQueryDef("Get Vernaculars").Set("qbid", qb_id).CreateSnapshot();
-    for (; !names->Eof(); names->MoveNext()) rows.push_back(RowOf(*names));
-    rows.emplace_back();  // the empty one
-    tab.grdVernacular.SetRows(std::move(rows));
-}
-
-void ShowVernacularRow(VernacularTab& tab) {
-    const int selected = tab.grdVernacular.SelectedRow();
-    if (!documentation::IsDataRow(tab.grdVernacular, selected)) return ClearVernacularFields(tab);
-    const auto& row = tab.grdVernacular.Rows()[static_cast<std::size_t>(selected)];
-    tab.txtVName.SetText(row[Column::kName]);
-    tab.cboLanguage.SetText(row[Column::kLanguage]);
-    tab.chkApproved.SetValue(row[Column::kApproved] == "Yes");
-}
-
-void ClearVernacularFields(VernacularTab& tab) {
-    tab.txtVName.SetText("");
-    tab.cboLanguage.SetText("");
-    tab.chkApproved.SetValue(false);
-}
-
-void FillLanguageList(VernacularTab& tab, ApplicationState& state, Prompter& prompter) {
-    tab.cboLanguage.SetChoicesLater([&state, &prompter] {
-        std::vector<ChoiceControl::Choice> languages;
-        Attempt(prompter, [&] {
-            if (state.gDatabase) languages = LanguagesOf(*state.gDatabase);
+void VernacularTab::OfferLists() {
+    cboLanguage.SetChoicesLater([this] {
+        Choices languages;
+        Attempt(Outside(), [&] {
+            if (State().gDatabase) languages = ReadLanguages(*State().gDatabase);
         });
         return languages;
     });
 }
 
-void FillVernSelectors(const GridControl& grdVernacular, std::span<ComboControl* const> selectors,
-                       std::string_view mode, Prompter& prompter) {
-    std::vector<ChoiceControl::Choice> names;
-    for (int i = 0; documentation::IsDataRow(grdVernacular, i); ++i) {
+void VernacularTab::Clear() {
+    grdVernacular.ClearRows();
+    removed.clear();
+    ShowRow();
+    OfferNames();
+}
+
+void VernacularTab::ClearForNextEntry() {
+    if (!KeptForNextEntry(State().gPrefSaveOtherFields)) Clear();
+}
+
+void VernacularTab::Load(int qb_id) {
+    Clear();
+    OfferLists();
+    Attempt(Outside(), [&] { grdVernacular.SetDataRows(ReadNames(*State().gDatabase, qb_id)); });
+    OfferNames();
+}
+
+void VernacularTab::ShowRow() {
+    const GridControl::Row* row = grdVernacular.SelectedData();
+    txtVName.SetText(row == nullptr ? "" : (*row)[Column::kName]);
+    cboLanguage.SetText(row == nullptr ? "" : (*row)[Column::kLanguage]);
+    chkApproved.SetValue(row != nullptr && (*row)[Column::kApproved] == "Yes");
+}
+
+void VernacularTab::OfferNames(bool sayWhenNone) {
+    Choices names;
+    for (int i = 0; grdVernacular.IsDataRow(i); ++i) {
         const auto& row = grdVernacular.Rows()[static_cast<std::size_t>(i)];
         names.push_back({row[Column::kName] + " [" + row[Column::kLanguage] + "]",
                          Value(row[Column::kQbVernId]).AsLong()});
     }
-    for (ComboControl* selector : selectors) {
-        const std::string text = selector->Text();
-        selector->SetChoices(names);
-        selector->SetText(text);
-    }
-    if (names.empty() && mode != "Delete")
-        prompter.Message("There are no associated vernaculars!  Please enter a vernacular first.");
+    NamesChanged(names);
+    if (names.empty() && sayWhenNone)
+        Outside().Message("There are no associated vernaculars!  Please enter a vernacular first.");
 }
 
 }  // namespace quillon::editor

@@ -1,6 +1,6 @@
-// The wanted states of a toolbar's buttons, kept apart from what is shown: while a record is edited a mask
-// darkens all buttons, other code goes on enabling and disabling single ones, and taking the mask off shows
-// each as it is wanted by then. RecView makes two, one for navigation and one for editing.
+// The states that a toolbar's buttons should have, kept apart from what is shown: a mask disables all
+// buttons, other code goes on enabling and disabling single ones, and without the mask each shows its own
+// state again. RecView makes two, one for navigation and one for editing.
 //
 // A key that is not known is passed over; nothing here is an error. The buttons and menu items must outlive
 // the manager, or the next Init().
@@ -16,7 +16,7 @@
 
 namespace quillon::navigation {
 
-// The wanted state of one button.
+// The state that one button should have.
 struct TBBtnState {
     bool State = false;
 };
@@ -26,15 +26,17 @@ public:
     // The buttons of a toolbar by their keys.
     using Toolbar = std::map<std::string, Control*, std::less<>>;
 
-    // Begins anew, with the mask off.
+    // Starts again, with the mask off.
     void Init(Toolbar toolbar, std::span<const std::string_view> keys = {}, bool initialState = false);
     // Remembers a state and changes no button. A key that is there already stays as it is.
     void Add(std::string_view key, bool initialState, Control* menuItem = nullptr);
 
+    // RecView masks nothing when its tab changes: stepping through the names while a tab such as the
+    // publications is on show is what people do, so the move buttons stay as they are on every tab.
     bool IsMasked() const { return isMasked_; }
     void MaskAll() { SetMaskTo(true); }
     void UnmaskAll() { SetMaskTo(false); }
-    // Buttons whose wanted state is false are dark anyway, and are left alone.
+    // Buttons whose own state is false are disabled anyway, and are left alone.
     void SetMaskTo(bool mask);
 
     void Enable(std::string_view key, const Control* menuItem = nullptr) {

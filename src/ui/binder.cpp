@@ -23,6 +23,14 @@ void BindButton(ButtonControl& control, const QWidget& window) {
     }
 }
 
+// The toolkit keeps one radio button of a group chosen; the model may have none.
+void ShowChecked(QAbstractButton& shown, bool checked) {
+    const bool exclusive = shown.autoExclusive();
+    shown.setAutoExclusive(false);
+    shown.setChecked(checked);
+    shown.setAutoExclusive(exclusive);
+}
+
 // An option or a check: both are on or off. `take` hands the user's choice to the model.
 template <typename Model, typename Take>
 void BindToggle(Model& control, const QWidget& window, Take take) {
@@ -40,7 +48,7 @@ void BindToggle(Model& control, const QWidget& window, Take take) {
         Mirror(control, *button, [](const Model& model, QAbstractButton& shown) {
             shown.setText(ToQt(model.Caption()));
             ShowCommon(model, shown);
-            shown.setChecked(model.Value());
+            ShowChecked(shown, model.Value());
         });
         QObject::connect(button, &QAbstractButton::clicked, button, [&control, button, take](bool checked) {
             take(control, checked);
@@ -144,6 +152,15 @@ void BindOne(Control& control, const QWidget& window) {
     if (auto* tabs = dynamic_cast<TabStripControl*>(&control)) return BindTabs(*tabs, window);
 }
 
+// A field on a page that is not shown cannot take the focus; whoever asks for it shows the page first.
+void BindFocus(Control& control, const QWidget& window) {
+    auto* widget = Partner<QWidget>(window, control);
+    if (widget == nullptr) return;
+    control.OnTakeFocus([guard = QPointer<QWidget>(widget)] {
+        if (guard) guard->setFocus(Qt::OtherFocusReason);
+    });
+}
+
 bool HasPartner(const Control& control, const QWidget& window) {
     const auto is = [&]<typename Model>(Model*) { return dynamic_cast<const Model*>(&control) != nullptr; };
     const auto action = [&] { return Partner<QAction>(window, control) != nullptr; };
@@ -177,7 +194,10 @@ void Bind(Form& form, QWidget& window) {
     form.OnTitle([&form, guard = QPointer<QWidget>(&window)] {
         if (guard) guard->setWindowTitle(ToQt(form.Title()));
     });
-    for (Control* control : form.Controls()) BindOne(*control, window);
+    for (Control* control : form.Controls()) {
+        BindOne(*control, window);
+        BindFocus(*control, window);
+    }
 }
 
 QStringList NamesWithoutPartner(const Form& form, const QWidget& window) {

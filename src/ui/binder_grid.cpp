@@ -10,6 +10,8 @@ void ShowColumns(const GridControl& model, QTableWidget& shown) {
     for (int column = 0; column < shown.columnCount(); ++column) {
         const auto& wanted = columns[static_cast<std::size_t>(column)];
         const QTableWidgetItem* heading = shown.horizontalHeaderItem(column);
+        if (heading == nullptr && wanted.width > 0)
+            shown.setColumnWidth(column, shown.fontMetrics().averageCharWidth() * wanted.width);
         if (heading == nullptr || heading->text() != ToQt(wanted.heading))
             shown.setHorizontalHeaderItem(column, new QTableWidgetItem(ToQt(wanted.heading)));
         if (shown.isColumnHidden(column) != wanted.hidden) shown.setColumnHidden(column, wanted.hidden);

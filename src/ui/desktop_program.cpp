@@ -53,11 +53,11 @@ DesktopProgram::DesktopProgram(Prompter* prompter, std::string workDirectory, st
 }
 
 void DesktopProgram::Connect() {
-    recView_.RebuildExplorer = [this] {
+    recView_.RebuildExplorer.Connect([this] {
         explorer_.Init();
         if (explorer_.TreeV().TopCount() > 0) explorer_.HiliteNode(explorer_.TreeV().Top(0));
-    };
-    recView_.DataSetReopened = [this] { explorer_.ListV().Reattach(state_.gDatabase); };
+    });
+    recView_.DataSetReopened.Connect([this] { explorer_.ListV().Reattach(state_.gDatabase); });
     recView_.ImportCommand = [this] { return Import(); };
     recView_.PreferencesCommand = [this] { prompter_.ShowModal("FrmPreferences"); };
     recView_.StopCommand = [this] {
@@ -146,24 +146,20 @@ void DesktopProgram::ShowJob(std::string_view formName) {
     prompter_.ShowModal(formName);
 }
 
-// A record of a taxon that is gone stays where it is, behind the log.
+// A taxon to which no path of the tree leads stays where it is, behind the log.
 void DesktopProgram::GoToTaxon(int qb_id, std::string_view tab) {
-    if (!explorer_.ListDblClick(qb_id))
+    explorer_.ListDblClick(qb_id);
+    if (explorer_.FindNodeWithId(qb_id) == nullptr)
         return prompter_.Message("The taxon of this record is not in the explorer.");
     if (state_.currentTaxon.qb_id != qb_id) return;  // the user stays on an unsaved record
     TabStripControl& tabs = recView_.Controls().TabStrip1;
     tabs.UserSelect(tabs.IndexOf(tab));
 }
 
-// The list must not be reading while the import writes. An import that fails can leave another handle on the
-// DataSet as it was.
+// The list must not be reading while the import writes.
 editor::ImportEnd DesktopProgram::Import() {
     explorer_.ListV().LoadAll();
-    const auto before = state_.gDatabase;
-    const auto outcome =
-        importing::ImportCommand(state_, prompter_, [this] { return lifecycle_.AskLoseChanges(); });
-    if (state_.gDatabase != before) explorer_.ListV().Reattach(state_.gDatabase);
-    switch (outcome) {
+    switch (importing::ImportCommand(state_, prompter_, [this] { return lifecycle_.AskLoseChanges(); })) {
         case importing::ImportOutcome::Canceled:
             return editor::ImportEnd::Canceled;
         case importing::ImportOutcome::Done:

@@ -1,4 +1,3 @@
-// How the two views and the explorer are kept in step.
 #include "ui/explorer_view.h"
 
 #include <QtWidgets>
@@ -37,11 +36,10 @@ ExplorerView::ExplorerView(navigation::cExplorer& explorer, QWidget* parent)
     ShowHierarchy(true);
 }
 
-// The explorer lives longer than the view and must not call it any more.
+// The explorer outlives the view and must not call it any more.
 ExplorerView::~ExplorerView() {
     explorer_.ListMoved = nullptr;
     explorer_.StartListTimer = nullptr;
-    explorer_.Note = nullptr;
 }
 
 void ExplorerView::BuildViews() {
@@ -64,11 +62,9 @@ void ExplorerView::ConnectTree() {
         if (!node->Expanded()) explorer_.ExpandNode(node);
     });
     connect(tree_, &QTreeView::collapsed, this, [this](const QModelIndex& index) {
-        navigation::TreeNode* node = treeModel_->NodeOf(index);
-        if (node->Expanded()) explorer_.CollapseNode(node);
+        explorer_.TreeV().SetExpanded(treeModel_->NodeOf(index), false);
     });
-    connect(treeModel_, &TreeModel::NodeExpanded, tree_, &HierView::SetOpen);
-    explorer_.Note = [this](std::string_view text) { emit Noted(ToQt(text)); };
+    connect(treeModel_, &TreeModel::NodeExpanded, tree_, &QTreeView::setExpanded);
     connect(treeModel_, &TreeModel::NodeMadeVisible, tree_,
             [this](const QModelIndex& index) { tree_->Reveal(index); });
 }
@@ -160,8 +156,9 @@ void ExplorerView::contextMenuEvent(QContextMenuEvent* event) {
 }
 
 // The commands work on the record: a row of the list becomes it first, the one under the mouse or the current
-// one. In the tree the press has chosen the node already. False when the row did not become the record
-// because the user stays on an unsaved one: a command would work on another name than the one marked.
+// one. In the tree the press has chosen the node already. False when the row did not become the record,
+// because no path leads to it or the user stays on an unsaved one: a command would work on another name than
+// the one marked.
 bool ExplorerView::ChooseForMenu(const QContextMenuEvent& event) {
     if (CurrentView() != list_) return true;
     const QModelIndex index = event.reason() == QContextMenuEvent::Mouse
@@ -169,8 +166,9 @@ bool ExplorerView::ChooseForMenu(const QContextMenuEvent& event) {
                                   : list_->currentIndex();
     if (!index.isValid()) return true;
     const int id = listModel_->IdAt(index);
-    if (!explorer_.IsRecord(id)) explorer_.ListClick(navigation::cExplorer::ListArea::List, id);
-    return explorer_.IsRecord(id);
+    if (explorer_.FindIdOfNode(explorer_.TreeV().Selected()) == id) return true;
+    explorer_.ListClick(navigation::cExplorer::ListArea::List, id);
+    return explorer_.FindIdOfNode(explorer_.TreeV().Selected()) == id;
 }
 
 void ExplorerView::FillMenu(QMenu& menu) const {

@@ -8,6 +8,12 @@ namespace quillon::ui {
 
 namespace {
 
+struct MenuSpec {
+    const char* caption;
+    // "-" for a separator; ">name" begins a submenu, "<" ends it.
+    std::span<const char* const> commands;
+};
+
 constexpr CommandSpec kCommands[] = {
     {"mnuFNew", "new", "new", "Ctrl+N"},
     {"mnuFOpen", "open", "open", "Ctrl+O"},
@@ -138,15 +144,6 @@ void MakeToolBar(QMainWindow& window, const char* name, const QString& title,
 
 std::span<const CommandSpec> Commands() {
     return kCommands;
-}
-std::span<const MenuSpec> Menus() {
-    return kMenus;
-}
-std::span<const char* const> ToolButtons() {
-    return kToolButtons;
-}
-std::span<const char* const> NavigateButtons() {
-    return kNavigateButtons;
 }
 
 QString ToolTipOf(const QAction& action) {

@@ -17,17 +17,7 @@ struct CommandSpec {
     const char* shortcut;  // in the toolkit's portable text; empty for none
 };
 
-struct MenuSpec {
-    const char* caption;
-    std::span<const char* const>
-        commands;  // "-" for a separator, ">name caption" begins and "<" ends a submenu
-};
-
 std::span<const CommandSpec> Commands();
-std::span<const MenuSpec> Menus();
-// The buttons of the toolbar TBar, and of TBarNavigate; "-" for a separator.
-std::span<const char* const> ToolButtons();
-std::span<const char* const> NavigateButtons();
 
 // Makes the actions of all commands, the menus and the two toolbars.
 void BuildCommands(QMainWindow& window);

@@ -7,9 +7,7 @@
 #include "ui/icons.h"
 #include "ui/pages/comment_page.h"
 #include "ui/pages/distribution_page.h"
-#include "ui/pages/expert_page.h"
-#include "ui/pages/other_source_page.h"
-#include "ui/pages/publication_page.h"
+#include "ui/pages/documentation_page.h"
 #include "ui/pages/synonym_page.h"
 #include "ui/pages/taxon_page.h"
 #include "ui/pages/vernacular_page.h"
@@ -24,8 +22,7 @@ constexpr int kEditorMinimum = 44;
 constexpr int kExplorerWidth = 76;
 constexpr int kEditorWidth = 128;
 constexpr int kHeight = 124;
-constexpr int kModeWidth = 48;     // 720 twips
-constexpr int kNoteLasts = 15000;  // milliseconds
+constexpr int kModeWidth = 48;  // 720 twips
 
 // In the order of the tabs.
 using BuildPage = QWidget* (*)(QWidget*);
@@ -58,8 +55,8 @@ RecViewWindow::RecViewWindow(editor::RecView& recView, navigation::cExplorer& ex
 
 // The form outlives the window and must not call it any more.
 RecViewWindow::~RecViewWindow() {
-    recView_.ReselectLater = nullptr;
-    recView_.Controls().form.OnClosed(nullptr);
+    recView_.ReselectLater.Disconnect(reselection_);
+    recView_.Controls().form.RemoveClosedObserver(closing_);
 }
 
 void RecViewWindow::BuildStatusBar() {
@@ -102,8 +99,6 @@ void RecViewWindow::BuildExplorer() {
     QList<QAction*> commands;
     for (const QString name : kExplorerMenu) commands << (name == "-" ? nullptr : findChild<QAction*>(name));
     explorerView_->SetContextActions(commands);
-    connect(explorerView_, &ExplorerView::Noted, this,
-            [this](const QString& text) { statusBar()->showMessage(text, kNoteLasts); });
 }
 
 QWidget* RecViewWindow::BuildEditor() {
@@ -149,16 +144,15 @@ QWidget* RecViewWindow::BuildPages() {
 
 void RecViewWindow::ConnectForm() {
     editor::RecViewForm& form = recView_.Controls();
-    recView_.ReselectLater = [this](int id) {
-        QTimer::singleShot(0, this, [this, id] { explorer_.Reselect(id); });
-    };
+    reselection_ = recView_.ReselectLater.Connect(
+        [this](int id) { QTimer::singleShot(0, this, [this, id] { Reselect(id); }); });
     form.hierarchy.Observe([guard = QPointer<RecViewWindow>(this)] {
         if (guard) guard->ShowView();
     });
     form.TabStrip1.Observe([guard = QPointer<RecViewWindow>(this)] {
         if (guard) guard->ShowPage();
     });
-    form.form.OnClosed([this] {
+    closing_ = form.form.OnClosed([this] {
         mayClose_ = true;
         close();
     });
@@ -209,6 +203,10 @@ QWidget* RecViewWindow::FirstField() const {
         if (page->isAncestorOf(at) && takesTab && at->isVisible() && at->isEnabled()) return at;
     }
     return nullptr;
+}
+
+void RecViewWindow::Reselect(int qb_id) {
+    if (navigation::TreeNode* node = explorer_.ExpandContainingSubtree(qb_id)) explorer_.HiliteNode(node);
 }
 
 bool RecViewWindow::event(QEvent* event) {

@@ -39,14 +39,16 @@ private:
     void TurnTab(int step);
     void MoveFocus();
     QWidget* FirstField() const;
+    void Reselect(int qb_id);
 
     editor::RecView& recView_;
     navigation::cExplorer& explorer_;
     ExplorerView* explorerView_ = nullptr;
     QTabBar* tabs_ = nullptr;
     QScrollArea* scroller_ = nullptr;
-    std::vector<QWidget*> pages_;  // RVPanel1 to RVPanel8
-    int page_ = 0;                 // the one on show, from 1; 0 for none yet
+    std::vector<QWidget*> pages_;                  // RVPanel1 to RVPanel8
+    int page_ = 0;                                 // the one on show, from 1; 0 for none yet
+    std::uint64_t reselection_ = 0, closing_ = 0;  // connections to RecView and its form
     bool activated_ = false;
     bool mayClose_ = false;
 };

@@ -37,13 +37,7 @@ QModelIndex TreeModel::parent(const QModelIndex& child) const {
 
 int TreeModel::rowCount(const QModelIndex& parent) const {
     const TreeNode* node = NodeOf(parent);
-    return static_cast<int>(node == nullptr ? tree_.TopCount() : node->RowCount());
-}
-
-// A node whose children have not been fetched can be opened too.
-bool TreeModel::hasChildren(const QModelIndex& parent) const {
-    const TreeNode* node = NodeOf(parent);
-    return (node == nullptr ? tree_.TopCount() : node->ChildCount()) > 0;
+    return static_cast<int>(node == nullptr ? tree_.TopCount() : node->ChildCount());
 }
 
 QVariant TreeModel::data(const QModelIndex& index, int role) const {

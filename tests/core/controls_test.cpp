@@ -298,6 +298,24 @@ TEST(ChoiceControl, CountsTheChangesOfItsChoices) {
     EXPECT_EQ(*told, 3);
 }
 
+TEST(Control, TheFocusMovesOnceTheActionIsShown) {
+    SampleForm sample;
+    std::string events;
+    sample.cboAuth.Observe([&] { events += "shown;"; });
+    sample.cboAuth.OnTakeFocus([&] { events += "author;"; });
+    sample.cboRank.OnTakeFocus([&] { events += "rank;"; });
+    {
+        ChangeScope action(sample.form);
+        sample.cboRank.TakeFocus();
+        sample.cboAuth.TakeFocus();
+        sample.cboAuth.SetText("Gray");
+        EXPECT_EQ(events, "");
+    }
+    EXPECT_EQ(events, "shown;author;") << "the last request counts";
+    sample.cboRank.TakeFocus();
+    EXPECT_EQ(events, "shown;author;rank;");
+}
+
 TEST(TabStripControl, IgnoresTheTabThatIsShown) {
     SampleForm sample;
     int clicks = 0;

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "core/controls.h"
+#include "documentation/named_tabs.h"
 #include "testkit/testkit.h"
 
 namespace quillon::documentation {
@@ -16,7 +17,6 @@ class DocumentationTest : public testing::Test {
 protected:
     DocumentationTest() {
         data.Make();
-        form.SetTitle("Taxonomic Quillon");
         data.state.currentTaxon.qb_id = 2;
         data.state.currentTaxon.unit_name1 = "Orcinus";
         data.state.currentTaxon.unit_name2 = "orca";
@@ -24,6 +24,13 @@ protected:
             "VALUES (2, 5, 'Killer whale', 'English', true)");
     }
     void Run(const std::string& sql) { data.db().Execute(sql); }
+    // The names of the controls that take no input.
+    std::string Disabled() const {
+        std::string names;
+        for (const Control* control : form.Controls())
+            if (!control->Enabled()) names += control->Name() + " ";
+        return names;
+    }
 
     testkit::DataSetFixture data;
     Form form{"RecView"};

@@ -1,6 +1,4 @@
 // How the experts tab shows what is stored of a taxon.
-#include "documentation/expert_tab.h"
-
 #include "documentation/documentation_fixture.h"
 
 namespace quillon::documentation {
@@ -16,7 +14,7 @@ constexpr const char* kCommands = "cmdExpAdd cmdExpModify cmdExpDelete ";
 class ExpertTabTest : public DocumentationTest {
 protected:
     ExpertTabTest() {
-        SetUpExperts(tab, data.state, data.prompter);
+        tab.Connect(data.state, data.prompter);
         Run("INSERT INTO qb_experts (expert_id_prefix, qb_expert_id, expert_id, expert, exp_comment) "
             "VALUES ('EXP', 7, 70, 'Dale Rice', 'adviser')");
         Run("INSERT INTO qb_experts (expert_id_prefix, qb_expert_id, expert) VALUES ('EXP', 8, 'Dale Rice')");
@@ -33,18 +31,12 @@ protected:
             "qb_documentation_id, vernacular_name) VALUES (2, " +
             vernacular + ", 'EXP', " + document + ", '" + name + "')");
     }
-    void Load() { LoadExpertGrid(tab, data.state, data.prompter, 2); }
+    void Load() { tab.Load(2); }
     std::string Fields() const {
         return TextOf({tab.cboExpert.Text(), tab.txtExpComments.Text(), tab.txtEQBID.Text(),
                        tab.txtEID.Text(), tab.cboVernExpSelect.Text(), tab.cboVernExp.Text(),
                        tab.cboVernExp.Visible() ? "shown" : "hidden",
                        tab.lblVernExpCbo.Visible() ? "shown" : "hidden"});
-    }
-    std::string Disabled() const {
-        std::string names;
-        for (const Control* control : form.Controls())
-            if (!control->Enabled()) names += control->Name() + " ";
-        return names;
     }
 
     ExpertTab tab{form};
@@ -89,25 +81,26 @@ TEST_F(ExpertTabTest, TheRowOfAChangeTrackLeavesItsCommentEnabled) {
     EXPECT_EQ(Disabled(), "cboExpert cmdExpAdd cmdExpModify cmdExpDelete ");
     tab.grdExperts.UserSelectRow(1);
     EXPECT_EQ(Disabled(), kCommands);
-    form.SetTitle("Change Tracking");
-    Load();
-    EXPECT_EQ(Disabled(), kCommands);
+    Form other{"frmChgTrk"};
+    ExpertTab tracked(other, FormPurpose::ChangeTracking);
+    tracked.Connect(data.state, data.prompter);
+    tracked.Load(2);
+    EXPECT_TRUE(tracked.cboExpert.Enabled());
 }
 
-TEST_F(ExpertTabTest, AnIdAbove32767FailsAtTheLoad) {
-    Run("UPDATE qb_experts SET expert_id = 32768 WHERE qb_expert_id = 8");
-    Link("7");
-    Link("8");
+TEST_F(ExpertTabTest, ShowsIdsOf32Bits) {
+    Run("INSERT INTO qb_experts (expert_id_prefix, qb_expert_id, expert_id, expert) "
+        "VALUES ('EXP', 6000001, 2147483647, 'A. Late')");
+    Link("6000001");
     Load();
-    EXPECT_THAT(data.prompter.messages, ElementsAre("Failed Overflow: expert_id 32768"));
-    EXPECT_EQ(TextOf(tab.grdExperts), kEmptyRow);
-    EXPECT_EQ(Fields(), kNoFields);
+    EXPECT_EQ(Fields(), "A. Late||6000001|2147483647|Scientific Name||hidden|hidden");
+    EXPECT_THAT(data.prompter.messages, IsEmpty());
 }
 
 TEST_F(ExpertTabTest, ARecordThatIsNotStoredBeginsWithNothing) {
     Link("7", "12");
     Load();
-    ResetExperts(tab);
+    tab.Clear();
     EXPECT_EQ(TextOf(tab.grdExperts), kEmptyRow);
     EXPECT_EQ(Fields(), kNoFields);
     EXPECT_EQ(Disabled(), kCommands);
@@ -115,14 +108,14 @@ TEST_F(ExpertTabTest, ARecordThatIsNotStoredBeginsWithNothing) {
 
 TEST_F(ExpertTabTest, TheListHasEachNameOnceAndKeepsTheText) {
     tab.cboExpert.SetText("Somebody");
-    ReloadExperts(tab, data.state, data.prompter);
-    EXPECT_TRUE(tab.cboExpert.ChoicesPending()) << "nobody has looked yet";
+    tab.OfferLists();
+    EXPECT_TRUE(tab.cboExpert.ChoicesPending()) << "the list has not been opened yet";
     EXPECT_EQ(TextOf(tab.cboExpert), "Dale Rice|James \"Jim\" Mead");
     EXPECT_EQ(tab.cboExpert.Text(), "Somebody");
 }
 
 TEST_F(ExpertTabTest, APickFillsTheCommentAndTheIds) {
-    ReloadExperts(tab, data.state, data.prompter);
+    tab.OfferLists();
     ASSERT_TRUE(tab.cboExpert.UserPick(1));
     EXPECT_EQ(Fields(), "James \"Jim\" Mead|whales|9||Scientific Name||hidden|hidden");
     ASSERT_TRUE(tab.cboExpert.UserPick(0));
@@ -132,11 +125,11 @@ TEST_F(ExpertTabTest, APickFillsTheCommentAndTheIds) {
 TEST_F(ExpertTabTest, AnUnknownExpertFillsNothing) {
     tab.txtExpComments.SetText("kept");
     tab.cboExpert.SetText("Somebody");
-    ExpertSelectionFill(tab, data.state, data.prompter);
+    tab.FillFromPick(0);
     EXPECT_EQ(Fields(), "Somebody|kept|||Scientific Name||hidden|hidden");
     data.state.gDatabase.reset();
     tab.cboExpert.SetText("Dale Rice");
-    ExpertSelectionFill(tab, data.state, data.prompter);
+    tab.FillFromPick(0);
     EXPECT_EQ(Fields(), "Dale Rice|kept|||Scientific Name||hidden|hidden");
     EXPECT_THAT(data.prompter.messages, IsEmpty());
 }

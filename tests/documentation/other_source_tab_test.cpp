@@ -1,6 +1,4 @@
 // How the other sources tab shows what is stored of a taxon.
-#include "documentation/other_source_tab.h"
-
 #include "documentation/documentation_fixture.h"
 
 namespace quillon::documentation {
@@ -16,7 +14,7 @@ constexpr const char* kCommands = "cmdOSAdd cmdOSModify cmdOSDelete ";
 class OtherSourceTabTest : public DocumentationTest {
 protected:
     OtherSourceTabTest() {
-        SetUpOtherSources(tab, data.state, data.prompter);
+        tab.Connect(data.state, data.prompter);
         Run("INSERT INTO qb_other_sources (source_id_prefix, qb_source_id, source_id, source, source_type, "
             "version, acquisition_date, source_comment) VALUES ('SRC', 4, 40, 'Marine list', 'website', "
             "'2023', "
@@ -36,19 +34,13 @@ protected:
             "qb_documentation_id, vernacular_name) VALUES (2, " +
             vernacular + ", 'SRC', " + document + ", '" + name + "')");
     }
-    void Load() { LoadOtherSourceGrid(tab, data.state, data.prompter, 2); }
+    void Load() { tab.Load(2); }
     std::string Fields() const {
         return TextOf({tab.cboSource.Text(), tab.txtSourceType.Text(), tab.txtVersion.Text(),
                        tab.txtADate.Text(), tab.txtOSComments.Text(), tab.txtOSQBID.Text(),
                        tab.txtOSID.Text(), tab.cboVernSrcSelect.Text(), tab.cboVernSrc.Text(),
                        tab.cboVernSrc.Visible() ? "shown" : "hidden",
                        tab.lblVernSrcCbo.Visible() ? "shown" : "hidden"});
-    }
-    std::string Disabled() const {
-        std::string names;
-        for (const Control* control : form.Controls())
-            if (!control->Enabled()) names += control->Name() + " ";
-        return names;
     }
 
     OtherSourceTab tab{form};
@@ -95,25 +87,26 @@ TEST_F(OtherSourceTabTest, TheRowOfAChangeTrackIsReadOnly) {
               "cboSource txtSourceType txtVersion txtADate txtOSComments cmdOSAdd cmdOSModify cmdOSDelete ");
     tab.grdOtherSources.UserSelectRow(1);
     EXPECT_EQ(Disabled(), kCommands);
-    form.SetTitle("Change Tracking");
-    Load();
-    EXPECT_EQ(Disabled(), kCommands);
+    Form other{"frmChgTrk"};
+    OtherSourceTab tracked(other, FormPurpose::ChangeTracking);
+    tracked.Connect(data.state, data.prompter);
+    tracked.Load(2);
+    EXPECT_TRUE(tracked.cboSource.Enabled());
 }
 
-TEST_F(OtherSourceTabTest, AnIdAbove32767FailsAtTheLoad) {
-    Run("UPDATE qb_other_sources SET source_id = 32768 WHERE qb_source_id = 5");
-    Link("4");
-    Link("5");
+TEST_F(OtherSourceTabTest, ShowsIdsOf32Bits) {
+    Run("INSERT INTO qb_other_sources (source_id_prefix, qb_source_id, source_id, source) "
+        "VALUES ('SRC', 2147483646, 2147483647, 'Late list')");
+    Link("2147483646");
     Load();
-    EXPECT_THAT(data.prompter.messages, ElementsAre("Failed Overflow: source_id 32768"));
-    EXPECT_EQ(TextOf(tab.grdOtherSources), kEmptyRow);
-    EXPECT_EQ(Fields(), kNoFields);
+    EXPECT_EQ(Fields(), "Late list|||||2147483646|2147483647|Scientific Name||hidden|hidden");
+    EXPECT_THAT(data.prompter.messages, IsEmpty());
 }
 
 TEST_F(OtherSourceTabTest, ARecordThatIsNotStoredBeginsWithNothing) {
     Link("4", "12");
     Load();
-    ResetOtherSources(tab);
+    tab.Clear();
     EXPECT_EQ(TextOf(tab.grdOtherSources), kEmptyRow);
     EXPECT_EQ(Fields(), kNoFields);
     EXPECT_EQ(Disabled(), kCommands);
@@ -121,14 +114,14 @@ TEST_F(OtherSourceTabTest, ARecordThatIsNotStoredBeginsWithNothing) {
 
 TEST_F(OtherSourceTabTest, TheListHasEachSourceOnceAndKeepsTheText) {
     tab.cboSource.SetText("Something");
-    ReloadOtherSources(tab, data.state, data.prompter);
-    EXPECT_TRUE(tab.cboSource.ChoicesPending()) << "nobody has looked yet";
+    tab.OfferLists();
+    EXPECT_TRUE(tab.cboSource.ChoicesPending()) << "the list has not been opened yet";
     EXPECT_EQ(TextOf(tab.cboSource), "Catalogue|Marine list");
     EXPECT_EQ(tab.cboSource.Text(), "Something");
 }
 
 TEST_F(OtherSourceTabTest, APickFillsTheOtherFields) {
-    ReloadOtherSources(tab, data.state, data.prompter);
+    tab.OfferLists();
     ASSERT_TRUE(tab.cboSource.UserPick(1));
     EXPECT_EQ(Fields(), "Marine list|website|2023|06/15/2023|a list|4|40|Scientific Name||hidden|hidden")
         << "the first of two";
@@ -139,11 +132,11 @@ TEST_F(OtherSourceTabTest, APickFillsTheOtherFields) {
 TEST_F(OtherSourceTabTest, AnUnknownSourceFillsNothing) {
     tab.txtVersion.SetText("kept");
     tab.cboSource.SetText("Something");
-    OtherSourceSelectionFill(tab, data.state, data.prompter);
+    tab.FillFromPick(0);
     EXPECT_EQ(Fields(), "Something||kept|||||Scientific Name||hidden|hidden");
     data.state.gDatabase.reset();
     tab.cboSource.SetText("Catalogue");
-    OtherSourceSelectionFill(tab, data.state, data.prompter);
+    tab.FillFromPick(0);
     EXPECT_EQ(Fields(), "Catalogue||kept|||||Scientific Name||hidden|hidden");
     EXPECT_THAT(data.prompter.messages, IsEmpty());
 }

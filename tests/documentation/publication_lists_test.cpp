@@ -1,6 +1,5 @@
 // The pick lists of the publications tab, which narrow one another, and what a pick fills in.
 #include "documentation/documentation_fixture.h"
-#include "documentation/publication_tab.h"
 
 namespace quillon::documentation {
 namespace {
@@ -12,7 +11,7 @@ using testing::StartsWith;
 class PublicationListsTest : public DocumentationTest {
 protected:
     PublicationListsTest() {
-        SetUpPublications(tab, data.state, data.prompter);
+        tab.Connect(data.state, data.prompter);
         Add("'Gray'", "'01/01/1846'", "'Annals'", "'On the British Cetacea'");
         Add("'Gray'", "'01/01/1850'", "'Catalogue'", "'Catalogue'");
         Add("'Owen'", "'01/01/1846'", "'A history'", "'A history'");
@@ -39,15 +38,15 @@ protected:
                        tab.txtPubComments.Text(), tab.txtPQBID.Text(), tab.txtPID.Text()});
     }
     std::string Authors() {
-        NarrowPubAuthors(tab, data.state, data.prompter);
+        tab.Narrow(0);
         return TextOf(tab.cboAuthor);
     }
     std::string Names() {
-        NarrowPubNames(tab, data.state, data.prompter);
+        tab.Narrow(4);
         return TextOf(tab.cboPublication);
     }
     std::string Titles() {
-        NarrowPubTitles(tab, data.state, data.prompter);
+        tab.Narrow(3);
         return TextOf(tab.cboTitle);
     }
 
@@ -95,7 +94,7 @@ TEST_F(PublicationListsTest, AQuoteInADateBreaksTheStatement) {
     EXPECT_THAT(data.prompter.messages, ElementsAre(StartsWith("Failed ")));
     EXPECT_FALSE(data.prompter.waitCursor);
     Set("", "1'1", "", "");
-    PubSelectionFill(tab, data.state, data.prompter, "act_date");
+    tab.FillFromPick(2);
     EXPECT_EQ(data.prompter.messages.size(), 2U);
     EXPECT_EQ(Fields(), "|1'1|||||||||||");
 }
@@ -129,8 +128,8 @@ TEST_F(PublicationListsTest, EachFieldDropsDownItsOwnList) {
 TEST_F(PublicationListsTest, ReloadingTakesAllAuthorsAndKeepsTheText) {
     tab.cboAuthor.SetText("Gill");
     tab.cboADate.SetText("01/01/1846");
-    ReloadPubAuthors(tab, data.state, data.prompter);
-    EXPECT_TRUE(tab.cboAuthor.ChoicesPending()) << "nobody has looked yet";
+    tab.ReloadList();
+    EXPECT_TRUE(tab.cboAuthor.ChoicesPending()) << "the list has not been opened yet";
     EXPECT_EQ(TextOf(tab.cboAuthor), "|d'Orbigny|Gray|Owen");
     EXPECT_EQ(tab.cboAuthor.Text(), "Gill");
     tab.cboAuthor.UserDropDown();
@@ -143,7 +142,7 @@ TEST_F(PublicationListsTest, ReloadingTakesAllAuthorsAndKeepsTheText) {
 TEST_F(PublicationListsTest, AnotherDataSetEmptiesTheLists) {
     Names();
     Titles();
-    ForgetPubLists(tab, data.state, data.prompter);
+    tab.OfferLists();
     EXPECT_EQ(TextOf(tab.cboPublication), "");
     EXPECT_EQ(TextOf(tab.cboTitle), "");
     tab.cboTitle.UserDropDown();
@@ -153,13 +152,13 @@ TEST_F(PublicationListsTest, AnotherDataSetEmptiesTheLists) {
 TEST_F(PublicationListsTest, APickFillsTheFieldsFromTheOneRecord) {
     Run("UPDATE qb_publications SET listed_pub_date = '02/01/1846', publisher = 'P', pub_place = 'L', "
         "isbn = 'I', issn = 'S' WHERE reference_author = 'Owen'");
-    ReloadPubAuthors(tab, data.state, data.prompter);
+    tab.ReloadList();
     ASSERT_TRUE(tab.cboAuthor.UserPick(3));
     EXPECT_EQ(Fields(), "Owen|01/01/1846|A history|A history|02/01/1846|P|L|I|S|7|c|3|8");
 }
 
 TEST_F(PublicationListsTest, APickThatSeveralRecordsMatchFillsNothing) {
-    ReloadPubAuthors(tab, data.state, data.prompter);
+    tab.ReloadList();
     ASSERT_TRUE(tab.cboAuthor.UserPick(2));
     EXPECT_EQ(Fields(), "Gray||||||||||||");
 }
@@ -180,15 +179,15 @@ TEST_F(PublicationListsTest, OnlyTheFieldThatWasPickedCounts) {
 }
 
 TEST_F(PublicationListsTest, AnEmptyFieldStandsForAllRecords) {
-    PubSelectionFill(tab, data.state, data.prompter, "title");
+    tab.FillFromPick(3);
     EXPECT_EQ(Fields(), "||||||||||||");
     Run("DELETE * FROM qb_publications WHERE qb_publication_id <> 5");
-    PubSelectionFill(tab, data.state, data.prompter, "title");
+    tab.FillFromPick(3);
     EXPECT_EQ(Fields(), "|01/01/1850|Annals|Notes | remarks||||||7|c|5|8");
 }
 
 TEST_F(PublicationListsTest, ATypedTextFillsNothing) {
-    ReloadPubAuthors(tab, data.state, data.prompter);
+    tab.ReloadList();
     tab.cboAuthor.UserSetText("Owen");
     EXPECT_EQ(Fields(), "Owen||||||||||||");
     EXPECT_FALSE(tab.cboAuthor.UserPick(9));
@@ -197,7 +196,7 @@ TEST_F(PublicationListsTest, ATypedTextFillsNothing) {
 TEST_F(PublicationListsTest, WithoutADataSetTheListsAreEmpty) {
     data.state.gDatabase.reset();
     EXPECT_EQ(Authors(), "");
-    PubSelectionFill(tab, data.state, data.prompter, "author");
+    tab.FillFromPick(0);
     EXPECT_THAT(data.prompter.messages, IsEmpty());
 }
 

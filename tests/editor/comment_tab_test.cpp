@@ -19,6 +19,7 @@ protected:
         Run("INSERT INTO qb_tu_comments_link (qb_id, qb_comment_id) VALUES (2, 5)");
         Run("INSERT INTO qb_tu_comments_link (qb_id, qb_comment_id) VALUES (3, 4)");
         Run("INSERT INTO qb_tu_comments_link (qb_id, qb_comment_id) VALUES (3, 6)");
+        tab.Connect(data.state, data.prompter);
     }
     std::string Fields() const { return tab.txtCommentator.Text() + "|" + tab.txtComment.Text(); }
 
@@ -35,7 +36,7 @@ TEST_F(CommentTabTest, BeginsWithTheEmptyRowAndWithoutCommands) {
 }
 
 TEST_F(CommentTabTest, ShowsTheCommentsOfTheTaxon) {
-    LoadComments(tab, data.db(), 2);
+    tab.Load(2);
     EXPECT_EQ(RowsOf(tab.grdComments),
               "Smith|Seen in May|4|40|01051999120000\n"
               "Jones||5|0|\n"
@@ -44,7 +45,7 @@ TEST_F(CommentTabTest, ShowsTheCommentsOfTheTaxon) {
 }
 
 TEST_F(CommentTabTest, ACommentOfTwoTaxaShowsOnBoth) {
-    LoadComments(tab, data.db(), 3);
+    tab.Load(3);
     EXPECT_EQ(RowsOf(tab.grdComments),
               "Smith|Seen in May|4|40|01051999120000\n"
               "Brown|Of another|6|0|\n"
@@ -52,19 +53,19 @@ TEST_F(CommentTabTest, ACommentOfTwoTaxaShowsOnBoth) {
 }
 
 TEST_F(CommentTabTest, ALoadForgetsTheRecordBefore) {
-    LoadComments(tab, data.db(), 2);
+    tab.Load(2);
     tab.grdComments.UserSelectRow(0);
     EXPECT_EQ(Fields(), "Smith|Seen in May");
     tab.removed = {5};
-    LoadComments(tab, data.db(), 7);
+    tab.Load(7);
     EXPECT_EQ(RowsOf(tab.grdComments), "||||\n");
     EXPECT_EQ(tab.removed, std::vector<int>());
     EXPECT_EQ(Fields(), "|");
 }
 
 TEST_F(CommentTabTest, ARowThatIsChosenIsShown) {
-    LoadComments(tab, data.db(), 2);
-    AddCommentRow(tab, {"Green", "Two\nlines", 0, 0, ""});
+    tab.Load(2);
+    tab.grdComments.AddDataRow({"Green", "Two\nlines", "0", "0", ""});
     EXPECT_EQ(RowsOf(tab.grdComments),
               "Smith|Seen in May|4|40|01051999120000\n"
               "Jones||5|0|\n"

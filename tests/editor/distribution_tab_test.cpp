@@ -18,7 +18,8 @@ protected:
         Run("INSERT INTO qb_jurisdiction (qb_id, jurisdiction_value, origin) VALUES (2, '" + value + "', " +
             origin + ")");
     }
-    void Load(int qb_id) { LoadDistribution(tab, data.db(), data.prompter, qb_id); }
+    DistributionTabTest() { tab.Connect(data.state, data.prompter); }
+    void Load(int qb_id) { tab.Load(qb_id); }
     std::string RegionsOn() {
         std::string names;
         for (const CheckControl* region : tab.Regions())
@@ -94,7 +95,7 @@ TEST_F(DistributionTabTest, EachOriginShowsInTheWordsOfTheScreen) {
     EXPECT_EQ(data.prompter.messages, std::vector<std::string>());
 }
 
-TEST_F(DistributionTabTest, WhatItDoesNotKnowIsToldOrPassedOver) {
+TEST_F(DistributionTabTest, WhatItDoesNotKnowIsReportedOrPassedOver) {
     AddRegion("Africa");
     AddRegion("Atlantis");
     AddRegion("Arctic");
@@ -147,18 +148,10 @@ TEST_F(DistributionTabTest, IsCollectedInItsOwnOrderAndInTheWordsOfTheStore) {
     CurrentTaxon taxon;
     taxon.divisions = {"Africa"};
     taxon.jurisdictions = {{"Canada", "Native"}};
-    CollectDistribution(tab, taxon);
+    tab.Collect(taxon);
     EXPECT_EQ(taxon.divisions,
               (std::vector<std::string>{"Europe & Northern Asia (excluding China)", "East Pacific"}));
     EXPECT_EQ(taxon.jurisdictions, (Pairs{{"Alaska", "Incidental"}, {"Mexico", "Native & Extinct"}}));
-}
-
-TEST_F(DistributionTabTest, TheListsAloneCanBeReset) {
-    tab.chkAfrica.UserSetValue(true);
-    tab.cboHawaii.UserSetText("Native");
-    ResetJurisdictionLists(tab);
-    EXPECT_EQ(Lists(), none);
-    EXPECT_EQ(RegionsOn(), "chkAfrica;");
 }
 
 }  // namespace

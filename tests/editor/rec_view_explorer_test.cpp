@@ -37,11 +37,11 @@ TEST_F(RecViewExplorer, NoKeepsTheUnsavedRecordAndPutsTheSelectionBack) {
     EXPECT_FALSE(data.state.RecordDirty);
 }
 
-TEST_F(RecViewExplorer, WithoutTheCheckNobodyIsAsked) {
+TEST_F(RecViewExplorer, WithoutTheCheckThereIsNoQuestion) {
     Make();
     Click(2);
     data.state.RecordDirty = true;
-    recView.SelectExplorerItem({6, 0, 0}, false);
+    recView.SelectExplorerItem(6, false);
     EXPECT_EQ(Current(), 6);
 }
 
@@ -145,7 +145,7 @@ TEST_F(RecViewExplorer, FileCommandsPutTheNodeBackToo) {
     }
 }
 
-TEST_F(RecViewExplorer, ANodeThatCannotBePutBackIsTold) {
+TEST_F(RecViewExplorer, ANodeThatCannotBePutBackIsReported) {
     Make();
     Click(3);
     data.state.RecordDirty = true;

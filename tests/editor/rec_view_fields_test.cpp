@@ -33,7 +33,7 @@ protected:
     std::string ForRank(const char* rank) {
         if (tab.cboRank.FindText(rank) < 0) tab.cboRank.AddItem(rank);
         tab.cboRank.SetText(rank);
-        recView.Fields().SetFieldsForRank();
+        tab.Fields().SetFieldsForRank();
         return Labels() + " " + Visible();
     }
     // A variety of Rosa alba with four units.
@@ -193,15 +193,15 @@ TEST_F(RecViewFields, TheAuthorityIsNamedWhenAPublishedQuadrinomialIsNotAccepted
 
 TEST_F(RecViewFields, RanksBetweenTwoLeaveBothOut) {
     MakePlants();
-    EXPECT_EQ(recView.Lists().GetRanksBetween("Species", "Form"),
+    EXPECT_EQ(tab.Lists().GetRanksBetween("Species", "Form"),
               (std::vector<std::string>{"Subspecies", "Variety", "Subvariety"}));
-    EXPECT_TRUE(recView.Lists().GetRanksBetween("Species", "Subspecies").empty());
+    EXPECT_TRUE(tab.Lists().GetRanksBetween("Species", "Subspecies").empty());
 }
 
 TEST_F(RecViewFields, ParenthesesAreAddedWhereTheyAreMissing) {
     Make();
     tab.cboRank.SetText("Subgenus");
-    recView.Fields().SetFieldsForRank();
+    tab.Fields().SetFieldsForRank();
     for (const char* typed : {"Orcella", "(Orcella", "Orcella)", "(Orcella)", " Orcella "}) {
         tab.txtName2.SetText(typed);
         tab.cmdParen.UserClick();

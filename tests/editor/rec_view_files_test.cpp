@@ -28,7 +28,7 @@ TEST_F(RecViewFiles, AfterACopyAnotherStartHasCutAndCopyAgain) {
     EXPECT_EQ(copyAnd(form.mnuFOpen), "paste undo moveprev");
 }
 
-TEST_F(RecViewFiles, AStartThatFailsIsTold) {
+TEST_F(RecViewFiles, AStartThatFailsIsReported) {
     Make();
     data.db().DeleteQueryDef("Get Kingdom Index");
     recView.ShowDataSet();

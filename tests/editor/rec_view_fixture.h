@@ -13,17 +13,17 @@
 
 namespace quillon::editor {
 
-// Writes down what the progress dialog is told.
-class ToldProgress : public ProgressDialog {
+// Records the calls of the progress dialog.
+class ProgressLog : public ProgressDialog {
 public:
-    std::string told;
-    void NewTask(std::string_view caption) override { told += "task " + std::string(caption) + ";"; }
-    void SetStatus(std::string_view status) override { told += "status " + std::string(status) + ";"; }
+    std::string log;
+    void NewTask(std::string_view caption) override { log += "task " + std::string(caption) + ";"; }
+    void SetStatus(std::string_view status) override { log += "status " + std::string(status) + ";"; }
     void SetMin(int) override {}
     void SetMax(int) override {}
     void UpdateValue(int) override {}
     void Increment(int) override {}
-    void EndTask() override { told += "end;"; }
+    void EndTask() override { log += "end;"; }
 };
 
 using Messages = std::vector<std::string>;
@@ -32,13 +32,13 @@ class RecViewFixture : public testing::Test {
 protected:
     RecViewFixture() {
         recView.Attach(explorer);
-        recView.RebuildExplorer = [this] {
+        recView.RebuildExplorer.Connect([this] {
             events += "rebuild;";
             explorer.Init();
             if (explorer.TreeV().TopCount() > 0) explorer.HiliteNode(explorer.TreeV().Top(0));
-        };
-        recView.DataSetReopened = [this] { events += "reopened;"; };
-        recView.ReselectLater = [this](int id) { events += "reselect " + std::to_string(id) + ";"; };
+        });
+        recView.DataSetReopened.Connect([this] { events += "reopened;"; });
+        recView.ReselectLater.Connect([this](int id) { events += "reselect " + std::to_string(id) + ";"; });
     }
 
     // Animalia (1) > Orca Gray, 1846 (2) > Orca alpha (3) > Orca alpha minor (4); Gladiator (5) is an invalid
@@ -62,7 +62,7 @@ protected:
     void Show() {
         recView.ShowDataSet();
         events.clear();
-        progress.told.clear();
+        progress.log.clear();
     }
     void Execute(const std::string& sql) { data.db().Execute(sql); }
     // `names` are the first three units.
@@ -74,7 +74,15 @@ protected:
             std::to_string(id) + ", " + parent + ", " + std::to_string(rank) + ", " + names + ", " + usage +
             ", " + std::to_string(data.state.gKingdomId) + ")");
     }
-    void Select(int id) { recView.SelectExplorerItem({id, 0, 0}, true); }
+    // A new record keeps all fields of the one before.
+    void KeepAll() {
+        for (auto preference : {&ApplicationState::gPrefSaveReferences, &ApplicationState::gPrefSaveAuthor,
+                                &ApplicationState::gPrefSaveParent, &ApplicationState::gPrefSaveComments,
+                                &ApplicationState::gPrefSaveOtherFields}) {
+            data.state.*preference = "Yes";
+        }
+    }
+    void Select(int id) { recView.SelectExplorerItem(id, true); }
     // The node of a taxon, with the way to it opened.
     navigation::TreeNode* Node(int id) { return explorer.ExpandContainingSubtree(id); }
 
@@ -97,7 +105,7 @@ protected:
     }
 
     testkit::DataSetFixture data;
-    ToldProgress progress;
+    ProgressLog progress;
     navigation::cExplorer explorer{data.state, data.engine, data.prompter};
     RecView recView{data.state, data.prompter, progress, data.lifecycle};
     RecViewForm& form = recView.Controls();

@@ -22,7 +22,7 @@ protected:
         if (!tab.cboName1.Text().empty() || tab.optValid.Value()) kept += "fields;";
         if (form.vernaculars.grdVernacular.Rows().size() > 1) kept += "vernaculars;";
         if (form.comments.grdComments.Rows().size() > 1) kept += "comments;";
-        if (form.experts.grdExperts.Rows().size() > 1) kept += "references;";
+        if (form.experts.grid.Rows().size() > 1) kept += "references;";
         return kept;
     }
     void ShowFullSpecies() {
@@ -82,7 +82,7 @@ TEST_F(RecViewModes, ADataSetBeginsReadyForInput) {
     EXPECT_FALSE(data.state.RecordDirty);
     EXPECT_FALSE(data.prompter.waitCursor);
     recView.ShowDataSet();
-    EXPECT_EQ(progress.told, "task Loading Taxon Data;status Loading...;end;");
+    EXPECT_EQ(progress.log, "task Loading Taxon Data;status Loading...;end;");
 }
 
 TEST_F(RecViewModes, TheFormBeginsWithThePreferredRank) {
@@ -92,10 +92,10 @@ TEST_F(RecViewModes, TheFormBeginsWithThePreferredRank) {
     EXPECT_EQ(tab.cboRank.Text(), "Species");
     EXPECT_TRUE(tab.cboName1.Visible() && tab.txtName2.Visible());
     EXPECT_EQ(Texts(tab.cboName1), "Cetus|Gladiator|Orca");
-    EXPECT_TRUE(form.RVPanel4.Enabled());
+    EXPECT_TRUE(form.distribution.RVPanel4.Enabled());
 }
 
-TEST_F(RecViewModes, AnotherKingdomThanThePreferenceIsTold) {
+TEST_F(RecViewModes, AnotherKingdomThanThePreferenceIsReported) {
     Make();
     data.state.gKingdomName = "Plantae";
     data.state.gPrefRank = "Variety";
@@ -127,8 +127,15 @@ TEST_F(RecViewModes, TheWordsFollowTheKingdom) {
     EXPECT_FALSE(tab.chkUnnamed.Visible() || tab.lblUnnamed.Visible());
 }
 
-TEST_F(RecViewModes, AddNewKeepsWhatNoPreferenceDrops) {
+TEST_F(RecViewModes, AddNewWithoutPreferencesShowsAnEmptyForm) {
     ShowFullSpecies();
+    form.mnuAdd.UserClick();
+    EXPECT_EQ(Kept(), "");
+}
+
+TEST_F(RecViewModes, AddNewKeepsWhatThePreferencesKeep) {
+    ShowFullSpecies();
+    KeepAll();
     tab.chkParentUn.SetValue(true);
     form.mnuAdd.UserClick();
     EXPECT_EQ(Kept(), "author;parent;fields;vernaculars;comments;references;");
@@ -156,18 +163,16 @@ TEST_F(RecViewModes, AddNewDropsWhatThePreferencesDoNotKeep) {
     };
     ShowFullSpecies();
     data.state.gPrefRank = "Species";
+    KeepAll();
     for (const Case& row : cases) {
-        recView.Reset();
-        data.state.*row.preference = "No";
-        form.mnuAdd.UserClick();
-        EXPECT_EQ(Kept(), row.kept);
-        data.state.*row.preference = "no";
-        data.state.currentTaxon.qb_id = 3;
-        recView.Reset();
-        form.mnuAdd.UserClick();
-        EXPECT_EQ(Kept(), "author;parent;fields;vernaculars;comments;references;") << "only \"No\" drops";
-        data.state.*row.preference = "";
-        data.state.currentTaxon.qb_id = 3;
+        for (const char* dropped : {"No", ""}) {
+            data.state.currentTaxon.qb_id = 3;
+            recView.Reset();
+            data.state.*row.preference = dropped;
+            form.mnuAdd.UserClick();
+            EXPECT_EQ(Kept(), row.kept) << dropped;
+        }
+        data.state.*row.preference = "Yes";
     }
 }
 
@@ -238,7 +243,8 @@ TEST_F(RecViewModes, TheControlsOfARecordMakeItDirty) {
         "optValid",        "optInvalid",     "chkNorthAmerica",  "chkMiddleAmerica", "chkCaribbean",
         "chkSouthAmerica", "chkEurasia",     "chkAfrica",        "chkAsia",          "chkAustralia",
         "chkOceaniania",   "chkAntarctica",  "chkEAtlantic",     "chkWAtlantic",     "chkIndoWestPacific",
-        "chkEastPacific"};
+        "chkEastPacific",  "chkParentUn",    "cboExpert",        "cboContinentalUS", "cboAlaska",
+        "cboHawaii",       "cboCenPacTerr",  "cboCarrTerr",      "cboCanada",        "cboMexico"};
     Make();
     for (const std::string& name : expected) {
         Select(3);
@@ -251,14 +257,14 @@ TEST_F(RecViewModes, TheControlsOfARecordMakeItDirty) {
         EXPECT_TRUE(Touch(*control)) << name;
         EXPECT_TRUE(data.state.RecordDirty) << name;
         data.state.RecordDirty = false;
-        recView.SelectExplorerItem({2, 0, 0}, false);
+        recView.SelectExplorerItem(2, false);
     }
 }
 
-TEST_F(RecViewModes, OtherControlsDoNotMakeItDirty) {
+TEST_F(RecViewModes, FieldsThatAwaitACommandDoNotMakeItDirty) {
     Make();
     Select(3);
-    for (const char* name : {"chkParentUn", "cboMexico", "txtVName", "txtComment"}) {
+    for (const char* name : {"txtVName", "txtComment"}) {
         EXPECT_TRUE(Touch(*form.form.Find(name))) << name;
         EXPECT_FALSE(data.state.RecordDirty) << name;
     }
@@ -270,23 +276,17 @@ TEST_F(RecViewModes, TheDistributionIsForSpeciesAndBelow) {
     EXPECT_EQ(data.prompter.messages, Messages{kTabDisabled});
     Select(3);
     EXPECT_EQ(data.prompter.messages.size(), 1u);
-    EXPECT_TRUE(form.RVPanel4.Enabled());
+    EXPECT_TRUE(form.distribution.RVPanel4.Enabled());
     Select(2);
-    EXPECT_EQ(data.prompter.messages, Messages(2, kTabDisabled));
-    EXPECT_FALSE(form.RVPanel4.Enabled());
+    EXPECT_EQ(data.prompter.messages.size(), 1u) << "once a visit";
+    EXPECT_FALSE(form.distribution.RVPanel4.Enabled());
     EXPECT_EQ(form.TabStrip1.SelectedKey(), "distribution");
     form.TabStrip1.UserSelect(4);
-    EXPECT_EQ(data.prompter.messages.size(), 2u) << "a click on the tab that is shown";
+    EXPECT_EQ(data.prompter.messages.size(), 1u) << "a click on the tab that is shown";
     form.TabStrip1.UserSelect(3);
-    EXPECT_EQ(data.prompter.messages.size(), 2u);
-}
-
-TEST_F(RecViewModes, APanelThatDoesNotExistIsIgnored) {
-    recView.StatusPanelSet("children", "CHILDREN: 5");
-    recView.StatusPanelSet("rank", "RANK: Genus");
-    EXPECT_EQ(Panels(), "||");
-    recView.StatusPanelSet("mode", "EDIT");
-    EXPECT_EQ(Panels(), "||EDIT");
+    EXPECT_EQ(data.prompter.messages.size(), 1u);
+    form.TabStrip1.UserSelect(4);
+    EXPECT_EQ(data.prompter.messages, Messages(2, kTabDisabled)) << "another visit";
 }
 
 TEST_F(RecViewModes, PreferencesThatChangeAreAppliedAgain) {
@@ -305,6 +305,7 @@ TEST_F(RecViewModes, PreferencesThatChangeAreAppliedAgain) {
 
 TEST_F(RecViewModes, CanceledPreferencesLeaveANewRecordAlone) {
     Make();
+    KeepAll();
     recView.PreferencesCommand = [this] { data.state.gPreferencesChanging = true; };
     Select(3);
     form.mnuAdd.UserClick();

@@ -18,7 +18,7 @@ protected:
             "100)");
         Run("INSERT INTO qb_synonym_links (qb_id, qb_id_accepted) VALUES (3, 5)");
         Run("INSERT INTO qb_synonym_links (qb_id, qb_id_accepted) VALUES (4, 2)");
-        ConnectSynonymTab(tab, data.state, data.prompter);
+        tab.Connect(data.state, data.prompter);
     }
     std::string FieldsEnabled() const {
         std::string enabled;
@@ -28,14 +28,19 @@ protected:
     }
     std::string Captions() const { return tab.lblSynonyms.Caption() + ", " + tab.lblSRName.Caption(); }
     void Offer(std::string_view rank) {
-        FillSynonymRankList(tab, data.db(), rank);
-        FillAcceptedNameList(tab, data.state, data.prompter);
+        data.state.gPrefRank = rank;
+        tab.OfferLists();
+    }
+    void Load(int qb_id, const char* usage) {
+        data.state.currentTaxon.usage = usage;
+        data.state.currentTaxon.rank_name = "Species";
+        tab.Load(qb_id);
     }
 
     SynonymTab tab{form};
 };
 
-TEST_F(SynonymTabTest, BeginsWithTheEmptyRowAndShutFields) {
+TEST_F(SynonymTabTest, BeginsWithTheEmptyRowAndDisabledFields) {
     EXPECT_EQ(HeadingsOf(tab.grdSynonyms),
               "Scientific Name / Author;Invalid Reason;ID(hidden);TSN(hidden);Type(hidden);");
     EXPECT_EQ(RowsOf(tab.grdSynonyms), "||||\n");
@@ -46,9 +51,8 @@ TEST_F(SynonymTabTest, BeginsWithTheEmptyRowAndShutFields) {
 }
 
 TEST_F(SynonymTabTest, AnAcceptedNameShowsItsSynonymsForReading) {
-    LoadAcceptedNames(tab, data.db(), 3, "Animalia");
-    SetupSynonymGrid(tab);
-    LoadSynonyms(tab, data.db(), 2);
+    Load(3, "invalid");
+    Load(2, "valid");
     EXPECT_EQ(RowsOf(tab.grdSynonyms),
               "X Orca delta Gray||4||S\n"
               "Orca gamma|junior synonym|3||S\n"
@@ -58,8 +62,7 @@ TEST_F(SynonymTabTest, AnAcceptedNameShowsItsSynonymsForReading) {
 }
 
 TEST_F(SynonymTabTest, ASynonymShowsItsAcceptedNames) {
-    SetupSynonymGrid(tab);
-    LoadAcceptedNames(tab, data.db(), 3, "Animalia");
+    Load(3, "invalid");
     EXPECT_EQ(RowsOf(tab.grdSynonyms),
               "Orca beta Gray||2|100|A\n"
               "Orca alpha ssp. minor||5||A\n"
@@ -69,25 +72,27 @@ TEST_F(SynonymTabTest, ASynonymShowsItsAcceptedNames) {
 
 TEST_F(SynonymTabTest, TheKingdomDecidesTheCaptions) {
     for (const char* kingdom : {"Plantae", "Fungi", "Chromista"}) {
-        LoadAcceptedNames(tab, data.db(), 3, kingdom);
+        data.state.gKingdomName = kingdom;
+        Load(3, "invalid");
         EXPECT_EQ(Captions(), "Accepted Names, Accepted Name") << kingdom;
     }
     for (const char* kingdom : {"Monera", "Protozoa", "Animalia"}) {
-        LoadAcceptedNames(tab, data.db(), 3, kingdom);
+        data.state.gKingdomName = kingdom;
+        Load(3, "invalid");
         EXPECT_EQ(Captions(), "Valid Names, Valid Name") << kingdom;
     }
 }
 
 TEST_F(SynonymTabTest, ARecordWithoutLinksHasTheEmptyRowAlone) {
-    LoadAcceptedNames(tab, data.db(), 3, "Animalia");
-    LoadAcceptedNames(tab, data.db(), 2, "Animalia");
+    Load(3, "invalid");
+    Load(2, "invalid");
     EXPECT_EQ(RowsOf(tab.grdSynonyms), "||||\n");
-    LoadSynonyms(tab, data.db(), 3);
+    Load(3, "valid");
     EXPECT_EQ(RowsOf(tab.grdSynonyms), "||||\n");
 }
 
 TEST_F(SynonymTabTest, ARowThatIsChosenGoesIntoTheNameField) {
-    LoadAcceptedNames(tab, data.db(), 3, "Animalia");
+    Load(3, "invalid");
     tab.grdSynonyms.UserSelectRow(1);
     EXPECT_EQ(tab.cboSSciName.Text(), "Orca alpha ssp. minor");
     EXPECT_EQ(tab.cboSSciName.ItemData(tab.cboSSciName.ListIndex()), 5);
@@ -95,12 +100,12 @@ TEST_F(SynonymTabTest, ARowThatIsChosenGoesIntoTheNameField) {
     EXPECT_EQ(tab.cboSSciName.Text(), "") << "the empty row";
     EXPECT_EQ(tab.cboSSciName.ListCount(), 0U);
     tab.grdSynonyms.UserSelectRow(0);
-    SetupSynonymGrid(tab);
+    tab.Clear();
     EXPECT_EQ(tab.cboSSciName.Text(), "");
 }
 
 TEST_F(SynonymTabTest, OffersTheRanksOfTheKingdom) {
-    FillSynonymRankList(tab, data.db(), "Species");
+    Offer("Species");
     EXPECT_EQ(tab.cboSRank.Text(), "Species");
     EXPECT_EQ(tab.cboSRank.Choices().front().text, "Kingdom");
     EXPECT_EQ(tab.cboSRank.FindText("Division"), -1) << "a rank of plants";
@@ -129,7 +134,7 @@ TEST_F(SynonymTabTest, LeavesTheRecordItselfOut) {
 }
 
 TEST_F(SynonymTabTest, AnotherRankBringsOtherCandidates) {
-    LoadAcceptedNames(tab, data.db(), 3, "Animalia");
+    Load(3, "invalid");
     Offer("Species");
     tab.cboSRName.UserSetText("Orca b");
     tab.cboSRank.UserSetText("Kingdom");
@@ -138,7 +143,7 @@ TEST_F(SynonymTabTest, AnotherRankBringsOtherCandidates) {
 }
 
 TEST_F(SynonymTabTest, ACandidateThatIsChosenGoesIntoTheNameField) {
-    LoadAcceptedNames(tab, data.db(), 3, "Animalia");
+    Load(3, "invalid");
     Offer("Species");
     tab.cboSRName.UserSetText("Orca");
     EXPECT_EQ(tab.cboSSciName.Text(), "") << "no candidate yet";
@@ -151,10 +156,10 @@ TEST_F(SynonymTabTest, NamesThatWereWrittenSinceAreOfferedToo) {
     Offer("Species");
     EXPECT_EQ(tab.cboSRName.ListCount(), 2U);
     AddTaxon(6, "unit_name2, usage", "'zeta', 'valid'");
-    FillAcceptedNameList(tab, data.state, data.prompter);
+    tab.OfferCandidates();
     EXPECT_EQ(ChoicesOf(tab.cboSRName), "Orca alpha ssp. minor=5\nOrca beta Gray=2\nOrca zeta=6\n");
     Run("DELETE * FROM qb_taxonomic_units WHERE qb_id = 5");
-    FillAcceptedNameList(tab, data.state, data.prompter);
+    tab.OfferCandidates();
     EXPECT_EQ(ChoicesOf(tab.cboSRName), "Orca beta Gray=2\nOrca zeta=6\n");
 }
 
@@ -167,7 +172,7 @@ TEST_F(SynonymTabTest, WithoutARankOrADataSetThereAreNoCandidates) {
     EXPECT_EQ(data.prompter.messages, std::vector<std::string>());
 }
 
-TEST_F(SynonymTabTest, CandidatesThatCannotBeReadAreTold) {
+TEST_F(SynonymTabTest, CandidatesThatCannotBeReadAreReported) {
     data.db().DeleteQueryDef("Get Accepted Names");
     Offer("Species");
     EXPECT_EQ(ChoicesOf(tab.cboSRName), "");

@@ -1,6 +1,7 @@
 // The vernaculars of a record: what the load shows, and what goes into the fields and the pickers.
 #include "editor/vernacular_tab.h"
 
+#include "documentation/association.h"
 #include "tab_fixture.h"
 
 namespace quillon::editor {
@@ -8,6 +9,7 @@ namespace {
 
 class VernacularTabTest : public TabTest {
 protected:
+    VernacularTabTest() { tab.Connect(data.state, data.prompter); }
     void AddName(std::string_view values) {
         Run("INSERT INTO qb_vernaculars (qb_id, qb_vern_id, vern_id, vernacular_name, language, "
             "approved_ind) "
@@ -20,10 +22,7 @@ protected:
         AddName("3, 7, 78, 'beluga', 'English', True");
         AddName("2, 8, Null, 'orque', 'French', True");
     }
-    void Load(int qb_id) {
-        SetupVernacularGrid(tab);
-        LoadVernaculars(tab, data.db(), qb_id);
-    }
+    void Load(int qb_id) { tab.Load(qb_id); }
     std::string Fields() const {
         return tab.txtVName.Text() + "|" + tab.cboLanguage.Text() + "|" +
                (tab.chkApproved.Value() ? "on" : "off");
@@ -80,7 +79,7 @@ TEST_F(VernacularTabTest, ARowThatIsChosenIsShown) {
 
 TEST_F(VernacularTabTest, OffersTheLanguagesOfTheDataSetWhenTheListIsOpened) {
     AddNames();
-    FillLanguageList(tab, data.state, data.prompter);
+    tab.OfferLists();
     EXPECT_TRUE(tab.cboLanguage.ChoicesPending());
     AddName("3, 9, Null, 'ballena', 'unspecified', False");
     EXPECT_EQ(ChoicesOf(tab.cboLanguage), "English=0\nFrench=0\nunspecified=0\n");
@@ -88,14 +87,14 @@ TEST_F(VernacularTabTest, OffersTheLanguagesOfTheDataSetWhenTheListIsOpened) {
 
 TEST_F(VernacularTabTest, WithoutADataSetThereAreNoLanguages) {
     AddNames();
-    FillLanguageList(tab, data.state, data.prompter);
+    tab.OfferLists();
     data.state.gDatabase.reset();
     EXPECT_EQ(ChoicesOf(tab.cboLanguage), "");
     EXPECT_EQ(data.prompter.messages, std::vector<std::string>());
 }
 
-TEST_F(VernacularTabTest, LanguagesThatCannotBeReadAreTold) {
-    FillLanguageList(tab, data.state, data.prompter);
+TEST_F(VernacularTabTest, LanguagesThatCannotBeReadAreReported) {
+    tab.OfferLists();
     data.db().DeleteTable("qb_vernaculars");
     EXPECT_EQ(ChoicesOf(tab.cboLanguage), "");
     EXPECT_EQ(data.prompter.messages.size(), 1U);
@@ -103,19 +102,19 @@ TEST_F(VernacularTabTest, LanguagesThatCannotBeReadAreTold) {
 
 class VernSelectors : public VernacularTabTest {
 protected:
-    void Fill(std::string_view mode) {
-        const std::vector<ComboControl*> selectors = {&cboVernPub, &cboVernExp};
-        FillVernSelectors(tab.grdVernacular, selectors, mode, data.prompter);
+    VernSelectors() {
+        for (documentation::Association* each : {&publications, &experts})
+            tab.NamesChanged.Connect([each](const auto& names) { each->Offer(names); });
     }
 
-    ComboControl cboVernPub{form, "cboVernPub"};
-    ComboControl cboVernExp{form, "cboVernExp", ComboControl::Style::ListOnly};
+    documentation::Association publications{form, documentation::Publications()};
+    documentation::Association experts{form, documentation::Experts()};
+    ComboControl &cboVernPub = publications.picker, &cboVernExp = experts.picker;
 };
 
 TEST_F(VernSelectors, ListEachNameWithItsLanguageAndId) {
     AddNames();
     Load(2);
-    Fill("Delete");
     const std::string names = "killer whale [English]=5\norca []=6\norque [French]=8\n";
     EXPECT_EQ(ChoicesOf(cboVernPub), names);
     EXPECT_EQ(ChoicesOf(cboVernExp), names);
@@ -124,26 +123,23 @@ TEST_F(VernSelectors, ListEachNameWithItsLanguageAndId) {
 TEST_F(VernSelectors, KeepTheirText) {
     AddNames();
     Load(2);
-    Fill("Delete");
     cboVernPub.SetText("beluga [English]");
     cboVernExp.SetText("orque [French]");
     tab.grdVernacular.RemoveRow(0);
-    Fill("Delete");
+    tab.OfferNames();
     EXPECT_EQ(cboVernPub.Text(), "beluga [English]");
     EXPECT_EQ(cboVernPub.ListIndex(), -1);
     EXPECT_EQ(cboVernExp.Text(), "orque [French]");
     EXPECT_EQ(cboVernExp.ListIndex(), 1);
 }
 
-TEST_F(VernSelectors, SayThatThereIsNoNameUnlessTheLoadAsks) {
+TEST_F(VernSelectors, ReportThatThereIsNoNameOnlyOnRequest) {
     AddNames();
     Load(2);
-    Fill("Delete");
     Load(4);
-    Fill("Delete");
     EXPECT_EQ(ChoicesOf(cboVernPub), "");
     EXPECT_EQ(data.prompter.messages, std::vector<std::string>());
-    Fill("");
+    tab.OfferNames(true);
     EXPECT_EQ(
         data.prompter.messages,
         std::vector<std::string>{"There are no associated vernaculars!  Please enter a vernacular first."});

@@ -92,17 +92,17 @@ std::string Changes() {
          "[VR]124|256|960256|Baiji|900123|Portuguese|Yes|",
          "[VR]124|257|960257|Yosuko-kawa-iruka|900123|Japanese|Yes|",
          "[GD]124|Southern Asia|900123|",
-         "[RF]124|PUB|9|900123|PUB|30105|No|No|||",
-         "[RF]124|PUB|28|900123|PUB|30082|Yes|No|||",
-         "[PB]PUB|9|30105|Rice, D.W.|Marine mammals of the world: systematics and distribution|Society for "
+         "[RF]124|PUB|9|900123|PUB|930105|No|No|||",
+         "[RF]124|PUB|28|900123|PUB|930082|Yes|No|||",
+         "[PB]PUB|9|930105|Rice, D.W.|Marine mammals of the world: systematics and distribution|Society for "
          "Marine Mammalogy, "
          "Special Publication, 4|01/01/1998|01/01/1998|Society for Marine "
          "Mammalogy|Lawrence|1-891276-03-4||1-231||",
-         "[PB]PUB|28|30082|Miller, G.S.|A new river-dolphin from China|Smithsonian Miscellaneous "
+         "[PB]PUB|28|930082|Miller, G.S.|A new river-dolphin from China|Smithsonian Miscellaneous "
          "Collections, "
          "68|01/01/1918|"
          "01/01/1918||Washington|||1-12||",
-         "[PB]PUB|114|30100|Jefferson, T.A., Leatherwood, S. & Webber, M.A.|FAO species identification "
+         "[PB]PUB|114|930100|Jefferson, T.A., Leatherwood, S. & Webber, M.A.|FAO species identification "
          "guide. "
          "Marine mammals of "
          "the world|FAO species identification guide. Marine mammals of the world|01/01/1993|01/01/1993|Food "
@@ -110,24 +110,24 @@ std::string Changes() {
          "Agriculture "
          "Organization|Rome|92-5-103292-0||1-320|Gives an English, a French and a Spanish name for each "
          "species.|",
-         "[PB]PUB|117|30113|Jefferson, T.A., Webber, M.A. & Pitman, R.L.|Marine mammals of the world: a "
+         "[PB]PUB|117|930113|Jefferson, T.A., Webber, M.A. & Pitman, R.L.|Marine mammals of the world: a "
          "comprehensive guide to "
          "their identification|Marine mammals of the world: a comprehensive guide to their "
          "identification|01/01/2008|01/01/2008|"
          "Academic Press|Amsterdam|||1-573||",
-         "[EX]EXP|3|31003|In\xEAs Falc\xE3o Brand\xE3o|Invented person. Stands for an adviser on Portuguese "
+         "[EX]EXP|3|931003|In\xEAs Falc\xE3o Brand\xE3o|Invented person. Stands for an adviser on Portuguese "
          "and "
          "Japanese names.|",
-         "[OS]SRC|2|32002|database|Sample catalogue of whale and dolphin names|1.2|10/02/2023|Invented "
+         "[OS]SRC|2|932002|database|Sample catalogue of whale and dolphin names|1.2|10/02/2023|Invented "
          "source, "
          "for the sake of "
          "the sample.|",
-         "[VL]124|256|960256|EXP|3|900123|EXP|31003|",
-         "[VL]124|257|960257|EXP|3|900123|EXP|31003|",
-         "[VL]124|253|960253|PUB|114|900123|PUB|30100|",
-         "[VL]124|254|960254|PUB|114|900123|PUB|30100|",
-         "[VL]124|251|960251|PUB|117|900123|PUB|30113|",
-         "[VL]124|255|960255|SRC|2|900123|SRC|32002|",
+         "[VL]124|256|960256|EXP|3|900123|EXP|931003|",
+         "[VL]124|257|960257|EXP|3|900123|EXP|931003|",
+         "[VL]124|253|960253|PUB|114|900123|PUB|930100|",
+         "[VL]124|254|960254|PUB|114|900123|PUB|930100|",
+         "[VL]124|251|960251|PUB|117|900123|PUB|930113|",
+         "[VL]124|255|960255|SRC|2|900123|SRC|932002|",
          "[CM-]970004|",
          "[CL-]900123|970004|"});
 }
@@ -154,41 +154,41 @@ const std::vector<std::pair<std::string, std::string>> kTables = {
      "3\t7\t960257\tYosuko-kawa-iruka\t900123\tJapanese\tTrue\t596F73756B6F2D6B6177612D6972756B61\n"},
     {"qb_geographic_division", "3\tSouthern Asia\t900123\n"},
     {"qb_reference_links",
-     "3\tPUB\t1\t900123\t30105\tFalse\tFalse\t\\N\t\\N\n"
-     "3\tPUB\t2\t900123\t30082\tTrue\tFalse\t\\N\t\\N\n"},
+     "3\tPUB\t1\t900123\t930105\tFalse\tFalse\t\\N\t\\N\n"
+     "3\tPUB\t2\t900123\t930082\tTrue\tFalse\t\\N\t\\N\n"},
     {"qb_publications",
-     "PUB\t1\t30105\tRice, D.W.\tMarine mammals of the world: systematics and distribution\tSociety for "
+     "PUB\t1\t930105\tRice, D.W.\tMarine mammals of the world: systematics and distribution\tSociety for "
      "Marine Mammalogy, "
      "Special Publication, 4\t01/01/1998\t01/01/1998\tSociety for Marine "
      "Mammalogy\tLawrence\t1-891276-03-4\t\\N\t1-231\t\\N\n"
-     "PUB\t2\t30082\tMiller, G.S.\tA new river-dolphin from China\tSmithsonian Miscellaneous Collections, "
+     "PUB\t2\t930082\tMiller, G.S.\tA new river-dolphin from China\tSmithsonian Miscellaneous Collections, "
      "68\t01/01/1918\t"
      "01/01/1918\t\\N\tWashington\t\\N\t\\N\t1-12\t\\N\n"
-     "PUB\t3\t30100\tJefferson, T.A., Leatherwood, S. & Webber, M.A.\tFAO species identification guide. "
+     "PUB\t3\t930100\tJefferson, T.A., Leatherwood, S. & Webber, M.A.\tFAO species identification guide. "
      "Marine mammals of the "
      "world\tFAO species identification guide. Marine mammals of the world\t01/01/1993\t01/01/1993\tFood and "
      "Agriculture "
      "Organization\tRome\t92-5-103292-0\t\\N\t1-320\tGives an English, a French and a Spanish name for each "
      "species.\n"
-     "PUB\t4\t30113\tJefferson, T.A., Webber, M.A. & Pitman, R.L.\tMarine mammals of the world: a "
+     "PUB\t4\t930113\tJefferson, T.A., Webber, M.A. & Pitman, R.L.\tMarine mammals of the world: a "
      "comprehensive guide to "
      "their identification\tMarine mammals of the world: a comprehensive guide to their "
      "identification\t01/01/2008\t"
      "01/01/2008\tAcademic Press\tAmsterdam\t\\N\t\\N\t1-573\t\\N\n"},
     {"qb_experts",
-     "EXP\t1\t31003\tInês Falcão Brandão\tInvented person. Stands for an adviser on Portuguese and Japanese "
+     "EXP\t1\t931003\tInês Falcão Brandão\tInvented person. Stands for an adviser on Portuguese and Japanese "
      "names.\n"},
     {"qb_other_sources",
-     "SRC\t1\t32002\tdatabase\tSample catalogue of whale and dolphin names\t1.2\t02/10/2023\tInvented "
+     "SRC\t1\t932002\tdatabase\tSample catalogue of whale and dolphin names\t1.2\t02/10/2023\tInvented "
      "source, for the sake of "
      "the sample.\n"},
     {"qb_vern_ref_links",
-     "3\t6\t960256\tEXP\t1\t900123\t31003\tBaiji\n"
-     "3\t7\t960257\tEXP\t1\t900123\t31003\tYosuko-kawa-iruka\n"
-     "3\t3\t960253\tPUB\t3\t900123\t30100\tDauphin de Chine\n"
-     "3\t4\t960254\tPUB\t3\t900123\t30100\tBaiji\n"
-     "3\t1\t960251\tPUB\t4\t900123\t30113\tBaiji\n"
-     "3\t5\t960255\tSRC\t1\t900123\t32002\tChinesischer Flussdelfin\n"},
+     "3\t6\t960256\tEXP\t1\t900123\t931003\tBaiji\n"
+     "3\t7\t960257\tEXP\t1\t900123\t931003\tYosuko-kawa-iruka\n"
+     "3\t3\t960253\tPUB\t3\t900123\t930100\tDauphin de Chine\n"
+     "3\t4\t960254\tPUB\t3\t900123\t930100\tBaiji\n"
+     "3\t1\t960251\tPUB\t4\t900123\t930113\tBaiji\n"
+     "3\t5\t960255\tSRC\t1\t900123\t932002\tChinesischer Flussdelfin\n"},
     {"db_tombstone", "comments\t970004\t\\N\t\\N\t\\N\ntu_comments_link\t900123\t970004\t\\N\t\\N\n"},
 };
 const std::vector<std::string> kTablesOfANewDataSet = {"change_operations_lookup", "db_control", "kingdoms",

@@ -117,6 +117,15 @@ TEST_F(BinderTest, OptionsAndChecksFollowEachOther) {
     EXPECT_TRUE(unnamed->isChecked()) << "a locked check goes back";
 }
 
+TEST_F(BinderTest, NoneOfTheOptionsMayBeChosen) {
+    sample.optInvalid.SetValue(true);
+    EXPECT_TRUE(invalid->isChecked());
+    sample.optInvalid.SetValue(false);
+    EXPECT_FALSE(valid->isChecked() || invalid->isChecked());
+    QTest::mouseClick(valid, Qt::LeftButton);
+    EXPECT_TRUE(sample.optValid.Value());
+}
+
 TEST_F(BinderTest, TypedTextReachesTheModelWithinItsBounds) {
     int edits = 0;
     sample.txtName.OnEdit([&] { ++edits; });
@@ -304,6 +313,18 @@ TEST(PickListBinding, TellsTheDropDownThePickAndTheLeaving) {
     EXPECT_FALSE(cboTitle.LeftSinceRefill());
     other.setFocus();
     EXPECT_TRUE(cboTitle.LeftSinceRefill());
+}
+
+TEST_F(BinderTest, AControlTakesTheFocus) {
+    QApplication::setActiveWindow(&window);
+    name->setFocus();
+    sample.cboRank.TakeFocus();
+    EXPECT_TRUE(rank->hasFocus());
+    sample.txtComment.TakeFocus();
+    EXPECT_TRUE(comment->hasFocus());
+    sample.cboRank.SetEnabled(false);
+    sample.cboRank.TakeFocus();
+    EXPECT_TRUE(comment->hasFocus()) << "a disabled field takes no focus";
 }
 
 TEST_F(BinderTest, ATabThatIsClickedIsSelected) {

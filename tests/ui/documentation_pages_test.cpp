@@ -4,14 +4,10 @@
 #include <QtTest>
 #include <QtWidgets>
 
-#include "documentation/expert_tab.h"
-#include "documentation/other_source_tab.h"
-#include "documentation/publication_tab.h"
+#include "documentation/named_tabs.h"
 #include "testkit/testkit.h"
 #include "ui/binder.h"
-#include "ui/pages/expert_page.h"
-#include "ui/pages/other_source_page.h"
-#include "ui/pages/publication_page.h"
+#include "ui/pages/documentation_page.h"
 
 namespace quillon::ui {
 namespace {
@@ -26,14 +22,11 @@ protected:
         data.Make();
         data.state.currentTaxon.unit_name1 = "Orcinus";
         AddRows();
-        SetUpPublications(publications, data.state, data.prompter);
-        SetUpExperts(experts, data.state, data.prompter);
-        SetUpOtherSources(sources, data.state, data.prompter);
+        for (DocumentationTab* tab : Tabs()) tab->Connect(data.state, data.prompter);
         Bind(form, window);
-        LoadPubGrid(publications, data.state, data.prompter, 2);
-        LoadExpertGrid(experts, data.state, data.prompter, 2);
-        LoadOtherSourceGrid(sources, data.state, data.prompter, 2);
+        for (DocumentationTab* tab : Tabs()) tab->Load(2);
     }
+    std::array<DocumentationTab*, 3> Tabs() { return {&publications, &experts, &sources}; }
     void AddRows() {
         for (const char* sql :
              {"INSERT INTO qb_publications (publication_id_prefix, qb_publication_id, reference_author, "
@@ -123,15 +116,15 @@ TEST_F(DocumentationPagesTest, IdsAreHiddenAndWidthsStay) {
     EXPECT_FALSE(grid->isColumnHidden(16));
     EXPECT_EQ(grid->horizontalHeader()->defaultAlignment(), Qt::AlignCenter);
     grid->setColumnWidth(1, 222);
-    LoadPubGrid(publications, data.state, data.prompter, 7);
-    LoadPubGrid(publications, data.state, data.prompter, 2);
+    publications.Load(7);
+    publications.Load(2);
     EXPECT_EQ(grid->columnWidth(1), 222);
     EXPECT_EQ(grid->item(0, 1)->text(), "Gray");
 }
 
 TEST_F(DocumentationPagesTest, AListIsReadWhenItIsDroppedDown) {
     Show(publicationPage);
-    LoadPubGrid(publications, data.state, data.prompter, 7);
+    publications.Load(7);
     auto* title = Get<QComboBox>("cboTitle");
     EXPECT_EQ(title->count(), 0);
     title->setFocus();
@@ -153,7 +146,7 @@ TEST_F(DocumentationPagesTest, LeavingAFieldLetsItsListBeReadAgain) {
     QTest::keyClick(name, Qt::Key_F4);
     EXPECT_EQ(name->count(), 1) << "what goes with the record on show";
     name->hidePopup();
-    LoadPubGrid(publications, data.state, data.prompter, 7);
+    publications.Load(7);
     QTest::keyClick(name, Qt::Key_F4);
     EXPECT_EQ(name->count(), 1);
     name->hidePopup();
@@ -165,10 +158,10 @@ TEST_F(DocumentationPagesTest, LeavingAFieldLetsItsListBeReadAgain) {
 }
 
 TEST_F(DocumentationPagesTest, ExpertsAndSourcesArePickedFromTheirLists) {
-    ReloadExperts(experts, data.state, data.prompter);
-    ReloadOtherSources(sources, data.state, data.prompter);
-    ResetExperts(experts);
-    ResetOtherSources(sources);
+    experts.OfferLists();
+    sources.OfferLists();
+    experts.Clear();
+    sources.Clear();
     Show(expertPage);
     auto* expert = Get<QComboBox>("cboExpert");
     expert->setFocus();

@@ -233,7 +233,7 @@ TEST_F(MainWindow, TheAccessKeysOfATabAreAllDifferent) {
     auto* tabs = window.findChild<QTabBar*>("TabStrip1");
     for (int tab = 0; tab < tabs->count(); ++tab) {
         tabs->setCurrentIndex(tab);
-        program.RecView().SelectExplorerItem({3, 0, 0}, false);
+        program.RecView().SelectExplorerItem(3, false);
         QStringList keys;
         for (const QAction* menu : window.menuBar()->actions())
             keys << QKeySequence::mnemonic(menu->text()).toString();

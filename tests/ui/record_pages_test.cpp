@@ -24,6 +24,7 @@ struct RecordForm {
     editor::SynonymTab synonyms{form};
     editor::DistributionTab distribution{form};
     editor::CommentTab comments{form};
+    std::array<RecordTab*, 4> Tabs() { return {&vernaculars, &synonyms, &distribution, &comments}; }
 };
 
 class RecordPages : public testing::Test {
@@ -31,6 +32,8 @@ protected:
     RecordPages() {
         for (auto* build : {BuildVernacularPage, BuildSynonymPage, BuildDistributionPage, BuildCommentPage})
             pages.addWidget(build(&pages));
+        pages.widget(2)->setObjectName("RVPanel4");
+        record.distribution.SetRank("Species");
         Bind(record.form, pages);
         Fill();
         pages.show();
@@ -54,12 +57,13 @@ protected:
         Run("INSERT INTO qb_jurisdiction (qb_id, jurisdiction_value, origin) "
             "VALUES (2, 'Caribbean Territories', 'Native & Extinct')");
         ChangeScope scope(record.form);
-        LoadVernaculars(record.vernaculars, data.db(), 2);
-        LoadAcceptedNames(record.synonyms, data.db(), 2, "Animalia");
-        FillSynonymRankList(record.synonyms, data.db(), "Species");
-        FillAcceptedNameList(record.synonyms, data.state, data.prompter);
-        LoadDistribution(record.distribution, data.db(), data.prompter, 2);
-        LoadComments(record.comments, data.db(), 2);
+        data.state.currentTaxon.qb_id = 2;
+        data.state.currentTaxon.rank_name = "Species";
+        data.state.currentTaxon.usage = "invalid";
+        for (RecordTab* tab : record.Tabs()) {
+            tab->Connect(data.state, data.prompter);
+            tab->Load(2);
+        }
     }
     void Run(std::string_view sql) { data.db().Execute(sql); }
 
@@ -135,7 +139,7 @@ TEST_F(RecordPages, AClickOnARowShowsIt) {
 TEST_F(RecordPages, ACandidateIsChosenByKey) {
     pages.setCurrentIndex(1);
     auto* candidates = Find<QComboBox>("cboSRName");
-    EXPECT_EQ(candidates->count(), 0) << "nobody has looked yet";
+    EXPECT_EQ(candidates->count(), 0) << "the list has not been opened yet";
     QTest::keyClick(candidates, Qt::Key_Down);
     EXPECT_EQ(candidates->currentText(), "Orcinus orca");
     EXPECT_EQ(Find<QComboBox>("cboSSciName")->currentText(), "Orcinus orca");

@@ -12,11 +12,10 @@ constexpr int kCommentLines = 6;
 
 QWidget* BuildCommentPage(QWidget* parent) {
     auto* page = new QWidget(parent);
-    auto* table = RowTable(page, "grdComments", QObject::tr("Comments"), {28});
+    auto* table = RowTable(page, "grdComments", QObject::tr("Comments"));
     auto* commentator = Named<QLineEdit>(page, "txtCommentator");
-    auto* comment = Named<QPlainTextEdit>(page, "txtComment");
-    comment->setTabChangesFocus(true);
-    comment->setMinimumHeight(comment->fontMetrics().lineSpacing() * kCommentLines);
+    auto* comment = TextBox(page, "txtComment");
+    comment->setMinimumHeight(HeightOf(*comment, kCommentLines));
     auto* fields = FieldLayout();
     fields->addWidget(FieldLabel(page, "lblCommentator", commentator), 0, 0);
     fields->addWidget(commentator, 0, 1);

@@ -34,8 +34,7 @@ QLabel* FieldLabel(QWidget* parent, const char* name, QWidget* field) {
     return label;
 }
 
-QTableWidget* RowTable(QWidget* parent, const char* name, const QString& accessibleName,
-                       std::initializer_list<int> characters) {
+QTableWidget* RowTable(QWidget* parent, const char* name, const QString& accessibleName) {
     auto* table = Named<QTableWidget>(parent, name);
     table->setAccessibleName(accessibleName);
     table->setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -51,10 +50,6 @@ QTableWidget* RowTable(QWidget* parent, const char* name, const QString& accessi
     table->horizontalHeader()->setDefaultAlignment(Qt::AlignCenter);
     table->horizontalHeader()->setHighlightSections(false);
     table->horizontalHeader()->setStretchLastSection(true);
-    table->setColumnCount(static_cast<int>(characters.size()));
-    int column = 0;
-    for (const int width : characters)
-        table->setColumnWidth(column++, table->fontMetrics().averageCharWidth() * width);
     table->setMinimumHeight((line + line / 2) * (kLeastRows + 1));
     return table;
 }
@@ -73,7 +68,18 @@ QGridLayout* FieldLayout() {
     return layout;
 }
 
-QHBoxLayout* ButtonRow(QWidget* parent, std::initializer_list<const char*> names) {
+QPlainTextEdit* TextBox(QWidget* parent, const char* name) {
+    auto* box = Named<QPlainTextEdit>(parent, name);
+    box->setTabChangesFocus(true);
+    return box;
+}
+
+int HeightOf(const QPlainTextEdit& box, int lines) {
+    const int frame = 2 * box.frameWidth() + static_cast<int>(2 * box.document()->documentMargin());
+    return box.fontMetrics().lineSpacing() * lines + frame;
+}
+
+QHBoxLayout* ButtonRow(QWidget* parent, const std::vector<const char*>& names) {
     auto* layout = new QHBoxLayout;
     layout->addStretch();
     for (const char* name : names) layout->addWidget(Named<QPushButton>(parent, name));

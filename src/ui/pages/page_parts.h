@@ -3,7 +3,7 @@
 #pragma once
 
 #include <QtWidgets>
-#include <initializer_list>
+#include <vector>
 
 #include "ui/named.h"
 
@@ -11,14 +11,17 @@ namespace quillon::ui {
 
 // The label of a field, which its access key leads to.
 QLabel* FieldLabel(QWidget* parent, const char* name, QWidget* field);
-// A table of rows that are chosen whole and not edited, each on one line. `characters` are the widths of the
-// visible columns but the last, which takes the rest; the user may change them.
-QTableWidget* RowTable(QWidget* parent, const char* name, const QString& accessibleName,
-                       std::initializer_list<int> characters);
+// A table of rows that are chosen whole and not edited, each on one line. The last column takes the width
+// that the others leave.
+QTableWidget* RowTable(QWidget* parent, const char* name, const QString& accessibleName);
 // An empty page with its layout, ready to take the table and what stands below it.
 QVBoxLayout* PageLayout(QWidget* page);
 // Labels in the first column, fields in the second, which grows.
 QGridLayout* FieldLayout();
-QHBoxLayout* ButtonRow(QWidget* parent, std::initializer_list<const char*> names);
+// Several lines of text. Tab moves on to the next field.
+QPlainTextEdit* TextBox(QWidget* parent, const char* name);
+// The height at which a text box shows so many lines.
+int HeightOf(const QPlainTextEdit& box, int lines);
+QHBoxLayout* ButtonRow(QWidget* parent, const std::vector<const char*>& names);
 
 }  // namespace quillon::ui

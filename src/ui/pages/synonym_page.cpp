@@ -6,7 +6,7 @@ namespace quillon::ui {
 
 QWidget* BuildSynonymPage(QWidget* parent) {
     auto* page = new QWidget(parent);
-    auto* table = RowTable(page, "grdSynonyms", QObject::tr("Synonyms"), {60});
+    auto* table = RowTable(page, "grdSynonyms", QObject::tr("Synonyms"));
     auto* heading = FieldLabel(page, "lblSynonyms", table);
     auto* rank = Named<QComboBox>(page, "cboSRank");
     auto* candidates = Named<QComboBox>(page, "cboSRName");

@@ -6,7 +6,7 @@ namespace quillon::ui {
 
 QWidget* BuildVernacularPage(QWidget* parent) {
     auto* page = new QWidget(parent);
-    auto* table = RowTable(page, "grdVernacular", QObject::tr("Vernaculars"), {40, 20});
+    auto* table = RowTable(page, "grdVernacular", QObject::tr("Vernaculars"));
     auto* name = Named<QLineEdit>(page, "txtVName");
     auto* language = Named<QComboBox>(page, "cboLanguage");
     language->setMinimumContentsLength(16);

@@ -1,0 +1,42 @@
+// A grid whose last row is always empty: where a new row is typed. The rows before it are data.
+//
+// The tabs of a record use it. Rows count from 0; the user may select the empty row like any other.
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "core/controls.h"
+
+namespace quillon {
+
+class EntryGridControl : public GridControl {
+public:
+    EntryGridControl(Form& form, std::string name, std::vector<Column> columns)
+        : GridControl(form, std::move(name), std::move(columns)) {
+        ClearRows();
+    }
+
+    // Leaves the empty row alone.
+    void ClearRows() { SetRows({Row()}); }
+    // Replaces the data rows.
+    void SetDataRows(std::vector<Row> rows) {
+        rows.emplace_back();
+        SetRows(std::move(rows));
+    }
+    // Adds a data row as the last of them.
+    void AddDataRow(Row row) {
+        RemoveRow(Rows().size() - 1);
+        AddRow(std::move(row));
+        AddRow({});
+    }
+    // False for the empty row and for a number that is no row.
+    bool IsDataRow(int row) const { return row >= 0 && static_cast<std::size_t>(row) + 1 < Rows().size(); }
+    // The cells of the selected row; nullptr when it is not a data row.
+    const Row* SelectedData() const {
+        return IsDataRow(SelectedRow()) ? &Rows()[static_cast<std::size_t>(SelectedRow())] : nullptr;
+    }
+};
+
+}  // namespace quillon

@@ -1,0 +1,77 @@
+// What distinguishes the three tabs for documents: the fields of a kind, with the column of the grid, the
+// column in the store and the control that each has, and the names of the other controls.
+//
+// DocumentationTab is one class over these descriptions. A new field of a kind is one line here.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/controls.h"
+#include "core/document_kinds.h"
+
+namespace quillon::documentation {
+
+struct DocumentField {
+    enum class Kind { PickList, Text, Check };
+
+    std::string_view heading;  // of its column in the grid
+    int width;                 // of that column, in characters
+    std::string_view column;   // in the store
+    std::string_view control;
+    Kind kind = Kind::Text;
+    std::size_t maxLength = 0;  // in characters; 0 for any
+    std::string_view caption = {};
+    // It belongs to the link between a name and the document, not to the document; a link to a vernacular has
+    // no such field.
+    bool ofLink = false;
+    // It takes input also in a row that belongs to a change track.
+    bool alwaysEnabled = false;
+};
+
+struct DocumentDescription {
+    const DocumentKind& kind;
+    std::string_view grid;
+    // The columns 1 and up of the grid, between the name and the ids. The first field is the one whose values
+    // are all offered when a DataSet is opened.
+    std::span<const DocumentField> fields;
+    int nameWidth, associationWidth;
+    // Headings of the columns behind the fields.
+    std::string_view qbIdHeading, idHeading, changeTrackHeading, associationHeading, origQbIdHeading;
+    std::string_view associationList, vernacularPicker, vernacularLabel, vernacularCaption;
+    std::string_view qbIdControl, idControl;
+    std::string_view addCommand, modifyCommand, deleteCommand;
+    // The stored query that finds the document for a value picked in the first field, and its parameter. When
+    // it is empty, the fields of `narrowing` narrow one another instead, and a pick in one of them takes the
+    // only document that has the value.
+    std::string_view pickQuery, pickParameter;
+    // Indexes of fields, in the order in which their terms stand in a statement.
+    std::span<const std::size_t> narrowing;
+
+    // The columns of the grid: the name, the fields, then those of DocumentColumns.
+    std::vector<GridControl::Column> GridColumns() const;
+};
+
+const DocumentDescription& Publications();
+const DocumentDescription& Experts();
+const DocumentDescription& OtherSources();
+
+// The places of the columns that every kind has. A field with index i stands in column i + 1.
+struct DocumentColumns {
+    explicit DocumentColumns(const DocumentDescription& description)
+        : qbId(description.fields.size() + 1),
+          id(qbId + 1),
+          changeTrack(qbId + 2),
+          association(qbId + 3),
+          qbVernId(qbId + 4),
+          origQbId(qbId + 5),
+          count(qbId + 6) {}
+
+    static constexpr std::size_t name = 0;
+    static constexpr std::size_t OfField(std::size_t field) { return field + 1; }
+    std::size_t qbId, id, changeTrack, association, qbVernId, origQbId, count;
+};
+
+}  // namespace quillon::documentation
