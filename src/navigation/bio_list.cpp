@@ -1,49 +1,25 @@
+// The reading of one item, and of the names of many.
 #include "navigation/bio_list.h"
 
-#include <fmt/format.h>
+#include <algorithm>
+#include <span>
 
 #include "core/names.h"
 #include "core/text.h"
 #include "core/vocabulary.h"
+#include "navigation/bio_list_connection.h"
 #include "navigation/bio_list_sql.h"
+#include "navigation/child_reader.h"
+#include "navigation/many_ids.h"
 
 namespace quillon::navigation {
 
 using store::Recordset;
 using store::RecordsetType;
 
-// The DataSet of an item, held for one call: the open one when the path is its path, else the file opened for
-// itself.
-class cBioList::Connection {
-public:
-    Connection(const BioListSource& source, const std::string& path) {
-        if (path.empty()) return;
-        const auto& open = source.state.gDatabase;
-        if (open && open->IsOpen() && open->Name() == path) {
-            database_ = open;
-            return;
-        }
-        try {
-            database_ = source.engine.OpenDatabase(path);
-            isOwn_ = true;
-        } catch (const store::StoreError&) {
-        }
-    }
-    ~Connection() {
-        if (isOwn_) database_->Close();
-    }
-    Connection(const Connection&) = delete;
-    Connection& operator=(const Connection&) = delete;
-
-    explicit operator bool() const { return database_ != nullptr; }
-    store::Database& operator*() const { return *database_; }
-
-private:
-    std::shared_ptr<store::Database> database_;
-    bool isOwn_ = false;
-};
-
 namespace {
+
+constexpr std::size_t kAllRows = static_cast<std::size_t>(-1);
 
 int IdOf(const Recordset& row, std::string_view column) {
     return static_cast<int>(row[column].AsLong());
@@ -56,29 +32,6 @@ std::unique_ptr<Recordset> OpenWithId(store::Database& database, std::string_vie
 std::int64_t CountOf(store::Database& database, std::string_view sql, int id) {
     const auto row = OpenWithId(database, sql, id);
     return row->Eof() ? 0 : row->Get("ChildCount").AsLong();
-}
-
-constexpr std::size_t kNamesAtOnce = 32;
-
-std::string NameParameter(std::size_t i) {
-    return fmt::format("theId{}", i);
-}
-
-std::string NamesSql() {
-    std::string declared, listed;
-    for (std::size_t i = 0; i < kNamesAtOnce; ++i) {
-        const std::string_view comma = i == 0 ? "" : ", ";
-        declared += fmt::format("{}{} Long", comma, NameParameter(i));
-        listed += fmt::format("{}[{}]", comma, NameParameter(i));
-    }
-    return fmt::format(fmt::runtime(kNamesSql), declared, listed);
-}
-
-void AddCounts(store::Database& database, std::string_view sql, int id,
-               std::unordered_map<int, std::int64_t>& counts) {
-    for (const auto row = OpenWithId(database, sql, id); !row->Eof(); row->MoveNext()) {
-        counts[static_cast<int>(row->At(0).AsLong())] += row->At(1).AsLong();
-    }
 }
 
 // Runs a step whose failure shows only in what is missing.
@@ -141,37 +94,16 @@ std::int64_t cBioList::CountChildren(store::Database& database, int id) {
 
 cBioList::Collection cBioList::Children() {
     Collection items;
-    const Connection connection(*source_, dbname());
-    if (!connection) return items;
-    Silently([&] { AddChildrenProper(*connection, items); });
-    Silently([&] { AddSynonyms(*connection, items); });
+    ChildReader reader(*this, ChildReader::Level::UnderTaxon);
+    while (reader.Step(kAllRows, items)) continue;
     return items;
 }
 
-void cBioList::AddChildrenProper(store::Database& database, Collection& items) {
-    for (const auto row = OpenWithId(database, kChildrenSql, qb_id_); !row->Eof(); row->MoveNext()) {
-        items.push_back(NewItem(*row, CalcPlainNodeName(*row)));
-    }
-    if (items.empty()) return;
-    numChildren_ = CountChildren(database, qb_id_);
-    Counts counts;
-    AddCounts(database, kChildrenOfChildrenSql, qb_id_, counts);
-    AddCounts(database, kSynonymsOfChildrenSql, qb_id_, counts);
-    SetCounts(counts, items.begin(), items.end());
-}
-
-void cBioList::AddSynonyms(store::Database& database, Collection& items) {
-    const auto before = static_cast<Collection::difference_type>(items.size());
-    for (const auto row = OpenWithId(database, kSynonymsSql, qb_id_); !row->Eof(); row->MoveNext()) {
-        items.push_back(NewItem(*row, CalcNodeName(*row)));
-        items.back()->isSyn_ = true;
-        items.back()->accepted_ = qb_id_;
-    }
-    if (static_cast<Collection::difference_type>(items.size()) == before) return;
-    Counts counts;
-    AddCounts(database, kChildrenOfSynonymsSql, qb_id_, counts);
-    AddCounts(database, kSynonymsOfSynonymsSql, qb_id_, counts);
-    SetCounts(counts, items.begin() + before, items.end());
+cBioList::Collection cBioList::Orphans() {
+    Collection items;
+    ChildReader reader(*this, ChildReader::Level::Top);
+    while (reader.Step(kAllRows, items)) continue;
+    return items;
 }
 
 std::shared_ptr<cBioList> cBioList::NewItem(const Recordset& row, std::string sciname) const {
@@ -179,14 +111,6 @@ std::shared_ptr<cBioList> cBioList::NewItem(const Recordset& row, std::string sc
     item->dbname_ = dbname_;
     item->TakeRow(row, std::move(sciname));
     return item;
-}
-
-void cBioList::SetCounts(const Counts& counts, Collection::iterator first, Collection::iterator last) {
-    for (; first != last; ++first) {
-        const auto found = counts.find((*first)->qb_id_);
-        (*first)->numChildren_ = found == counts.end() ? 0 : found->second;
-        (*first)->numDescendants_ = (*first)->CountDescendants();
-    }
 }
 
 void cBioList::GetOneRecord(int id) {
@@ -201,26 +125,12 @@ void cBioList::GetOneRecord(int id) {
     });
 }
 
-cBioList::Collection cBioList::Orphans() const {
-    Collection items;
-    const auto& database = source_->state.gDatabase;
-    if (!database || !database->IsOpen()) return items;
-    Silently([&] {
-        const auto path = std::make_shared<const std::string>(database->Name());
-        for (const auto row = database->OpenRecordset(kOrphansSql, RecordsetType::ForwardOnly); !row->Eof();
-             row->MoveNext()) {
-            items.push_back(NewItem(*row, CalcNodeName(*row)));
-            items.back()->dbname_ = path;
-            items.back()->isSyn_ = UsageIsInvalid(items.back()->usage_);
-        }
-    });
-    Silently([&] {
-        Counts counts;
-        if (!items.empty()) AddCounts(*database, kChildrenOfOrphansSql, 0, counts);
-        if (!items.empty()) AddCounts(*database, kSynonymsOfOrphansSql, 0, counts);
-        SetCounts(counts, items.begin(), items.end());
-    });
-    return items;
+std::shared_ptr<cBioList> cBioList::OneRecord(const BioListSource& source, const std::string& path, int id) {
+    auto item = std::make_shared<cBioList>(source);
+    item->dbname_ = std::make_shared<const std::string>(path);
+    item->GetOneRecord(id);
+    item->numDescendants_ = item->CountDescendants();
+    return item->qb_id() == id && id != 0 ? item : nullptr;
 }
 
 std::string cBioList::CalcPlainNodeName(const Recordset& row) {
@@ -237,12 +147,11 @@ std::unordered_map<int, std::string> cBioList::NodeNames(const BioListSource& so
     if (!connection) return names;
     names.reserve(ids.size());
     Silently([&] {
-        auto query = (*connection).CreateQueryDef("", NamesSql());
-        for (std::size_t first = 0; first < ids.size(); first += kNamesAtOnce) {
-            for (std::size_t i = 0; i < kNamesAtOnce; ++i)
-                query.Set(NameParameter(i), first + i < ids.size() ? Value(ids[first + i]) : Value());
-            for (const auto row = query.OpenRecordset(RecordsetType::ForwardOnly); !row->Eof();
-                 row->MoveNext())
+        ManyIds query(*connection, kNamesSql);
+        const std::span<const std::int32_t> all(ids);
+        for (std::size_t first = 0; first < ids.size(); first += ManyIds::kAtOnce) {
+            const auto some = all.subspan(first, std::min(ManyIds::kAtOnce, ids.size() - first));
+            for (const auto row = query.Open(some); !row->Eof(); row->MoveNext())
                 names[IdOf(*row, "qb_id")] = CalcNodeName(*row);
         }
     });

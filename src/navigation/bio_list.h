@@ -56,6 +56,9 @@ public:
     // For a synonym the qb_id of the accepted taxon under which it stands; 0 otherwise.
     int accepted() const { return accepted_; }
     void SetAccepted(int id) { accepted_ = id; }
+    // False for a taxon that no path of the tree leads to.
+    bool IsInTree() const { return isInTree_; }
+    void SetIsInTree(bool isInTree) { isInTree_ = isInTree; }
     // 0 when Null.
     int tsn() const { return tsn_; }
     void SetTsn(int tsn) { tsn_ = tsn; }
@@ -68,8 +71,10 @@ public:
     Collection Children();
     // Fills this object from one taxon; unchanged when there is none.
     void GetOneRecord(int id);
+    // A new item with one taxon of the DataSet at `path`; nullptr when there is none.
+    static std::shared_ptr<cBioList> OneRecord(const BioListSource& source, const std::string& path, int id);
     // Taxa of the open DataSet that no parent and no synonym link reaches, other than the root.
-    Collection Orphans() const;
+    Collection Orphans();
 
     // The names of taxa as GetOneRecord gives them, all at once; those that are gone are left out.
     static std::unordered_map<int, std::string> NodeNames(const BioListSource& source,
@@ -83,7 +88,7 @@ public:
     static bool UsageIsInvalid(std::string_view usage);
 
 private:
-    using Counts = std::unordered_map<int, std::int64_t>;
+    friend class ChildReader;
     class Connection;
 
     static std::string CalcPlainNodeName(const store::Recordset& row);
@@ -91,10 +96,7 @@ private:
     std::int64_t CountDescendants() const { return numChildren_; }
     void TakeRow(const store::Recordset& row, std::string sciname);
     void TakeRoot(store::Database& database);
-    void AddChildrenProper(store::Database& database, Collection& items);
-    void AddSynonyms(store::Database& database, Collection& items);
     std::shared_ptr<cBioList> NewItem(const store::Recordset& row, std::string sciname) const;
-    static void SetCounts(const Counts& counts, Collection::iterator first, Collection::iterator last);
 
     const BioListSource* source_;
     std::shared_ptr<const std::string> dbname_;  // shared by all items of a tree
@@ -103,6 +105,7 @@ private:
     int tsn_ = 0;
     int accepted_ = 0;
     bool isSyn_ = false;
+    bool isInTree_ = true;
     std::int64_t numChildren_ = 0;
     std::int64_t numDescendants_ = 0;
     std::string usage_;

@@ -1,6 +1,7 @@
 // The statements of cBioList, in the store's dialect. `theId` is a qb_id, or a rank_id for the root.
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 
 namespace quillon::navigation {
@@ -28,51 +29,32 @@ inline constexpr std::string_view kCountSynonymsSql =
     "PARAMETERS theId Long; SELECT count(*) AS ChildCount FROM qb_synonym_links WHERE qb_id_accepted = "
     "[theId]";
 
-inline constexpr std::string_view kChildrenSql =
-    "PARAMETERS theId Long; SELECT t.*, a.taxon_author AS TaxAuthor FROM qb_taxonomic_units AS t "
-    "LEFT JOIN qb_taxon_authors_lookup AS a ON t.qb_taxon_author_id = a.qb_taxon_author_id "
-    "WHERE parent_qb_id = [theId] AND qb_id <> parent_qb_id "
-    "ORDER BY rank_id, phylo_sort_sequence, unit_name1, unit_name2, unit_name3, unit_name4;";
-inline constexpr std::string_view kSynonymsSql =
-    "PARAMETERS theId Long; SELECT t.*, a.taxon_author AS TaxAuthor FROM qb_synonym_links INNER JOIN "
-    "(qb_taxonomic_units AS t LEFT JOIN qb_taxon_authors_lookup AS a ON t.qb_taxon_author_id = "
-    "a.qb_taxon_author_id) "
-    "ON qb_synonym_links.qb_id = t.qb_id WHERE qb_synonym_links.qb_id_accepted = [theId] "
-    "ORDER BY unit_name1, unit_name2, unit_name3, unit_name4;";
+// What orders the items under a taxon: (qb_id, rank_id, phylo_sort_sequence, four units), in the order of the
+// ids after `theLast`.
+inline constexpr std::int64_t kFirstKey = -2147483648;
+inline constexpr std::string_view kChildKeysSql =
+    "PARAMETERS theId Long, theLast Long; SELECT qb_id, rank_id, phylo_sort_sequence, "
+    "unit_name1, unit_name2, unit_name3, unit_name4 FROM qb_taxonomic_units "
+    "WHERE parent_qb_id = [theId] AND qb_id <> parent_qb_id AND qb_id > [theLast] ORDER BY qb_id";
+inline constexpr std::string_view kSynonymKeysSql =
+    "PARAMETERS theId Long, theLast Long; SELECT s.qb_id, t.rank_id, t.phylo_sort_sequence, "
+    "t.unit_name1, t.unit_name2, t.unit_name3, t.unit_name4 "
+    "FROM qb_synonym_links AS s INNER JOIN qb_taxonomic_units AS t ON s.qb_id = t.qb_id "
+    "WHERE s.qb_id_accepted = [theId] AND s.qb_id > [theLast] ORDER BY s.qb_id";
+// The same of all taxa without a parent, and a last column that is Null for those without a synonym link.
+inline constexpr std::string_view kOrphanKeysSql =
+    "PARAMETERS theLast Long; SELECT t.qb_id, t.rank_id, t.phylo_sort_sequence, "
+    "t.unit_name1, t.unit_name2, t.unit_name3, t.unit_name4, s.qb_id AS LinkedId "
+    "FROM qb_taxonomic_units AS t LEFT JOIN qb_synonym_links AS s ON t.qb_id = s.qb_id "
+    "WHERE t.parent_qb_id Is Null AND t.qb_id > [theLast] ORDER BY t.qb_id";
+inline constexpr std::string_view kKingdomNamesSql = "SELECT kingdom_name FROM kingdoms";
 
-// The counts of all items under one at once: (qb_id, how many).
-inline constexpr std::string_view kChildrenOfChildrenSql =
-    "PARAMETERS theId Long; SELECT c.parent_qb_id, count(*) AS ChildCount FROM qb_taxonomic_units AS p "
-    "INNER JOIN qb_taxonomic_units AS c ON c.parent_qb_id = p.qb_id "
-    "WHERE p.parent_qb_id = [theId] AND c.qb_id <> c.parent_qb_id GROUP BY c.parent_qb_id";
-inline constexpr std::string_view kSynonymsOfChildrenSql =
-    "PARAMETERS theId Long; SELECT s.qb_id_accepted, count(*) AS ChildCount FROM qb_taxonomic_units AS p "
-    "INNER JOIN qb_synonym_links AS s ON s.qb_id_accepted = p.qb_id "
-    "WHERE p.parent_qb_id = [theId] GROUP BY s.qb_id_accepted";
-inline constexpr std::string_view kChildrenOfSynonymsSql =
-    "PARAMETERS theId Long; SELECT c.parent_qb_id, count(*) AS ChildCount FROM qb_synonym_links AS p "
-    "INNER JOIN qb_taxonomic_units AS c ON c.parent_qb_id = p.qb_id "
-    "WHERE p.qb_id_accepted = [theId] AND c.qb_id <> c.parent_qb_id GROUP BY c.parent_qb_id";
-inline constexpr std::string_view kSynonymsOfSynonymsSql =
-    "PARAMETERS theId Long; SELECT s.qb_id_accepted, count(*) AS ChildCount FROM qb_synonym_links AS p "
-    "INNER JOIN qb_synonym_links AS s ON s.qb_id_accepted = p.qb_id "
-    "WHERE p.qb_id_accepted = [theId] GROUP BY s.qb_id_accepted";
-
-// The links are looked up by their key, of which a DISTINCT would first make a copy.
-inline constexpr std::string_view kOrphansSql =
-    "SELECT t.*, a.taxon_author AS TaxAuthor FROM qb_taxonomic_units AS t "
-    "LEFT JOIN qb_taxon_authors_lookup AS a ON t.qb_taxon_author_id = a.qb_taxon_author_id "
-    "WHERE (((t.parent_qb_id) Is Null) AND t.qb_id Not In (SELECT qb_id FROM qb_synonym_links) AND "
-    "((t.unit_name1) Not In (SELECT kingdom_name FROM kingdoms))) "
-    "ORDER BY t.unit_name1, t.unit_name2, t.unit_name3, t.unit_name4;";
-// For all taxa without a parent; the parameter is not used.
-inline constexpr std::string_view kChildrenOfOrphansSql =
-    "PARAMETERS theId Long; SELECT c.parent_qb_id, count(*) AS ChildCount FROM qb_taxonomic_units AS p "
-    "INNER JOIN qb_taxonomic_units AS c ON c.parent_qb_id = p.qb_id "
-    "WHERE p.parent_qb_id Is Null AND c.qb_id <> c.parent_qb_id GROUP BY c.parent_qb_id";
-inline constexpr std::string_view kSynonymsOfOrphansSql =
-    "PARAMETERS theId Long; SELECT s.qb_id_accepted, count(*) AS ChildCount FROM qb_taxonomic_units AS p "
-    "INNER JOIN qb_synonym_links AS s ON s.qb_id_accepted = p.qb_id "
-    "WHERE p.parent_qb_id Is Null GROUP BY s.qb_id_accepted";
+// How many children, and how many synonyms, each of several taxa has: (qb_id, how many).
+inline constexpr std::string_view kChildrenOfManySql =
+    "PARAMETERS {0}; SELECT parent_qb_id, count(*) AS ChildCount FROM qb_taxonomic_units "
+    "WHERE parent_qb_id In ({1}) AND qb_id <> parent_qb_id GROUP BY parent_qb_id";
+inline constexpr std::string_view kSynonymsOfManySql =
+    "PARAMETERS {0}; SELECT qb_id_accepted, count(*) AS ChildCount FROM qb_synonym_links "
+    "WHERE qb_id_accepted In ({1}) GROUP BY qb_id_accepted";
 
 }  // namespace quillon::navigation

@@ -1,36 +1,18 @@
+// What the tree begins with, and how its nodes are opened and found.
 #include "navigation/explorer.h"
 
-#include <algorithm>
+#include <utility>
 
 #include "core/vocabulary.h"
+#include "navigation/wait_cursor.h"
 
 namespace quillon::navigation {
 
-using store::RecordsetType;
-
 namespace {
-
-constexpr std::string_view kParentSql =
-    "PARAMETERS theQbId Long; SELECT DISTINCT parent_qb_id FROM qb_taxonomic_units WHERE "
-    "(((qb_id)=[theQbId]));";
-constexpr std::string_view kAcceptedAsParentSql =
-    "PARAMETERS theQbId Long, theAcceptedId Long; SELECT DISTINCT qb_id_accepted AS parent_qb_id "
-    "FROM qb_synonym_links WHERE qb_id = [theQbId] AND qb_id_accepted = [theAcceptedId]";
 
 std::string_view PlaceholderFor(std::int64_t childCount) {
     return childCount > 0 ? kPlaceholder : std::string_view();
 }
-
-class WaitCursor {
-public:
-    explicit WaitCursor(Prompter& prompter) : prompter_(prompter) { prompter_.WaitCursor(true); }
-    ~WaitCursor() { prompter_.WaitCursor(false); }
-    WaitCursor(const WaitCursor&) = delete;
-    WaitCursor& operator=(const WaitCursor&) = delete;
-
-private:
-    Prompter& prompter_;
-};
 
 }  // namespace
 
@@ -41,6 +23,8 @@ void cExplorer::Init() {
     ClearNodes();
     root_.reset();
     listId_ = 0;
+    stood_ = {};
+    isSearching_ = false;
     ListTimer();
     if (cut_.item && (!state_.gDatabase || cut_.item->dbname() != state_.gDatabase->Name())) cut_ = {};
     if (!state_.gDatabase) return list_.Close();
@@ -48,7 +32,8 @@ void cExplorer::Init() {
     auto root = std::make_shared<cBioList>(source_);
     root->SetDbname(state_.gDatabase->Name());
     SetRoot(std::move(root));
-    AddOrphans();
+    BeginLoad(nullptr, root_);
+    DoRestLater();
 }
 
 void cExplorer::SetRoot(Item root) {
@@ -56,15 +41,6 @@ void cExplorer::SetRoot(Item root) {
     root_ = std::move(root);
     AddNode(root_->Sciname(), root_, root_->NumChildren());
     if (CurrentPos) CurrentPos(true, false);
-}
-
-void cExplorer::AddOrphans() {
-    const auto orphans = root_->Orphans();
-    std::vector<TreeControl::NewNode> added;
-    for (const Item& orphan : orphans)
-        added.push_back({orphan->Sciname(), PlaceholderFor(orphan->NumChildren())});
-    const std::size_t first = tree_.Append(nullptr, added);
-    for (std::size_t i = 0; i < orphans.size(); ++i) nodes_.Add(tree_.Top(first + i), orphans[i]);
 }
 
 TreeNode* cExplorer::AddNode(std::string_view text, Item item, std::int64_t childCount, TreeNode* relative,
@@ -82,6 +58,10 @@ TreeNode* cExplorer::AddNode(std::string_view text, Item item, std::int64_t chil
 
 void cExplorer::ClearNodes() {
     CancelDrag();
+    loads_.clear();
+    openings_.clear();
+    stale_.clear();
+    quest_.reset();
     tree_.Clear();
     nodes_.Clear();
 }
@@ -92,24 +72,28 @@ bool cExplorer::NodeHasBeenExpanded(const TreeNode& node) {
 
 void cExplorer::ExpandNode(TreeNode* node) {
     const WaitCursor wait(prompter_);
-    if (!NodeHasBeenExpanded(*node)) {
-        tree_.Remove(node->Child(0));
+    if (!Open(node)) return;
+    RaiseCurrentPos();
+    DoRestLater();
+}
+
+void cExplorer::CollapseNode(TreeNode* node) {
+    tree_.SetExpanded(node, false);
+    RaiseCurrentPos();
+}
+
+// False when the node has no item.
+bool cExplorer::Open(TreeNode* node) {
+    if (!NodeHasBeenExpanded(*node) && !IsLoading(node)) {
         const Item item = nodes_.ItemOf(node);
-        if (!item) return;
-        LoadChildren(node, item);
+        // A taxon that bears the placeholder's name is taken for it.
+        if (!item || !node->HasPlaceholder()) RemoveSubtree(node->Child(0));
+        if (!item) return false;
+        BeginLoad(node, item);
     }
     tree_.SetExpanded(node, true);
     if (Expand) Expand(node);
-}
-
-void cExplorer::LoadChildren(TreeNode* node, const Item& item) {
-    const auto children = item->Children();
-    std::vector<TreeControl::NewNode> added;
-    added.reserve(children.size());
-    for (const Item& child : children)
-        added.push_back({child->Sciname(), PlaceholderFor(child->NumChildren())});
-    const std::size_t first = tree_.Append(node, added);
-    for (std::size_t i = 0; i < children.size(); ++i) nodes_.Add(node->Child(first + i), children[i]);
+    return true;
 }
 
 int cExplorer::FindIdOfNode(const TreeNode* node) const {
@@ -129,48 +113,29 @@ TreeNode* cExplorer::FindNodeWithIdIndexed(int id, NodeTable::Place& start, std:
     return node;
 }
 
-int cExplorer::ParentOf(int id, std::optional<int> accepted) const {
-    if (!state_.gDatabase) return 0;
-    auto query = state_.gDatabase->CreateQueryDef("", kParentSql);
-    const auto row = query.Set("theQbId", id).OpenRecordset(RecordsetType::ForwardOnly);
-    if (!row->Eof() && !row->Get("parent_qb_id").IsNull()) return static_cast<int>(row->At(0).AsLong());
-    auto synonym = state_.gDatabase->CreateQueryDef("", kAcceptedAsParentSql);
-    synonym.Set("theQbId", id).Set("theAcceptedId", accepted ? Value(*accepted) : Value());
-    const auto link = synonym.OpenRecordset(RecordsetType::ForwardOnly);
-    return link->Eof() ? 0 : static_cast<int>(link->At(0).AsLong());
-}
-
-// A taxon that is its own parent, or stands in a ring of parents, is not looked for above itself.
-TreeNode* cExplorer::ExpandContainingSubtree(int id, std::optional<int> accepted) {
-    std::vector<int> path;
-    std::optional<int> under = accepted;
-    TreeNode* node = nullptr;
-    for (int at = id; (node = FindNodeWithId(at, under)) == nullptr;) {
-        path.push_back(at);
-        at = ParentOf(at, under);
-        under.reset();
-        if (at == 0 || std::find(path.begin(), path.end(), at) != path.end()) return nullptr;
-    }
-    for (; !path.empty(); path.pop_back()) {
-        ExpandNode(node);
-        node = FindNodeWithId(path.back(), path.size() == 1 ? accepted : std::nullopt);
-        if (node == nullptr) return nullptr;
-    }
-    return node;
-}
-
 void cExplorer::HiliteNode(TreeNode* node) {
     tree_.Select(node);
     if (node != nullptr) tree_.EnsureVisible(node);
 }
 
 void cExplorer::NodeClick(TreeNode* node) {
+    quest_.reset();
+    isSearching_ = false;
     tree_.Select(node);
     if (tree_.TopCount() > 0 && node == tree_.Top(0) && CurrentPos) CurrentPos(true, false);
     const Item item = nodes_.ItemOf(node);
     if (!item) return;
     MoveList(item->qb_id());
+    Choose(item);
+}
+
+void cExplorer::Choose(const Item& item) {
     if (ItemSelected) ItemSelected(item);
+    if (IsRecord(item->qb_id())) stood_ = {item->qb_id(), item->accepted()};
+}
+
+void cExplorer::SetTreeVisible(bool visible) {
+    if (std::exchange(treeVisible_, visible) != visible && root_) RaiseCurrentPos();
 }
 
 }  // namespace quillon::navigation

@@ -1,11 +1,15 @@
 // The explorer: the taxa of the DataSet as a tree that loads as it is opened, and as an alphabetical list,
-// kept in step. It tells the form through events what the user chose, and changes no data: a move is
-// proposed by Dropped, and only the tree follows when nobody cancels it.
+// kept in step. Its events report what the user chose. It changes no data: it proposes a move by Dropped, and
+// the tree follows when nobody cancels it.
 //
 // It works on a TreeControl and a TaxonList, which a window mirrors; it shows no messages and knows no
 // widget. Nodes are the tree's, items are what they stand for.
+//
+// What takes long is done in parts: the first one at once, the others by Continue(), which a window calls
+// while it is idle. So a node with hundreds of thousands of children opens without holding up the window.
 #pragma once
 
+#include <deque>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -17,6 +21,7 @@
 #include "core/outside.h"
 #include "core/value.h"
 #include "navigation/bio_list.h"
+#include "navigation/child_reader.h"
 #include "navigation/node_table.h"
 #include "navigation/taxon_list.h"
 #include "navigation/tree_control.h"
@@ -41,13 +46,13 @@ public:
 
     TreeControl& TreeV() { return tree_; }
     TaxonList& ListV() { return list_; }
-    // Which of the two is on show; the other follows unseen.
-    void SetTreeVisible(bool visible) { treeVisible_ = visible; }
+    // Which of the two is on show; the other follows unseen. Raises CurrentPos when that changes.
+    void SetTreeVisible(bool visible);
     bool TreeVisible() const { return treeVisible_; }
     // The taxon that the list stands on; 0 for none.
     int ListId() const { return listId_; }
     // The user moved in the list without choosing.
-    void SetListId(int id) { listId_ = id; }
+    void SetListId(int id);
 
     // Kept for the form, which alone uses them.
     bool AllowDelete = false, AllowRename = false;
@@ -64,11 +69,21 @@ public:
     TreeNode* AddNode(std::string_view text, Item item, std::int64_t childCount, TreeNode* relative = nullptr,
                       Relationship relationship = Relationship::Child);
     void ClearNodes();
-    // The user opens a node: its children are fetched the first time.
+    // The user opens or closes a node; both raise CurrentPos. Its children are fetched the first time, in
+    // parts when there are many.
     void ExpandNode(TreeNode* node);
+    void CollapseNode(TreeNode* node);
+    // Opens what stands below a node, level by level, up to kMostOpened nodes. Note reports when more is
+    // left; a second call goes on there.
+    void ExpandBelow(TreeNode* node);
+    static constexpr std::size_t kMostOpened = 2000;
     // False when its only child is the placeholder.
     static bool NodeHasBeenExpanded(const TreeNode& node);
-    void RestorePrevious() {}
+
+    // Does one part of what is left to be done; true while there is more. It reads at most about
+    // kRowsInAPart rows, and never while no DataSet is open or a job runs.
+    bool Continue();
+    static constexpr std::size_t kRowsInAPart = 2000;
 
     // nullptr when the node is not one of the explorer's.
     Item GetNodeData(const TreeNode* node) const { return nodes_.ItemOf(node); }
@@ -80,7 +95,9 @@ public:
     TreeNode* FindNodeWithId(int id, std::optional<int> accepted = {}) const;
     TreeNode* FindNodeWithIdIndexed(int id, NodeTable::Place& start, std::optional<int> accepted,
                                     Item& item) const;
-    // Opens the path to a taxon and gives its node; nullptr when no path leads there.
+    // Opens the path to a taxon and gives its node; nullptr when no path leads there, or one that is longer
+    // than kDeepestPath. All is done at once, however much has to be loaded.
+    static constexpr std::size_t kDeepestPath = 5000;
     TreeNode* ExpandContainingSubtree(int id, std::optional<int> accepted = {});
     // Selects a node and scrolls to it.
     void HiliteNode(TreeNode* node);
@@ -97,6 +114,12 @@ public:
     TreeNode* GetParentNode(const TreeNode* node) const;
     // The last row on show among the node's siblings and below the last of them.
     TreeNode* GetLastDisplayedNode(TreeNode* node) const;
+
+    // The form stays on its record although another was chosen: tree and list stand on that record again. For
+    // 0, a new record, on the one that was shown before it.
+    void Reselect(int qb_id);
+    // The form shows this taxon.
+    bool IsRecord(int qb_id) const { return state_.currentTaxon.qb_id == qb_id; }
 
     // Move the selection in the view on show, raise ItemSelected, and then CurrentPos. Nothing where there is
     // no way to go.
@@ -120,7 +143,7 @@ public:
     void RemoveSubtree(TreeNode* node);
     // All nodes of a taxon, or those under one accepted taxon.
     void RemoveNodes(int id, std::optional<int> accepted = {});
-    // Read the names of all nodes, or of the first node of a taxon, anew. The order stays.
+    // Read the names of all nodes (in parts), or of the first node of a taxon, again. The order stays.
     void RefreshNames();
     void RefreshName(int id);
     // Puts the nodes of a taxon back under the parents that the store has for it.
@@ -132,8 +155,10 @@ public:
     // Puts the cut node under the selected one, or back; the same as dropping it there. True when that was
     // cancelled or there is nothing to move.
     bool Paste();
-    // Takes back the last move, by Paste or by the mouse; a second call does it again.
+    // Takes back the last move, by Paste or by the mouse; a second call does it again. A move that
+    // ReflectRealNodePosition() took back is none any more.
     bool Undo();
+    bool CanUndo() const { return cut_.item && cut_.moved; }
 
     // The mouse over the tree. `node` is the node under it, or nullptr; lengths are in twips.
     void DragMouseDown(TreeNode* node);
@@ -151,7 +176,7 @@ public:
     // A click on a node of the tree.
     void NodeClick(TreeNode* node);
     // A click on a row of the list, a double click, and a key: a character, "\r" for Return, "\b" for
-    // Backspace.
+    // Backspace. A taxon that no path of the tree leads to is chosen with an item that is not in the tree.
     void ListClick(ListArea area, int id);
     void ListDblClick(int id);
     void ListKeyPress(std::string_view key);
@@ -164,8 +189,11 @@ public:
     // A move is proposed; either parent is nullptr for the top level. Where nobody listens nothing moves.
     std::function<void(TreeNode* moved, TreeNode* newParent, TreeNode* oldParent, bool& Cancel)> Dropped;
 
-    // What the window does for the explorer: start ListVTimer anew; start or stop TreeVTimer; scroll the tree
-    // by one line, -1 for up; let the list stand on another taxon.
+    // What the window does for the explorer: call Continue() while it is idle, until that gives false; show a
+    // line of text; start ListVTimer again; start or stop TreeVTimer; scroll the tree by one line, -1 for up;
+    // let the list stand on another taxon.
+    std::function<void()> StartIdleTimer;
+    std::function<void(std::string_view text)> Note;
     std::function<void()> StartListTimer;
     std::function<void(bool run)> RunTreeTimer;
     std::function<void(int lines)> ScrollTree;
@@ -191,11 +219,47 @@ private:
         TreeNode* other = nullptr;
         bool found = false;
     };
-    using Names = std::unordered_map<int, std::string>;
+    // Children that are being fetched. `node` is nullptr for the top level.
+    struct Load {
+        TreeNode* node;
+        Item item;
+        std::unique_ptr<ChildReader> reader;
+        cBioList::Collection waiting;  // read, and not in the tree yet
+    };
+    // The way to a taxon that was chosen in the list, opened node by node.
+    struct Quest {
+        int id;
+        // The accepted taxa to look under, the next one at the end; the parent when it has no value.
+        std::vector<std::optional<int>> ways;
+        bool isChosen = false;  // the event has been raised
+        std::optional<int> under = {};
+        std::vector<int> path = {};  // from the taxon up to one whose node is there
+        bool isFound = false;
+        std::optional<int> foundUnder = {};
+    };
+    struct Choice {
+        int id = 0, accepted = 0;
+    };
 
     int ParentOf(int id, std::optional<int> accepted) const;
-    void AddOrphans();
-    void LoadChildren(TreeNode* node, const Item& item);
+    bool Open(TreeNode* node);
+    void BeginLoad(TreeNode* node, const Item& item);
+    bool IsLoading(const TreeNode* node) const;
+    void LoadPart(std::size_t load);
+    void InsertWaiting(Load& load);
+    std::string_view PlaceholderOf(const cBioList& item, const TreeNode* parent) const;
+    void FinishLoads();
+    void OpenPart();
+    void RefreshPart();
+    bool IsBusy() const;
+    bool MayRead() const;
+    void DoRestLater();
+    std::vector<int> PathTo(int id, std::optional<int> accepted) const;
+    bool FollowPath(Quest& quest, std::size_t& openings);
+    bool Follow(Quest& quest, std::size_t openings);
+    void EndQuest(const Quest& quest);
+    void BeginQuest(Quest quest);
+    void Choose(const Item& item);
     void MoveTo(TreeNode* node);
     void MoveListTo(int id);
     void RaiseCurrentPos();
@@ -205,12 +269,12 @@ private:
     bool CanDropOn(TreeNode* target);
     bool MayDrop(const TreeNode* target) const;
     void ScrollWhileDragging(int direction);
-    void RefreshChildren(TreeNode* parent, const Names& names);
     bool Reparent(TreeNode* node, TreeNode* newParent);
     void TakeUnder(TreeNode* node, TreeNode* parent);
     void TakeUnderAccepted(int qb_id);
     void MoveList(int id);
     void SearchTyped(bool onlyBefore);
+    void EndSearch();
     std::vector<int> AcceptedNamesOf(int id) const;
 
     ApplicationState& state_;
@@ -223,7 +287,15 @@ private:
     bool treeVisible_ = true;
     DragState drag_;
     CutState cut_;
+    std::vector<Load> loads_;         // the one begun last goes on first
+    std::deque<TreeNode*> openings_;  // what ExpandBelow() has still to look at
+    std::size_t opened_ = 0;
+    std::string openedBelow_;
+    std::vector<int> stale_;  // taxa whose names are to be read again
+    std::optional<Quest> quest_;
+    Choice stood_;  // the choice that the form followed last
     int listId_ = 0;
+    bool isSearching_ = false, searchesBefore_ = false;
     std::string typed_;
     std::optional<int> lastBookmark_;  // the taxon of the last match
 };

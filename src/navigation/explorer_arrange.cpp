@@ -1,4 +1,4 @@
-// Nodes that change their place, their name, or go.
+// Nodes that change their place or their name, or that are removed.
 #include "core/text.h"
 #include "navigation/explorer.h"
 
@@ -45,6 +45,9 @@ cExplorer::Item cExplorer::InsertSiblingWhere(std::string_view text, const TreeN
 
 void cExplorer::RemoveSubtree(TreeNode* node) {
     if (drag_.node != nullptr) CancelDrag();
+    std::erase_if(loads_,
+                  [=](const Load& load) { return load.node != nullptr && load.node->IsWithin(node); });
+    openings_.clear();
     std::vector<const TreeNode*> waiting = {node};
     while (!waiting.empty()) {
         const TreeNode* at = waiting.back();
@@ -59,40 +62,11 @@ void cExplorer::RemoveNodes(int id, std::optional<int> accepted) {
     while (TreeNode* node = FindNodeWithId(id, accepted)) RemoveSubtree(node);
 }
 
-void cExplorer::RefreshNames() {
-    list_.ForgetLines();
-    if (!root_) return;
-    const Names names = cBioList::NodeNames(source_, root_->dbname(), nodes_.Taxa());
-    std::vector<TreeNode*> waiting = {nullptr};
-    while (!waiting.empty()) {
-        TreeNode* parent = waiting.back();
-        waiting.pop_back();
-        RefreshChildren(parent, names);
-        for (std::size_t row = 0; row < tree_.CountUnder(parent); ++row) {
-            TreeNode* child = tree_.Under(parent, row);
-            if (child->ChildCount() > 0) waiting.push_back(child);
-        }
-    }
-}
-
-void cExplorer::RefreshChildren(TreeNode* parent, const Names& names) {
-    std::vector<std::string> texts;
-    texts.reserve(tree_.CountUnder(parent));
-    for (std::size_t row = 0; row < tree_.CountUnder(parent); ++row) {
-        const TreeNode* child = tree_.Under(parent, row);
-        const Item item = nodes_.ItemOf(child);
-        const auto name = item ? names.find(item->qb_id()) : names.end();
-        texts.push_back(name == names.end() ? child->Text() : name->second);
-        if (name != names.end()) item->SetSciname(name->second);
-    }
-    tree_.SetTexts(parent, texts);
-}
-
 void cExplorer::RefreshName(int id) {
     TreeNode* node = FindNodeWithId(id);
     if (node == nullptr) return;
     const Item item = nodes_.ItemOf(node);
-    const Names names = cBioList::NodeNames(source_, item->dbname(), {id});
+    const auto names = cBioList::NodeNames(source_, item->dbname(), {id});
     const auto name = names.find(id);
     if (name == names.end()) return;
     item->SetSciname(name->second);

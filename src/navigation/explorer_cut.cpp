@@ -1,4 +1,4 @@
-// Cut, paste and undo. What was cut is remembered by its item, and its node is found anew before each use:
+// Cut, paste and undo. What was cut is remembered by its item, and its node is found again before each use:
 // the form may have rebuilt the tree meanwhile.
 #include <utility>
 
@@ -56,7 +56,7 @@ bool cExplorer::Paste() {
 }
 
 bool cExplorer::Undo() {
-    if (!cut_.item || !cut_.moved) return true;
+    if (!CanUndo()) return true;
     CutNodes nodes = FindCutNodes(cut_.oldParent);
     if (!nodes.found) return true;
     if (!ProposeMove(nodes.node, nodes.other, nodes.node->Parent())) return true;
@@ -66,7 +66,7 @@ bool cExplorer::Undo() {
     TreeNode* node = FindAnew(cut_.item);
     if (node != nullptr && tree_.Selected() != node) {
         HiliteNode(node);
-        if (ItemSelected) ItemSelected(nodes_.ItemOf(node));
+        Choose(nodes_.ItemOf(node));
     }
     return false;
 }

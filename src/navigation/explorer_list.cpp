@@ -1,6 +1,9 @@
 // The alphabetical list of the explorer: choosing a row, and finding one by typing.
+#include <utility>
+
 #include "core/text.h"
 #include "navigation/explorer.h"
+#include "navigation/wait_cursor.h"
 
 namespace quillon::navigation {
 
@@ -37,25 +40,23 @@ std::vector<int> cExplorer::AcceptedNamesOf(int id) const {
     return accepted;
 }
 
+void cExplorer::SetListId(int id) {
+    listId_ = id;
+    isSearching_ = false;
+}
+
 void cExplorer::ListDblClick(int id) {
     if (!state_.gDatabase) return;
     listId_ = id;
-    prompter_.WaitCursor(true);
-    TreeNode* node = nullptr;
+    const WaitCursor wait(prompter_);
     try {
-        const auto accepted = AcceptedNamesOf(id);
-        if (accepted.empty()) node = ExpandContainingSubtree(id);
-        for (const int under : accepted) {
-            if (TreeNode* found = ExpandContainingSubtree(id, under)) node = found;
-        }
-        // A name that is linked as a synonym though it has a parent stands under the parent.
-        if (node == nullptr) node = ExpandContainingSubtree(id);
+        Quest quest{id, {std::nullopt}};
+        const std::vector<int> accepted = AcceptedNamesOf(id);
+        quest.ways.insert(quest.ways.end(), accepted.rbegin(), accepted.rend());
+        BeginQuest(std::move(quest));
     } catch (const store::StoreError&) {
+        // What cannot be read is not chosen.
     }
-    prompter_.WaitCursor(false);
-    if (node == nullptr) return;
-    HiliteNode(node);
-    if (ItemSelected) ItemSelected(nodes_.ItemOf(node));
 }
 
 void cExplorer::ListKeyPress(std::string_view key) {
@@ -77,16 +78,25 @@ void cExplorer::ListKeyPress(std::string_view key) {
 // A longer text is looked for from where the list stands, so that typing on stays on a row that still
 // matches. A shortened one leads back to the first row that matches.
 void cExplorer::SearchTyped(bool onlyBefore) {
-    std::optional<int> found;
-    if (onlyBefore) {
-        found = list_.FindBefore(typed_, listId_);
-    } else if (CharacterCount(typed_) == 1 || listId_ == 0) {
-        found = list_.Find(typed_);
-    } else {
-        found = list_.FindFrom(typed_, listId_);
-    }
-    if (found) lastBookmark_ = found;
-    if (found || (!onlyBefore && lastBookmark_)) MoveList(*lastBookmark_);
+    const bool fromTheFirst = CharacterCount(typed_) == 1 || listId_ == 0;
+    list_.BeginSearch(typed_,
+                      onlyBefore     ? TaxonList::Among::Before
+                      : fromTheFirst ? TaxonList::Among::All
+                                     : TaxonList::Among::From,
+                      listId_);
+    isSearching_ = true;
+    searchesBefore_ = onlyBefore;
+    if (list_.SearchOn(kRowsInAPart)) EndSearch();
+    DoRestLater();
+}
+
+// A search may last longer than the typed text.
+void cExplorer::EndSearch() {
+    isSearching_ = false;
+    const std::optional<int> found = list_.Found();
+    if (found && !typed_.empty()) lastBookmark_ = found;
+    const std::optional<int> target = found || searchesBefore_ ? found : lastBookmark_;
+    if (target) MoveList(*target);
 }
 
 void cExplorer::ListTimer() {

@@ -14,6 +14,7 @@ constexpr std::string_view kTaxonSql =
 
 void cExplorer::ReflectRealNodePosition(int qb_id) {
     if (qb_id == 0 || !state_.gDatabase) return;
+    if (IsTaxonCut(qb_id)) cut_.moved = false;
     auto query = state_.gDatabase->CreateQueryDef("", kTaxonSql);
     const auto row = query.Set("theId", qb_id).OpenRecordset(RecordsetType::ForwardOnly);
     if (row->Eof()) return;

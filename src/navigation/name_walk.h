@@ -33,11 +33,14 @@ std::optional<NameKey> KeyOf(store::Database& database, int qb_id);
 class NameWalk {
 public:
     enum class Direction { Forward, Backward };
+    // Whether the name that a walk begins with is part of it.
+    enum class Begin { Beside, With };
     using Units = std::array<std::string, 4>;
 
-    // It begins behind the name `from` (before it, backwards), or at the first (last) name of all. Backwards
-    // from a name, taxa without a first unit are left out.
-    NameWalk(store::Database& database, Direction direction, const Units* from = nullptr);
+    // It begins behind the name `from` (before it, backwards) or with it; without `from` at the first (last)
+    // name of all. Reaching the first row takes the same time from any name.
+    NameWalk(store::Database& database, Direction direction, const Units* from = nullptr,
+             Begin begin = Begin::Beside);
 
     // Gives the taxa of the next name, in the order of the walk; false past the last one.
     bool Next(std::vector<std::int32_t>& qb_ids);
@@ -46,13 +49,13 @@ public:
 
 private:
     bool Step();
-    void SkipTo(const Units& from);
     void OrderByAuthor(std::vector<std::int32_t>& qb_ids);
     bool HasName(const Units& name) const;
 
     store::Database& database_;
     Direction direction_;
-    store::RowStream rows_;
+    std::vector<std::string> selects_;  // one after the other they give all names; the next one at the end
+    std::optional<store::RowStream> rows_;
     bool hasRow_ = false;
     Units name_;
 };

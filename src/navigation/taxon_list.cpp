@@ -1,10 +1,9 @@
+// The rows of the list and their lines.
 #include "navigation/taxon_list.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
-
-#include "navigation/typed_search.h"
 
 namespace quillon::navigation {
 
@@ -30,6 +29,8 @@ void TaxonList::Open(std::shared_ptr<store::Database> database, std::string_view
 
 void TaxonList::ForgetAll() {
     order_.reset();
+    search_.reset();
+    found_.reset();
     around_.clear();
     stopped_ = false;
     lineQuery_.reset();
@@ -41,6 +42,7 @@ void TaxonList::Reattach(std::shared_ptr<store::Database> database) {
     if (!IsComplete() || !order_) return Open(std::move(database), std::string(query_));
     database_ = std::move(database);
     order_->Reattach(database_);
+    search_.reset();
     lineQuery_.reset();
 }
 

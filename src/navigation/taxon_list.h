@@ -1,10 +1,10 @@
-// The alphabetical list of all taxa, as the stored query "Get Data" or "Get Animal Data" gives it: each row a
-// qb_id and a line. It is made for a million names: only the ids are held, in the order of the list; lines
-// are read when a row is looked at, and a typed text is found along the index on the names.
+// The alphabetical list of all taxa, as the stored query "Get Data" or "Get Animal Data" gives it: each row
+// has a qb_id and a line. It is made for a million names: only the ids are held, in the order of the list;
+// lines are read when a row is looked at, and a typed text is found along the index on the names.
 //
-// The ids come in through Load(), called again and again while the window is idle, so that the first rows
-// show at once. Until all are there the rows on show are the first ones, or those around a taxon that was
-// asked for. Lines are those of the stored query itself. What the store refuses shows as an empty line.
+// The ids are read by Load(), which a window calls while it is idle, so that the first rows show at once.
+// Until all are there the rows on show are the first ones, or those around a taxon that was asked for. Lines
+// are those of the stored query itself. A line that the store refuses is empty.
 #pragma once
 
 #include <chrono>
@@ -18,23 +18,24 @@
 #include <vector>
 
 #include "navigation/list_order.h"
+#include "navigation/pattern_search.h"
 
 namespace quillon::navigation {
 
-// Told of changes of the rows on show.
+// Notified of changes of the rows on show.
 class ListObserver {
 public:
     virtual ~ListObserver() = default;
     // All become other rows.
     virtual void BeforeReset() = 0;
     virtual void AfterReset() = 0;
-    // Some came behind the last.
+    // There are more behind the last.
     virtual void RowsAdded() = 0;
     virtual void BeforeInsert(std::size_t row) = 0;
     virtual void AfterInsert() = 0;
     virtual void BeforeRemove(std::size_t row) = 0;
     virtual void AfterRemove() = 0;
-    // The rows stand, their lines are to be read anew.
+    // The rows are the same, their lines must be read again.
     virtual void LinesChanged() = 0;
 };
 
@@ -44,7 +45,7 @@ public:
     // The named query whose lines begin with the mark before the first unit.
     static constexpr std::string_view kMarkedQuery = "Get Data";
 
-    // Begins anew over `database` with the named query; nullptr empties the list.
+    // Begins again over `database` with the named query; nullptr empties the list.
     void Open(std::shared_ptr<store::Database> database, std::string_view query);
     void Close() { Open(nullptr, {}); }
     // The same DataSet has been closed and opened again: the rows stay.
@@ -74,13 +75,26 @@ public:
 
     // The first taxon whose line is Like the typed text and an asterisk: of all, from one on, or of those
     // before one. Nothing when there is none.
-    std::optional<int> Find(std::string_view typed);
-    std::optional<int> FindFrom(std::string_view typed, int qb_id);
-    std::optional<int> FindBefore(std::string_view typed, int qb_id);
+    std::optional<int> Find(std::string_view typed) { return RunSearch(typed, Among::All, 0); }
+    std::optional<int> FindFrom(std::string_view typed, int qb_id) {
+        return RunSearch(typed, Among::From, qb_id);
+    }
+    std::optional<int> FindBefore(std::string_view typed, int qb_id) {
+        return RunSearch(typed, Among::Before, qb_id);
+    }
 
-    // A taxon is new or has another name: its row goes to its place. One that is gone goes.
+    // The same in steps, for a window that must not wait: Begin, then SearchOn until it is true, then
+    // Found. A text without wildcards is found by the first step. A new search replaces the one before, and
+    // ends when the list is opened anew.
+    enum class Among { All, From, Before };
+    void BeginSearch(std::string_view typed, Among among, int qb_id = 0);
+    // Looks at about `rows` more rows.
+    bool SearchOn(std::size_t rows);
+    std::optional<int> Found() const { return found_; }
+
+    // A taxon is new or has another name: its row moves to its place. The row of one that is gone goes.
     void Update(int qb_id);
-    // Lines are read anew when they are looked at next.
+    // Lines are read again when they are looked at next.
     void ForgetLines();
 
     // At most one; nullptr to let go.
@@ -91,16 +105,21 @@ private:
     void ForgetAll();
     void ShowInstead(std::vector<std::int32_t> around);
     void AddBeside(const NameKey& key, NameWalk::Direction direction, std::vector<std::int32_t>& ids);
+    int EndOf(NameWalk::Direction direction) const;
     int Neighbour(int qb_id, int step);
     std::optional<NameKey> KeyFrom(int qb_id);
-    std::optional<NameKey> Search(std::string_view typed, const NameKey* from);
+    std::optional<int> RunSearch(std::string_view typed, Among among, int qb_id);
+    void Search(std::string_view typed, Among among, int qb_id);
     void RemoveRow(std::size_t row);
 
     std::shared_ptr<store::Database> database_;
     std::string query_;
     std::unique_ptr<ListOrder> order_;  // nullptr without a DataSet
     std::vector<std::int32_t> around_;  // on show instead of the first rows, while not all are there
-    bool stopped_ = false;              // closed under the list: no more rows come
+    bool stopped_ = false;              // the DataSet was closed while the list was read
+
+    std::unique_ptr<PatternSearch> search_;  // while it has not ended
+    std::optional<int> found_;
 
     std::optional<store::QueryDef> lineQuery_;
     using Cached = std::list<std::pair<int, std::string>>;

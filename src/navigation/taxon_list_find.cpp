@@ -1,5 +1,5 @@
-// Where the list is asked for a taxon: the typed search, the steps from row to row, and the row of a taxon
-// that has been written.
+// Questions to the list about single taxa: the typed search, the steps from row to row, and the row of a
+// taxon that has been written.
 #include <algorithm>
 
 #include "navigation/taxon_list.h"
@@ -7,18 +7,29 @@
 
 namespace quillon::navigation {
 
+namespace {
+
+constexpr std::size_t kAllRows = static_cast<std::size_t>(-1);
+
+}  // namespace
+
 int TaxonList::FirstId() {
-    const auto first = Find({});
-    return first ? *first : 0;
+    if (!order_) return 0;
+    if (!order_->Ids().empty()) return order_->Ids().front();
+    return EndOf(NameWalk::Direction::Forward);
 }
 
 int TaxonList::LastId() {
     if (!order_) return 0;
     if (IsComplete()) return order_->Ids().empty() ? 0 : order_->Ids().back();
+    return EndOf(NameWalk::Direction::Backward);
+}
+
+int TaxonList::EndOf(NameWalk::Direction direction) const {
     try {
-        std::vector<std::int32_t> last;
-        NameWalk(*database_, NameWalk::Direction::Backward).Next(last);
-        return last.empty() ? 0 : last.front();
+        std::vector<std::int32_t> ids;
+        NameWalk(*database_, direction).Next(ids);
+        return ids.empty() ? 0 : ids.front();
     } catch (const store::StoreError&) {
         return 0;
     }
@@ -58,41 +69,45 @@ std::optional<NameKey> TaxonList::KeyFrom(int qb_id) {
     return KeyOf(*database_, qb_id);
 }
 
-std::optional<NameKey> TaxonList::Search(std::string_view typed, const NameKey* from) {
-    return TypedSearch(*database_, query_, typed, from).Run();
-}
-
-std::optional<int> TaxonList::Find(std::string_view typed) {
-    if (!order_) return std::nullopt;
+void TaxonList::BeginSearch(std::string_view typed, Among among, int qb_id) {
+    search_.reset();
+    found_.reset();
+    if (!order_) return;
     try {
-        const auto found = Search(typed, nullptr);
-        return found ? std::optional(found->qb_id) : std::nullopt;
+        Search(typed, among, qb_id);
     } catch (const store::StoreError&) {
-        return std::nullopt;
+        search_.reset();
     }
 }
 
-std::optional<int> TaxonList::FindFrom(std::string_view typed, int qb_id) {
-    if (!order_) return std::nullopt;
-    try {
-        const auto from = KeyFrom(qb_id);
-        const auto found = from ? Search(typed, &*from) : std::nullopt;
-        return found ? std::optional(found->qb_id) : std::nullopt;
-    } catch (const store::StoreError&) {
-        return std::nullopt;
+void TaxonList::Search(std::string_view typed, Among among, int qb_id) {
+    std::optional<NameKey> key;
+    if (among != Among::All && !(key = KeyFrom(qb_id))) return;
+    const NameKey* from = among == Among::From ? &*key : nullptr;
+    const NameKey* before = among == Among::Before ? &*key : nullptr;
+    if (PatternSearch::IsNeededFor(typed)) {
+        search_ = std::make_unique<PatternSearch>(database_, query_, typed, from, before);
+        return;
     }
+    const auto found = TypedSearch(*database_, query_, typed, from).Run();
+    if (found && (before == nullptr || CompareKeys(*found, *before) < 0)) found_ = found->qb_id;
 }
 
-std::optional<int> TaxonList::FindBefore(std::string_view typed, int qb_id) {
-    if (!order_) return std::nullopt;
+bool TaxonList::SearchOn(std::size_t rows) {
+    if (!search_) return true;
     try {
-        const auto before = KeyFrom(qb_id);
-        const auto found = Search(typed, nullptr);
-        if (!before || !found || CompareKeys(*found, *before) >= 0) return std::nullopt;
-        return found->qb_id;
+        if (!search_->Step(rows)) return false;
+        found_ = search_->Found();
     } catch (const store::StoreError&) {
-        return std::nullopt;
     }
+    search_.reset();
+    return true;
+}
+
+std::optional<int> TaxonList::RunSearch(std::string_view typed, Among among, int qb_id) {
+    BeginSearch(typed, among, qb_id);
+    while (!SearchOn(kAllRows)) continue;
+    return found_;
 }
 
 void TaxonList::RemoveRow(std::size_t row) {
@@ -101,7 +116,7 @@ void TaxonList::RemoveRow(std::size_t row) {
     if (observer_ != nullptr) observer_->AfterRemove();
 }
 
-// A list that is still being read begins anew, which takes no time.
+// A list that is still being read begins again, which takes no time.
 void TaxonList::Update(int qb_id) {
     if (!order_ || stopped_) return;
     if (!IsComplete()) return Open(database_, std::string(query_));

@@ -1,6 +1,8 @@
+// Changes of the tree, each between the two calls that announce it.
 #include "navigation/tree_control.h"
 
 #include <algorithm>
+#include <map>
 
 namespace quillon::navigation {
 
@@ -10,7 +12,21 @@ bool TreeNode::IsWithin(const TreeNode* ancestor) const {
     return node != nullptr;
 }
 
+// Level by level, since a chain of nodes can be deeper than a stack.
+void TreeNode::Destroy(std::vector<std::unique_ptr<TreeNode>> nodes) {
+    while (!nodes.empty()) {
+        const std::unique_ptr<TreeNode> node = std::move(nodes.back());
+        nodes.pop_back();
+        for (auto& child : node->children_) nodes.push_back(std::move(child));
+        node->children_.clear();
+    }
+}
+
 TreeControl::TreeControl() : top_("") {}
+
+TreeControl::~TreeControl() {
+    TreeNode::Destroy(std::move(top_.children_));
+}
 
 TreeNode* TreeControl::NextSibling(const TreeNode* node) const {
     const TreeNode& owner = Owner(node->Parent());
@@ -36,12 +52,14 @@ std::unique_ptr<TreeNode> TreeControl::Make(TreeNode* parent, const NewNode& add
     if (!added.placeholder.empty()) {
         node->children_.emplace_back(new TreeNode(std::string(added.placeholder)));
         node->children_.back()->parent_ = node.get();
+        node->children_.back()->isPlaceholder_ = true;
     }
     return node;
 }
 
 void TreeControl::Insert(TreeNode* parent, std::size_t row, const std::vector<NewNode>& nodes) {
     if (nodes.empty()) return;
+    ShowPlaceholder(parent);
     TreeNode& owner = Owner(parent);
     if (observer_ != nullptr) observer_->BeforeInsert(parent, row, row + nodes.size() - 1);
     std::vector<std::unique_ptr<TreeNode>> made;
@@ -50,6 +68,13 @@ void TreeControl::Insert(TreeNode* parent, std::size_t row, const std::vector<Ne
     owner.children_.insert(owner.children_.begin() + static_cast<std::ptrdiff_t>(row),
                            std::make_move_iterator(made.begin()), std::make_move_iterator(made.end()));
     Renumber(owner, row);
+    if (observer_ != nullptr) observer_->AfterInsert();
+}
+
+void TreeControl::ShowPlaceholder(TreeNode* parent) {
+    if (parent == nullptr || !parent->HasPlaceholder()) return;
+    if (observer_ != nullptr) observer_->BeforeInsert(parent, 0, 0);
+    parent->children_.front()->isPlaceholder_ = false;
     if (observer_ != nullptr) observer_->AfterInsert();
 }
 
@@ -65,13 +90,18 @@ void TreeControl::Remove(TreeNode* node) {
     const std::size_t row = node->row_;
     if (selected_ != nullptr && selected_->IsWithin(node)) Select(nullptr);
     if (dropHighlight_ != nullptr && dropHighlight_->IsWithin(node)) SetDropHighlight(nullptr);
-    if (observer_ != nullptr) observer_->BeforeRemove(parent, row, row);
+    const bool isShown = !node->isPlaceholder_ && observer_ != nullptr;
+    if (isShown) observer_->BeforeRemove(parent, row, row);
+    std::vector<std::unique_ptr<TreeNode>> removed;
+    removed.push_back(std::move(owner.children_[row]));
     owner.children_.erase(owner.children_.begin() + static_cast<std::ptrdiff_t>(row));
     Renumber(owner, row);
-    if (observer_ != nullptr) observer_->AfterRemove();
+    if (isShown) observer_->AfterRemove();
+    TreeNode::Destroy(std::move(removed));
 }
 
 void TreeControl::Move(TreeNode* node, TreeNode* parent, std::size_t row) {
+    ShowPlaceholder(parent);
     if (observer_ != nullptr) observer_->BeforeMove(node, parent, row);
     TreeNode& from = Owner(node->parent_);
     TreeNode& to = Owner(parent);
@@ -89,8 +119,9 @@ void TreeControl::Clear() {
     SetDropHighlight(nullptr);
     if (observer_ != nullptr) observer_->BeforeClear();
     selected_ = nullptr;
-    top_.children_.clear();
+    auto removed = std::exchange(top_.children_, {});
     if (observer_ != nullptr) observer_->AfterClear();
+    TreeNode::Destroy(std::move(removed));
 }
 
 void TreeControl::SetText(TreeNode* node, std::string_view text) {
@@ -99,18 +130,16 @@ void TreeControl::SetText(TreeNode* node, std::string_view text) {
     if (observer_ != nullptr) observer_->TextsChanged(node->parent_, node->row_, node->row_);
 }
 
-void TreeControl::SetTexts(TreeNode* parent, const std::vector<std::string>& texts) {
-    TreeNode& owner = Owner(parent);
-    std::size_t first = texts.size(), last = 0;
-    for (std::size_t row = 0; row < texts.size(); ++row) {
-        std::string& text = owner.children_.at(row)->text_;
-        if (text == texts[row]) continue;
-        text = texts[row];
-        first = std::min(first, row);
-        last = row;
+void TreeControl::SetTexts(const std::vector<std::pair<TreeNode*, std::string>>& texts) {
+    std::map<TreeNode*, std::pair<std::size_t, std::size_t>> changed;
+    for (const auto& [node, text] : texts) {
+        if (node->text_ == text) continue;
+        node->text_ = text;
+        auto& rows = changed.try_emplace(node->parent_, node->row_, node->row_).first->second;
+        rows = {std::min(rows.first, node->row_), std::max(rows.second, node->row_)};
     }
-    if (first <= last && first < texts.size() && observer_ != nullptr)
-        observer_->TextsChanged(parent, first, last);
+    if (observer_ == nullptr) return;
+    for (const auto& [parent, rows] : changed) observer_->TextsChanged(parent, rows.first, rows.second);
 }
 
 void TreeControl::SetExpanded(TreeNode* node, bool expanded) {

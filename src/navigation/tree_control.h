@@ -1,13 +1,17 @@
 // The tree of the explorer without a widget: nodes with text, order, expansion, one selection and one drop
 // highlight. A window mirrors it through a TreeObserver; the explorer alone changes it.
 //
-// A node is known by its address, which holds until the node is removed, also when it is moved. Nodes know
-// nothing of the taxa they stand for.
+// A node is known by its address, which stays the same until the node is removed, also when it is moved.
+// Nodes know nothing of the taxa they stand for.
+//
+// A node whose children have not been fetched has one child instead, the placeholder. The observer never
+// sees it: for a window such a node has no rows yet, though it can be opened.
 #pragma once
 
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace quillon::navigation {
@@ -21,6 +25,9 @@ public:
     std::size_t Row() const { return row_; }
     std::size_t ChildCount() const { return children_.size(); }
     TreeNode* Child(std::size_t row) const { return children_.at(row).get(); }
+    // The children that a window shows: all but a placeholder.
+    std::size_t RowCount() const { return HasPlaceholder() ? 0 : children_.size(); }
+    bool HasPlaceholder() const { return children_.size() == 1 && children_.front()->isPlaceholder_; }
     bool Expanded() const { return expanded_; }
     // It lies in the subtree of `ancestor`, or is it.
     bool IsWithin(const TreeNode* ancestor) const;
@@ -28,16 +35,18 @@ public:
 private:
     friend class TreeControl;
     explicit TreeNode(std::string text) : text_(std::move(text)) {}
+    static void Destroy(std::vector<std::unique_ptr<TreeNode>> nodes);
 
     std::string text_;
     TreeNode* parent_ = nullptr;
     std::size_t row_ = 0;
     bool expanded_ = false;
+    bool isPlaceholder_ = false;
     std::vector<std::unique_ptr<TreeNode>> children_;
 };
 
-// Told before and after each change; `parent` is nullptr for the top level. Rows are from `first` to `last`,
-// both in.
+// Notified before and after each change. `parent` is nullptr for the top level; the rows `first` and `last`
+// are both part of the change.
 class TreeObserver {
 public:
     virtual ~TreeObserver() = default;
@@ -50,9 +59,10 @@ public:
     virtual void AfterMove() = 0;
     virtual void BeforeClear() = 0;
     virtual void AfterClear() = 0;
+    // Rows from `first` to `last` may show another text.
     virtual void TextsChanged(TreeNode* parent, std::size_t first, std::size_t last) = 0;
     virtual void ExpandedChanged(TreeNode* node) = 0;
-    // `node` is nullptr when nothing is selected any more. It is to be made visible.
+    // `node` is nullptr when nothing is selected any more; otherwise it is to be made visible.
     virtual void SelectionChanged(TreeNode* node) = 0;
     // The node stands under open nodes, and is to be scrolled to.
     virtual void MadeVisible(TreeNode* node) = 0;
@@ -69,6 +79,10 @@ public:
     };
 
     TreeControl();
+    ~TreeControl();
+    TreeControl(const TreeControl&) = delete;
+    TreeControl& operator=(const TreeControl&) = delete;
+
     // At most one; nullptr to let go.
     void SetObserver(TreeObserver* observer) { observer_ = observer; }
 
@@ -82,18 +96,20 @@ public:
     TreeNode* PreviousSibling(const TreeNode* node) const;
     TreeNode* LastSibling(const TreeNode* node) const;
 
-    // Puts nodes under a parent before the child in `row`, all told at once.
+    // Puts nodes under a parent before the child in `row`, all in one change.
     void Insert(TreeNode* parent, std::size_t row, const std::vector<NewNode>& nodes);
     // The same behind the last child; gives the place of the first.
     std::size_t Append(TreeNode* parent, const std::vector<NewNode>& nodes);
     void Remove(TreeNode* node);
     // Takes a node with its subtree under another parent, before the child that stands in `row` there. The
-    // parent is neither its present one nor within its subtree.
+    // parent is neither its present one nor within its subtree. A placeholder there becomes a row like any
+    // other.
     void Move(TreeNode* node, TreeNode* parent, std::size_t row);
     void Clear();
     void SetText(TreeNode* node, std::string_view text);
-    // The texts of all children, in their order; told at once, and only as far as they differ.
-    void SetTexts(TreeNode* parent, const std::vector<std::string>& texts);
+    // Many texts at once: the observer is notified once a parent, and of parents only under which one
+    // differs.
+    void SetTexts(const std::vector<std::pair<TreeNode*, std::string>>& texts);
     void SetExpanded(TreeNode* node, bool expanded);
     // Opens the nodes above it as they are.
     void EnsureVisible(TreeNode* node);
@@ -108,6 +124,7 @@ private:
     TreeNode& Owner(TreeNode* parent) { return parent == nullptr ? top_ : *parent; }
     const TreeNode& Owner(const TreeNode* parent) const { return parent == nullptr ? top_ : *parent; }
     static void Renumber(TreeNode& owner, std::size_t from);
+    void ShowPlaceholder(TreeNode* parent);
     static std::unique_ptr<TreeNode> Make(TreeNode* parent, const NewNode& added);
 
     TreeNode top_;  // never shown; holds the top level

@@ -1,3 +1,4 @@
+// The ranges of the index on the names that a typed text can lead to, and the test of the rows in them.
 #include "navigation/typed_search.h"
 
 #include <fmt/format.h>
@@ -5,7 +6,6 @@
 #include <algorithm>
 
 #include "core/text.h"
-#include "core/utf8.h"
 #include "navigation/taxon_list.h"
 
 namespace quillon::navigation {
@@ -28,9 +28,6 @@ constexpr std::string_view kTaxaSql =
     "a.qb_taxon_author_id WHERE {} "
     "ORDER BY t.unit_name1, t.unit_name2, t.unit_name3, t.unit_name4, a.taxon_author";
 constexpr std::string_view kLineSql = "PARAMETERS theId Long; SELECT line FROM [{}] WHERE qb_id = [theId]";
-constexpr std::string_view kNamesFromSql =
-    "PARAMETERS theFirst Text; SELECT unit_name1 FROM qb_taxonomic_units WHERE unit_name1 >= [theFirst] "
-    "ORDER BY unit_name1";
 constexpr std::string_view kMarksSql =
     "SELECT unit_ind1, count(*) AS HowMany FROM qb_taxonomic_units WHERE unit_ind1 Is Not Null "
     "GROUP BY unit_ind1";
@@ -67,35 +64,6 @@ NameKey KeyOfRow(const store::Recordset& row) {
     return key;
 }
 
-// A set without its end matches nothing.
-bool HasOpenSet(std::string_view pattern) {
-    for (std::size_t open = pattern.find('['); open != std::string_view::npos;) {
-        const std::size_t close = pattern.find(']', open);
-        if (close == std::string_view::npos) return true;
-        open = pattern.find('[', close);
-    }
-    return false;
-}
-
-// A wildcard, or a set with its brackets.
-std::string_view FirstElement(std::string_view pattern) {
-    return pattern.front() == '[' ? pattern.substr(0, pattern.find(']') + 1) : pattern.substr(0, 1);
-}
-
-// Whether a name that sorts among those of `letter` may begin with a character that matches: the letter
-// itself, or one that differs from it in case or accent only.
-bool LetsThrough(std::string_view element, std::string_view letter) {
-    if (LikeText(letter, element)) return true;
-    for (char32_t code = U' '; code < 0x180; ++code) {
-        std::string character;
-        AppendUtf8(code, character);
-        const bool sortsThere =
-            CompareText(Behind(character), letter) > 0 && CompareText(character, Behind(letter)) < 0;
-        if (sortsThere && LikeText(character, element)) return true;
-    }
-    return false;
-}
-
 // Calls `behind` with each part of a text up to a blank, and with what follows.
 template <typename Procedure>
 void AtEachBlank(std::string_view text, Procedure behind) {
@@ -112,57 +80,19 @@ struct TypedSearch::Rows {
     bool alongNames = false;
 };
 
-// The text stands for itself up to the first wildcard.
 TypedSearch::TypedSearch(store::Database& database, std::string_view query, std::string_view typed,
                          const NameKey* from)
     : database_(database),
       query_(query),
       from_(from),
-      literal_(typed.substr(0, typed.find_first_of("*?#["))),
+      typed_(typed),
       pattern_(std::string(typed) + "*"),
       withMarks_(query == TaxonList::kMarkedQuery) {}
 
 std::optional<NameKey> TypedSearch::Run() {
-    if (HasOpenSet(pattern_)) return best_;
-    if (literal_.empty()) {
-        Scan({kFirstNull});
-        SearchByFirstCharacter(FirstElement(pattern_));
-        return best_;
-    }
-    SearchFirstUnit({}, literal_);
-    if (withMarks_) SearchMarks(literal_);
+    SearchFirstUnit({}, typed_);
+    if (withMarks_) SearchMarks(typed_);
     return best_;
-}
-
-// Names that begin with one letter stand together, so the letters are visited, and their names read only
-// where the first element of the pattern lets the letter through.
-void TypedSearch::SearchByFirstCharacter(std::string_view element) {
-    if (element == "*" || element == "?" || element == "[]")
-        return SearchFirstUnitBetween({}, {}, kBehindAll);
-    SearchFirstUnitBetween({}, {}, kBehindBlanks);
-    std::string at(kBehindBlanks);
-    if (from_ != nullptr && CompareText(from_->units[0], at) > 0) at = from_->units[0];
-    while (!best_) {
-        const std::string name = FirstNameFrom(at);
-        if (name.empty()) break;
-        const std::string letter(LeftCharacters(name, 1));
-        if (LetsThrough(element, letter)) SearchFirstUnitBetween({}, name, Behind(letter));
-        at = Behind(letter);
-    }
-    if (!withMarks_) return;
-    for (const auto marks = database_.OpenRecordset(kMarksSql); !marks->Eof(); marks->MoveNext()) {
-        const std::string mark = marks->At(0).AsText();
-        if (!LikeText(LeftCharacters(TrimStart(mark), 1), element)) continue;
-        ScanAmong({mark, marks->At(1).AsLong() > kFewMarked}, {kFirstNull});
-        SearchFirstUnitBetween({mark, marks->At(1).AsLong() > kFewMarked}, {}, kBehindAll);
-    }
-}
-
-// The first unit that is `at` or comes behind it; empty when none does.
-std::string TypedSearch::FirstNameFrom(const std::string& at) {
-    auto query = database_.CreateQueryDef("", std::string(kNamesFromSql));
-    const auto row = query.Set("theFirst", at).OpenRecordset(RecordsetType::ForwardOnly);
-    return row->Eof() ? std::string() : row->At(0).AsText();
 }
 
 // `rest` is what the first unit must go on with.
@@ -210,14 +140,14 @@ void TypedSearch::SearchSecondUnitBetween(std::string_view name, std::string_vie
 }
 
 // A mark and a blank stand before the first unit: as far as the text goes it must be the same.
-void TypedSearch::SearchMarks(std::string_view literal) {
+void TypedSearch::SearchMarks(std::string_view typed) {
     for (const auto marks = database_.OpenRecordset(kMarksSql); !marks->Eof(); marks->MoveNext()) {
         const std::string mark = marks->At(0).AsText();
         const std::string before = std::string(TrimStart(mark)) + " ";
-        const std::size_t common = std::min(CharacterCount(before), CharacterCount(literal));
-        const std::string_view head = LeftCharacters(literal, common);
+        const std::size_t common = std::min(CharacterCount(before), CharacterCount(typed));
+        const std::string_view head = LeftCharacters(typed, common);
         if (LowerCase(head) != LowerCase(LeftCharacters(before, common))) continue;
-        SearchFirstUnit({mark, marks->At(1).AsLong() > kFewMarked}, literal.substr(head.size()));
+        SearchFirstUnit({mark, marks->At(1).AsLong() > kFewMarked}, typed.substr(head.size()));
     }
 }
 

@@ -1,10 +1,10 @@
-// The search for a typed text in the alphabetical list: the first row, from the beginning or from a taxon on,
-// whose line is Like the text and an asterisk. The list is not needed for it: a line begins with the first
-// unit of the name, so the names that can match stand together in the index on the names, and are read there
-// and tested one by one. A typed key is answered at once, however much of the list has been loaded.
+// The search in the alphabetical list for a typed text without wildcards: the first row, from the beginning
+// or from a taxon on, whose line is Like the text and an asterisk. It does not need the rows of the list: a
+// line begins with the first unit of the name, so the names that can match stand together in the index on the
+// names, and are read there and tested one by one. So a key is answered at once, however much of the list has
+// been loaded. PatternSearch does the texts with wildcards.
 //
-// Only a text that begins with "*" or "?" and goes on makes it read lines until one matches. The errors of
-// the store pass through.
+// The errors of the store pass through.
 #pragma once
 
 #include <memory>
@@ -18,8 +18,8 @@ namespace quillon::navigation {
 
 class TypedSearch {
 public:
-    // `query` is the named query behind the list. Both must outlive the search, as `from` must, which is the
-    // taxon to begin with or nullptr.
+    // `query` is the named query behind the list, `from` the taxon to begin with, or nullptr. All must
+    // outlive the search.
     TypedSearch(store::Database& database, std::string_view query, std::string_view typed,
                 const NameKey* from);
 
@@ -34,13 +34,11 @@ private:
         std::string name = {}, first = {}, last = {}, mark = {};
     };
 
-    void SearchByFirstCharacter(std::string_view element);
-    std::string FirstNameFrom(const std::string& at);
     void SearchFirstUnit(const Rows& rows, std::string_view rest);
     void SearchFirstUnitBetween(const Rows& rows, std::string_view first, std::string_view last);
     void SearchSecondUnit(std::string_view name, std::string_view rest);
     void SearchSecondUnitBetween(std::string_view name, std::string_view first, std::string_view last);
-    void SearchMarks(std::string_view literal);
+    void SearchMarks(std::string_view typed);
     void ScanAmong(const Rows& rows, Range range);
     void Scan(const Range& range);
     void ScanMarked(const Range& range);
@@ -52,7 +50,7 @@ private:
     store::Database& database_;
     std::string_view query_;
     const NameKey* from_;
-    std::string literal_, pattern_;
+    std::string typed_, pattern_;
     bool withMarks_;
     std::optional<NameKey> best_;
 };

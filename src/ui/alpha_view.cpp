@@ -1,7 +1,10 @@
+// Typed characters, and tool tips for lines that are cut.
 #include "ui/alpha_view.h"
 
+#include <QHelpEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QToolTip>
 
 namespace quillon::ui {
 
@@ -28,6 +31,21 @@ void AlphaView::keyPressEvent(QKeyEvent* event) {
 void AlphaView::inputMethodEvent(QInputMethodEvent* event) {
     TypeAll(event->commitString());
     event->accept();
+}
+
+bool AlphaView::viewportEvent(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) return QListView::viewportEvent(event);
+    const auto* help = static_cast<QHelpEvent*>(event);
+    const QModelIndex index = indexAt(help->pos());
+    const QString text = index.isValid() && IsCut(index) ? index.data().toString() : QString();
+    QToolTip::showText(help->globalPos(), text.toHtmlEscaped(), viewport(), visualRect(index));
+    return true;
+}
+
+// The row that the view has for a line can be narrower than the line, and the view narrower than the row.
+bool AlphaView::IsCut(const QModelIndex& index) const {
+    const QRect row = visualRect(index) & viewport()->rect();
+    return sizeHintForIndex(index).width() > row.width();
 }
 
 void AlphaView::TypeAll(const QString& text) {

@@ -1,5 +1,5 @@
-// The view of the alphabetical list: every character that is typed, by key or by input method, goes out as
-// one key.
+// The view of the alphabetical list. It reports every character that is typed, by key or by input method, as
+// one key, and shows a line that is cut in full in a tool tip.
 #pragma once
 
 #include <QListView>
@@ -10,7 +10,7 @@ class AlphaView : public QListView {
     Q_OBJECT
 public:
     explicit AlphaView(QWidget* parent = nullptr);
-    // The list searches its lines itself.
+    // The explorer searches the lines.
     void keyboardSearch(const QString&) override {}
 
 signals:
@@ -20,9 +20,11 @@ signals:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
 
 private:
     void TypeAll(const QString& text);
+    bool IsCut(const QModelIndex& index) const;
 };
 
 }  // namespace quillon::ui

@@ -1,3 +1,4 @@
+// How the two views and the explorer are kept in step.
 #include "ui/explorer_view.h"
 
 #include <QtWidgets>
@@ -36,10 +37,11 @@ ExplorerView::ExplorerView(navigation::cExplorer& explorer, QWidget* parent)
     ShowHierarchy(true);
 }
 
-// The explorer outlives the view and must not call it any more.
+// The explorer lives longer than the view and must not call it any more.
 ExplorerView::~ExplorerView() {
     explorer_.ListMoved = nullptr;
     explorer_.StartListTimer = nullptr;
+    explorer_.Note = nullptr;
 }
 
 void ExplorerView::BuildViews() {
@@ -62,9 +64,11 @@ void ExplorerView::ConnectTree() {
         if (!node->Expanded()) explorer_.ExpandNode(node);
     });
     connect(tree_, &QTreeView::collapsed, this, [this](const QModelIndex& index) {
-        explorer_.TreeV().SetExpanded(treeModel_->NodeOf(index), false);
+        navigation::TreeNode* node = treeModel_->NodeOf(index);
+        if (node->Expanded()) explorer_.CollapseNode(node);
     });
-    connect(treeModel_, &TreeModel::NodeExpanded, tree_, &QTreeView::setExpanded);
+    connect(treeModel_, &TreeModel::NodeExpanded, tree_, &HierView::SetOpen);
+    explorer_.Note = [this](std::string_view text) { emit Noted(ToQt(text)); };
     connect(treeModel_, &TreeModel::NodeMadeVisible, tree_,
             [this](const QModelIndex& index) { tree_->Reveal(index); });
 }
@@ -156,9 +160,8 @@ void ExplorerView::contextMenuEvent(QContextMenuEvent* event) {
 }
 
 // The commands work on the record: a row of the list becomes it first, the one under the mouse or the current
-// one. In the tree the press has chosen the node already. False when the row did not become the record,
-// because no path leads to it or the user stays on an unsaved one: a command would work on another name than
-// the one marked.
+// one. In the tree the press has chosen the node already. False when the row did not become the record
+// because the user stays on an unsaved one: a command would work on another name than the one marked.
 bool ExplorerView::ChooseForMenu(const QContextMenuEvent& event) {
     if (CurrentView() != list_) return true;
     const QModelIndex index = event.reason() == QContextMenuEvent::Mouse
@@ -166,9 +169,8 @@ bool ExplorerView::ChooseForMenu(const QContextMenuEvent& event) {
                                   : list_->currentIndex();
     if (!index.isValid()) return true;
     const int id = listModel_->IdAt(index);
-    if (explorer_.FindIdOfNode(explorer_.TreeV().Selected()) == id) return true;
-    explorer_.ListClick(navigation::cExplorer::ListArea::List, id);
-    return explorer_.FindIdOfNode(explorer_.TreeV().Selected()) == id;
+    if (!explorer_.IsRecord(id)) explorer_.ListClick(navigation::cExplorer::ListArea::List, id);
+    return explorer_.IsRecord(id);
 }
 
 void ExplorerView::FillMenu(QMenu& menu) const {

@@ -1,9 +1,9 @@
 // The explorer's pane of the main window: the hierarchy "HierView" and the alphabetical list "AlphaView", one
-// of which is on show. It mirrors what cExplorer holds and hands it what the user does; the main window makes
-// one and puts it beside the editor.
+// of which is on show. It shows what cExplorer holds and reports to it what the user does; the main window
+// makes one and puts it beside the editor.
 //
-// Of the explorer's events it takes those of the list and of the timers. ItemSelected, CurrentPos, Dropped
-// and Expand stay for the form that owns the explorer.
+// Of the explorer's events it takes those of the list and of the timers, and its notes. ItemSelected,
+// CurrentPos, Dropped and Expand belong to the form that owns the explorer.
 #pragma once
 
 #include <QList>
@@ -37,6 +37,10 @@ public:
     // The commands of the menu that a right click or the menu key opens; those disabled at that time are left
     // out. A null action stands for a separator.
     void SetContextActions(const QList<QAction*>& actions);
+
+signals:
+    // A line for the status bar.
+    void Noted(const QString& text);
 
 protected:
     void contextMenuEvent(QContextMenuEvent* event) override;

@@ -73,12 +73,23 @@ HierView::HierView(cExplorer& explorer, QWidget* parent)
     connect(&treeTimer_, &QTimer::timeout, this, [this] { explorer_.TreeTimer(); });
     explorer_.RunTreeTimer = [this](bool run) { run ? treeTimer_.start() : treeTimer_.stop(); };
     explorer_.ScrollTree = [this](int lines) { ScrollLine(lines); };
+    idleTimer_.setInterval(0);
+    connect(&idleTimer_, &QTimer::timeout, this, [this] {
+        if (!explorer_.Continue()) idleTimer_.stop();
+    });
+    explorer_.StartIdleTimer = [this] { idleTimer_.start(); };
 }
 
 HierView::~HierView() {
     explorer_.CancelDrag();
     explorer_.RunTreeTimer = nullptr;
     explorer_.ScrollTree = nullptr;
+    explorer_.StartIdleTimer = nullptr;
+}
+
+void HierView::SetOpen(const QModelIndex& index, bool open) {
+    scheduleDelayedItemsLayout();
+    setExpanded(index, open);
 }
 
 void HierView::Reveal(const QModelIndex& index) {
@@ -137,6 +148,9 @@ void HierView::keyPressEvent(QKeyEvent* event) {
         if (event->key() == Qt::Key_Escape) EndDrag();
         return;
     }
+    // A plain view would open everything that stands below.
+    if (event->key() == Qt::Key_Asterisk && currentIndex().isValid())
+        return explorer_.ExpandBelow(model_->NodeOf(currentIndex()));
     QTreeView::keyPressEvent(event);
 }
 

@@ -1,6 +1,7 @@
-// The view of the tree. It adds to a plain one what dragging a node takes: it tells the explorer what the
-// mouse does, and shows the dragged name beside a picture that says whether it may be dropped there. Where it
-// may be dropped, and what a drop does, the explorer knows.
+// The view of the tree. It adds to a plain one what dragging a node takes: it reports to the explorer what
+// the mouse does, and shows the dragged name beside a picture that says whether it may be dropped there.
+// Where it may be dropped, and what a drop does, the explorer knows. It also gives the explorer its idle
+// time.
 //
 // A drag ends without a drop on Escape, on another button, and when the view is left or hidden.
 #pragma once
@@ -26,6 +27,8 @@ public:
 
     // Takes the place of setModel().
     void SetTreeModel(TreeModel* model);
+    // Opens or closes a node as the program has it. Rows are laid out once for any number of nodes.
+    void SetOpen(const QModelIndex& index, bool open);
     // Scrolls to a name that the program chose, sidewise too, so that as much of it shows as fits.
     void Reveal(const QModelIndex& index);
 
@@ -48,7 +51,7 @@ private:
 
     navigation::cExplorer& explorer_;
     TreeModel* model_ = nullptr;
-    QTimer treeTimer_;
+    QTimer treeTimer_, idleTimer_;
     QPoint pressedAt_, lastAt_;
     QCursor dropCursor_, noDropCursor_;
     QLabel* ghost_ = nullptr;  // the dragged name beside the mouse

@@ -22,7 +22,8 @@ constexpr int kEditorMinimum = 44;
 constexpr int kExplorerWidth = 76;
 constexpr int kEditorWidth = 128;
 constexpr int kHeight = 124;
-constexpr int kModeWidth = 48;  // 720 twips
+constexpr int kModeWidth = 48;     // 720 twips
+constexpr int kNoteLasts = 15000;  // milliseconds
 
 // In the order of the tabs.
 using BuildPage = QWidget* (*)(QWidget*);
@@ -99,6 +100,8 @@ void RecViewWindow::BuildExplorer() {
     QList<QAction*> commands;
     for (const QString name : kExplorerMenu) commands << (name == "-" ? nullptr : findChild<QAction*>(name));
     explorerView_->SetContextActions(commands);
+    connect(explorerView_, &ExplorerView::Noted, this,
+            [this](const QString& text) { statusBar()->showMessage(text, kNoteLasts); });
 }
 
 QWidget* RecViewWindow::BuildEditor() {
@@ -145,7 +148,7 @@ QWidget* RecViewWindow::BuildPages() {
 void RecViewWindow::ConnectForm() {
     editor::RecViewForm& form = recView_.Controls();
     reselection_ = recView_.ReselectLater.Connect(
-        [this](int id) { QTimer::singleShot(0, this, [this, id] { Reselect(id); }); });
+        [this](int id) { QTimer::singleShot(0, this, [this, id] { explorer_.Reselect(id); }); });
     form.hierarchy.Observe([guard = QPointer<RecViewWindow>(this)] {
         if (guard) guard->ShowView();
     });
@@ -203,10 +206,6 @@ QWidget* RecViewWindow::FirstField() const {
         if (page->isAncestorOf(at) && takesTab && at->isVisible() && at->isEnabled()) return at;
     }
     return nullptr;
-}
-
-void RecViewWindow::Reselect(int qb_id) {
-    if (navigation::TreeNode* node = explorer_.ExpandContainingSubtree(qb_id)) explorer_.HiliteNode(node);
 }
 
 bool RecViewWindow::event(QEvent* event) {

@@ -39,7 +39,6 @@ private:
     void TurnTab(int step);
     void MoveFocus();
     QWidget* FirstField() const;
-    void Reselect(int qb_id);
 
     editor::RecView& recView_;
     navigation::cExplorer& explorer_;

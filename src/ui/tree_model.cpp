@@ -37,7 +37,13 @@ QModelIndex TreeModel::parent(const QModelIndex& child) const {
 
 int TreeModel::rowCount(const QModelIndex& parent) const {
     const TreeNode* node = NodeOf(parent);
-    return static_cast<int>(node == nullptr ? tree_.TopCount() : node->ChildCount());
+    return static_cast<int>(node == nullptr ? tree_.TopCount() : node->RowCount());
+}
+
+// A node whose children have not been fetched can be opened too.
+bool TreeModel::hasChildren(const QModelIndex& parent) const {
+    const TreeNode* node = NodeOf(parent);
+    return (node == nullptr ? tree_.TopCount() : node->ChildCount()) > 0;
 }
 
 QVariant TreeModel::data(const QModelIndex& index, int role) const {

@@ -189,6 +189,16 @@ TEST_F(BioList, GetOneRecordOfATaxonThatIsGoneChangesNothing) {
     EXPECT_EQ(Describe(item), before);
 }
 
+TEST_F(BioList, OneRecordIsAnItemOfItsOwn) {
+    Add({.qb_id = 2, .parent = 1, .rank = 180, .name1 = "Orca"});
+    Add({.qb_id = 3, .parent = 2, .name1 = "Orca", .name2 = "alpha"});
+    const auto item = cBioList::OneRecord(source, data.state.gDataSetPath, 2);
+    ASSERT_NE(item, nullptr);
+    EXPECT_EQ(Describe(*item), "2|Orca|valid|180|0|false|0|1|1\n");
+    EXPECT_TRUE(item->IsInTree());
+    EXPECT_EQ(cBioList::OneRecord(source, data.state.gDataSetPath, 99), nullptr);
+}
+
 TEST_F(BioList, UsageNullGivesNoMarkAndNoSynonym) {
     Add({.qb_id = 2, .name1 = "Nameless", .usage = ""});
     cBioList item = At(1);
@@ -218,7 +228,9 @@ TEST_F(BioList, OrphansHaveNoParentAndNoLinkAndAreNoKingdom) {
 }
 
 TEST_F(BioList, OrphansWithoutAnOpenDataSetAreNone) {
-    const cBioList item = At(1);
+    Add({.qb_id = 2, .name1 = "Lost"});
+    cBioList item = At(1);
+    EXPECT_EQ(item.Orphans().size(), 1u);
     data.lifecycle.CloseDataSet();
     EXPECT_TRUE(item.Orphans().empty());
 }

@@ -248,6 +248,20 @@ TEST_F(Dropping, ACancelledUndoChangesNothing) {
     EXPECT_EQ(Shape(), kBefore);
 }
 
+TEST_F(Dropping, AMoveThatTheStoreTookBackIsNotUndone) {
+    explorer.HiliteNode(Node(5));
+    explorer.Cut();
+    explorer.HiliteNode(Node(3));
+    explorer.Paste();
+    EXPECT_TRUE(explorer.CanUndo());
+    explorer.ReflectRealNodePosition(5);
+    events.clear();
+    EXPECT_FALSE(explorer.CanUndo());
+    EXPECT_TRUE(explorer.Undo());
+    EXPECT_EQ(events, "") << "nothing is proposed, so the record stays as it is";
+    EXPECT_EQ(explorer.FindIdOfNode(Node(5)->Parent()), 2);
+}
+
 TEST_F(Dropping, ASynonymIsPastedFromTheNodeThatWasCut) {
     explorer.TreeV().Select(Node(7, 3));
     explorer.Cut();

@@ -138,7 +138,7 @@ TEST_F(Moves, GoThroughTheListWhileThatIsOnShow) {
     explorer.SetTreeVisible(false);
     EXPECT_FALSE(explorer.IsFirstSelected());
     explorer.MoveFirst();
-    EXPECT_EQ(events, "list 1;item 1;pos true false;");
+    EXPECT_EQ(events, "pos false false;list 1;item 1;pos true false;");
     EXPECT_TRUE(explorer.IsFirstSelected());
     events.clear();
     explorer.MovePrev();

@@ -41,7 +41,7 @@ TEST_F(Explorer, FetchesTheChildrenWhenANodeIsOpened) {
     EXPECT_EQ(Shape(),
               "Animalia(Orca(Orca  alpha, Orca  beta, [Invalid] Gladiator, [Invalid] Killer), "
               "Tursiops(dummy99)); Lost");
-    EXPECT_EQ(events, "expand Animalia;expand Orca;");
+    EXPECT_EQ(events, "expand Animalia;pos false false;expand Orca;pos false false;");
     EXPECT_FALSE(data.prompter.waitCursor);
 }
 
@@ -53,7 +53,7 @@ TEST_F(Explorer, ASecondOpeningReadsNothing) {
     Add({.qb_id = 20, .parent = 1, .rank = 180, .name1 = "Later"});
     explorer.ExpandNode(root);
     EXPECT_EQ(root->ChildCount(), 2u);
-    EXPECT_EQ(events, "expand Animalia;expand Animalia;");
+    EXPECT_EQ(events, "expand Animalia;pos false false;expand Animalia;pos false false;");
 }
 
 TEST_F(Explorer, ARealChildNamedAsThePlaceholderIsTakenForIt) {
@@ -164,11 +164,72 @@ TEST_F(Explorer, AUsableNameWithASynonymLinkIsFoundUnderItsParent) {
     EXPECT_EQ(events, "expand Animalia;expand Orca;item 5;");
 }
 
-TEST_F(Explorer, ATaxonThatNoNodeHoldsSelectsNothing) {
+TEST_F(Explorer, ATaxonThatIsGoneSelectsNothing) {
     AddWhales();
+    explorer.HiliteNode(Node(1));
     explorer.ListDblClick(99);
     EXPECT_EQ(events, "");
+    EXPECT_EQ(explorer.TreeV().Selected(), Node(1));
     EXPECT_FALSE(data.prompter.waitCursor);
+}
+
+TEST_F(Explorer, ATaxonThatNoPathLeadsToIsChosenOutsideTheTree) {
+    AddWhales();
+    Add({.qb_id = 9, .parent = 77, .name1 = "Zalophus", .usage = "invalid"});
+    explorer.HiliteNode(Node(1));
+    bool isInTree = true;
+    explorer.ItemSelected = [&](const auto& item) {
+        events += fmt::format("item {} {};", item->qb_id(), item->Sciname());
+        isInTree = item->IsInTree();
+    };
+    explorer.ListDblClick(9);
+    EXPECT_EQ(events, "item 9 [Invalid] Zalophus;");
+    EXPECT_FALSE(isInTree);
+    EXPECT_EQ(explorer.TreeV().Selected(), nullptr);
+    explorer.ListDblClick(2);
+    EXPECT_TRUE(isInTree);
+}
+
+// The form refused the choice because the user stays on the record.
+TEST_F(Explorer, TreeAndListGoBackToTheRecordThatStayed) {
+    AddWhales();
+    explorer.ItemSelected = [&](const auto& item) {
+        if (!refuse) data.state.currentTaxon.qb_id = item->qb_id();
+    };
+    explorer.ListDblClick(7);
+    TreeNode* stood = explorer.TreeV().Selected();
+    refuse = true;
+    explorer.ListDblClick(5);
+    EXPECT_FALSE(explorer.IsRecord(5));
+    explorer.NodeClick(Node(5));
+    events.clear();
+    explorer.Reselect(7);
+    EXPECT_EQ(events, "list 7;pos false false;");
+    EXPECT_EQ(explorer.TreeV().Selected(), stood) << "of the two nodes of the synonym";
+    EXPECT_EQ(explorer.ListId(), 7);
+    explorer.NodeClick(Node(1));
+    explorer.Reselect(0);
+    EXPECT_EQ(explorer.ListId(), 7) << "a new record stands beside the last one that was shown";
+    EXPECT_EQ(explorer.TreeV().Selected(), stood);
+}
+
+TEST_F(Explorer, RaisesThePositionWhenItChangesWithoutAMove) {
+    AddWhales();
+    explorer.HiliteNode(Node(1));
+    events.clear();
+    explorer.ExpandNode(Node(1));
+    EXPECT_EQ(events, "expand Animalia;pos true false;");
+    explorer.RemoveNodes(8);
+    explorer.HiliteNode(Node(3));
+    events.clear();
+    explorer.ExpandNode(Node(3));
+    explorer.CollapseNode(Node(3));
+    EXPECT_EQ(events, "expand Tursiops;pos false false;pos false true;");
+    events.clear();
+    explorer.SetTreeVisible(false);
+    explorer.SetTreeVisible(false);
+    explorer.SetTreeVisible(true);
+    EXPECT_EQ(events, "pos false false;pos false true;");
 }
 
 TEST_F(Explorer, AClickInTheListActsByItsArea) {

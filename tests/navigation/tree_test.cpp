@@ -7,7 +7,7 @@
 namespace quillon::navigation {
 namespace {
 
-// Writes down what it is told.
+// Writes down what it is notified of.
 class Recorder : public TreeObserver {
 public:
     std::string told;
@@ -37,7 +37,7 @@ public:
     }
 };
 
-TEST(TreeControl, TellsEachChangeOnce) {
+TEST(TreeControl, ReportsEachChangeOnce) {
     TreeControl tree;
     Recorder recorder;
     tree.SetObserver(&recorder);
@@ -136,17 +136,48 @@ TEST(TreeControl, KnowsSiblingsAndAncestors) {
     EXPECT_EQ(tree.Under(a, 0)->Text(), "child");
 }
 
-TEST(TreeControl, TellsChangedTextsOfANodesChildrenOnce) {
+TEST(TreeControl, ReportsManyChangedTextsOnceAParent) {
     TreeControl tree;
     tree.Append(nullptr, {{"a", ""}, {"b", ""}, {"c", ""}, {"d", ""}});
+    tree.Append(tree.Top(0), {{"x", ""}});
     Recorder recorder;
     tree.SetObserver(&recorder);
-    tree.SetTexts(nullptr, {"a", "B", "c", "D"});
+    tree.SetTexts({{tree.Top(3), "D"}, {tree.Top(0), "a"}, {tree.Top(1), "B"}, {tree.Top(0)->Child(0), "x"}});
     EXPECT_EQ(recorder.told, "text - 1-3;");
-    tree.SetTexts(nullptr, {"a", "B", "c", "D"});
-    tree.SetTexts(tree.Top(0), {});
+    tree.SetTexts({{tree.Top(3), "D"}, {tree.Top(1), "B"}});
+    tree.SetTexts({});
     EXPECT_EQ(recorder.told, "text - 1-3;");
     EXPECT_EQ(tree.Top(3)->Text(), "D");
+}
+
+TEST(TreeControl, APlaceholderIsNoRow) {
+    TreeControl tree;
+    tree.Append(nullptr, {{"a", "later"}, {"b", "later"}});
+    TreeNode *a = tree.Top(0), *b = tree.Top(1);
+    EXPECT_TRUE(a->HasPlaceholder());
+    EXPECT_EQ(a->ChildCount(), 1u);
+    EXPECT_EQ(a->RowCount(), 0u);
+    Recorder recorder;
+    tree.SetObserver(&recorder);
+    tree.Remove(a->Child(0));
+    tree.Append(a, {{"x", ""}});
+    EXPECT_EQ(recorder.told, "insert a 0-0;inserted;");
+    recorder.told.clear();
+    tree.Move(a, b, 1);
+    EXPECT_EQ(recorder.told, "insert b 0-0;inserted;move a b 1;moved;") << "among rows it becomes one";
+    EXPECT_EQ(b->RowCount(), 2u);
+}
+
+TEST(TreeControl, AChainOfNodesDeeperThanAStackGoes) {
+    TreeControl tree;
+    tree.Append(nullptr, {{"0", ""}});
+    TreeNode* node = tree.Top(0);
+    for (int depth = 1; depth < 300000; ++depth) {
+        tree.Append(node, {{"n", ""}});
+        node = node->Child(0);
+    }
+    tree.Remove(tree.Top(0));
+    EXPECT_EQ(tree.TopCount(), 0u);
 }
 
 TEST(TreeControl, OpensWhatStandsAboveANodeThatIsToBeVisible) {

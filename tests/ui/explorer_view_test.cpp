@@ -15,14 +15,17 @@ using navigation::TreeNode;
 
 class Pane : public navigation::TaxaFixture {
 protected:
-    // Animalia > Orca > (alpha, beta); Tursiops.
+    // Animalia > (Delphinidae, Orca > (alpha, beta)).
     void SetUp() override {
         TaxaFixture::SetUp();
         Add({.qb_id = 2, .parent = 1, .rank = 180, .name1 = "Orca"});
         Add({.qb_id = 3, .parent = 1, .rank = 140, .name1 = "Delphinidae"});
         Add({.qb_id = 4, .parent = 2, .name1 = "Orca", .name2 = "alpha"});
         Add({.qb_id = 5, .parent = 2, .name1 = "Orca", .name2 = "beta"});
-        explorer.ItemSelected = [this](const auto& item) { chosen = item->qb_id(); };
+        explorer.ItemSelected = [this](const auto& item) {
+            chosen = item->qb_id();
+            if (!staysOnRecord) data.state.currentTaxon.qb_id = chosen;
+        };
         explorer.Dropped = [this](TreeNode*, TreeNode*, TreeNode*, bool& cancel) {
             ++drops;
             cancel = refuse;
@@ -104,6 +107,7 @@ protected:
     QListView* list = view.findChild<QListView*>("AlphaView");
     int chosen = 0, drops = 0;
     bool refuse = false;
+    bool staysOnRecord = false;  // the form refuses what is chosen
 
     const QStringList before = {"Animalia", ">Delphinidae", ">Orca", ">>Orca  alpha", ">>Orca  beta"};
     const QStringList after = {"Animalia", ">Delphinidae", ">>Orca", ">>>Orca  alpha", ">>>Orca  beta"};
@@ -355,16 +359,77 @@ TEST_F(Pane, TheMenuHasTheCommandsThatApply) {
     EXPECT_EQ(removed, 4) << "of the row that the keys have marked";
 }
 
-TEST_F(Pane, ARowThatNoPathLeadsToHasNoMenu) {
+TEST_F(Pane, ARowThatNoPathLeadsToHasAMenuToo) {
     Add({.qb_id = 9, .parent = 77, .name1 = "Zalophus"});
     Show();
     ShowList();
     QAction cut("Cut Name");
     view.SetContextActions({&cut});
     EXPECT_EQ(MenuOf([&] { RightClick(list, list->visualRect(list->model()->index(5, 0)).center()); }),
-              QStringList{});
-    EXPECT_EQ(MenuOf([&] { RightClick(list, list->visualRect(list->model()->index(2, 0)).center()); }),
               QStringList{"Cut Name"});
+    EXPECT_EQ(chosen, 9);
+}
+
+TEST_F(Pane, ARowThatDidNotBecomeTheRecordHasNoMenu) {
+    Show();
+    ShowList();
+    QAction cut("Cut Name");
+    view.SetContextActions({&cut});
+    staysOnRecord = true;
+    EXPECT_EQ(MenuOf([&] { RightClick(list, list->visualRect(list->model()->index(2, 0)).center()); }),
+              QStringList{});
+    EXPECT_EQ(chosen, 2) << "it was asked for";
+}
+
+TEST_F(Pane, ALineThatIsCutHasAToolTip) {
+    Add({.qb_id = 9, .name1 = "Zalophus", .name2 = std::string(120, 'l')});
+    Show();
+    ShowList();
+    const auto tipAt = [&](int row) {
+        const QPoint at = list->visualRect(list->model()->index(row, 0)).topLeft() + QPoint(4, 4);
+        QHelpEvent event(QEvent::ToolTip, at, list->viewport()->mapToGlobal(at));
+        QApplication::sendEvent(list->viewport(), &event);
+        return QToolTip::text();
+    };
+    EXPECT_EQ(tipAt(5), "Zalophus " + QString(120, 'l') + " (valid)");
+    EXPECT_EQ(tipAt(2), "");
+}
+
+TEST_F(Pane, AsteriskOpensWhatStandsBelow) {
+    Show();
+    explorer.CollapseNode(explorer.FindNodeWithId(2));
+    explorer.HiliteNode(explorer.TreeV().Top(0));
+    EXPECT_EQ(Rows(), before.mid(0, 3));
+    QTest::keyClick(tree, Qt::Key_Asterisk);
+    EXPECT_EQ(Rows(), before);
+}
+
+TEST_F(Pane, AsteriskReportsThatThereIsMore) {
+    data.engine.BeginTrans();
+    for (int id = 100; id < 2200; ++id)
+        Add({.qb_id = id, .parent = id == 100 ? 1 : id - 1, .rank = 220, .name1 = "Link"});
+    data.engine.CommitTrans();
+    Show();
+    explorer.HiliteNode(explorer.TreeV().Top(0));
+    QSignalSpy notes(&view, &ExplorerView::Noted);
+    QTest::keyClick(tree, Qt::Key_Asterisk);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return notes.count() == 1; }));
+    EXPECT_EQ(notes.at(0).at(0).toString(), "2000 branches below Animalia were opened; there are more.");
+}
+
+TEST_F(Pane, ALargeNodeFillsWhileTheWindowIsIdle) {
+    data.engine.BeginTrans();
+    for (int id = 100; id < 2600; ++id)
+        Add({.qb_id = id, .parent = 3, .name1 = "Delphinus", .name2 = fmt::format("s{}", id)});
+    data.engine.CommitTrans();
+    Show();
+    const QModelIndex node = tree->model()->index(0, 0, tree->model()->index(0, 0));
+    EXPECT_EQ(tree->model()->rowCount(node), 0);
+    EXPECT_TRUE(tree->model()->hasChildren(node));
+    tree->expand(node);
+    EXPECT_TRUE(tree->isExpanded(node));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return tree->model()->rowCount(node) == 2500; }));
+    EXPECT_EQ(Rows().size(), 5 + 2500);
 }
 
 TEST_F(Pane, WithoutACommandThereIsNoMenu) {
