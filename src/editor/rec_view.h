@@ -54,7 +54,8 @@ public:
     void ShowRecord();
     // The entry for every change of the current record. With `checkDirty` the user may stay on an unsaved
     // one.
-    void SelectExplorerItem(int qb_id, bool checkDirty);
+    // A name that no path leads to from the root is shown with a note.
+    void SelectExplorerItem(int qb_id, bool checkDirty, bool isInTree = true);
     // The question about an unsaved record; true means stay where you are.
     bool AskLoseChanges();
     // Clears what the preferences do not keep for the next new record: after "addnew", and after a new record
@@ -113,7 +114,7 @@ private:
     void OfferLists();
     void ReapplyPreferences();
     void ClearTabs();
-    void ShowPanels();
+    void ShowPanels(bool isInTree);
 
     // The explorer.
     void MoveBy(Move move);

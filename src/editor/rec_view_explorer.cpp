@@ -27,7 +27,7 @@ private:
 void RecView::Attach(navigation::cExplorer& explorer) {
     explorer_ = &explorer;
     explorer.ItemSelected = [this](const navigation::cExplorer::Item& item) {
-        Guarded([&] { SelectExplorerItem(item->qb_id(), !asked_); });
+        Guarded([&] { SelectExplorerItem(item->qb_id(), !asked_, item->IsInTree()); });
     };
     explorer.CurrentPos = [this](bool first, bool last) {
         SetEnabled("moveprev", !first);
@@ -66,7 +66,9 @@ void RecView::EnableMoves() {
 }
 
 void RecView::ReflectRealNodePosition() {
-    if (explorer_ != nullptr) explorer_->ReflectRealNodePosition(state_.currentTaxon.qb_id);
+    if (explorer_ == nullptr) return;
+    explorer_->ReflectRealNodePosition(state_.currentTaxon.qb_id);
+    if (!explorer_->CanUndo()) SetEnabled("undo", false);
 }
 
 bool RecView::Dropped(const TreeNode* moved, TreeNode* newParent, const TreeNode* oldParent) {

@@ -7,7 +7,7 @@
 
 namespace quillon::editor {
 
-void RecView::SelectExplorerItem(int qb_id, bool checkDirty) {
+void RecView::SelectExplorerItem(int qb_id, bool checkDirty, bool isInTree) {
     editing_.FieldGroupLeft = 0;
     if (qb_id == state_.currentTaxon.qb_id || !state_.gDataSetOpen) return;
     const ChangeScope scope(controls_.form);
@@ -17,7 +17,7 @@ void RecView::SelectExplorerItem(int qb_id, bool checkDirty) {
     editing_.dropInProgress = false;
     for (const std::string_view key : {"addnew", "cut", "copy"}) SetEnabled(key, true);
     EnableMoves();
-    ShowPanels();
+    ShowPanels(isInTree);
     TabOnShow().Shown();
 }
 
@@ -35,8 +35,8 @@ void RecView::ShowRecord() {
     state_.gNewChangeTrackIds.clear();
 }
 
-void RecView::ShowPanels() {
-    controls_.name.SetCaption(CurrentTaxonName());
+void RecView::ShowPanels(bool isInTree) {
+    controls_.name.SetCaption(CurrentTaxonName() + (isInTree ? "" : " (not in the tree)"));
     Guarded([this] { controls_.taxa.SetCaption(fmt::format("TAXA: {}", CountTaxa())); });
 }
 

@@ -178,7 +178,8 @@ public:
     // A click on a row of the list, a double click, and a key: a character, "\r" for Return, "\b" for
     // Backspace. A taxon that no path of the tree leads to is chosen with an item that is not in the tree.
     void ListClick(ListArea area, int id);
-    void ListDblClick(int id);
+    // False when there is no such taxon.
+    bool ListDblClick(int id);
     void ListKeyPress(std::string_view key);
     // ListVTimer fired: the typed text ends.
     void ListTimer();
@@ -257,8 +258,8 @@ private:
     std::vector<int> PathTo(int id, std::optional<int> accepted) const;
     bool FollowPath(Quest& quest, std::size_t& openings);
     bool Follow(Quest& quest, std::size_t openings);
-    void EndQuest(const Quest& quest);
-    void BeginQuest(Quest quest);
+    bool EndQuest(const Quest& quest);
+    bool BeginQuest(Quest quest);
     void Choose(const Item& item);
     void MoveTo(TreeNode* node);
     void MoveListTo(int id);

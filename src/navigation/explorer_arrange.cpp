@@ -15,6 +15,8 @@ bool IsBelow(const std::string& leftInLowerCase, std::string_view right) {
 
 bool cExplorer::Reparent(TreeNode* node, TreeNode* newParent) {
     if (node->Parent() == newParent || (newParent != nullptr && newParent->IsWithin(node))) return false;
+    if (newParent != nullptr && IsLoading(newParent) && newParent->HasPlaceholder())
+        tree_.Remove(newParent->Child(0));
     const std::string text = LowerCase(node->Text());
     // The root stands before whatever else is at the top.
     std::size_t row = newParent == nullptr ? 1 : 0;

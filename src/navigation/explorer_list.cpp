@@ -45,17 +45,17 @@ void cExplorer::SetListId(int id) {
     isSearching_ = false;
 }
 
-void cExplorer::ListDblClick(int id) {
-    if (!state_.gDatabase) return;
+bool cExplorer::ListDblClick(int id) {
+    if (!state_.gDatabase) return false;
     listId_ = id;
     const WaitCursor wait(prompter_);
     try {
         Quest quest{id, {std::nullopt}};
         const std::vector<int> accepted = AcceptedNamesOf(id);
         quest.ways.insert(quest.ways.end(), accepted.rbegin(), accepted.rend());
-        BeginQuest(std::move(quest));
+        return BeginQuest(std::move(quest));
     } catch (const store::StoreError&) {
-        // What cannot be read is not chosen.
+        return false;
     }
 }
 

@@ -96,37 +96,35 @@ TreeNode* cExplorer::ExpandContainingSubtree(int id, std::optional<int> accepted
     return quest.isFound ? FindNodeWithId(id, accepted) : nullptr;
 }
 
-// Where the way is long the record is chosen first, and its node when the way has been opened.
-void cExplorer::BeginQuest(Quest quest) {
+// Where the way is long the record is chosen first, and its node when the way has been opened. False when
+// there is no such taxon.
+bool cExplorer::BeginQuest(Quest quest) {
     quest_.reset();
     isSearching_ = false;
     if (Follow(quest, kOpeningsAtOnce)) return EndQuest(quest);
-    if (!std::exchange(quest.isChosen, true)) {
-        const int id = quest.id;
-        const int under = quest.under.value_or(0);
-        quest_ = std::move(quest);
-        DoRestLater();
-        const Item item = cBioList::OneRecord(source_, root_->dbname(), id);
-        if (!item) return;
-        item->SetAccepted(under);
-        return Choose(item);
-    }
+    const bool isFirst = !std::exchange(quest.isChosen, true);
+    const Item item = cBioList::OneRecord(source_, root_->dbname(), quest.id);
+    if (!item) return false;
+    item->SetAccepted(quest.under.value_or(0));
     quest_ = std::move(quest);
     DoRestLater();
+    if (isFirst) Choose(item);
+    return true;
 }
 
-void cExplorer::EndQuest(const Quest& quest) {
+bool cExplorer::EndQuest(const Quest& quest) {
     TreeNode* node = quest.isFound ? FindNodeWithId(quest.id, quest.foundUnder) : nullptr;
+    Item item = nodes_.ItemOf(node);
+    if (!item && root_) item = cBioList::OneRecord(source_, root_->dbname(), quest.id);
+    if (!item) return false;
+    item->SetIsInTree(node != nullptr);
     if (node != nullptr) {
         HiliteNode(node);
-        if (!quest.isChosen) Choose(nodes_.ItemOf(node));
-        return;
+    } else {
+        tree_.Select(nullptr);
     }
-    const Item item = root_ ? cBioList::OneRecord(source_, root_->dbname(), quest.id) : nullptr;
-    if (!item) return;
-    tree_.Select(nullptr);
-    item->SetIsInTree(false);
     if (!quest.isChosen) Choose(item);
+    return true;
 }
 
 void cExplorer::Reselect(int qb_id) {

@@ -146,10 +146,9 @@ void DesktopProgram::ShowJob(std::string_view formName) {
     prompter_.ShowModal(formName);
 }
 
-// A taxon to which no path of the tree leads stays where it is, behind the log.
+// A record of a taxon that is gone stays where it is, behind the log.
 void DesktopProgram::GoToTaxon(int qb_id, std::string_view tab) {
-    explorer_.ListDblClick(qb_id);
-    if (explorer_.FindNodeWithId(qb_id) == nullptr)
+    if (!explorer_.ListDblClick(qb_id))
         return prompter_.Message("The taxon of this record is not in the explorer.");
     if (state_.currentTaxon.qb_id != qb_id) return;  // the user stays on an unsaved record
     TabStripControl& tabs = recView_.Controls().TabStrip1;

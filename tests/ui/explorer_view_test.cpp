@@ -382,7 +382,7 @@ TEST_F(Pane, ARowThatDidNotBecomeTheRecordHasNoMenu) {
 }
 
 TEST_F(Pane, ALineThatIsCutHasAToolTip) {
-    Add({.qb_id = 9, .name1 = "Zalophus", .name2 = std::string(120, 'l')});
+    Add({.qb_id = 9, .name1 = "Zalophus", .name2 = std::string(35, 'l'), .name3 = std::string(35, 'm')});
     Show();
     ShowList();
     const auto tipAt = [&](int row) {
@@ -391,8 +391,8 @@ TEST_F(Pane, ALineThatIsCutHasAToolTip) {
         QApplication::sendEvent(list->viewport(), &event);
         return QToolTip::text();
     };
-    EXPECT_EQ(tipAt(5), "Zalophus " + QString(120, 'l') + " (valid)");
     EXPECT_EQ(tipAt(2), "");
+    EXPECT_EQ(tipAt(5), "Zalophus " + QString(35, 'l') + ' ' + QString(35, 'm') + " (valid)");
 }
 
 TEST_F(Pane, AsteriskOpensWhatStandsBelow) {
