@@ -155,10 +155,15 @@ void DesktopProgram::GoToTaxon(int qb_id, std::string_view tab) {
     tabs.UserSelect(tabs.IndexOf(tab));
 }
 
-// The list must not be reading while the import writes.
+// The list must not be reading while the import writes. An import that fails can leave another handle on the
+// DataSet as it was.
 editor::ImportEnd DesktopProgram::Import() {
     explorer_.ListV().LoadAll();
-    switch (importing::ImportCommand(state_, prompter_, [this] { return lifecycle_.AskLoseChanges(); })) {
+    const auto before = state_.gDatabase;
+    const auto outcome =
+        importing::ImportCommand(state_, prompter_, [this] { return lifecycle_.AskLoseChanges(); });
+    if (state_.gDatabase != before) explorer_.ListV().Reattach(state_.gDatabase);
+    switch (outcome) {
         case importing::ImportOutcome::Canceled:
             return editor::ImportEnd::Canceled;
         case importing::ImportOutcome::Done:
