@@ -16,9 +16,11 @@ using exporting::ExportKind;
 using exporting::ExportOrder;
 using exporting::ExportOutcome;
 using exporting::ExportResult;
+using exporting::ListType;
 
-int ListTypeOf(std::string_view list) {
-    return list == "name" ? 1 : (list == "author" ? 2 : 3);
+ListType ListTypeOf(std::string_view list) {
+    if (list == "name") return ListType::Name;
+    return list == "author" ? ListType::NameAuthor : ListType::NameAuthorRank;
 }
 
 ExportOrder OrderOf(const ExportArguments& arguments) {
@@ -53,11 +55,11 @@ void RefuseForeign(exporting::ExportJob& job, Prompter& prompter) {
     };
 }
 
-ExitStatus Tell(Session& session, const ExportOrder& order, const ExportResult& result) {
+ExitStatus ReportEnd(Session& session, const ExportOrder& order, const ExportResult& result) {
     if (result.outcome == ExportOutcome::Canceled) session.prompter.Message(exporting::kExportCanceled, "");
     if (result.outcome != ExportOutcome::Done) return ExitStatus::Failed;
-    if (order.kind != ExportKind::List) session.prompter.Message(exporting::TotalText(session.state), "");
-    exporting::TellBreaking(session.prompter, result.breaking);
+    session.prompter.Message(exporting::EndText(session.state, order.kind), "");
+    exporting::ReportBreaking(session.prompter, result.breaking);
     const bool findings = order.kind == ExportKind::Online && session.state.gErrorsOccurred;
     return findings ? ExitStatus::Findings : ExitStatus::Done;
 }
@@ -87,7 +89,7 @@ ExitStatus RunExport(const CommonOptions& options, const std::string& path,
     const ExportOrder order = OrderOf(arguments);
     const ExportResult result = job.Run(order);
     session.lifecycle.CloseDataSet();
-    return Tell(session, order, result);
+    return ReportEnd(session, order, result);
 }
 
 }  // namespace quillon::batch

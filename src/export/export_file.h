@@ -1,10 +1,10 @@
 // The file that an export writes: made beside its target, in one large buffer, and put in its place when it
 // is complete. Until Publish() nothing under the target's name changes; a file that is not published leaves
-// nothing behind.
+// nothing behind, and what a killed run left for the same target is removed.
 //
 // It is CP1252 at first. When a text comes that CP1252 cannot hold, what was written becomes UTF-8 with a
-// byte order mark, and the caller goes on in UTF-8; whether such a file is wanted is for the caller to ask.
-// Every failure is a StoreError, a full disk among them.
+// byte order mark, and the caller goes on in UTF-8; whether such a file is acceptable is for the caller to
+// ask. Every failure is a StoreError, a full disk among them.
 #pragma once
 
 #include <cstddef>
@@ -12,17 +12,16 @@
 #include <string>
 #include <string_view>
 
+#include "export/unfinished_file.h"
+
 namespace quillon::exporting {
 
 enum class Encoding { Cp1252, Utf8 };
 
 class ExportFile {
 public:
-    // `target` must be no file or a regular file; a symbolic link stays a link.
+    // `target` must not exist or be a regular file; a symbolic link stays a link.
     ExportFile(const std::string& target, Encoding encoding);
-    ~ExportFile();
-    ExportFile(const ExportFile&) = delete;
-    ExportFile& operator=(const ExportFile&) = delete;
 
     Encoding CurrentEncoding() const { return encoding_; }
     // What has not been written yet, in the current encoding: lines are put together at its end.
@@ -32,7 +31,7 @@ public:
         if (buffer_.size() >= kBufferSize) Flush();
     }
     // Turns all that was written, buffer included, from CP1252 into UTF-8. `goOn` is called for each block;
-    // where it gives false everything stays as it was, and so does the result. It may be empty.
+    // where it returns false everything stays as it was, and so does the result. It may be empty.
     bool SwitchToUtf8(const std::function<bool()>& goOn = {});
     // Writes the rest, makes the file durable, and puts it in the target's place.
     void Publish();
@@ -40,13 +39,10 @@ public:
 private:
     static constexpr std::size_t kBufferSize = std::size_t{1} << 20;
     void Flush();
-    bool CopyAsUtf8(int to, const std::string& path, const std::function<bool()>& goOn);
-    void Discard();
 
     std::string target_;  // with symbolic links followed
-    std::string making_;
+    UnfinishedFile file_;
     Encoding encoding_;
-    int descriptor_ = -1;
     std::string buffer_;
 };
 

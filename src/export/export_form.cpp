@@ -1,10 +1,10 @@
 #include "export/export_form.h"
 
-#include <filesystem>
 #include <utility>
 
+#include "core/file_identity.h"
 #include "core/text.h"
-#include "export/export_paths.h"
+#include "export/form_parts.h"
 #include "selection/record_filter.h"
 #include "validation/log_file.h"
 
@@ -62,8 +62,8 @@ void FrmNExport::EnableChoices() {
 }
 
 void FrmNExport::ShowPaths() {
-    lblDataSet.SetCaption(kDataSetLine + state_.gExportPath);
-    lblFile.SetCaption(kFileLine + state_.gExportFile);
+    lblDataSet.SetCaption(std::string(kDataSetLine) + state_.gExportPath);
+    lblFile.SetCaption(std::string(kFileLine) + state_.gExportFile);
 }
 
 std::string FrmNExport::OfferedFile() const {
@@ -96,21 +96,18 @@ ExportOrder FrmNExport::Order() const {
     if (OptOnline.Value()) order.kind = ExportKind::Online;
     if (!OptPartial.Value()) return order;
     order.kind = ExportKind::List;
-    order.listType = optRank.Value() ? 3 : (optAuthority.Value() ? 2 : 1);
+    order.listType = ChosenListType(optAuthority, optRank);
     return order;
 }
 
 void FrmNExport::RunExport() {
     if (state_.gBatchRunning) return;
-    std::error_code error;
-    const bool exists = std::filesystem::exists(state_.gExportFile, error);
-    if (exists && !outside_.prompter.AskYesNo(state_.gExportFile + " Exists.  Overwrite?", ""))
+    if (FileExists(state_.gExportFile) &&
+        !outside_.prompter.AskBeforeLoss(state_.gExportFile + " Exists.  Overwrite?", ""))
         return SelectFile();
-    state_.gBatchRunning = true;
     state_.gBatchCancel = false;
     state_.gRecordFilter = Filter();
     Export();
-    state_.gBatchRunning = false;
     Gauge1.SetValue(0);
 }
 
@@ -120,25 +117,23 @@ void FrmNExport::Export() {
     const ExportResult result = job.Run(order);
     if (state_.gExportPath != state_.gDataSetPath)
         for (validation::FindingMark& mark : *outside_.marks) mark.id = 0;
-    if (order.kind == ExportKind::List) {
-        if (result.outcome == ExportOutcome::Done) TellBreaking(outside_.prompter, result.breaking);
-    } else {
-        Tell(result);
-    }
+    ReportEnd(order.kind, result);
 }
 
-void FrmNExport::Tell(const ExportResult& result) {
+void FrmNExport::ReportEnd(ExportKind kind, const ExportResult& result) {
     if (result.outcome == ExportOutcome::Failed) return;
     if (result.outcome != ExportOutcome::Done) return outside_.prompter.Message(kExportCanceled);
     Gauge1.SetValue(100);
-    TellTotal();
-    TellBreaking(outside_.prompter, result.breaking);
+    ReportTotal(kind);
+    ReportBreaking(outside_.prompter, result.breaking);
 }
 
-// The findings may be those of an earlier validation, and the error viewer takes its log away.
-void FrmNExport::TellTotal() {
-    const std::string total = TotalText(state_);
-    if (!state_.gErrorsOccurred || !validation::HasFindings(outside_.workDirectory))
+// The findings may be those of an earlier validation, and the error viewer takes its log away. A list is not
+// about them.
+void FrmNExport::ReportTotal(ExportKind kind) {
+    const std::string total = EndText(state_, kind);
+    if (kind == ExportKind::List || !state_.gErrorsOccurred ||
+        !validation::HasFindings(outside_.workDirectory))
         return outside_.prompter.Message(total);
     if (outside_.prompter.AskYesNo(total + "  View error log?", kCompleteTitle))
         outside_.prompter.ShowModal("FrmVError");

@@ -60,8 +60,8 @@ private:
     void ShowPaths();
     ExportOrder Order() const;
     void Export();
-    void Tell(const ExportResult& result);
-    void TellTotal();
+    void ReportEnd(ExportKind kind, const ExportResult& result);
+    void ReportTotal(ExportKind kind);
 
     ApplicationState& state_;
     store::Engine& engine_;

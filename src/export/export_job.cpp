@@ -4,11 +4,14 @@
 
 #include <utility>
 
+#include "core/attempt.h"
 #include "core/file_identity.h"
-#include "export/name_list.h"
+#include "core/line_file.h"
+#include "core/wait_cursor.h"
 #include "export/tagged_export.h"
 #include "selection/record_filter.h"
 #include "store/lifecycle/file_copy.h"
+#include "validation/log_file.h"
 
 namespace quillon::exporting {
 
@@ -42,24 +45,26 @@ private:
     ApplicationState& state_;
 };
 
-class WaitCursor {
+class RunningFlag {
 public:
-    explicit WaitCursor(Prompter& prompter) : prompter_(prompter) { prompter_.WaitCursor(true); }
-    ~WaitCursor() { prompter_.WaitCursor(false); }
-    WaitCursor(const WaitCursor&) = delete;
-    WaitCursor& operator=(const WaitCursor&) = delete;
+    explicit RunningFlag(ApplicationState& state) : state_(state) { state_.gBatchRunning = true; }
+    ~RunningFlag() { state_.gBatchRunning = false; }
+    RunningFlag(const RunningFlag&) = delete;
+    RunningFlag& operator=(const RunningFlag&) = delete;
 
 private:
-    Prompter& prompter_;
+    ApplicationState& state_;
 };
 
 }  // namespace
 
-std::string TotalText(const ApplicationState& state) {
+std::string EndText(const ApplicationState& state, ExportKind kind) {
+    if (kind == ExportKind::List)
+        return fmt::format("{} names were written to {}.", state.gExportedCount, state.gExportFile);
     return fmt::format("A Total of {} Records were Exported.", state.gExportedCount);
 }
 
-void TellBreaking(Prompter& prompter, const OddValues& breaking) {
+void ReportBreaking(Prompter& prompter, const OddValues& breaking) {
     if (breaking.count == 0) return;
     prompter.Message(fmt::format(
         "{} the separator or a line break, and a reader of the file will break the record there.  "
@@ -71,32 +76,39 @@ ExportJob::ExportJob(ApplicationState& state, store::Engine& engine, validation:
     : state_(state), engine_(engine), outside_(std::move(outside)) {}
 
 ExportResult ExportJob::Run(const ExportOrder& order) {
+    const RunningFlag running(state_);
     const WaitCursor wait(outside_.prompter);
     const RejectedLists lists(state_);
     try {
         return WriteFile(order);
-    } catch (const store::StoreError& error) {
-        outside_.prompter.Message("Failed " + error.Description());
     } catch (const ExportError& error) {
-        outside_.prompter.Message(error.what());
+        outside_.prompter.WarningMessage(error.what());
+    } catch (const std::exception& failure) {
+        ReportFailure(outside_.prompter, failure);
     }
     return {};
 }
 
-// A DataSet that is open anywhere is not written over, least of all the one that is exported.
-void ExportJob::RefuseDataSets() const {
-    if (IsSameFile(state_.gExportFile, state_.gExportPath) ||
-        IsSameFile(state_.gExportFile, state_.gDataSetPath))
-        throw ExportError(
-            fmt::format("'{}' is an open DataSet, and cannot be overwritten.", state_.gExportFile));
-    store::RefuseFileInUse(engine_, state_.gExportFile);
+// Neither a DataSet that is open anywhere is written over, least of all the one that is exported, nor a log
+// that the run writes.
+void ExportJob::RefuseTarget(ExportKind kind) const {
+    const std::string& file = state_.gExportFile;
+    if (IsSameFile(file, state_.gExportPath) || IsSameFile(file, state_.gDataSetPath))
+        throw ExportError(fmt::format("'{}' is an open DataSet, and cannot be overwritten.", file));
+    if (kind == ExportKind::Online) {
+        for (const std::string_view log : {validation::kLogName, validation::kTimeLogName})
+            if (IsSameFile(file, PathIn(outside_.workDirectory, log)))
+                throw ExportError(
+                    fmt::format("'{}' is a log of the validation, and cannot be overwritten.", file));
+    }
+    store::RefuseFileInUse(engine_, file);
 }
 
 ExportResult ExportJob::WriteFile(const ExportOrder& order) {
     const store::DatabaseHandle database = engine_.OpenDatabase(state_.gExportPath);
     if (const auto wrong = selection::CheckRecordFilter(*database, state_.gRecordFilter))
         throw ExportError(*wrong);
-    RefuseDataSets();
+    RefuseTarget(order.kind);
     ExportFile file(state_.gExportFile, order.encoding);
     const bool anyText = order.encoding == Encoding::Utf8;
     LineWriter line(file, anyText ? LineWriter::Listener() : onForeign, [this] {
@@ -108,19 +120,23 @@ ExportResult ExportJob::WriteFile(const ExportOrder& order) {
     if (!WriteRecords(order, tools)) return {};
     ExportResult result;
     result.breaking = line.Breaking();
+    if (state_.gBatchCancel) {
+        result.outcome = ExportOutcome::Canceled;
+        return result;
+    }
     const bool becameUtf8 = !anyText && file.CurrentEncoding() == Encoding::Utf8;
     if (becameUtf8 && !AskUtf8(line.Foreign())) {
         result.outcome = ExportOutcome::Refused;
         return result;
     }
     file.Publish();
-    result.outcome = state_.gBatchCancel ? ExportOutcome::Canceled : ExportOutcome::Done;
+    result.outcome = ExportOutcome::Done;
     return result;
 }
 
 bool ExportJob::WriteRecords(const ExportOrder& order, ExportTools& tools) {
     if (order.kind == ExportKind::List) {
-        WriteNameList(tools, order.listType);
+        WriteNameList(tools, order.listType, order.allTaxa ? selection::kNoFilter : state_.gRecordFilter);
         return true;
     }
     state_.gValidatingForExport = order.kind == ExportKind::Online;

@@ -27,6 +27,10 @@ const std::array<RecordLayout, 3> kLists = {{
 }};
 constexpr std::array<std::string_view, 3> kHeaders = {"name", "name|author", "name|author|rank"};
 
+std::size_t PlaceOf(ListType type) {
+    return static_cast<std::size_t>(type) - 1;
+}
+
 constexpr std::size_t kUnits = 8, kAuthor = 9, kRank = 10;  // places of the columns behind qb_id
 
 constexpr std::string_view kColumns =
@@ -83,10 +87,10 @@ void BuildName(const RowStream& row, std::string& name) {
 // Writes a line for each row that it is given.
 class ListLines {
 public:
-    ListLines(ExportTools& tools, int type)
+    ListLines(ExportTools& tools, ListType type)
         : tools_(tools),
           type_(type),
-          layout_(kLists[static_cast<std::size_t>(type - 1)]),
+          layout_(kLists[PlaceOf(type)]),
           authors_(tools),
           ranks_(RankNames(tools.database)) {}
 
@@ -94,8 +98,9 @@ public:
         BuildName(row, name_);
         tools_.line.Begin(layout_);
         tools_.line.Text(name_);
-        if (type_ > 1) tools_.line.Text(authors_.Find(static_cast<std::int32_t>(row.Long(kAuthor))));
-        if (type_ > 2) tools_.line.Text(RankOf(row));
+        if (type_ != ListType::Name)
+            tools_.line.Text(authors_.Find(static_cast<std::int32_t>(row.Long(kAuthor))));
+        if (type_ == ListType::NameAuthorRank) tools_.line.Text(RankOf(row));
         if (tools_.line.End()) ++tools_.state.gExportedCount;
     }
 
@@ -106,7 +111,7 @@ private:
     }
 
     ExportTools& tools_;
-    int type_;
+    ListType type_;
     const RecordLayout& layout_;
     AuthorNames authors_;
     std::map<std::int64_t, std::string> ranks_;
@@ -115,19 +120,19 @@ private:
 
 }  // namespace
 
-void WriteNameList(ExportTools& tools, int type) {
+void WriteNameList(ExportTools& tools, ListType type, std::string_view filter) {
     ApplicationState& state = tools.state;
-    const selection::SelectedTaxa taxa(tools.database, state.gRecordFilter, tools.Turns());
+    const selection::SelectedTaxa taxa(tools.database, filter, tools.Turns());
     state.gRecordsDone = 0;
     state.gExportedCount = 0;
     state.gRecordsTotal = CountTaxa(tools.database, taxa);
-    if (type < 1 || type > 3) {
-        tools.prompter.Message(fmt::format("Export Type of {} is invalid!", type));
+    if (type < ListType::Name || type > ListType::NameAuthorRank) {
+        tools.prompter.WarningMessage(fmt::format("Export Type of {} is invalid!", static_cast<int>(type)));
         return;
     }
     ListLines lines(tools, type);
     selection::SelectedRows rows(tools.database, "qb_taxonomic_units", kColumns, taxa);
-    tools.line.Header(kHeaders[static_cast<std::size_t>(type - 1)]);
+    tools.line.Header(kHeaders[PlaceOf(type)]);
     while (rows.Next() && tools.NextTurn()) {
         if (rows.Visits() == 0) continue;
         tools.CountRow();

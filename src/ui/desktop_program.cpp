@@ -4,13 +4,15 @@
 #include <QFileInfo>
 
 #include "core/version.h"
+#include "export/tagged_export_form.h"
 #include "startup/preferences_form.h"
 #include "ui/about_window.h"
+#include "ui/export_type_window.h"
 #include "ui/export_window.h"
 #include "ui/import_window.h"
 #include "ui/kingdom_window.h"
 #include "ui/no_db_window.h"
-#include "ui/plain_export_windows.h"
+#include "ui/plain_export_window.h"
 #include "ui/preferences_window.h"
 #include "ui/text_convert.h"
 #include "ui/validate_window.h"
@@ -126,7 +128,7 @@ void DesktopProgram::RegisterExportForms() {
     });
     desktop_.Register("FrmDExport", [this](QWidget* parent) {
         exporting::FrmDExport form(state_, engine_, prompter_, pump_, clock_, workDirectory_);
-        TaggedExportWindow window(form, parent);
+        PlainExportWindow window(form, parent);
         if (form.AskFile()) window.exec();
     });
     desktop_.Register("ExpType", [this](QWidget* parent) {
@@ -135,7 +137,7 @@ void DesktopProgram::RegisterExportForms() {
     });
     desktop_.Register("FrmTExport", [this](QWidget* parent) {
         exporting::FrmTExport form(state_, engine_, prompter_, pump_, clock_, exportType_);
-        NameExportWindow window(form, parent);
+        PlainExportWindow window(form, parent);
         if (form.AskFile()) window.exec();
     });
 }

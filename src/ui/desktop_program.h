@@ -10,6 +10,7 @@
 #include "core/ini_profile.h"
 #include "dataset/lifecycle.h"
 #include "editor/rec_view.h"
+#include "export/name_list.h"
 #include "navigation/explorer.h"
 #include "startup/start_up.h"
 #include "store/engine.h"
@@ -64,8 +65,8 @@ private:
     Prompter& prompter_;
     DesktopPump pump_;
     validation::SystemClock clock_;
-    validation::FindingMarks findings_;  // of the last validation
-    int exportType_ = 1;                 // what ExpType has left
+    validation::FindingMarks findings_;                           // of the last validation
+    exporting::ListType exportType_ = exporting::ListType::Name;  // chosen in ExpType
     InProgressWindow progress_;
     std::string workDirectory_;
     std::string preferencesFile_;

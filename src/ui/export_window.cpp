@@ -3,6 +3,7 @@
 #include <QtWidgets>
 
 #include "ui/elided_label.h"
+#include "ui/export_parts.h"
 #include "ui/filter_frame.h"
 #include "ui/named.h"
 
@@ -11,13 +12,6 @@ namespace quillon::ui {
 namespace {
 
 constexpr int kWidth = 84;  // in average characters
-
-QGroupBox* MakeOptions(QWidget* parent, const char* frame, std::initializer_list<const char*> options) {
-    auto* box = Named<QGroupBox>(parent, frame);
-    auto* layout = new QVBoxLayout(box);
-    for (const char* option : options) layout->addWidget(Named<QRadioButton>(box, option));
-    return box;
-}
 
 // What is exported and where to, with the buttons that ask for another.
 QLayout* MakePaths(QWidget* parent) {
@@ -42,22 +36,14 @@ ExportWindow::ExportWindow(exporting::FrmNExport& form, QWidget* parent) : FormD
     auto* options = new QHBoxLayout;
     options->addWidget(MakeOptions(this, "FraExport", {"OptDataSet", "OptOnline", "OptPartial"}), 1);
     options->addWidget(MakeOptions(this, "fraPartial", {"optName", "optAuthority", "optRank"}), 1);
-    auto* gauge = Named<QProgressBar>(this, "Gauge1");
-    gauge->setAccessibleName(tr("Progress"));
-    auto* start = Named<QPushButton>(this, "cmdOK");
-    start->setDefault(true);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(start);
-    buttons->addWidget(Named<QPushButton>(this, "cmdCancel"));
     layout->setSpacing(10);
     layout->addLayout(options);
     layout->addWidget(MakeFilterFrame(this));
-    layout->addWidget(gauge);
+    layout->addWidget(MakeGauge(this));
     layout->addStretch();
-    layout->addLayout(buttons);
+    layout->addLayout(MakeStartAndCancel(this));
     BindAll();
-    start->setFocus();
+    findChild<QPushButton*>("cmdOK")->setFocus();
     resize(fontMetrics().averageCharWidth() * kWidth, sizeHint().height());
 }
 

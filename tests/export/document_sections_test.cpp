@@ -1,4 +1,5 @@
 #include "export_fixture.h"
+#include "testkit/golden.h"
 
 namespace quillon::exporting {
 namespace {
@@ -127,28 +128,7 @@ TEST_F(DocumentSections, SectionsStandInTheirOrder) {
     Insert("qb_change_comments", "qb_change_track_id, chg_cmt_id", {"1, 1"});
     Insert("db_tombstone", "table_name, pk1", {"'comments', '1'"});
     SetTaxon(3, "parent_qb_id", "1");
-    EXPECT_EQ(Tagged(), Lines({kRootLine,
-                               "[TU]2|101||Alpha||||||||valid|||||||100|1||1||5|180|No|",
-                               TaxonLine(3, "Beta", "100", 1),
-                               "[TA]1||A||",
-                               "[NO]n||2|",
-                               "[VR]2|1|||||No|",
-                               "[SY]2|3|||",
-                               "[GD]2|g||",
-                               "[JR]2|j|||",
-                               "[RF]2|EXP|1||EXP||No|No|||",
-                               "[RF]2|PUB|1||PUB||No|No|||",
-                               "[RF]2|SRC|1||SRC||No|No|||",
-                               "[PB]PUB|1|||||||||||||",
-                               "[EX]EXP|1||||",
-                               "[OS]SRC|1|||||||",
-                               "[VL]2|1||PUB|1||PUB||",
-                               "[CL]2|1|||",
-                               "[CM]1|||||",
-                               "[CT]1|||||||||2|",
-                               "[CO]1|1||",
-                               "[CC]1||1||",
-                               "[CM-]1|"}));
+    EXPECT_EQ(Tagged(), testkit::Golden("export/SectionsStandInTheirOrder.qln"));
     EXPECT_EQ(set.state.gExportedCount, 22);
 }
 

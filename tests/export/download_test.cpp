@@ -38,20 +38,20 @@ protected:
         set.Make("Animalia");
         importing::MemorySource source(bytes);
         std::string findings;
-        importing::TaggedImport import(set.state, set.engine, set.prompter, pump, [](double) {});
-        import.ReadTaggedFile(source, [&](const importing::Finding& finding) { findings += finding.sentence + "\n";
-    });
-    EXPECT_EQ(findings, "");
-    set.state.gExportPath = set.state.gDataSetPath;
-    set.state.gExportFile = set.dir.File("out.qln");
-    ExportJob job(set.state, set.engine, {set.prompter, pump, clock, [](double) {}, set.dir.path()});
-    EXPECT_EQ(job.Run({}).outcome, ExportOutcome::Done);
-    EXPECT_TRUE(set.prompter.messages.empty());
-    return SplitLines(Cp1252ToUtf8(testkit::ReadFile(set.state.gExportFile)));
-}
+        importing::TaggedImport tagged(set.state, set.engine, set.prompter, pump, [](double) {});
+        tagged.ReadTaggedFile(
+            source, [&](const importing::Finding& finding) { findings += finding.sentence + "\n"; });
+        EXPECT_EQ(findings, "");
+        set.state.gExportPath = set.state.gDataSetPath;
+        set.state.gExportFile = set.dir.File("out.qln");
+        ExportJob job(set.state, set.engine, {set.prompter, pump, clock, [](double) {}, set.dir.path()});
+        EXPECT_EQ(job.Run({}).outcome, ExportOutcome::Done);
+        EXPECT_TRUE(set.prompter.messages.empty());
+        return SplitLines(Cp1252ToUtf8(testkit::ReadFile(set.state.gExportFile)));
+    }
 
-testkit::NullPump pump;
-FixedClock clock;
+    testkit::NullPump pump;
+    FixedClock clock;
 };  // namespace
 
 class RandomDownloads : public Downloads, public ::testing::WithParamInterface<std::uint32_t> {};
@@ -87,5 +87,5 @@ TEST_F(Downloads, SecondRoundChangesNothing) {
     EXPECT_EQ(WithoutOwnIds(Through(*bytes)), WithoutOwnIds(first));
 }
 
-}  // namespace quillon::exporting
+}  // namespace
 }  // namespace quillon::exporting

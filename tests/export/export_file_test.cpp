@@ -80,11 +80,65 @@ TEST_F(ExportFiles, PermissionsOfTheTargetStay) {
     EXPECT_EQ(fs::status(path).permissions(), fs::perms::owner_read | fs::perms::owner_write);
 }
 
-TEST_F(ExportFiles, WhatAKilledRunLeftIsReplaced) {
-    testkit::WriteFile(path + "~new", "half");
-    ExportFile file(path, Encoding::Cp1252);
+TEST_F(ExportFiles, WhatAKilledRunLeftIsRemoved) {
+    for (const char* left : {"", "[TU]1|half", "\xEF\xBB\xBF[TU]1|", "name|author\r\n"}) {
+        testkit::WriteFile(path + "~0123456789ab.part", left);
+        ExportFile file(path, Encoding::Cp1252);
+        file.Publish();
+        EXPECT_EQ(FilesInFolder(), 1) << left;
+    }
+}
+
+TEST_F(ExportFiles, WhatIsNotLeftByAKilledRunStays) {
+    testkit::WriteFile(path + "~0123456789ab.part", "a letter");
+    testkit::WriteFile(path + "~0123456789AB.part", "[TU]1|");
+    testkit::WriteFile(path + "~new", "[TU]1|");
+    testkit::WriteFile(dir.File("other~0123456789ab.part"), "[TU]1|");
+    fs::create_symlink(path + "~new", path + "~0123456789ac.part");
+    fs::create_directory(path + "~0123456789ad.part");
+    ExportFile(path, Encoding::Cp1252).Publish();
+    EXPECT_EQ(FilesInFolder(), 7);
+}
+
+TEST_F(ExportFiles, TwoRunsOnOneTargetEachWriteAWholeFile) {
+    ExportFile first(path, Encoding::Cp1252);
+    ExportFile second(path, Encoding::Cp1252);
+    EXPECT_EQ(FilesInFolder(), 2);
+    first.Buffer() += "first";
+    second.Buffer() += "second";
+    second.SwitchToUtf8();
+    first.Publish();
+    EXPECT_EQ(testkit::ReadFile(path), "first");
+    second.Publish();
+    EXPECT_EQ(testkit::ReadFile(path), "\xEF\xBB\xBFsecond");
+    EXPECT_EQ(FilesInFolder(), 1);
+}
+
+TEST_F(ExportFiles, LinkThatLeadsNowhereGetsItsFile) {
+    const std::string link = dir.File("link");
+    fs::create_symlink(path, link);
+    ExportFile file(link, Encoding::Cp1252);
+    file.Buffer() += "new";
     file.Publish();
-    EXPECT_EQ(testkit::ReadFile(path), "");
+    EXPECT_TRUE(fs::is_symlink(link));
+    EXPECT_EQ(testkit::ReadFile(path), "new");
+}
+
+TEST_F(ExportFiles, LongestNamesAreWritten) {
+    const std::string longest = dir.File(std::string(255, 'n'));
+    ExportFile file(longest, Encoding::Cp1252);
+    file.Buffer() += "new";
+    file.Publish();
+    EXPECT_EQ(testkit::ReadFile(longest), "new");
+}
+
+TEST_F(ExportFiles, UnwantedUtf8LeavesWhatWasWritten) {
+    ExportFile file(path, Encoding::Cp1252);
+    file.Buffer() += "one";
+    EXPECT_FALSE(file.SwitchToUtf8([] { return false; }));
+    file.Buffer() += " two";
+    file.Publish();
+    EXPECT_EQ(testkit::ReadFile(path), "one two");
     EXPECT_EQ(FilesInFolder(), 1);
 }
 

@@ -5,10 +5,13 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <filesystem>
 #include <functional>
 #include <initializer_list>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "export/export_job.h"
 #include "export/tagged_export.h"
@@ -126,7 +129,16 @@ protected:
     }
     ExportResult RunJob(const ExportOrder& order = {}) { return Job().Run(order); }
     std::string OutFile() { return testkit::ReadFile(set.state.gExportFile); }
-    bool HasOutFile() { return !OutFile().empty(); }
+    bool HasOutFile() { return std::filesystem::exists(set.state.gExportFile); }
+    // The names of the files in the folder, without the DataSet and its journal.
+    std::vector<std::string> OtherFiles() const {
+        std::vector<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(set.dir.path()))
+            names.push_back(entry.path().filename());
+        std::erase_if(names, [](const std::string& name) { return name.starts_with("test.mdb"); });
+        std::sort(names.begin(), names.end());
+        return names;
+    }
 
     testkit::DataSetFixture set;
     CancelingPump pump{set.state};

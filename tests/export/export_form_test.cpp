@@ -178,12 +178,12 @@ TEST_F(ExportForm, NoToOverwritingWritesNothingAndAsksForAnotherFile) {
     EXPECT_TRUE(set.prompter.messages.empty());
 }
 
-TEST_F(ExportForm, PartialListEndsSilently) {
+TEST_F(ExportForm, PartialListEndsWithTheCountOfNames) {
     form->OptPartial.UserChoose();
     form->optAuthority.UserChoose();
     form->cmdOK.UserClick();
     EXPECT_EQ(testkit::ReadFile(set.dir.File("test.qln")), Lines({"name|author", "Animalia|", "Alpha|"}));
-    EXPECT_TRUE(set.prompter.messages.empty());
+    EXPECT_EQ(set.prompter.messages, Texts{"2 names were written to " + set.dir.File("test.qln") + "."});
     EXPECT_EQ(form->Gauge1.Value(), 0);
     EXPECT_FALSE(set.state.gBatchRunning);
 }
@@ -192,18 +192,19 @@ TEST_F(ExportForm, CanceledRunSaysSoAndTheNextBeginsAnew) {
     pump.cancelAt = TurnsBeforeRows(2) + 2;
     form->cmdOK.UserClick();
     EXPECT_EQ(set.prompter.messages, Texts{"Export Canceled!"});
-    EXPECT_EQ(testkit::ReadFile(set.dir.File("test.qln")), Lines({kRootLine}));
-    set.prompter.yesNo = {true};
+    EXPECT_FALSE(std::filesystem::exists(set.dir.File("test.qln")));
     form->cmdOK.UserClick();
     EXPECT_EQ(set.prompter.messages.back(), "A Total of 2 Records were Exported.");
 }
 
-TEST_F(ExportForm, CanceledPartialListEndsSilentlyToo) {
+TEST_F(ExportForm, CanceledPartialListSaysSoAndLeavesTheOldFile) {
+    testkit::WriteFile(set.dir.File("test.qln"), "old");
+    set.prompter.yesNo = {true};
     form->OptPartial.UserChoose();
     pump.cancelAt = 2;
     form->cmdOK.UserClick();
-    EXPECT_TRUE(set.prompter.messages.empty());
-    EXPECT_EQ(testkit::ReadFile(set.dir.File("test.qln")), Lines({"name", "Animalia"}));
+    EXPECT_EQ(set.prompter.messages, Texts{"Export Canceled!"});
+    EXPECT_EQ(testkit::ReadFile(set.dir.File("test.qln")), "old");
 }
 
 // Presses buttons in the midst of the run.

@@ -2,7 +2,9 @@
 
 #include "export/export_job.h"
 
+#include <algorithm>
 #include <filesystem>
+#include <new>
 
 #include "export_fixture.h"
 
@@ -23,7 +25,7 @@ TEST_F(Job, WritesTheFileAndCounts) {
     AddTaxon(2, "Alpha");
     EXPECT_EQ(RunJob().outcome, ExportOutcome::Done);
     EXPECT_EQ(OutFile(), Lines({kRootLine, TaxonLine(2, "Alpha", "100", 1)}));
-    EXPECT_EQ(TotalText(set.state), "A Total of 2 Records were Exported.");
+    EXPECT_EQ(EndText(set.state, ExportKind::DataSet), "A Total of 2 Records were Exported.");
     EXPECT_TRUE(set.prompter.messages.empty());
     EXPECT_FALSE(set.prompter.waitCursor);
 }
@@ -76,31 +78,57 @@ TEST_F(Job, BreakingValuesAreToldWithTheFirst) {
     AddTaxon(2, "Al|pha");
     const ExportResult result = RunJob();
     EXPECT_EQ(OutFile(), Lines({kRootLine, TaxonLine(2, "Al|pha", "100", 1)}));
-    TellBreaking(set.prompter, result.breaking);
+    ReportBreaking(set.prompter, result.breaking);
     EXPECT_EQ(set.prompter.messages,
               Texts{"1 value holds the separator or a line break, and a reader of the file will break "
                     "the record there.  The first is unit_name1 of [TU]2: Al|pha"});
     set.prompter.messages.clear();
-    TellBreaking(set.prompter, {});
+    ReportBreaking(set.prompter, {});
     EXPECT_TRUE(set.prompter.messages.empty());
 }
 
-TEST_F(Job, CancelLeavesTheLinesWrittenSoFar) {
+TEST_F(Job, CancelLeavesTheOldFileAndNothingElse) {
     AddTaxon(2, "Alpha");
     AddTaxon(3, "Beta");
     testkit::WriteFile(set.state.gExportFile, "old");
     pump.cancelAt = TurnsBeforeRows(3) + 3;
     EXPECT_EQ(RunJob().outcome, ExportOutcome::Canceled);
-    EXPECT_EQ(OutFile(), Lines({kRootLine, TaxonLine(2, "Alpha", "100", 1)}));
-    EXPECT_EQ(set.state.gExportedCount, 2);
+    EXPECT_EQ(OutFile(), "old");
+    EXPECT_EQ(OtherFiles(), Texts{"out.qln"});
+    EXPECT_FALSE(set.state.gBatchRunning);
 }
 
-TEST_F(Job, RunThatIsCanceledAtOnceLeavesAnEmptyFile) {
-    testkit::WriteFile(set.state.gExportFile, "old");
+TEST_F(Job, RunThatIsCanceledAtOnceMakesNoFile) {
     set.state.gBatchCancel = true;
     EXPECT_EQ(RunJob().outcome, ExportOutcome::Canceled);
-    EXPECT_EQ(OutFile(), "");
+    EXPECT_EQ(OtherFiles(), Texts{});
     EXPECT_EQ(set.state.gExportedCount, 0);
+}
+
+TEST_F(Job, TaxonWithoutAKingdomLeavesTheOldFile) {
+    AddTaxon(2, "Alpha");
+    SetTaxon(2, "kingdom_id", "Null");
+    testkit::WriteFile(set.state.gExportFile, "old");
+    EXPECT_EQ(RunJob().outcome, ExportOutcome::Canceled);
+    EXPECT_EQ(OutFile(), "old");
+}
+
+// Allocations fail in the midst of the run.
+class ExhaustedPump : public EventPump {
+public:
+    void Yield() override { throw std::bad_alloc(); }
+};
+
+TEST_F(Job, ShortMemoryIsReportedAndLeavesTheOldFile) {
+    testkit::WriteFile(set.state.gExportFile, "old");
+    ExhaustedPump exhausted;
+    ExportJob job(set.state, set.engine, {set.prompter, exhausted, clock, [](double) {}, set.dir.path()});
+    EXPECT_EQ(job.Run({}).outcome, ExportOutcome::Failed);
+    EXPECT_EQ(set.prompter.messages, Texts{"Not enough memory."});
+    EXPECT_EQ(OutFile(), "old");
+    EXPECT_EQ(OtherFiles(), Texts{"out.qln"});
+    EXPECT_FALSE(set.state.gBatchRunning);
+    EXPECT_FALSE(set.prompter.waitCursor);
 }
 
 TEST_F(Job, GaugeRisesAndEndsFull) {
@@ -123,9 +151,10 @@ TEST_F(Job, FilterThatMayNotRunIsToldAndNothingIsWritten) {
 
 TEST_F(Job, OpenDataSetIsNotWrittenOver) {
     const std::string path = set.state.gDataSetPath;
-    const std::string link = set.dir.File("link.qln");
+    const std::string link = set.dir.File("link.qln"), hardLink = set.dir.File("hard.qln");
     std::filesystem::create_symlink(path, link);
-    for (const std::string& target : {path, link}) {
+    std::filesystem::create_hard_link(path, hardLink);
+    for (const std::string& target : {path, link, hardLink}) {
         set.state.gExportFile = target;
         EXPECT_EQ(RunJob().outcome, ExportOutcome::Failed);
         EXPECT_EQ(set.prompter.messages.back(),
@@ -142,7 +171,7 @@ TEST_F(Job, FailuresOfFilesAreTold) {
     EXPECT_EQ(RunJob().outcome, ExportOutcome::Failed);
     ASSERT_EQ(set.prompter.messages.size(), 2u);
     EXPECT_EQ(set.prompter.messages[0],
-              "Failed Opening '" + set.dir.File("none/out.qln~new") + "' failed: No such file or directory.");
+              "Failed Opening '" + set.dir.File("none/out.qln") + "' failed: No such file or directory.");
     EXPECT_EQ(set.prompter.messages[1].substr(0, 7), "Failed ");
     EXPECT_FALSE(set.prompter.waitCursor);
 }
@@ -253,7 +282,6 @@ TEST_F(OnlineJob, LogThatCannotBeOpenedFailsAndWritesNothing) {
         std::filesystem::create_directory(set.dir.File(log));
         EXPECT_EQ(RunJob(Online()).outcome, ExportOutcome::Failed) << log;
         EXPECT_EQ(OutFile(), "old") << log;
-        EXPECT_FALSE(std::filesystem::exists(set.state.gExportFile + "~new")) << log;
     }
     EXPECT_EQ(set.prompter.messages, (Texts{"File " + set.dir.File("validate.log") + " cannot be written!",
                                             "File " + set.dir.File("vtime.log") + " cannot be written!"}));
@@ -268,11 +296,20 @@ TEST_F(OnlineJob, LogThatIsNotWholeFailsAndWritesNothing) {
     EXPECT_EQ(set.prompter.messages, Texts{"File " + set.dir.File("validate.log") + " cannot be written!"});
 }
 
-TEST_F(OnlineJob, CancelWhileValidatingLeavesAnEmptyFile) {
+TEST_F(OnlineJob, LogIsNotWrittenOver) {
+    for (const char* log : {"validate.log", "vtime.log"}) {
+        set.state.gExportFile = set.dir.File(log);
+        EXPECT_EQ(RunJob(Online()).outcome, ExportOutcome::Failed);
+        EXPECT_EQ(set.prompter.messages.back(),
+                  "'" + set.dir.File(log) + "' is a log of the validation, and cannot be overwritten.");
+    }
+    EXPECT_EQ(OtherFiles(), Texts{});
+}
+
+TEST_F(OnlineJob, CancelWhileValidatingMakesNoFile) {
     pump.cancelAt = 1;
     EXPECT_EQ(RunJob(Online()).outcome, ExportOutcome::Canceled);
-    EXPECT_EQ(OutFile(), "");
-    EXPECT_TRUE(std::filesystem::exists(set.state.gExportFile));
+    EXPECT_FALSE(std::filesystem::exists(set.state.gExportFile));
 }
 
 TEST_F(OnlineJob, NeedsAnOpenDataSet) {

@@ -78,7 +78,7 @@ TEST_F(ManyTaxa, LeaveNoLongStretchWithoutATurn) {
     RunJob();
     ExportOrder list;
     list.kind = ExportKind::List;
-    list.listType = 2;
+    list.listType = ListType::NameAuthor;
     for (const std::string& filter :
          {std::string("none"), selection::ColumnClause("rank_id", "=", "180"),
           selection::ColumnClause("qb_id", "=", "9000"), selection::ColumnClause("qb_id", ">", "3000")}) {

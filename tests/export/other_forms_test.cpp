@@ -1,5 +1,7 @@
 // FrmDExport, ExpType and FrmTExport.
 
+#include <filesystem>
+
 #include "export/name_export_form.h"
 #include "export/tagged_export_form.h"
 #include "export_fixture.h"
@@ -58,38 +60,38 @@ TEST_F(OtherForms, TaggedFormTellsACancel) {
     pump.cancelAt = TurnsBeforeRows(3) + 2;
     form.Continue();
     EXPECT_EQ(set.prompter.messages, Texts{"Export Canceled!"});
-    EXPECT_EQ(OutFile(), Lines({kRootLine}));
+    EXPECT_FALSE(HasOutFile());
     EXPECT_EQ(TimeLog(), "Begin Export: 12:34:56\r\nEnd Export: 12:34:56\r\n");
 }
 
 TEST_F(OtherForms, TypeFormKeepsTheTypeAndLeadsToTheList) {
-    int exportType = 0;
+    ListType exportType = ListType::None;
     ExpType form(exportType, set.prompter);
     EXPECT_EQ(form.form.Title(), "Taxonomic Compare Export Type");
     EXPECT_EQ(form.fraType.Caption(), "Taxonomy Data to Export");
     EXPECT_EQ(form.optAuthority.Caption(), "Name and Authority");
     form.cmdOK.UserClick();
-    EXPECT_EQ(exportType, 1);
+    EXPECT_EQ(exportType, ListType::Name);
     form.optAuthority.UserChoose();
     form.cmdOK.UserClick();
-    EXPECT_EQ(exportType, 2);
+    EXPECT_EQ(exportType, ListType::NameAuthor);
     form.optRank.UserChoose();
     form.cmdOK.UserClick();
-    EXPECT_EQ(exportType, 3);
+    EXPECT_EQ(exportType, ListType::NameAuthorRank);
     EXPECT_EQ(set.prompter.forms, Texts(3, "FrmTExport"));
 }
 
 TEST_F(OtherForms, CanceledTypeFormKeepsNothing) {
-    int exportType = 0;
+    ListType exportType = ListType::None;
     ExpType form(exportType, set.prompter);
     form.cmdCancel.UserClick();
-    EXPECT_EQ(exportType, 0);
+    EXPECT_EQ(exportType, ListType::None);
     EXPECT_TRUE(set.prompter.forms.empty());
 }
 
 TEST_F(OtherForms, NameFormWritesAllTaxaWhateverTheFilter) {
     FilterByJournal();
-    FrmTExport form(set.state, set.engine, set.prompter, pump, clock, 3);
+    FrmTExport form(set.state, set.engine, set.prompter, pump, clock, ListType::NameAuthorRank);
     EXPECT_EQ(form.form.Title(), "Export Taxonomy Data to File");
     set.prompter.filesToSave = {set.dir.File("names")};
     EXPECT_TRUE(form.AskFile());
@@ -106,19 +108,31 @@ TEST_F(OtherForms, NameFormWritesAllTaxaWhateverTheFilter) {
 }
 
 TEST_F(OtherForms, NameFormTellsACancelAndAnInvalidType) {
-    FrmTExport form(set.state, set.engine, set.prompter, pump, clock, 0);
+    FrmTExport form(set.state, set.engine, set.prompter, pump, clock, ListType::None);
     set.prompter.filesToSave = {set.dir.File("names.txm"), std::nullopt};
     form.AskFile();
     form.Continue();
     EXPECT_EQ(set.prompter.messages, (Texts{"Export Type of 0 is invalid!", "Export Complete!"}));
     EXPECT_EQ(OutFile(), "");
-    FrmTExport second(set.state, set.engine, set.prompter, pump, clock, 1);
+    FrmTExport second(set.state, set.engine, set.prompter, pump, clock, ListType::Name);
     EXPECT_FALSE(second.AskFile());
     set.state.gExportFile = set.dir.File("names.txm");
     pump.cancelAt = pump.turns + 2;
     second.Continue();
     EXPECT_EQ(set.prompter.messages.back(), "Export Canceled!");
-    EXPECT_EQ(OutFile(), Lines({"name", "Animalia"}));
+    EXPECT_EQ(OutFile(), "") << "the file of the export before";
+}
+
+TEST_F(OtherForms, TimeLogIsNeverWrittenOverTheDataSet) {
+    std::filesystem::create_symlink(set.state.gDataSetPath, set.dir.File("time.log"));
+    FrmDExport form(set.state, set.engine, set.prompter, pump, clock, set.dir.path());
+    set.prompter.filesToSave = {set.dir.File("out.exp")};
+    form.AskFile();
+    form.Continue();
+    ASSERT_EQ(set.prompter.messages.size(), 1U);
+    EXPECT_NE(set.prompter.messages[0].find("time.log"), std::string::npos) << set.prompter.messages[0];
+    EXPECT_FALSE(HasOutFile());
+    EXPECT_EQ(set.Dump("SELECT Count(*) FROM qb_taxonomic_units"), "3\n");
 }
 
 }  // namespace

@@ -4,11 +4,13 @@
 #include <QtTest>
 #include <QtWidgets>
 
+#include "export/tagged_export_form.h"
 #include "testkit/testkit.h"
 #include "ui/binder.h"
 #include "ui/desktop_program.h"
+#include "ui/export_type_window.h"
 #include "ui/export_window.h"
-#include "ui/plain_export_windows.h"
+#include "ui/plain_export_window.h"
 #include "when_modal.h"
 
 namespace quillon::ui {
@@ -96,7 +98,7 @@ TEST_F(ExportWindows, LongPathsDoNotWidenTheWindow) {
 
 TEST_F(ExportWindows, TaggedFormExportsAndCloses) {
     exporting::FrmDExport form(data.state, data.engine, data.prompter, pump, clock, data.dir.path());
-    TaggedExportWindow window(form, nullptr);
+    PlainExportWindow window(form, nullptr);
     EXPECT_EQ(NamesWithoutPartner(form.form, window).join(" "), "");
     EXPECT_EQ(window.windowTitle(), "Export DataSet to File");
     data.prompter.filesToSave = {data.dir.File("out")};
@@ -111,7 +113,7 @@ TEST_F(ExportWindows, TaggedFormExportsAndCloses) {
 }
 
 TEST_F(ExportWindows, TypeFormKeepsTheTypeForTheListForm) {
-    int exportType = 0;
+    exporting::ListType exportType = exporting::ListType::None;
     exporting::ExpType form(exportType, data.prompter);
     ExportTypeWindow window(form, nullptr);
     EXPECT_EQ(NamesWithoutPartner(form.form, window).join(" "), "");
@@ -122,13 +124,14 @@ TEST_F(ExportWindows, TypeFormKeepsTheTypeForTheListForm) {
         modal.findChild<QPushButton*>("cmdOK")->click();
     });
     window.exec();
-    EXPECT_EQ(exportType, 2);
+    EXPECT_EQ(exportType, exporting::ListType::NameAuthor);
     EXPECT_EQ(data.prompter.forms, Texts{"FrmTExport"});
 }
 
 TEST_F(ExportWindows, ListFormExportsTheNames) {
-    exporting::FrmTExport form(data.state, data.engine, data.prompter, pump, clock, 1);
-    NameExportWindow window(form, nullptr);
+    exporting::FrmTExport form(data.state, data.engine, data.prompter, pump, clock,
+                               exporting::ListType::Name);
+    PlainExportWindow window(form, nullptr);
     EXPECT_EQ(NamesWithoutPartner(form.form, window).join(" "), "");
     EXPECT_EQ(window.windowTitle(), "Export Taxonomy Data to File");
     data.prompter.filesToSave = {data.dir.File("names")};

@@ -1,4 +1,4 @@
-#include "export/export_paths.h"
+#include "export/form_parts.h"
 
 #include <filesystem>
 
@@ -22,6 +22,11 @@ std::string WithQln(const std::string& path) {
 std::string WithExtension(const std::string& path, std::string_view extension) {
     const bool complete = std::filesystem::path(path).filename().string().find('.') != std::string::npos;
     return complete ? path : path + std::string(extension);
+}
+
+ListType ChosenListType(const OptionControl& optAuthority, const OptionControl& optRank) {
+    if (optRank.Value()) return ListType::NameAuthorRank;
+    return optAuthority.Value() ? ListType::NameAuthor : ListType::Name;
 }
 
 }  // namespace quillon::exporting
