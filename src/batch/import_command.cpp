@@ -21,21 +21,21 @@ ExitStatus RunImport(const CommonOptions& options, const std::string& path, cons
     session.state.gDataSetIsNew = store::HoldsOnlySeedRows(*session.state.gDatabase);
     if (!importing::MayImport(session.state, session.prompter)) return ExitStatus::Failed;
     ProgressLine progress(options.progress);
-    importing::TaggedImport import(session.state, session.engine, session.prompter, session.pump,
-                                   [&](double percent) { progress.Show(percent); });
-    import.Failed = [&](const importing::Failure& failure) {
+    importing::TaggedImport job(session.state, session.engine, session.prompter, session.pump,
+                                [&](double percent) { progress.Show(percent); });
+    job.Failed = [&](const importing::Failure& failure) {
         session.prompter.Message(importing::TextOf(failure), "");
-};
-const importing::ImportResult result = import.Run(file, options.workDir);
-session.lifecycle.CloseDataSet();
-if (result.canceled || !result.completed) {
-    if (result.canceled) session.prompter.Message(importing::kImportCanceled, "");
-    return ExitStatus::Failed;
+    };
+    const importing::ImportResult result = job.Run(file, options.workDir);
+    session.lifecycle.CloseDataSet();
+    if (result.canceled || !result.completed) {
+        if (result.canceled) session.prompter.Message(importing::kImportCanceled, "");
+        return ExitStatus::Failed;
+    }
+    for (const std::string& note : result.notes) session.prompter.Message(note, "");
+    session.prompter.Message(
+        result.errors ? "Import Complete -- Errors Occurred." : importing::kImportComplete, "");
+    return result.errors ? ExitStatus::Findings : ExitStatus::Done;
 }
-for (const std::string& note : result.notes) session.prompter.Message(note, "");
-session.prompter.Message(result.errors ? "Import Complete -- Errors Occurred." : importing::kImportComplete,
-                         "");
-return result.errors ? ExitStatus::Findings : ExitStatus::Done;
-}  // namespace quillon::batch
 
 }  // namespace quillon::batch

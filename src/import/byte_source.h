@@ -20,7 +20,7 @@ class ReadError : public std::runtime_error {
 class ByteSource {
 public:
     virtual ~ByteSource() = default;
-    // Fills up to `size` bytes and gives how many; 0 only at the end. Throws ReadError.
+    // Fills up to `size` bytes and returns how many; 0 only at the end. Throws ReadError.
     virtual std::size_t Read(char* buffer, std::size_t size) = 0;
     // Back to the first byte. Throws ReadError.
     virtual void Rewind() = 0;

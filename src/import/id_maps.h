@@ -1,8 +1,8 @@
 // The maps from the ids of a tagged file to the ids of this DataSet, one for each kind of record.
 //
-// Rows are appended as ids are first seen and keep that order. A look-up gives the first row with the key, as
-// a search from the first row would, and costs the same however many rows there are. A million taxa take some
-// 40 MB.
+// Rows are appended as ids are first seen and keep that order. A look-up returns the first row with the key,
+// as a search from the first row would, and costs the same however many rows there are. A million taxa take
+// some 40 MB.
 //
 // A row's new id is reserved when its key is first seen. The record itself is stored when its own line comes;
 // until then, or when its line could not be stored, the id stands for a placeholder, which is written only in

@@ -31,7 +31,7 @@ std::int32_t KingdomOfLine(std::string_view line) {
 }
 
 std::int32_t KingdomOfFile(ByteSource& source, Turns& turns) {
-    LineReader reader(source);
+    LineReader reader(source, [&turns] { TakeTurn(turns); });
     for (auto kind = reader.Next(); kind != LineReader::Kind::End; kind = reader.Next()) {
         if (kind == LineReader::Kind::Line && reader.Text().empty()) break;
         if (const std::int32_t kingdom = KingdomOfLine(reader.Text())) return kingdom;

@@ -1,4 +1,4 @@
-// Change tracks with their operations and comments, and the news of deletions.
+// Change tracks with their operations and comments, and the records of deletions.
 #include <array>
 #include <span>
 

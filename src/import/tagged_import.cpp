@@ -71,6 +71,7 @@ void TaggedImport::RunWithLog(const std::string& path, const std::string& workDi
 
 void TaggedImport::ImportFile(const std::string& path, const std::string& workDirectory, ImportLog& log,
                               ImportResult& result) {
+    Stage("Reading the file");
     const auto source = OpenSource(path, workDirectory, turns_);
     const std::string refusal = KingdomRefusal(*source, *state_.gDatabase, turns_);
     if (!refusal.empty()) {
@@ -83,6 +84,7 @@ void TaggedImport::ImportFile(const std::string& path, const std::string& workDi
     };
     Stage("Copying the DataSet");
     store::WorkingCopy copy(engine_, *state_.gDatabase, [this] { return turns_.Next(); });
+    Stage("Reading the file");
     ReadingOutcome outcome =
         ReadTagged({state_, engine_, copy.Db(), turns_, {finding, Failed}, gauge_, Stage}, *source);
     if (!log.Close()) return prompter_.WarningMessage(log.Failure());

@@ -16,7 +16,7 @@ namespace quillon::store {
 void RegisterMapFunction(Database& database, std::string_view name,
                          std::function<std::optional<std::int64_t>(std::int64_t)> function);
 
-// One statement as a unit of its own; gives the rows changed. Open results keep the rows that they had.
+// One statement as a unit of its own; returns the rows changed. Open results keep the rows that they had.
 int ExecuteNative(Database& database, std::string_view sqliteSql);
 
 }  // namespace quillon::store

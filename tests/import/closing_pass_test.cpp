@@ -205,7 +205,7 @@ TEST_F(ClosingPass, AnotherImportIntoTheSameDataSetAddsToIt) {
               "2\t1\n3\t2\n");
 }
 
-TEST_F(ClosingPass, WhatHungFromTheOldKingdomRecordHangsFromTheNewOne) {
+TEST_F(ClosingPass, ChildrenOfTheOldKingdomRecordBecomeThoseOfTheNewOne) {
     Import({TaxonLine{.qb_id = "5", .unit_name1 = "First", .parent_qb_id = "9"},
             TaxonLine{.qb_id = "9", .unit_name1 = "Animalia", .rank_id = "10"}});
     set.db().Execute("INSERT INTO qb_taxonomic_units (unit_name1, parent_qb_id) VALUES ('Local', 3)");
@@ -215,7 +215,7 @@ TEST_F(ClosingPass, WhatHungFromTheOldKingdomRecordHangsFromTheNewOne) {
               "2\tFirst\t6\n4\tLocal\t6\n5\tSecond\t6\n6\tAnimalia\t6\n");
 }
 
-TEST_F(ClosingPass, WhatHungFromAKingdomRecordOfTheFileThatWasReplacedHangsFromTheLast) {
+TEST_F(ClosingPass, ChildrenOfAReplacedKingdomRecordOfTheFileBecomeThoseOfTheLast) {
     Import({TaxonLine{.qb_id = "5", .unit_name1 = "First", .rank_id = "10"},
             TaxonLine{.qb_id = "7", .unit_name1 = "Child", .parent_qb_id = "5"},
             TaxonLine{.qb_id = "6", .unit_name1 = "Second", .rank_id = "10"}});

@@ -50,7 +50,7 @@ TEST_F(HandlerFindings, ALineThatEndsBeforeItsLastFieldStoresNothing) {
     EXPECT_EQ(Dump("SELECT qb_id FROM qb_taxonomic_units"), "1\n");
 }
 
-TEST_F(HandlerFindings, OfRecordsThatHangOnATaxon) {
+TEST_F(HandlerFindings, OfRecordsOfATaxon) {
     for (const Case& expected : std::vector<Case>{
              {"[GD]1||2|", "No geographic_value is present in the following <GD> data line of import file!",
               "qb_geographic_division"},
@@ -251,7 +251,7 @@ TEST_F(HandlerFindings, OfDeletionRecords) {
     EXPECT_EQ(Dump("SELECT * FROM db_tombstone"), "");
 }
 
-TEST_F(HandlerFindings, AnUnknownTagIsToldAndTheRunGoesOn) {
+TEST_F(HandlerFindings, AnUnknownTagIsReportedAndTheRunGoesOn) {
     Import({"[XX]1|2|", "no tag at all", "[tu]1|", "[TU", "[RV]1|2|", "[RV]", "[TA]|7|Linnaeus|5|"});
     const std::string sentence = "Invalid Table Tag in the following line of import file!";
     EXPECT_EQ(

@@ -106,7 +106,7 @@ TEST_F(ImportForm, AMissingFileLeavesTheFormOpen) {
     EXPECT_FALSE(set.state.gBatchRunning);
 }
 
-TEST_F(ImportForm, TellsACompleteImportAndCloses) {
+TEST_F(ImportForm, ReportsACompleteImportAndCloses) {
     Press("");
     EXPECT_THAT(set.prompter.messages, ElementsAre("Import Complete -- No Errors!"));
     EXPECT_EQ(closed, 1);
@@ -231,7 +231,7 @@ TEST_F(ImportCommands, AsksAboutAnUnsavedRecordBeforeTheFormIsShown) {
     EXPECT_THAT(set.prompter.forms, ElementsAre("FrmImport"));
 }
 
-TEST_F(ImportCommands, TellsACanceledImport) {
+TEST_F(ImportCommands, ReportsACanceledImport) {
     set.state.gDataSetIsNew = true;
     set.state.gBatchCancel = true;  // as the form leaves it
     EXPECT_EQ(ImportCommand(set.state, set.prompter), ImportOutcome::Canceled);

@@ -55,7 +55,7 @@ TEST_F(Reading, Cp1252AndUtf8GiveTheSameName) {
     EXPECT_EQ(Dump("SELECT unit_name1 FROM qb_taxonomic_units WHERE qb_id > 1"), "Caf\u00e9\nCaf\u00e9\n");
 }
 
-TEST_F(Reading, ALineThatIsTooLongIsToldByItsHeadAndTheRunGoesOn) {
+TEST_F(Reading, ALineThatIsTooLongIsReportedByItsHeadAndTheRunGoesOn) {
     const std::string longLine = "[CM]3||" + std::string(20 * 1024 * 1024, 'c') + "||";
     ImportText(Line("100") + "\r\n" + longLine + "\r\n" + Line("200") + "\r\n");
     EXPECT_EQ(
@@ -144,7 +144,7 @@ TEST_F(Running, EachRunWritesTheLogAnew) {
     EXPECT_EQ(Log(), "");
 }
 
-TEST_F(Running, AMissingFileIsToldAndLeavesTheDataSetNew) {
+TEST_F(Running, AMissingFileIsReportedAndLeavesTheDataSetNew) {
     const ImportResult result = RunFile(set.dir.File("none.qln"));
     EXPECT_FALSE(result.found);
     EXPECT_FALSE(result.completed);
@@ -162,7 +162,7 @@ TEST_F(Running, AFolderIsNotReadAndTheRunNotCompleted) {
     EXPECT_TRUE(set.state.gDataSetIsNew);
 }
 
-TEST_F(Running, ALogThatCannotBeWrittenIsToldAndNothingIsRead) {
+TEST_F(Running, ALogThatCannotBeWrittenIsReportedAndNothingIsRead) {
     std::filesystem::create_directory(set.dir.File("import.err"));
     const ImportResult result = Run(Line("100"));
     EXPECT_FALSE(result.completed);

@@ -1,4 +1,4 @@
-// What hangs on a taxon by its id: divisions, jurisdictions, NODC ids, vernaculars, synonym links.
+// The rows of a taxon by its id: divisions, jurisdictions, NODC ids, vernaculars, synonym links.
 #include <gmock/gmock.h>
 
 #include "import_fixture.h"

@@ -163,7 +163,7 @@ TEST_F(TaxonRecords, AnOldReasonIsStoredInTodaysWords) {
         "unavailable, literature misspelling\t\\N\n\\N\tYes\nillegitimate\t\\N\n");
 }
 
-TEST_F(TaxonRecords, AReasonThatNeedsAPersonIsToldAndTheRecordStored) {
+TEST_F(TaxonRecords, AReasonThatNeedsAPersonIsReportedAndTheRecordStored) {
     const std::string line =
         TaxonLine{.qb_id = "5", .unnamed_taxon_ind = "No", .usage = "invalid", .reason = "Incertae sedis"};
     Import({line});

@@ -136,8 +136,10 @@ void WorkingCopy::Replace(DatabaseHandle& original) {
 
 void WorkingCopy::Check() {
     const StatementTurns turns(*copy_, goOn_);
-    // Constraints are not run: what was there before need not keep them.
-    ExecNative(copy_->Shared()->Native(), "PRAGMA ignore_check_constraints = ON");
+    // Constraints are not run: what was there before need not keep them. Every page is read once, so that a
+    // large cache would only fill the memory.
+    ExecNative(copy_->Shared()->Native(),
+               "PRAGMA ignore_check_constraints = ON; PRAGMA cache_size = -2000; PRAGMA shrink_memory");
     NativeStatement check(copy_->Shared()->Native(), "PRAGMA quick_check(1)");
     if (!check.Step() || check.Text(0) != "ok")
         throw StoreError(ErrorNumber::CorruptFile, "The DataSet is damaged and cannot be read.");
