@@ -77,16 +77,16 @@ bool RecView::Dropped(const TreeNode* moved, TreeNode* newParent, const TreeNode
                source = explorer_->GetNodeData(oldParent);
     if (!item || (newParent != nullptr && !target)) return true;
     const ChangeScope scope(controls_.form);
-    try {
+    bool entered = false;
+    Attempt(prompter_, [&] {
         if (newParent != nullptr && !newParent->Expanded()) explorer_->ExpandNode(newParent);
         editing_.dropInProgress = false;
-        if (target && !move_.ConfirmRanks(*item, *target)) return true;
-        if (!BringUp(*item)) return true;
+        if (target && !move_.ConfirmRanks(*item, *target)) return;
+        if (!BringUp(*item)) return;
         move_.Enter(*item, target.get(), source.get());
-    } catch (const std::exception& failure) {
-        ReportFailure(prompter_, failure);
-        return true;
-    }
+        entered = true;
+    });
+    if (!entered) return true;
     SetEnabled("undo", true);
     SetEnabled("paste", true);
     return false;

@@ -127,6 +127,20 @@ TEST_F(RecViewModes, TheWordsFollowTheKingdom) {
     EXPECT_FALSE(tab.chkUnnamed.Visible() || tab.lblUnnamed.Visible());
 }
 
+TEST_F(RecViewModes, AnotherDataSetBeginsWithAnEmptyForm) {
+    ShowFullSpecies();
+    tab.optInvalid.UserChoose();
+    form.distribution.cboMexico.UserSetText("Native");
+    form.vernaculars.grdVernacular.UserSelectRow(0);
+    Show();
+    EXPECT_EQ(Kept(), "");
+    EXPECT_FALSE(tab.optValid.Value() || tab.optInvalid.Value());
+    EXPECT_EQ(form.distribution.cboMexico.Text(), "None Selected");
+    EXPECT_EQ(form.vernaculars.txtVName.Text(), "");
+    EXPECT_EQ(form.publications.association.picker.ListCount(), 0U) << "the vernaculars of the last record";
+    EXPECT_FALSE(data.state.RecordDirty);
+}
+
 TEST_F(RecViewModes, AddNewWithoutPreferencesShowsAnEmptyForm) {
     ShowFullSpecies();
     form.mnuAdd.UserClick();
