@@ -53,8 +53,7 @@ public:
     // empty then, and the rest is shown.
     void ShowRecord();
     // The entry for every change of the current record. With `checkDirty` the user may stay on an unsaved
-    // one.
-    // A name that no path leads to from the root is shown with a note.
+    // one. The status bar says so when the name is not in the tree.
     void SelectExplorerItem(int qb_id, bool checkDirty, bool isInTree = true);
     // The question about an unsaved record; true means stay where you are.
     bool AskLoseChanges();

@@ -134,9 +134,7 @@ std::shared_ptr<cBioList> cBioList::OneRecord(const BioListSource& source, const
 }
 
 std::string cBioList::CalcPlainNodeName(const Recordset& row) {
-    const NameFields name{row["unit_ind1"], row["unit_name1"], row["unit_ind2"], row["unit_name2"],
-                          row["unit_ind3"], row["unit_name3"], row["unit_ind4"], row["unit_name4"]};
-    return quillon::CalcPlainNodeName(name, row["TaxAuthor"]);
+    return quillon::CalcPlainNodeName(NameFieldsOf(row), row["TaxAuthor"]);
 }
 
 std::unordered_map<int, std::string> cBioList::NodeNames(const BioListSource& source,

@@ -157,6 +157,37 @@ TEST_F(RecViewExplorer, ANodeThatCannotBePutBackIsReported) {
     EXPECT_EQ(data.prompter.messages[0].substr(0, 7), "Failed ");
 }
 
+TEST_F(RecViewExplorer, TheMoveKeysFollowABranchThatOpensAndAnotherView) {
+    Make();
+    Click(1);
+    EXPECT_EQ(Disabled(), "paste undo moveprev movenext");
+    explorer.ExpandNode(Node(1));
+    EXPECT_EQ(Disabled(), "paste undo moveprev");
+    explorer.CollapseNode(Node(1));
+    EXPECT_EQ(Disabled(), "paste undo moveprev movenext");
+    explorer.SetTreeVisible(false);
+    EXPECT_EQ(Disabled(), "paste undo moveprev") << "Animalia is the first row of the list";
+}
+
+TEST_F(RecViewExplorer, AMoveThatWasLeftCannotBeTakenBack) {
+    Make();
+    Click(4);
+    form.mnuECut.UserClick();
+    Click(2);
+    form.mnuPaste.UserClick();
+    EXPECT_EQ(ParentOf(4), 2);
+    EXPECT_EQ(Disabled(), "");
+    data.prompter.yesNo = {true};
+    Click(6);
+    EXPECT_FALSE(form.mnuEUndo.Enabled());
+    EXPECT_EQ(ParentOf(4), 3);
+    recView.Controls().mnuEUndo.SetEnabled(true);
+    form.mnuEUndo.UserClick();
+    EXPECT_EQ(ParentOf(4), 3);
+    EXPECT_EQ(Current(), 6);
+    EXPECT_FALSE(data.state.RecordDirty);
+}
+
 TEST_F(RecViewExplorer, ANameUnderOneOfItsRankIsAskedFor) {
     Make();
     Click(6);
