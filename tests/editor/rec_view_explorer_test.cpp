@@ -201,7 +201,7 @@ TEST_F(RecViewExplorer, ANameUnderOneOfItsRankIsAskedFor) {
     EXPECT_EQ(Current(), 2);
     EXPECT_EQ(ParentOf(6), 1);
     EXPECT_FALSE(data.state.RecordDirty);
-    EXPECT_EQ(Disabled(), "undo movenext");
+    EXPECT_EQ(Disabled(), "undo") << "the branch that the name was to go to is open";
     data.prompter.yesNo = {true};
     form.mnuPaste.UserClick();
     EXPECT_EQ(Current(), 6);
