@@ -2,6 +2,7 @@
 #include "import/cross_references.h"
 
 #include <algorithm>
+#include <exception>
 #include <limits>
 #include <optional>
 #include <vector>
@@ -69,9 +70,10 @@ public:
             try {
                 store::RegisterMapFunction(database_, name,
                                            [](std::int64_t) { return std::optional<std::int64_t>(); });
-            } catch (const store::StoreError&) {
-                // The handle is gone, and the functions with it.
-                return;
+            } catch (const std::exception&) {
+                // The handle is gone, and the function with it; or memory is short, and nothing calls it
+                // again.
+                continue;
             }
         }
     }

@@ -4,6 +4,7 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <exception>
 
 #include "store/coerce.h"
 #include "store/engine/connection.h"
@@ -26,7 +27,7 @@ BulkLoad::~BulkLoad() {
     if (finished_) return;
     try {
         Finish();
-    } catch (const StoreError&) {
+    } catch (const std::exception&) {
         // The next opening builds what is missing.
     }
 }
@@ -56,7 +57,7 @@ void BulkLoad::Abandon() {
     finished_ = true;
     try {
         engine_.EndJob();
-    } catch (const StoreError&) {
+    } catch (const std::exception&) {
         // What was not durable yet is gone, as it would be with the process.
         deferred_ = false;
     }

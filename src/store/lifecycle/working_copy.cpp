@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <exception>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -104,7 +105,8 @@ WorkingCopy::WorkingCopy(Engine& engine, Database& original, std::function<bool(
         copy_ = engine_.OpenDatabase(path_);
         ExecNative(copy_->Shared()->Native(), "PRAGMA journal_mode = MEMORY; PRAGMA synchronous = OFF");
     } catch (...) {
-        RemoveDataSetFile(path_);
+        copy_.reset();
+        unlink(path_.c_str());
         throw;
     }
 }
@@ -117,7 +119,8 @@ WorkingCopy::~WorkingCopy() {
         // What could not be written goes with the file.
         copy_.reset();
     }
-    RemoveDataSetFile(path_);
+    // Its journal is in memory: there is nothing beside it.
+    unlink(path_.c_str());
 }
 
 void WorkingCopy::Replace(DatabaseHandle& original) {
