@@ -34,7 +34,7 @@ void AddDocumentsOfVernaculars(TaggedRun& run) {
     RowStream rows(run.tools.database, exchange::kVernReferenceRecord.table,
                    {"qb_id", "qb_documentation_id_prefix", "qb_documentation_id"},
                    run.RowsAmong("qb_id", run.selected));
-    while (rows.Next() && run.tools.NextTurn())
+    while (rows.Next() && run.tools.turns.Next())
         if (run.selected.Has(Id(rows, 0))) run.documents.Add(rows.Text(1), Id(rows, 2));
 }
 
@@ -45,7 +45,7 @@ public:
     Comments(ExportTools& tools, const DocumentKind& kind) : database_(tools.database), kind_(kind) {
         IdSet met;
         RowStream rows(database_, kind.table, {kind.idColumn}, {store::TableRows::Order::Any, {}, {}});
-        while (rows.Next() && tools.NextTurn())
+        while (rows.Next() && tools.turns.Next())
             met.Has(Id(rows, 0)) ? shared_.Add(Id(rows, 0)) : met.Add(Id(rows, 0));
     }
     bool IsShared(std::int32_t id) const { return shared_.Has(id); }
@@ -71,9 +71,9 @@ void WriteDocument(TaggedRun& run, const RecordLayout& layout, const RowStream& 
 }
 
 void ExportDocuments(TaggedRun& run, const DocumentKind& kind, const RecordLayout& layout) {
-    if (run.tools.state.gBatchCancel) return;
+    if (run.tools.turns.Canceled()) return;
     Comments comments(run.tools, kind);
-    if (run.tools.state.gBatchCancel) return;
+    if (run.tools.turns.Canceled()) return;
     RowStream rows(run.tools.database, layout.table, layout.Columns(),
                    run.RowsAmong(kind.idColumn, run.documents.AllIds()));
     run.ForEachRow(rows, [&] {
@@ -88,7 +88,7 @@ void ExportDocuments(TaggedRun& run, const DocumentKind& kind, const RecordLayou
 
 void ExportReferenceLinks(TaggedRun& run) {
     ExportLinks(run);
-    if (run.tools.state.gBatchCancel) return;
+    if (run.tools.turns.Canceled()) return;
     AddDocumentsOfVernaculars(run);
     ExportDocuments(run, kPublications, exchange::kPublicationRecord);
     ExportDocuments(run, kExperts, exchange::kExpertRecord);

@@ -7,6 +7,7 @@
 #include "core/attempt.h"
 #include "core/file_identity.h"
 #include "core/line_file.h"
+#include "core/running_flag.h"
 #include "core/wait_cursor.h"
 #include "export/tagged_export.h"
 #include "selection/record_filter.h"
@@ -42,17 +43,6 @@ private:
         state_.gRejectedTaxa.clear();
         state_.gRejectedDocs.clear();
     }
-    ApplicationState& state_;
-};
-
-class RunningFlag {
-public:
-    explicit RunningFlag(ApplicationState& state) : state_(state) { state_.gBatchRunning = true; }
-    ~RunningFlag() { state_.gBatchRunning = false; }
-    RunningFlag(const RunningFlag&) = delete;
-    RunningFlag& operator=(const RunningFlag&) = delete;
-
-private:
     ApplicationState& state_;
 };
 
@@ -109,18 +99,16 @@ ExportResult ExportJob::WriteFile(const ExportOrder& order) {
     if (const auto wrong = selection::CheckRecordFilter(*database, state_.gRecordFilter))
         throw ExportError(*wrong);
     RefuseTarget(order.kind);
+    Turns turns(state_, outside_.events);
     ExportFile file(state_.gExportFile, order.encoding);
     const bool anyText = order.encoding == Encoding::Utf8;
-    LineWriter line(file, anyText ? LineWriter::Listener() : onForeign, [this] {
-        outside_.events.Yield();
-        return !state_.gBatchCancel;
-    });
-    ExportTools tools{state_, *database, outside_.prompter, outside_.events, outside_.gauge, line};
+    LineWriter line(file, anyText ? LineWriter::Listener() : onForeign, [&turns] { return turns.Next(); });
+    ExportTools tools{state_, *database, outside_.prompter, turns, outside_.gauge, line};
     state_.gRecordsDone = 0;
     if (!WriteRecords(order, tools)) return {};
     ExportResult result;
     result.breaking = line.Breaking();
-    if (state_.gBatchCancel) {
+    if (turns.Canceled()) {
         result.outcome = ExportOutcome::Canceled;
         return result;
     }

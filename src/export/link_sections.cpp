@@ -95,7 +95,7 @@ void ExportComments(TaggedRun& run) {
         run.comments.Add(Id(rows, comment));
         if (run.exclusion.RowIsExportable(qb_id)) run.WriteRow(exchange::kCommentLinkRecord, rows);
     });
-    if (run.tools.state.gBatchCancel) return;
+    if (run.tools.turns.Canceled()) return;
     ExportRowsById(run, exchange::kCommentRecord, run.comments,
                    [&](std::int32_t commentId) { return run.exclusion.CommentIsExportable(commentId); });
 }

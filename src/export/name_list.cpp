@@ -49,7 +49,7 @@ class AuthorNames {
 public:
     explicit AuthorNames(ExportTools& tools) : starts_(1) {
         RowStream rows(tools.database, "qb_taxon_authors_lookup", {"qb_taxon_author_id", "taxon_author"});
-        while (rows.Next() && tools.NextTurn()) {
+        while (rows.Next() && tools.turns.Next()) {
             texts_ += rows.Text(1);
             places_.Add(static_cast<std::int32_t>(rows.Long(0)), static_cast<std::int32_t>(starts_.size()));
             starts_.push_back(texts_.size());
@@ -122,7 +122,7 @@ private:
 
 void WriteNameList(ExportTools& tools, ListType type, std::string_view filter) {
     ApplicationState& state = tools.state;
-    const selection::SelectedTaxa taxa(tools.database, filter, tools.Turns());
+    const selection::SelectedTaxa taxa(tools.database, filter, tools.GoOn());
     state.gRecordsDone = 0;
     state.gExportedCount = 0;
     state.gRecordsTotal = CountTaxa(tools.database, taxa);
@@ -133,7 +133,7 @@ void WriteNameList(ExportTools& tools, ListType type, std::string_view filter) {
     ListLines lines(tools, type);
     selection::SelectedRows rows(tools.database, "qb_taxonomic_units", kColumns, taxa);
     tools.line.Header(kHeaders[PlaceOf(type)]);
-    while (rows.Next() && tools.NextTurn()) {
+    while (rows.Next() && tools.turns.Next()) {
         if (rows.Visits() == 0) continue;
         tools.CountRow();
         lines.Write(rows.Row());

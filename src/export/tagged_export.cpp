@@ -24,9 +24,9 @@ int WriteTaggedFile(ExportTools& tools) {
     tools.state.gExportedCount = 0;
     TaggedRun run(tools);
     if (!tools.state.gValidatingForExport)
-        selection::CountBatchRecords(tools.state, tools.database, run.taxa, tools.Turns());
+        selection::CountBatchRecords(tools.state, tools.database, run.taxa, tools.GoOn());
     for (const Section section : kSections)
-        if (!tools.state.gBatchCancel) section(run);
+        if (!tools.turns.Canceled()) section(run);
     return run.taxaWritten;
 }
 

@@ -13,11 +13,6 @@ constexpr std::size_t kFewIds = 10000;
 
 }  // namespace
 
-bool ExportTools::NextTurn() {
-    events.Yield();
-    return !state.gBatchCancel;
-}
-
 void ExportTools::CountRow() {
     const int done = ++state.gRecordsDone;
     const bool full = done >= state.gRecordsTotal;
@@ -26,8 +21,8 @@ void ExportTools::CountRow() {
 
 TaggedRun::TaggedRun(ExportTools& exportTools)
     : tools(exportTools),
-      exclusion(tools.state, tools.database, tools.Turns()),
-      taxa(tools.database, tools.state.gRecordFilter, tools.Turns()),
+      exclusion(tools.state, tools.database, tools.GoOn()),
+      taxa(tools.database, tools.state.gRecordFilter, tools.GoOn()),
       filtered(tools.state.gRecordFilter != selection::kNoFilter),
       journal(tools.state.gRecordFilter == selection::kJournalFilter) {}
 

@@ -6,7 +6,9 @@
 #include <cstdint>
 
 #include "core/application_state.h"
+#include "core/gauge.h"
 #include "core/outside.h"
+#include "core/turns.h"
 #include "export/exclusion.h"
 #include "export/line_writer.h"
 #include "selection/selected_taxa.h"
@@ -21,15 +23,13 @@ struct ExportTools {
     ApplicationState& state;
     store::Database& database;
     Prompter& prompter;
-    EventPump& events;
-    const validation::Gauge& gauge;
+    Turns& turns;
+    const Gauge& gauge;
     LineWriter& line;
 
-    // One row's turn: lets events through; false when the run is canceled.
-    bool NextTurn();
-    // The same as a function, for what reads rows elsewhere; the tools must outlive it.
-    Continue Turns() {
-        return [this] { return NextTurn(); };
+    // The turns as a function, for what reads rows elsewhere.
+    Continue GoOn() {
+        return [&turnsOfRun = turns] { return turnsOfRun.Next(); };
     }
     // Counts the row and moves the gauge.
     void CountRow();
@@ -41,7 +41,7 @@ struct TaggedRun {
     // The loop over the rows of a table: `visit` is run for each until the end or the Cancel.
     template <typename Visit>
     void ForEachRow(store::RowStream& rows, const Visit& visit) {
-        while (rows.Next() && tools.NextTurn()) visit();
+        while (rows.Next() && tools.turns.Next()) visit();
     }
     // Rows of a record's table for the sections that read by id: all of them, or under a filter that leaves
     // few ids, those.

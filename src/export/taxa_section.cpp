@@ -38,7 +38,7 @@ public:
     explicit AllTaxa(TaggedRun& run) {
         RowStream rows(run.tools.database, exchange::kTaxonRecord.table,
                        {"qb_id", "tsn", "parent_qb_id", "parent_tsn", "rank_id"});
-        while (rows.Next() && run.tools.NextTurn()) Add(rows, run.existing);
+        while (rows.Next() && run.tools.turns.Next()) Add(rows, run.existing);
     }
 
     // The first taxon of the kingdom's rank; nothing when there is none.
@@ -55,7 +55,7 @@ public:
                 ++filled;
             }
             if (filled == 0) continue;
-            if (!tools.NextTurn()) return;
+            if (!tools.turns.Next()) return;
             tools.database.Execute(fmt::format(fmt::runtime(kFillParentTsn), missing_[first].qb_id, last));
         }
     }
@@ -84,7 +84,7 @@ public:
     TaxonLines(TaggedRun& run, std::int32_t root) : run_(run), database_(run.tools.database), root_(root) {
         RowStream authors(database_, exchange::kAuthorRecord.table,
                           {"qb_taxon_author_id", "taxon_author_id"});
-        while (authors.Next() && run.tools.NextTurn())
+        while (authors.Next() && run.tools.turns.Next())
             authorityAuthors_.Add(static_cast<std::int32_t>(authors.Long(0)),
                                   static_cast<std::int32_t>(authors.Long(1)));
     }
@@ -133,7 +133,7 @@ private:
             text += row.Text(exchange::kTaxonRecord.Place(column));
         }
         run_.tools.prompter.Message(text + " has no kingdom!  Cancelling export.");
-        run_.tools.state.gBatchCancel = true;
+        run_.tools.turns.Cancel();
     }
 
     // `special` writes the fields that are its own, and says so.
@@ -198,14 +198,14 @@ private:
 }  // namespace
 
 void ExportTaxa(TaggedRun& run) {
-    const bool& canceled = run.tools.state.gBatchCancel;
+    const Turns& turns = run.tools.turns;
     const AllTaxa all(run);
     all.FillParentTsn(run.tools);
-    if (canceled) return;
+    if (turns.Canceled()) return;
     if (!all.Root()) throw ExportError("No current record.");
     run.listed = run.filtered ? run.taxa.Listed() : run.existing;
     TaxonLines lines(run, *all.Root());
-    if (canceled) return;
+    if (turns.Canceled()) return;
     lines.WriteRoot();
     lines.WriteOthers();
 }

@@ -16,21 +16,13 @@
 #include "import/import_failures.h"
 #include "import/import_log.h"
 #include "import/line_reader.h"
+#include "import/record_writers.h"
 #include "import/vernacular_index.h"
 #include "records/record_store.h"
 #include "store/bulk.h"
 #include "store/engine.h"
 
 namespace quillon::importing {
-
-// A statement for each table that lines are stored into.
-struct RecordWriters {
-    explicit RecordWriters(store::Database& database);
-
-    store::RowWriter taxa, authors, nodcIds, vernaculars, synonyms, divisions, jurisdictions;
-    store::RowWriter references, vernReferences, publications, experts, otherSources, comments, commentLinks;
-    store::RowWriter changeTracks, changeOperations, changeComments;
-};
 
 // The AutoNumber of a table whose rows are stored at once. A row that could not be stored leaves its number
 // to the next.

@@ -99,7 +99,7 @@ void ReadNodcId(ImportRun& run, Record& record) {
     if (nodc_id.empty()) return record.Refuse("There is no nodc_id present");
     const auto taxon = record.Taxon(qb_id, tsn);
     if (!taxon) return;
-    run.Store(run.writers.nodcIds.Text(nodc_id).Id(run.maps.taxa[*taxon].newId).Id(tsn));
+    run.Store(run.writers.nodcIds.Text(nodc_id).Id(tsn).Id(run.maps.taxa[*taxon].newId));
 }
 
 void ReadSynonymLink(ImportRun& run, Record& record) {

@@ -88,8 +88,8 @@ void ReadChangeComment(ImportRun& run, Record& record) {
     TrackRow& row = SeeTrack(run, key, kNoRow);
     row.commentSeen = true;
     store::RowWriter& writer = run.writers.changeComments;
-    writer.Id(row.newId).Id(run.nextChangeComment.Get()).Id(change_track_id).Id(chg_cmt_id);
-    if (run.Store(writer.Text(change_detail))) run.nextChangeComment.Used();
+    writer.Id(row.newId).Id(change_track_id).Id(chg_cmt_id).Text(change_detail);
+    if (run.Store(writer.Id(run.nextChangeComment.Get()))) run.nextChangeComment.Used();
 }
 
 void ReadDeletion(ImportRun& run, Record& record) {

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "core/attempt.h"
+#include "core/running_flag.h"
 #include "core/wait_cursor.h"
 #include "import/kingdom_check.h"
 #include "import/spooled_source.h"
@@ -14,20 +15,7 @@
 
 namespace quillon::importing {
 
-namespace {
-
-class RunningFlag {
-public:
-    explicit RunningFlag(ApplicationState& state) : state_(state) { state_.gBatchRunning = true; }
-    ~RunningFlag() { state_.gBatchRunning = false; }
-    RunningFlag(const RunningFlag&) = delete;
-    RunningFlag& operator=(const RunningFlag&) = delete;
-
-private:
-    ApplicationState& state_;
-};
-
-}  // namespace
+namespace {}  // namespace
 
 TaggedImport::TaggedImport(ApplicationState& state, store::Engine& engine, Prompter& prompter,
                            EventPump& events, Gauge gauge)

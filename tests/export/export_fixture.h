@@ -104,8 +104,9 @@ protected:
         const std::string path = set.dir.File("tagged.qln");
         ExportFile file(path, Encoding::Cp1252);
         LineWriter line(file, {});
-        const validation::Gauge keep = [this](double done) { gauge.push_back(done); };
-        ExportTools tools{set.state, set.db(), set.prompter, pump, keep, line};
+        const Gauge keep = [this](double done) { gauge.push_back(done); };
+        Turns turns(set.state, pump);
+        ExportTools tools{set.state, set.db(), set.prompter, turns, keep, line};
         taxaWritten = WriteTaggedFile(tools);
         file.Publish();
         return testkit::ReadFile(path);
