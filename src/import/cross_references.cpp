@@ -141,42 +141,50 @@ void CrossReferences::MoveChildrenOfKingdoms() {
     }
 }
 
-// Each finding names the id that the link lacks.
+// A new id may be the file's id of another link of the same taxon. So that no link ever takes the key of
+// another, the ids of a taxon with several open links pass through numbers that files do not have.
 void CrossReferences::ResolveSynonymLinks() {
     std::vector<OpenSynonymLink>& links = run_.openSynonyms;
     std::sort(links.begin(), links.end(), [](const OpenSynonymLink& left, const OpenSynonymLink& right) {
         return std::pair(left.qb_id, left.qb_id_accepted) < std::pair(right.qb_id, right.qb_id_accepted);
     });
-    // A new id may be the file's id of another link of the same taxon. So that no link ever takes the key of
-    // another, the ids pass through numbers that no file has.
-    std::vector<std::pair<const OpenSynonymLink*, std::int32_t>> found;
+    std::vector<AcceptedId> found;
     std::int32_t between = std::numeric_limits<std::int32_t>::min();
-    for (const OpenSynonymLink& link : links) {
+    for (std::size_t place = 0; place < links.size(); ++place) {
         TakeTurn(turns_);
-        const bool hasId = link.qb_id_accepted != -1;
-        const std::int32_t accepted = run_.maps.MapTaxonId(hasId ? link.qb_id_accepted : link.tsn_accepted);
-        if (accepted == -1) {
-            const std::string tsn = link.tsn_accepted == 0 ? "" : std::to_string(link.tsn_accepted);
-            run_.Report(hasId ? "The accepted id  <accepted tsn=" + tsn + "> was not found in synonym link."
-                              : "The accepted tsn  <accepted id=-1> was not found in synonym link.");
-        } else if (accepted != link.qb_id_accepted) {
-            found.emplace_back(&link, accepted);
-            run_.Guarded([&] { SetAccepted(link.qb_id, link.qb_id_accepted, between++); });
-        }
+        const OpenSynonymLink& link = links[place];
+        const std::int32_t accepted = FindAccepted(link);
+        if (accepted == -1 || accepted == link.qb_id_accepted) continue;
+        const bool alone = (place == 0 || links[place - 1].qb_id != link.qb_id) &&
+                           (place + 1 == links.size() || links[place + 1].qb_id != link.qb_id);
+        const std::int32_t from = alone ? link.qb_id_accepted : between++;
+        if (alone || SetAccepted(link.qb_id, link.qb_id_accepted, from))
+            found.push_back({&link, from, accepted});
     }
-    between = std::numeric_limits<std::int32_t>::min();
-    for (const auto& [link, accepted] : found) {
+    for (const AcceptedId& id : found) {
         TakeTurn(turns_);
-        const std::int32_t from = between++;
-        if (run_.Guarded([&, id = accepted] { SetAccepted(link->qb_id, from, id); })) continue;
+        if (SetAccepted(id.link->qb_id, id.from, id.to) || id.from == id.link->qb_id_accepted) continue;
         // Another link of the taxon leads there already.
-        run_.Guarded([&] { SetAccepted(link->qb_id, from, link->qb_id_accepted); });
+        SetAccepted(id.link->qb_id, id.from, id.link->qb_id_accepted);
     }
 }
 
-void CrossReferences::SetAccepted(std::int32_t qb_id, std::int32_t from, std::int32_t to) {
-    store::QueryDef query = run_.Db().CreateQueryDef("", kSetAccepted);
-    query.Set("theid", qb_id).Set("theaccepted", from).Set("found", to).Execute();
+// -1 for an id that the file does not hold, which is reported. Each finding names the id that the link lacks.
+std::int32_t CrossReferences::FindAccepted(const OpenSynonymLink& link) {
+    const bool hasId = link.qb_id_accepted != -1;
+    const std::int32_t accepted = run_.maps.MapTaxonId(hasId ? link.qb_id_accepted : link.tsn_accepted);
+    if (accepted != -1) return accepted;
+    const std::string tsn = link.tsn_accepted == 0 ? "" : std::to_string(link.tsn_accepted);
+    run_.Report(hasId ? "The accepted id  <accepted tsn=" + tsn + "> was not found in synonym link."
+                      : "The accepted tsn  <accepted id=-1> was not found in synonym link.");
+    return -1;
+}
+
+bool CrossReferences::SetAccepted(std::int32_t qb_id, std::int32_t from, std::int32_t to) {
+    return run_.Guarded([&] {
+        store::QueryDef query = run_.Db().CreateQueryDef("", kSetAccepted);
+        query.Set("theid", qb_id).Set("theaccepted", from).Set("found", to).Execute();
+    });
 }
 
 }  // namespace quillon::importing

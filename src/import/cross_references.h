@@ -30,10 +30,17 @@ public:
     void ResolveCrossReferences();
 
 private:
+    // The id that a synonym link gets, and the one that it has meanwhile.
+    struct AcceptedId {
+        const OpenSynonymLink* link;
+        std::int32_t from, to;
+    };
+
     void ResolveParents();
     void RewriteTaxa();
     void ResolveSynonymLinks();
-    void SetAccepted(std::int32_t qb_id, std::int32_t from, std::int32_t to);
+    std::int32_t FindAccepted(const OpenSynonymLink& link);
+    bool SetAccepted(std::int32_t qb_id, std::int32_t from, std::int32_t to);
     void MoveChildrenOfKingdoms();
     void RemoveMissingTaxa();
     void RemoveUnlinkedComments();

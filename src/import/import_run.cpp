@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "core/text.h"
-#include "import/import_turns.h"
 
 namespace quillon::importing {
 
@@ -34,11 +33,11 @@ std::int32_t NextNumber::Get() {
 }
 
 ImportRun::ImportRun(ApplicationState& theState, store::Engine& theEngine, store::Database& database,
-                     store::BulkLoad& load, const ImportSinks& sinks)
+                     store::BulkLoad& load, Turns& turns, const ImportSinks& sinks)
     : state(theState),
       engine(theEngine),
       records{theEngine, database, failures_},
-      vernaculars(database, maps.vernaculars),
+      vernaculars(database, maps.vernaculars, turns),
       writers(database),
       nextAuthor(load, "qb_taxon_authors_lookup"),
       nextChangeComment(load, "qb_change_comments"),
@@ -48,7 +47,7 @@ ImportRun::ImportRun(ApplicationState& theState, store::Engine& theEngine, store
       failures_(theState, sinks.failure),
       deleteTaxonRow_(Db().CreateQueryDef("", kDeleteTaxonRow)) {
     ReadKingdom();
-    ReadAuthors();
+    ReadAuthors(turns);
     ReadKingdomRows();
 }
 
@@ -66,10 +65,12 @@ void ImportRun::ReadKingdom() {
     if (!rankRow->Eof()) kingdomRank = static_cast<std::int32_t>(rankRow->Get("rank_id").AsLong());
 }
 
-void ImportRun::ReadAuthors() {
+void ImportRun::ReadAuthors(Turns& turns) {
     const auto rows = Db().OpenRecordset(kAuthors, store::RecordsetType::ForwardOnly);
-    for (; !rows->Eof(); rows->MoveNext())
+    for (; !rows->Eof(); rows->MoveNext()) {
+        TakeTurn(turns);
         authorTexts.Add(rows->At(1).AsText(), static_cast<std::int32_t>(rows->At(0).AsLong()));
+    }
 }
 
 void ImportRun::ReadKingdomRows() {

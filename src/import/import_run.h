@@ -15,6 +15,7 @@
 #include "import/id_maps.h"
 #include "import/import_failures.h"
 #include "import/import_log.h"
+#include "import/import_turns.h"
 #include "import/line_reader.h"
 #include "import/record_writers.h"
 #include "import/vernacular_index.h"
@@ -49,7 +50,7 @@ class ImportRun {
 public:
     // Reads the authors, the kingdom rank and the Kingdom records of `database`. Throws StoreError.
     ImportRun(ApplicationState& state, store::Engine& engine, store::Database& database,
-              store::BulkLoad& load, const ImportSinks& sinks);
+              store::BulkLoad& load, Turns& turns, const ImportSinks& sinks);
 
     store::Database& Db() const { return database_; }
 
@@ -119,7 +120,7 @@ private:
     std::int32_t ReserveId(std::string_view table);
     void ReportFailure(const store::StoreError& error);
     void ReadKingdom();
-    void ReadAuthors();
+    void ReadAuthors(Turns& turns);
     void ReadKingdomRows();
 
     store::Database& database_;

@@ -133,7 +133,7 @@ ReadingOutcome ReadTagged(const ReadingTools& tools, ByteSource& source) {
         outcome.errors = true;
         tools.sinks.failure(failure);
     };
-    ImportRun run(tools.state, tools.engine, tools.database, *load, sinks);
+    ImportRun run(tools.state, tools.engine, tools.database, *load, tools.turns, sinks);
     ReadLines(tools, source, reader, run);
     NoteOddities(reader, run, outcome.notes);
     NoteLinesAfterEnd(tools, reader, outcome);

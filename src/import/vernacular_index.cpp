@@ -37,12 +37,16 @@ void VernacularIndex::Build() {
     const std::int32_t first = rows_.Empty() ? std::numeric_limits<std::int32_t>::max() : rows_[0].newId;
     store::RowStream rows(database_, "qb_vernaculars", {"vern_id", "qb_vern_id"});
     while (rows.Next()) {
+        TakeTurn(turns_);
         if (rows.IsNull(0) || rows.Long(1) >= first) continue;
         before_.emplace_back(static_cast<std::int32_t>(rows.Long(0)),
                              static_cast<std::int32_t>(rows.Long(1)));
     }
     std::sort(before_.begin(), before_.end());
-    for (const VernacularRow& row : rows_) Note(row);
+    for (const VernacularRow& row : rows_) {
+        TakeTurn(turns_);
+        Note(row);
+    }
 }
 
 std::optional<std::int32_t> VernacularIndex::FindVernId(std::int32_t qb_id, std::string_view name) {

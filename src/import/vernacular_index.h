@@ -15,14 +15,15 @@
 #include <vector>
 
 #include "import/id_maps.h"
+#include "import/import_turns.h"
 #include "store/engine.h"
 
 namespace quillon::importing {
 
 class VernacularIndex {
 public:
-    VernacularIndex(store::Database& database, const KeyedRows<VernacularRow>& rows)
-        : database_(database), rows_(rows) {}
+    VernacularIndex(store::Database& database, const KeyedRows<VernacularRow>& rows, Turns& turns)
+        : database_(database), rows_(rows), turns_(turns) {}
 
     // What a stored row holds for look-ups by `name`.
     static std::uint64_t HashOf(std::string_view name);
@@ -42,6 +43,7 @@ private:
 
     store::Database& database_;
     const KeyedRows<VernacularRow>& rows_;
+    Turns& turns_;
     bool built_ = false;
     // Of this import: taxon, hash of the name, qb_vern_id, and vern_id; vern_id and qb_vern_id.
     std::set<std::tuple<std::int32_t, std::uint64_t, std::int32_t, std::int32_t>> byName_;

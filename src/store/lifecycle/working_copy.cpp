@@ -7,10 +7,12 @@
 
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <cstdlib>
 #include <cstring>
 #include <exception>
 #include <filesystem>
+#include <future>
 #include <system_error>
 #include <utility>
 
@@ -153,13 +155,22 @@ void WorkingCopy::MakeDurable() const {
     if (stat(target_.c_str(), &info) != 0) Fail("Reading", target_);
     const int file = open(path_.c_str(), O_RDWR | O_CLOEXEC);
     if (file < 0) Fail("Opening", path_);
-    // The owner may be another user, who keeps the file where this is allowed.
-    const bool done = fchmod(file, info.st_mode & 07777) == 0 && fsync(file) == 0;
-    const int owned = fchown(file, info.st_uid, info.st_gid);
-    if (done) errno = 0;
+    // The owner may be another user, who keeps the file where this is allowed; else it is ours.
+    static_cast<void>(!fchown(file, info.st_uid, info.st_gid));
+    const int error = fchmod(file, info.st_mode & 07777) == 0 ? SyncInTurns(file) : errno;
     close(file);
-    if (!done) Fail("Writing", path_);
-    static_cast<void>(owned);
+    errno = error;
+    if (error != 0) Fail("Writing", path_);
+}
+
+// A disk takes as long as it likes; the turns go on meanwhile. Returns the error, 0 for none.
+int WorkingCopy::SyncInTurns(int file) const {
+    auto synced = std::async(std::launch::async, [file] { return fsync(file) == 0 ? 0 : errno; });
+    bool goesOn = true;
+    while (synced.wait_for(std::chrono::milliseconds(5)) != std::future_status::ready)
+        goesOn = goOn_() && goesOn;
+    const int error = synced.get();
+    return error == 0 && !goesOn ? EINTR : error;
 }
 
 void WorkingCopy::RequireSameFile(Database& original) const {

@@ -33,6 +33,7 @@ public:
 private:
     void Check();
     void MakeDurable() const;
+    int SyncInTurns(int file) const;
     void RequireSameFile(Database& original) const;
 
     Engine& engine_;
