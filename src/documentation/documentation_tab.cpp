@@ -50,18 +50,18 @@ std::string ScientificName(const CurrentTaxon& taxon) {
 }  // namespace
 
 DocumentationTab::DocumentationTab(Form& form, const DocumentDescription& description, FormPurpose purpose)
-    : description_(description),
-      columns_(description),
-      purpose_(purpose),
-      form_(form),
-      grid(form, std::string(description.grid), description.GridColumns()),
-      fields_(ControlsOf(form, description)),
+    : grid(form, std::string(description.grid), description.GridColumns()),
       association(form, description),
       qbId(form, std::string(description.qbIdControl)),
       id(form, std::string(description.idControl)),
       add(form, std::string(description.addCommand), "&Add"),
       modify(form, std::string(description.modifyCommand), "&Modify"),
-      remove(form, std::string(description.deleteCommand), "&Delete") {
+      remove(form, std::string(description.deleteCommand), "&Delete"),
+      form_(form),
+      description_(description),
+      columns_(description),
+      purpose_(purpose),
+      fields_(ControlsOf(form, description)) {
     for (TextControl* key : {&qbId, &id}) key->SetLocked(true);
     for (ButtonControl* command : {&add, &modify, &remove}) command->SetEnabled(false);
 }

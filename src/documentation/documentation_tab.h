@@ -64,21 +64,9 @@ public:
     std::string TextOf(std::size_t field) const;
     void SetText(std::size_t field, std::string_view text);
 
-private:
-    const DocumentDescription& description_;
-    const DocumentColumns columns_;
-    const FormPurpose purpose_;
-    Form& form_;
-
-public:
     EntryGridControl grid;
-
-private:
-    std::vector<std::unique_ptr<Control>> fields_;
-
-public:
     Association association;
-    TextControl qbId, id;
+    TextControl qbId, id;  // locked
     ButtonControl add, modify, remove;
 
 private:
@@ -94,6 +82,12 @@ private:
     void TakeOnlyMatch(std::size_t field);
     // The condition on a field for what it shows; "" while it is empty.
     std::string TermOf(std::size_t field) const;
+
+    Form& form_;
+    const DocumentDescription& description_;
+    const DocumentColumns columns_;
+    const FormPurpose purpose_;
+    std::vector<std::unique_ptr<Control>> fields_;
 };
 
 }  // namespace quillon::documentation

@@ -42,10 +42,10 @@ FrmPreferences::FrmPreferences(ApplicationState& state, IniProfile& profile, Pro
     form.SetTitle("Preferences");
     state_.gPreferencesChanging = true;
     ShowPreferences();
-    HangOnCommands();
+    ConnectCommands();
 }
 
-void FrmPreferences::HangOnCommands() {
+void FrmPreferences::ConnectCommands() {
     for (const auto& [option, kingdom] : kingdoms_)
         option->OnEdit([this, name = kingdom] { ShowRanksOf(name); });
     CmdChange.OnClick([this] { Change(); });

@@ -76,7 +76,7 @@ private:
         std::string_view word;
     };
 
-    void HangOnCommands();
+    void ConnectCommands();
     void ShowPreferences();
     void FillRanks();
     void ShowRanksOf(std::string_view kingdom);

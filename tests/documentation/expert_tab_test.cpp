@@ -78,7 +78,7 @@ TEST_F(ExpertTabTest, ShowsTheLinksOfTheNameBeforeThoseOfItsVernaculars) {
 TEST_F(ExpertTabTest, TheRowOfAChangeTrackLeavesItsCommentEnabled) {
     Link("7", "12");
     Load();
-    EXPECT_EQ(Disabled(), "cboExpert cmdExpAdd cmdExpModify cmdExpDelete ");
+    EXPECT_EQ(Disabled(), "cmdExpAdd cmdExpModify cmdExpDelete cboExpert ");
     tab.grdExperts.UserSelectRow(1);
     EXPECT_EQ(Disabled(), kCommands);
     Form other{"frmChgTrk"};

@@ -84,7 +84,7 @@ TEST_F(OtherSourceTabTest, TheRowOfAChangeTrackIsReadOnly) {
     Link("4", "12");
     Load();
     EXPECT_EQ(Disabled(),
-              "cboSource txtSourceType txtVersion txtADate txtOSComments cmdOSAdd cmdOSModify cmdOSDelete ");
+              "cmdOSAdd cmdOSModify cmdOSDelete cboSource txtSourceType txtVersion txtADate txtOSComments ");
     tab.grdOtherSources.UserSelectRow(1);
     EXPECT_EQ(Disabled(), kCommands);
     Form other{"frmChgTrk"};

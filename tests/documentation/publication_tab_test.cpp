@@ -160,9 +160,10 @@ TEST_F(PublicationTabTest, TheRowOfAChangeTrackIsReadOnly) {
     Link("3", "true", "9");
     Link("4");
     Load();
-    EXPECT_EQ(Disabled(),
-              "cboAuthor chkPOD cboADate cboTitle cboPublication txtLDate txtPublisher txtLocation txtISBN "
-              "txtISSN txtPages txtPubComments cmdPubAdd cmdPubModify cmdPubDelete ");
+    EXPECT_EQ(
+        Disabled(),
+        "cmdPubAdd cmdPubModify cmdPubDelete cboAuthor chkPOD cboADate cboTitle cboPublication txtLDate "
+        "txtPublisher txtLocation txtISBN txtISSN txtPages txtPubComments ");
     tab.grdPublications.UserSelectRow(1);
     EXPECT_EQ(Disabled(), kCommands);
     tab.grdPublications.UserSelectRow(0);
