@@ -12,6 +12,8 @@
 
 #include <CLI/CLI.hpp>
 #include <csignal>
+#include <filesystem>
+#include <string>
 
 #include "generator/tagged_generator.h"
 #include "import/tagged_import.h"
@@ -130,6 +132,14 @@ std::string ImportOnFullDisk(const Fixture& fixture) {
     return fixture.lines.Stored(session.DataSet()) ? "" : "the rows are not those of the first lines";
 }
 
+// What a job on `path` has begun and left.
+bool HasUnfinishedFile(const std::string& path) {
+    const std::filesystem::path target(path);
+    for (const auto& entry : std::filesystem::directory_iterator(target.parent_path()))
+        if (entry.path().filename().string().rfind(target.filename().string() + "~", 0) == 0) return true;
+    return false;
+}
+
 std::string NewOnFullDisk(const Fixture& fixture) {
     const std::string disk = fixture.folder.File("small");
     mkdir(disk.c_str(), 0777);
@@ -144,7 +154,7 @@ std::string NewOnFullDisk(const Fixture& fixture) {
     } catch (const store::StoreError& error) {
         if (const std::string wrong = NoSpaceWords(error.Description()); !wrong.empty()) return wrong;
     }
-    if (FileExists(path + "~new")) return "left its half-made file";
+    if (HasUnfinishedFile(path)) return "left its half-made file";
     return ReadFile(path) == before ? "" : "the file was changed";
 }
 
@@ -159,7 +169,7 @@ std::string CopyOnFullDisk(const Fixture& fixture) {
     WriteFile(disk + "/other", std::string(300 * 1024, 'x'));
     try {
         store::CopyDataSetFile(fixture.folder.File("large.mdb"), path);
-        return FileExists(path + "~new") ? "left its half-made file" : "was copied";
+        return HasUnfinishedFile(path) ? "left its half-made file" : "was copied";
     } catch (const store::StoreError& error) {
         if (const std::string wrong = NoSpaceWords(error.Description()); !wrong.empty()) return wrong;
     }

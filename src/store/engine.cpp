@@ -1,9 +1,13 @@
 #include "store/engine.h"
 
+#include <fcntl.h>
 #include <fmt/format.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
+#include <cstring>
 #include <exception>
 
 #include "store/dialect/parser.h"
@@ -13,6 +17,20 @@
 namespace quillon::store {
 
 namespace {
+
+// An exclusive creation, so that two programs cannot make the same file, and no existing one is touched.
+void MakeEmptyFile(const std::string& path) {
+    const int file = open(path.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0666);
+    if (file >= 0) {
+        close(file);
+        return;
+    }
+    if (errno == EEXIST)
+        throw StoreError(ErrorNumber::DatabaseExists, fmt::format("There is already a file '{}'.", path));
+    if (errno == ENOSPC) throw StoreError(ErrorNumber::DiskFull, "Not enough space on disk.");
+    throw StoreError(ErrorNumber::CannotOpenFile,
+                     fmt::format("The file cannot be made ({}): '{}'.", std::strerror(errno), path));
+}
 
 bool IsSelectText(std::string_view source) {
     std::size_t at = source.find_first_not_of(" \t\r\n");
@@ -142,10 +160,15 @@ void Engine::OnEach(Action action) {
 }
 
 DatabaseHandle Engine::CreateDatabase(const std::string& path, std::string_view) {
-    auto connection = std::make_shared<Connection>(*this, path, true);
+    MakeEmptyFile(path);
+    return CreateDatabaseIn(path);
+}
+
+DatabaseHandle Engine::CreateDatabaseIn(const std::string& emptyFile) {
+    auto connection = std::make_shared<Connection>(*this, emptyFile, true);
     connections_.push_back(connection);
     connection->handles = 1;
-    return std::make_shared<Database>(connection, path);
+    return std::make_shared<Database>(connection, emptyFile);
 }
 
 DatabaseHandle Engine::OpenDatabase(const std::string& path) {

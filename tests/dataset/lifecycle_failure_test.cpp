@@ -88,7 +88,7 @@ TEST_F(LifecycleFailure, OfSaveAsOpensTheOldPathAgain) {
     }
     EXPECT_EQ(f.prompter.messages,
               std::vector<std::string>{"Failed Writing '" + std::filesystem::canonical(second).string() +
-                                       "~new' failed: File too large."});
+                                       "' failed: File too large."});
     EXPECT_EQ(f.prompter.titles.back(), "Save Taxonomic DataSet As");
     EXPECT_EQ(testkit::ReadFile(second), before);
     EXPECT_EQ(FilesInFolder(), both);

@@ -227,10 +227,10 @@ TEST_F(Running, TheNewFileHasThePermissionsOfTheOldAndNumbersGoOn) {
 }
 
 TEST_F(Running, WhatAKilledImportLeftIsRemoved) {
-    testkit::WriteFile(set.state.gDataSetPath + "~work-a1B2c3", "SQLite format 3\0 and half a copy"s);
-    testkit::WriteFile(set.state.gDataSetPath + "~work-c3B2a1", "text of the user");
+    testkit::WriteFile(set.state.gDataSetPath + "~new-aaaabbbb22", "SQLite format 3\0 and half a copy"s);
+    testkit::WriteFile(set.state.gDataSetPath + "~new-ccccdddd22", "text of the user");
     EXPECT_TRUE(Run(Line("100") + "\r\n").completed);
-    EXPECT_THAT(FilesBeside(), ElementsAre("import.err", "in.qln", "test.mdb", "test.mdb~work-c3B2a1"));
+    EXPECT_THAT(FilesBeside(), ElementsAre("import.err", "in.qln", "test.mdb", "test.mdb~new-ccccdddd22"));
 }
 
 TEST_F(Running, ADataSetThatIsClosedMeanwhileEndsTheRun) {

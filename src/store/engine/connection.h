@@ -60,7 +60,8 @@ struct FileIdentity {
 
 class Connection : public std::enable_shared_from_this<Connection>, private dialect::Schema {
 public:
-    // Opens an existing DataSet, or makes a new file with `create`. Throws StoreError.
+    // Opens an existing DataSet, or with `create` makes one in an empty file, which goes when that fails.
+    // Throws StoreError.
     Connection(Engine& engine, const std::string& path, bool create);
     ~Connection() override;
     Connection(const Connection&) = delete;

@@ -38,19 +38,6 @@ FileIdentity IdentityOf(const std::string& path) {
     return {static_cast<std::uint64_t>(info.st_dev), static_cast<std::uint64_t>(info.st_ino)};
 }
 
-// An exclusive creation, so that two programs cannot make the same file, and no existing one is touched.
-void MakeEmptyFile(const std::string& path) {
-    const int file = open(path.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0666);
-    if (file >= 0) {
-        close(file);
-        return;
-    }
-    if (errno == EEXIST) FailPath(ErrorNumber::DatabaseExists, "There is already a file", path);
-    if (errno == ENOSPC) throw StoreError(ErrorNumber::DiskFull, "Not enough space on disk.");
-    FailPath(ErrorNumber::CannotOpenFile, fmt::format("The file cannot be made ({}):", std::strerror(errno)),
-             path);
-}
-
 // Reads the first bytes with a descriptor of its own; only for a file that this process has not open.
 void CheckHeader(const std::string& path) {
     struct stat info {};
@@ -91,11 +78,7 @@ bool IsInWriteAheadMode(sqlite3* db) {
 }  // namespace
 
 Connection::Connection(Engine& engine, const std::string& path, bool create) : engine_(engine), path_(path) {
-    if (create) {
-        MakeEmptyFile(path);
-    } else {
-        CheckHeader(path);
-    }
+    if (!create) CheckHeader(path);
     try {
         OpenFile(path, create);
     } catch (...) {

@@ -1,11 +1,13 @@
 #include "store/lifecycle/create.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <array>
 
-#include "core/file_identity.h"
 #include "core/text.h"
 #include "core/vocabulary.h"
+#include "store/engine/whole_file.h"
 #include "store/lifecycle/file_copy.h"
 #include "store/queries/catalogue.h"
 #include "store/schema/schema.h"
@@ -72,22 +74,36 @@ void SeedChangeOperations(Database& database) {
     }
 }
 
-// The failure that led here is the one to report, whatever else fails on the way out.
-void Abandon(Engine& engine, Database& database) {
+// One unit; after a failure nothing of it stays.
+template <typename Step>
+void InUnit(Engine& engine, Step step) {
+    engine.BeginTrans();
     try {
+        step();
+        engine.CommitTrans();
+    } catch (...) {
         if (engine.InTransaction()) engine.Rollback();
-        database.Close();
-    } catch (const StoreError&) {
-        return;
+        throw;
     }
 }
 
-void MakeSeededFile(Engine& engine, const std::string& path, std::string_view kingdomName,
-                    std::string_view version) {
-    CreateDataSetFile(engine, path);
-    const DatabaseHandle database = engine.OpenDatabase(path);
-    SeedDataSet(engine, *database, kingdomName, version);
-    database->Close();
+void DefineTablesAndQueries(Engine& engine, Database& database) {
+    InUnit(engine, [&] {
+        for (const TableSpec& table : DataSetTables()) database.AppendTable(TableDefOf(table));
+        for (const NamedQuery& query : NamedQueryCatalogue()) database.CreateQueryDef(query.name, query.sql);
+        database.DeleteTable("taxunits");
+        database.DeleteTable("authors");
+    });
+}
+
+// The failure that led here is the one to report, whatever else fails on the way out.
+void Abandon(Database& database, const std::string& path) {
+    try {
+        database.Close();
+    } catch (const StoreError&) {
+        // The file goes.
+    }
+    for (const char* ending : {"-journal", ""}) unlink((path + ending).c_str());
 }
 
 // The tables that a new DataSet has rows in, beside its root taxon.
@@ -98,17 +114,11 @@ constexpr std::array<std::string_view, 4> kSeeded = {"kingdoms", "taxonomic_unit
 
 void CreateDataSetFile(Engine& engine, const std::string& path) {
     const DatabaseHandle database = engine.CreateDatabase(path);
-    engine.BeginTrans();
     try {
-        for (const TableSpec& table : DataSetTables()) database->AppendTable(TableDefOf(table));
-        for (const NamedQuery& query : NamedQueryCatalogue()) database->CreateQueryDef(query.name, query.sql);
-        database->DeleteTable("taxunits");
-        database->DeleteTable("authors");
-        engine.CommitTrans();
+        DefineTablesAndQueries(engine, *database);
         database->Close();
     } catch (...) {
-        Abandon(engine, *database);
-        RemoveDataSetFile(path);
+        Abandon(*database, path);
         throw;
     }
 }
@@ -117,8 +127,7 @@ void SeedDataSet(Engine& engine, Database& database, std::string_view kingdomNam
     const std::string name(Trim(kingdomName));
     const int index = KingdomIndex(name);
     const KingdomFamily family = FamilyOfKingdom(name);
-    engine.BeginTrans();
-    try {
+    InUnit(engine, [&] {
         SeedKingdom(database, index, name);
         if (index != 0) SeedRanks(database, index, family);
         SeedRoot(database, index, family, name);
@@ -128,25 +137,20 @@ void SeedDataSet(Engine& engine, Database& database, std::string_view kingdomNam
         control->Set("value", version);
         control->Update();
         SeedChangeOperations(database);
-        engine.CommitTrans();
-    } catch (...) {
-        if (engine.InTransaction()) engine.Rollback();
-        throw;
-    }
+    });
 }
 
 void MakeDataSetFile(Engine& engine, const std::string& path, std::string_view kingdomName,
                      std::string_view version) {
-    const std::string target = RealPath(path);
-    const std::string making = target + "~new";
-    RemoveDataSetFile(making);
-    try {
-        MakeSeededFile(engine, making, kingdomName, version);
-        Publish(making, target);
-    } catch (...) {
-        RemoveDataSetFile(making);
-        throw;
-    }
+    WithStoreErrors([&] {
+        TemporaryFile making(path, BeginsLikeDataSet);
+        const DatabaseHandle database = engine.CreateDatabaseIn(making.Path());
+        WriteWithoutSyncs(*database);
+        DefineTablesAndQueries(engine, *database);
+        SeedDataSet(engine, *database, kingdomName, version);
+        database->Close();
+        PublishDataSet(making);
+    });
 }
 
 bool HoldsOnlySeedRows(Database& database) {

@@ -1,12 +1,14 @@
 #include "store/lifecycle/file_copy.h"
 
 #include <fcntl.h>
-#include <fmt/format.h>
+#include <linux/fs.h>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstring>
 
 #include "core/file_identity.h"
 
@@ -14,45 +16,26 @@ namespace quillon::store {
 
 namespace {
 
-[[noreturn]] void FailFile(std::string_view what, const std::string& path) {
-    const int error = errno;
-    if (error == ENOSPC || error == EDQUOT)
-        throw StoreError(ErrorNumber::DiskFull, "Not enough space on disk.");
-    const ErrorNumber number =
-        error == EROFS || error == EACCES ? ErrorNumber::ReadOnly : ErrorNumber::DiskError;
-    throw StoreError(number, fmt::format("{} '{}' failed: {}.", what, path, std::strerror(error)));
-}
+constexpr std::string_view kMagic("SQLite format 3\0", 16);
+constexpr std::array<const char*, 3> kLogs = {"-journal", "-wal", "-shm"};
 
-class File {
+class Source {
 public:
-    File(const std::string& path, int flags)
-        : path_(path), descriptor_(open(path.c_str(), flags | O_CLOEXEC, 0666)) {
-        if (descriptor_ < 0) FailFile("Opening", path);
+    explicit Source(const std::string& path)
+        : path_(path), descriptor_(open(path.c_str(), O_RDONLY | O_CLOEXEC)) {
+        if (descriptor_ < 0) throw FileError("Opening", path, errno);
     }
-    ~File() {
-        if (descriptor_ >= 0) close(descriptor_);
-    }
-    File(const File&) = delete;
-    File& operator=(const File&) = delete;
+    ~Source() { close(descriptor_); }
+    Source(const Source&) = delete;
+    Source& operator=(const Source&) = delete;
 
+    int Descriptor() const { return descriptor_; }
     std::size_t Read(char* buffer, std::size_t size) {
-        const ssize_t got = read(descriptor_, buffer, size);
-        if (got < 0) FailFile("Reading", path_);
+        ssize_t got = -1;
+        do got = read(descriptor_, buffer, size);
+        while (got < 0 && errno == EINTR);
+        if (got < 0) throw FileError("Reading", path_, errno);
         return static_cast<std::size_t>(got);
-    }
-    void Write(const char* buffer, std::size_t size) {
-        while (size > 0) {
-            const ssize_t put = write(descriptor_, buffer, size);
-            if (put < 0) FailFile("Writing", path_);
-            buffer += put;
-            size -= static_cast<std::size_t>(put);
-        }
-    }
-    void Finish() {
-        if (fsync(descriptor_) != 0) FailFile("Writing", path_);
-        const int descriptor = descriptor_;
-        descriptor_ = -1;
-        if (close(descriptor) != 0) FailFile("Writing", path_);
     }
 
 private:
@@ -60,50 +43,55 @@ private:
     int descriptor_;
 };
 
-void SyncFolder(const std::string& path) {
-    const std::size_t slash = path.rfind('/');
-    const std::string folder = slash == std::string::npos ? "." : path.substr(0, slash + 1);
-    const int descriptor = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor < 0) return;
-    fsync(descriptor);
-    close(descriptor);
-}
-
-void RemoveLogsOf(const std::string& path) {
-    for (const char* ending : {"-journal", "-wal", "-shm"}) RemoveFile(path + ending);
+// At once where the file system can share the blocks of both.
+void CopyBytes(const std::string& from, TemporaryFile& to) {
+    Source source(from);
+    if (ioctl(to.Descriptor(), FICLONE, source.Descriptor()) == 0) return;
+    std::array<char, 1 << 16> buffer;
+    while (const std::size_t got = source.Read(buffer.data(), buffer.size())) to.Write({buffer.data(), got});
 }
 
 }  // namespace
 
-void RemoveFile(const std::string& path) {
-    unlink(path.c_str());
+void ThrowFileError(const FileError& error) {
+    switch (error.Number()) {
+        case ENOSPC:
+        case EDQUOT:
+            throw StoreError(ErrorNumber::DiskFull, "Not enough space on disk.");
+        case EROFS:
+        case EACCES:
+            throw StoreError(ErrorNumber::ReadOnly, error.what());
+        default:
+            throw StoreError(ErrorNumber::DiskError, error.what());
+    }
 }
 
-void RemoveDataSetFile(const std::string& path) {
-    RemoveFile(path);
-    RemoveLogsOf(path);
+bool BeginsLikeDataSet(std::string_view firstBytes) {
+    const std::string_view start = firstBytes.substr(0, kMagic.size());
+    const bool untouched = std::all_of(start.begin(), start.end(), [](char byte) { return byte == 0; });
+    return untouched || start == kMagic;
 }
 
-void Publish(const std::string& finished, const std::string& target) {
-    RemoveLogsOf(target);
-    if (rename(finished.c_str(), target.c_str()) != 0) FailFile("Replacing", target);
-    SyncFolder(target);
+bool IsDataSetPlaceTaken(const std::string& path) {
+    struct stat info {};
+    if (lstat(path.c_str(), &info) == 0 && !S_ISLNK(info.st_mode)) return true;
+    const std::string real = RealPath(path);
+    return FileExists(real) || std::any_of(kLogs.begin(), kLogs.end(),
+                                           [&](const char* ending) { return FileExists(real + ending); });
+}
+
+void PublishDataSet(TemporaryFile& finished) {
+    for (const char* ending : kLogs) unlink((finished.Target() + ending).c_str());
+    WithStoreErrors([&] { finished.Publish(); });
 }
 
 void CopyDataSetFile(const std::string& from, const std::string& to) {
-    const std::string target = RealPath(to);
-    const std::string making = target + "~new";
-    try {
-        File in(from, O_RDONLY);
-        File out(making, O_WRONLY | O_CREAT | O_TRUNC);
-        std::array<char, 1 << 16> buffer;
-        while (const std::size_t got = in.Read(buffer.data(), buffer.size())) out.Write(buffer.data(), got);
-        out.Finish();
-        Publish(making, target);
-    } catch (...) {
-        RemoveFile(making);
-        throw;
-    }
+    WithStoreErrors([&] {
+        TemporaryFile copy(to, BeginsLikeDataSet);
+        copy.TakePermissionsOf(from);
+        CopyBytes(from, copy);
+        PublishDataSet(copy);
+    });
 }
 
 void RefuseFileInUse(Engine& engine, const std::string& path) {

@@ -1,25 +1,43 @@
-// Files as a whole, for making, copying and replacing DataSets. A target is written beside its place, made
-// durable, and put there in one step; a symbolic link in its place stays a link. Every failure is a
-// StoreError.
+// DataSets as whole files: put in place, copied, and protected while they are open. Everything is written
+// beside its target and put there in one step, so that a failure leaves the target as it was. Every failure
+// is a StoreError.
 #pragma once
 
 #include <string>
+#include <string_view>
+#include <utility>
 
+#include "core/temporary_file.h"
 #include "store/engine.h"
 
 namespace quillon::store {
 
-// Nothing when there is no such file.
-void RemoveFile(const std::string& path);
-// The file and the journal and logs beside it.
-void RemoveDataSetFile(const std::string& path);
-// Moves a finished, closed file over `target`, which must be a real path, and syncs the folder. A journal or
-// a log that the old file left behind goes first, or it would be played into the new one.
-void Publish(const std::string& finished, const std::string& target);
+// The StoreError for a file that could not be read or written.
+[[noreturn]] void ThrowFileError(const FileError& error);
+template <typename Step>
+auto WithStoreErrors(Step step) {
+    try {
+        return step();
+    } catch (const FileError& error) {
+        ThrowFileError(error);
+    }
+}
+
+// True for what a run that makes a DataSet can leave: nothing yet, or the beginning of a DataSet.
+bool BeginsLikeDataSet(std::string_view firstBytes);
+
+// True when there is a file at `path`, or a journal or log of one that is gone. Whoever is to make a DataSet
+// there asks the user first: all of them go.
+bool IsDataSetPlaceTaken(const std::string& path);
+
+// Puts a finished, closed DataSet in its target's place. A journal or a log that another file left beside the
+// target goes first, or it would be played into the new one.
+void PublishDataSet(TemporaryFile& finished);
+
 // Byte for byte. Neither may be open in this process.
 void CopyDataSetFile(const std::string& from, const std::string& to);
-// Throws FileInUse when `path` is a DataSet that another process, or this one, has open; anything else
-// passes.
+
+// Throws FileInUse when `path` is a DataSet that another process has open; anything else passes.
 void RefuseFileInUse(Engine& engine, const std::string& path);
 
 }  // namespace quillon::store

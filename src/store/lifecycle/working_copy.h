@@ -2,13 +2,13 @@
 // place of the DataSet when the job is through. Until then the DataSet stays as it was, whatever ends the
 // job: an error, a Cancel, a kill, a lost power.
 //
-// The copy lies beside the DataSet under a name of its own. Nothing in it is durable before Replace(). What a
+// The copy lies beside the DataSet as a TemporaryFile. Nothing in it is durable before Replace(). What a
 // killed process left is removed by the next copy of the same DataSet. Every failure is a StoreError.
 #pragma once
 
 #include <functional>
-#include <string>
 
+#include "core/temporary_file.h"
 #include "store/engine.h"
 
 namespace quillon::store {
@@ -16,7 +16,8 @@ namespace quillon::store {
 class WorkingCopy {
 public:
     // Copies `original`, which stays open and must not be written before Replace(). `goOn` is called every
-    // few milliseconds here and in Replace(); when it returns false they fail.
+    // few milliseconds here and in Replace(), where it must not use the copy; when it returns false they
+    // fail.
     WorkingCopy(Engine& engine, Database& original, std::function<bool()> goOn);
     // Removes the copy, unless it has taken the DataSet's place.
     ~WorkingCopy();
@@ -27,19 +28,18 @@ public:
 
     // Checks the copy, makes it durable and puts it in the place of the DataSet in one step; every handle of
     // `original` is closed then, and it becomes a handle on the new file. After a failure the DataSet is as
-    // it was, and open as before. Fails when the DataSet's file was moved or replaced meanwhile.
+    // it was, and open as before. Fails when the DataSet's file was moved or replaced meanwhile, and when a
+    // log of another program stands beside it, which would be played into the copy.
     void Replace(DatabaseHandle& original);
 
 private:
-    void Check();
-    void MakeDurable() const;
-    int SyncInTurns(int file) const;
     void RequireSameFile(Database& original) const;
+    void RefuseForeignLogs() const;
+    void LeaveNoJournal(Database& replaced) const;
 
     Engine& engine_;
     std::function<bool()> goOn_;
-    std::string target_;  // the real path of the DataSet
-    std::string path_;    // of the copy; empty once it is in place
+    TemporaryFile file_;
     DatabaseHandle copy_;
 };
 

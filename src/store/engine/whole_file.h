@@ -1,0 +1,24 @@
+// A DataSet as one file, for the jobs that make or replace the whole of it. Only store/lifecycle uses it.
+#pragma once
+
+#include <string>
+
+#include "store/engine.h"
+
+namespace quillon::store {
+
+// For a file that nobody else has and that is made durable as a whole at its end: nothing is synced before
+// that, and no journal stands beside it.
+void WriteWithoutSyncs(Database& database);
+
+// For an open file that was replaced: it makes and removes no journal from now on.
+void MakeNoJournal(Database& database);
+
+// Opens the closed file at `path`, checks every page of it, and closes it. CorruptFile when it is damaged.
+// May run in a thread of its own.
+void CheckWholeFile(Engine& engine, const std::string& path);
+
+// The failure of a statement that was interrupted.
+[[noreturn]] void ThrowInterrupted();
+
+}  // namespace quillon::store
