@@ -1,7 +1,7 @@
-// One taxon as the explorer shows it: its identity, its display text, how many items stand below it, and how
-// to fetch them. The explorer keeps one for each node of the tree; it never reads the store itself.
+// One taxon as the explorer shows it: its identity, its display text, how many items are below it, and how to
+// fetch them. The explorer keeps one for each node of the tree; it never reads the store itself.
 //
-// Nothing here is kept between runs. The DataSet is held only during a call. The class reports nothing: what
+// Nothing here outlives a run. The DataSet is held only during a call. The class reports no errors: what
 // cannot be read leaves the object as it was, or gives an empty list.
 #pragma once
 
@@ -12,7 +12,6 @@
 #include <vector>
 
 #include "core/application_state.h"
-#include "navigation/explore_navigate.h"
 #include "store/engine.h"
 
 namespace quillon::navigation {
@@ -23,7 +22,7 @@ struct BioListSource {
     store::Engine& engine;
 };
 
-class cBioList : public IExploreNavigate {
+class cBioList {
 public:
     using Collection = std::vector<std::shared_ptr<cBioList>>;
     explicit cBioList(const BioListSource& source) : source_(&source) {}
@@ -36,12 +35,11 @@ public:
     int qb_id() const { return qb_id_; }
     void SetQbId(int id);
 
-    // Children and synonyms together. The descendants are the same number as it stood when it was last
+    // Children and synonyms together. The descendants are the same number as of the last time it was
     // computed: no subtree is walked.
-    std::int64_t NumChildren() const override { return numChildren_; }
+    std::int64_t NumChildren() const { return numChildren_; }
     void SetNumChildren(std::int64_t count) { numChildren_ = count; }
     std::int64_t NumDescendants() const { return numDescendants_; }
-    std::int64_t NumTaxa() const { return 0; }
 
     int rank() const { return rank_; }
     void SetRank(int rank_id) { rank_ = rank_id; }
@@ -50,10 +48,10 @@ public:
     // Empty when Null.
     const std::string& usage() const { return usage_; }
     void SetUsage(std::string_view usage) { usage_ = usage; }
-    // The item stands in the tree as a synonym of its parent node.
+    // The item is in the tree as a synonym of its parent node.
     bool IsSyn() const { return isSyn_; }
     void SetIsSyn(bool isSyn) { isSyn_ = isSyn; }
-    // For a synonym the qb_id of the accepted taxon under which it stands; 0 otherwise.
+    // For a synonym the qb_id of the accepted taxon that it is under; 0 otherwise.
     int accepted() const { return accepted_; }
     void SetAccepted(int id) { accepted_ = id; }
     // False for a taxon that no path of the tree leads to.
@@ -62,9 +60,6 @@ public:
     // 0 when Null.
     int tsn() const { return tsn_; }
     void SetTsn(int tsn) { tsn_ = tsn; }
-
-    std::int64_t ID() const override { return qb_id_; }
-    std::string Text() const override { return sciname_; }
 
     // The children by rank, sort sequence and name, then the synonyms by name. Refreshes the own NumChildren
     // when there is a child.
@@ -76,7 +71,7 @@ public:
     // Taxa of the open DataSet that no parent and no synonym link reaches, other than the root.
     Collection Orphans();
 
-    // The names of taxa as GetOneRecord gives them, all at once; those that are gone are left out.
+    // The names of taxa as GetOneRecord gives them; taxa that are gone are left out.
     static std::unordered_map<int, std::string> NodeNames(const BioListSource& source,
                                                           const std::string& dbname,
                                                           const std::vector<int>& ids);

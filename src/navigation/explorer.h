@@ -3,7 +3,7 @@
 // the tree follows when nobody cancels it.
 //
 // It works on a TreeControl and a TaxonList, which a window mirrors; it shows no messages and knows no
-// widget. Nodes are the tree's, items are what they stand for.
+// widget. Nodes belong to the tree; an item is the taxon of a node.
 //
 // What takes long is done in parts: the first one at once, the others by Continue(), which a window calls
 // while it is idle. So a node with hundreds of thousands of children opens without holding up the window.
@@ -19,7 +19,6 @@
 #include <vector>
 
 #include "core/outside.h"
-#include "core/value.h"
 #include "navigation/bio_list.h"
 #include "navigation/child_reader.h"
 #include "navigation/node_table.h"
@@ -49,22 +48,18 @@ public:
     // Which of the two is on show; the other follows unseen. Raises CurrentPos when that changes.
     void SetTreeVisible(bool visible);
     bool TreeVisible() const { return treeVisible_; }
-    // The taxon that the list stands on; 0 for none.
+    // The taxon of the list's current row; 0 for none.
     int ListId() const { return listId_; }
     // The user moved in the list without choosing.
     void SetListId(int id);
 
-    // Kept for the form, which alone uses them.
-    bool AllowDelete = false, AllowRename = false;
-    Value ItemData;
-
-    // Fills tree and list from the open DataSet, or empties them when none is open. What was cut stays cut
-    // while the DataSet is the same.
+    // Fills tree and list from the open DataSet, or empties them when none is open. What was cut stays cut as
+    // long as the DataSet is the same.
     void Init();
-    // Empties the tree, and puts in the root.
+    // Empties the tree and adds the root.
     void SetRoot(Item root);
     const Item& Root() const { return root_; }
-    // A new node under `relative`, or next behind it, or last at the top level; with children it gets the
+    // A new node under `relative`, or right behind it, or last at the top level; with children it gets the
     // placeholder. nullptr when `relative` is not a node of the explorer.
     TreeNode* AddNode(std::string_view text, Item item, std::int64_t childCount, TreeNode* relative = nullptr,
                       Relationship relationship = Relationship::Child);
@@ -73,8 +68,8 @@ public:
     // parts when there are many.
     void ExpandNode(TreeNode* node);
     void CollapseNode(TreeNode* node);
-    // Opens what stands below a node, level by level, up to kMostOpened nodes. Note reports when more is
-    // left; a second call goes on there.
+    // Opens everything below a node, level by level, up to kMostOpened nodes. Note reports when more is
+    // left; a second call continues there.
     void ExpandBelow(TreeNode* node);
     static constexpr std::size_t kMostOpened = 2000;
     // False when its only child is the placeholder.
@@ -83,10 +78,12 @@ public:
     // Does one part of what is left to be done; true while there is more. It reads at most about
     // kRowsInAPart rows, and never while no DataSet is open or a job runs.
     bool Continue();
+    bool IsBusy() const;
     static constexpr std::size_t kRowsInAPart = 2000;
 
     // nullptr when the node is not one of the explorer's.
     Item GetNodeData(const TreeNode* node) const { return nodes_.ItemOf(node); }
+    // For a record that has been saved: its node gets another item.
     void UpdateNodeData(TreeNode* node, Item item) { nodes_.Replace(node, std::move(item)); }
     // 0 when the node has no item.
     int FindIdOfNode(const TreeNode* node) const;
@@ -102,11 +99,8 @@ public:
     // Selects a node and scrolls to it.
     void HiliteNode(TreeNode* node);
 
-    // `candidate` stands above `node`. False for nullptr.
+    // True when `candidate` is an ancestor of `node`. False for nullptr.
     static bool IsNodeAncestor(const TreeNode* candidate, const TreeNode* node);
-    static bool AncestorsAreExpanded(const TreeNode* node);
-    // The nearest node above that stands open; nullptr when none does.
-    static TreeNode* GetClosestExpandedAncestor(const TreeNode* node);
     // The nodes that a step through the rows on show leads to; at either end the node itself.
     TreeNode* GetNextNode(TreeNode* node) const;
     TreeNode* GetPreviousNode(TreeNode* node) const;
@@ -115,8 +109,8 @@ public:
     // The last row on show among the node's siblings and below the last of them.
     TreeNode* GetLastDisplayedNode(TreeNode* node) const;
 
-    // The form stays on its record although another was chosen: tree and list stand on that record again. For
-    // 0, a new record, on the one that was shown before it.
+    // The form stays on its record although another was chosen: tree and list go back to that record, or for
+    // 0, a new record, to the one that was shown before it.
     void Reselect(int qb_id);
     // The form shows this taxon.
     bool IsRecord(int qb_id) const { return state_.currentTaxon.qb_id == qb_id; }
@@ -134,16 +128,18 @@ public:
 
     // Takes a node under another, or to the top level for nullptr, before the first child there whose text in
     // lower case is above its own. The parent should have been opened: its placeholder counts as a child.
-    // False when nothing was to be done: the parent is the present one, or lies within the node's subtree. A
-    // synonym stands from then on under the taxon of its new parent.
+    // False when there was nothing to do: the parent is the present one, or is within the node's subtree. The
+    // accepted taxon of a synonym is from then on that of its new parent.
     bool MoveAndKeepSorted(TreeNode* node, TreeNode* newParent);
-    // The item of the sibling behind which `text` belongs. The siblings are looked at from the last one back
-    // to the one after the node's next; the node's own item when none of them is below the text.
+    // For a new record: the item of the sibling behind which `text` belongs. The siblings are looked at from
+    // the last one back to the one after the node's next; the node's own item when none of them is below the
+    // text.
     Item InsertSiblingWhere(std::string_view text, const TreeNode* node) const;
     void RemoveSubtree(TreeNode* node);
-    // All nodes of a taxon, or those under one accepted taxon.
+    // For a deleted record: all nodes of a taxon, or those under one accepted taxon.
     void RemoveNodes(int id, std::optional<int> accepted = {});
-    // Read the names of all nodes (in parts), or of the first node of a taxon, again. The order stays.
+    // For names that were changed: read those of all nodes (in parts), or that of the first node of a taxon,
+    // again. The order stays.
     void RefreshNames();
     void RefreshName(int id);
     // Puts the nodes of a taxon back under the parents that the store has for it.
@@ -187,12 +183,12 @@ public:
     std::function<void(const Item& item)> ItemSelected;
     std::function<void(bool first, bool last)> CurrentPos;
     std::function<void(TreeNode* node)> Expand;
-    // A move is proposed; either parent is nullptr for the top level. Where nobody listens nothing moves.
+    // A move is proposed; either parent is nullptr for the top level. Without a listener nothing moves.
     std::function<void(TreeNode* moved, TreeNode* newParent, TreeNode* oldParent, bool& Cancel)> Dropped;
 
     // What the window does for the explorer: call Continue() while it is idle, until that gives false; show a
     // line of text; start ListVTimer again; start or stop TreeVTimer; scroll the tree by one line, -1 for up;
-    // let the list stand on another taxon.
+    // make another taxon the current row of the list.
     std::function<void()> StartIdleTimer;
     std::function<void(std::string_view text)> Note;
     std::function<void()> StartListTimer;
@@ -209,7 +205,7 @@ private:
         int scroll = 0;  // -1 up, 1 down
         DropPicture picture = DropPicture::None;
     };
-    // The node to paste, and afterwards the move to take back. Nodes are found anew by their items each time,
+    // The node to paste, and afterwards the move to take back. Nodes are found by their items each time,
     // since they may have been rebuilt; an empty parent is the top level.
     struct CutState {
         Item item, oldParent, target;
@@ -252,7 +248,6 @@ private:
     void FinishLoads();
     void OpenPart();
     void RefreshPart();
-    bool IsBusy() const;
     bool MayRead() const;
     void DoRestLater();
     std::vector<int> PathTo(int id, std::optional<int> accepted) const;
@@ -288,7 +283,7 @@ private:
     bool treeVisible_ = true;
     DragState drag_;
     CutState cut_;
-    std::vector<Load> loads_;         // the one begun last goes on first
+    std::vector<Load> loads_;         // the last one continues first
     std::deque<TreeNode*> openings_;  // what ExpandBelow() has still to look at
     std::size_t opened_ = 0;
     std::string openedBelow_;

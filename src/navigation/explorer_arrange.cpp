@@ -18,7 +18,7 @@ bool cExplorer::Reparent(TreeNode* node, TreeNode* newParent) {
     if (newParent != nullptr && IsLoading(newParent) && newParent->HasPlaceholder())
         tree_.Remove(newParent->Child(0));
     const std::string text = LowerCase(node->Text());
-    // The root stands before whatever else is at the top.
+    // The root is always the first at the top.
     std::size_t row = newParent == nullptr ? 1 : 0;
     while (row < tree_.CountUnder(newParent) && !IsBelow(text, tree_.Under(newParent, row)->Text())) ++row;
     tree_.Move(node, newParent, row);

@@ -18,8 +18,8 @@ TreeNode* cExplorer::FindAnew(const Item& item) const {
     return FindNodeWithId(item->qb_id());
 }
 
-// The cut node and the one to put it under; not found when either is not loaded, or when the node would come
-// to stand under itself.
+// The cut node and the one to put it under; not found when either is not loaded, or when the node would
+// come under itself.
 cExplorer::CutNodes cExplorer::FindCutNodes(const Item& other) const {
     CutNodes nodes;
     nodes.node = FindAnew(cut_.item);

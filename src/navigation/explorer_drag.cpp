@@ -67,7 +67,7 @@ bool cExplorer::MayDrop(const TreeNode* target) const {
     return cBioList::UsageIsInvalid(dragged->usage()) || dragged->rank() > onto->rank();
 }
 
-// The form may rebuild the tree while it decides: afterwards the nodes are found anew.
+// The form may rebuild the tree while it decides: afterwards the nodes are found again.
 void cExplorer::Drop() {
     TreeNode* target = tree_.DropHighlight();
     TreeNode* node = drag_.node;

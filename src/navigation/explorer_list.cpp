@@ -75,7 +75,7 @@ void cExplorer::ListKeyPress(std::string_view key) {
     if (StartListTimer) StartListTimer();
 }
 
-// A longer text is looked for from where the list stands, so that typing on stays on a row that still
+// A longer text is looked for from the current row on, so that typing on stays on a row that still
 // matches. A shortened one leads back to the first row that matches.
 void cExplorer::SearchTyped(bool onlyBefore) {
     const bool fromTheFirst = CharacterCount(typed_) == 1 || listId_ == 0;

@@ -1,4 +1,4 @@
-// Steps through the explorer: from row to row of the tree as it stands open, or of the list while that is on
+// Steps through the explorer: from row to row of what is open in the tree, or of the list while that is on
 // show.
 #include "navigation/explorer.h"
 
@@ -8,21 +8,8 @@ bool cExplorer::IsNodeAncestor(const TreeNode* candidate, const TreeNode* node) 
     return candidate != nullptr && node != nullptr && node != candidate && node->IsWithin(candidate);
 }
 
-bool cExplorer::AncestorsAreExpanded(const TreeNode* node) {
-    for (const TreeNode* above = node->Parent(); above != nullptr; above = above->Parent()) {
-        if (!above->Expanded()) return false;
-    }
-    return true;
-}
-
-TreeNode* cExplorer::GetClosestExpandedAncestor(const TreeNode* node) {
-    TreeNode* above = node->Parent();
-    while (above != nullptr && !above->Expanded()) above = above->Parent();
-    return above;
-}
-
 TreeNode* cExplorer::GetNextNode(TreeNode* node) const {
-    if (node->Expanded() && node->ChildCount() > 0) return node->Child(0);
+    if (node->Expanded() && node->RowCount() > 0) return node->Child(0);
     for (const TreeNode* at = node; at != nullptr; at = at->Parent()) {
         if (TreeNode* next = tree_.NextSibling(at)) return next;
     }
@@ -32,7 +19,7 @@ TreeNode* cExplorer::GetNextNode(TreeNode* node) const {
 TreeNode* cExplorer::GetPreviousNode(TreeNode* node) const {
     TreeNode* before = tree_.PreviousSibling(node);
     if (before == nullptr) return GetParentNode(node);
-    const bool isOpen = before->Expanded() && before->ChildCount() > 0;
+    const bool isOpen = before->Expanded() && before->RowCount() > 0;
     return isOpen ? GetLastDisplayedNode(before->Child(0)) : before;
 }
 
@@ -42,7 +29,7 @@ TreeNode* cExplorer::GetParentNode(const TreeNode* node) const {
 
 TreeNode* cExplorer::GetLastDisplayedNode(TreeNode* node) const {
     TreeNode* last = tree_.LastSibling(node);
-    while (last->Expanded() && last->ChildCount() > 0) last = tree_.LastSibling(last->Child(0));
+    while (last->Expanded() && last->RowCount() > 0) last = tree_.LastSibling(last->Child(0));
     return last;
 }
 
@@ -52,7 +39,7 @@ void cExplorer::MoveTo(TreeNode* node) {
     RaiseCurrentPos();
 }
 
-// What the list moves to is chosen there too, so that the tree follows.
+// What the list moves to is chosen too, so that the tree follows.
 void cExplorer::MoveListTo(int id) {
     if (id == 0) return;
     MoveList(id);
@@ -84,7 +71,7 @@ void cExplorer::MovePrev() {
     if (TreeNode* node = tree_.Selected()) MoveTo(GetPreviousNode(node));
 }
 
-// A list has no parents: the way leads through the tree, and the list follows.
+// The list knows no parents, so the move is one in the tree, and the list follows.
 void cExplorer::MoveParent() {
     if (const TreeNode* node = tree_.Selected()) MoveTo(GetParentNode(node));
 }

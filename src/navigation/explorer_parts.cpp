@@ -1,5 +1,5 @@
 // What is done in parts: children that are fetched, branches that are opened together, names that are read
-// again, and a search that goes on.
+// again, and a search that takes long.
 #include <algorithm>
 
 #include <fmt/format.h>
@@ -37,7 +37,9 @@ bool cExplorer::Continue() {
     } else if (quest_ && Follow(*quest_, kOpeningsInAPart)) {
         EndQuest(*std::exchange(quest_, {}));
     } else if (!loads_.empty()) {
+        const bool wasLast = IsLastSelected();
         LoadPart(loads_.size() - 1);
+        if (wasLast && !IsLastSelected()) RaiseCurrentPos();
     } else if (!openings_.empty()) {
         OpenPart();
     } else if (!stale_.empty()) {
@@ -82,7 +84,7 @@ void cExplorer::InsertWaiting(Load& load) {
         nodes_.Add(tree_.Under(load.node, first + i), std::move(items[i]));
 }
 
-// A taxon that stands above itself already cannot be opened there: it would have no end.
+// A taxon that is its own ancestor cannot be opened there: that would never end.
 std::string_view cExplorer::PlaceholderOf(const cBioList& item, const TreeNode* parent) const {
     if (item.NumChildren() == 0) return {};
     if (FindNodeWithId(item.qb_id()) == nullptr) return kPlaceholder;

@@ -31,8 +31,8 @@ int cExplorer::ParentOf(int id, std::optional<int> accepted) const {
     return link->Eof() ? 0 : static_cast<int>(link->At(0).AsLong());
 }
 
-// The taxon first, one whose node is there last; empty when there is no way. A taxon that is its own parent,
-// or stands in a ring of parents, is not looked for above itself.
+// The taxon first, one whose node is there last; empty when there is no way. The search ends at a taxon that
+// it has seen before, in a ring of parents.
 std::vector<int> cExplorer::PathTo(int id, std::optional<int> accepted) const {
     std::vector<int> path = {id};
     std::unordered_set<int> seen = {id};
@@ -75,7 +75,7 @@ bool cExplorer::FollowPath(Quest& quest, std::size_t& openings) {
 }
 
 // True when the quest has ended. Under the parent it looks only when no accepted taxon led to a node: a name
-// that is linked as a synonym though it has a parent stands under the parent.
+// that is linked as a synonym though it has a parent is under the parent.
 bool cExplorer::Follow(Quest& quest, std::size_t openings) {
     while (true) {
         if (!quest.path.empty()) {

@@ -1,10 +1,11 @@
+// Reading the order slice by slice, and finding a place in it.
 #include "navigation/list_order.h"
 
 namespace quillon::navigation {
 
 namespace {
 
-// A slice reads at least so many rows, since each has to find its beginning again.
+// A slice reads at least so many rows, since finding its beginning takes time too.
 constexpr std::size_t kLeastRows = 256;
 
 }  // namespace
@@ -28,7 +29,7 @@ bool ListOrder::Read(std::chrono::microseconds slice) {
     return true;
 }
 
-// Rows whose taxon is gone count with the next.
+// A row whose taxon is gone takes the key of the next.
 std::size_t ListOrder::PlaceOf(const NameKey& key) const {
     std::size_t low = 0;
     for (std::size_t high = ids_.size(); low < high;) {

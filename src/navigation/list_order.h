@@ -1,6 +1,6 @@
 // The order of the alphabetical list as numbers: the qb_ids of all taxa by the four name units and the
-// author, read in slices of time so that a window stays alive over a million of them. Nothing is held open
-// between the slices; a taxon that is written meanwhile is put right with PlaceOf().
+// author. They are read in slices of time, so that a window stays alive over a million of them. Nothing is
+// held open between two slices; PlaceOf() gives the new place of a taxon that was written meanwhile.
 //
 // The errors of the store pass through.
 #pragma once
@@ -22,14 +22,14 @@ public:
     // The same DataSet through another handle.
     void Reattach(std::shared_ptr<store::Database> database) { database_ = std::move(database); }
 
-    // Reads on for about `slice`; true when all is there.
+    // Reads for about `slice`; true when all rows are there.
     bool Read(std::chrono::microseconds slice);
     bool IsComplete() const { return complete_; }
 
     // The rows that are there so far.
     const std::vector<std::int32_t>& Ids() const { return ids_; }
 
-    // Where a taxon belongs among the rows, which it is not one of.
+    // Where a taxon belongs that is not among the rows.
     std::size_t PlaceOf(const NameKey& key) const;
     void Insert(std::size_t row, std::int32_t qb_id);
     void Erase(std::size_t row);

@@ -18,8 +18,8 @@ class ManyIds {
 public:
     static constexpr std::size_t kAtOnce = 32;
 
-    // In `sql`, {0} stands for the declarations of the parameters, {1} for the list of them, and {2} for the
-    // name of a query.
+    // In `sql`, {0} is replaced by the declarations of the parameters, {1} by the list of them, and {2} by
+    // the name of a query.
     ManyIds(store::Database& database, std::string_view sql, std::string_view queryName = {});
 
     // The rows of at most kAtOnce ids.

@@ -42,7 +42,7 @@ std::string Shares(const Units& from, std::size_t i) {
     return where;
 }
 
-// Names that share the first units with `from` and differ in the next one stand together in the index, and
+// Names that share the first units with `from` and differ in the next one are neighbours in the index, and
 // come before those that share one unit less.
 std::vector<std::string> Conditions(NameWalk::Direction direction, const Units& from) {
     std::vector<std::string> conditions;
@@ -129,7 +129,7 @@ bool NameWalk::Next(std::vector<std::int32_t>& qb_ids) {
     return true;
 }
 
-// Those without an author stand first.
+// Those without an author come first.
 void NameWalk::OrderByAuthor(std::vector<std::int32_t>& qb_ids) {
     std::vector<std::pair<std::string, std::int32_t>> byAuthor;
     for (const std::int32_t qb_id : qb_ids) {

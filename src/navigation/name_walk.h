@@ -1,9 +1,9 @@
-// The taxa in the order of the alphabetical list: by the four name units, then by author. The order is read
-// from the index on the names, forwards or backwards from any name on, so that the first rows are there at
-// once however many names there are.
+// Walks over the taxa in the order of the alphabetical list: by the four name units, then by author. A walk
+// reads the index on the names, forwards or backwards from any name, so it reaches the first rows at once
+// however many names there are.
 //
-// A walk reads the DataSet while it lives, and nothing may be written meanwhile: it is made for one slice of
-// time and thrown away. The errors of the store pass through.
+// Nothing may be written to the DataSet as long as a walk lives: make one for a slice of time and throw it
+// away. The errors of the store pass through.
 #pragma once
 
 #include <array>
@@ -17,7 +17,7 @@
 
 namespace quillon::navigation {
 
-// What places a taxon in the list. "" stands for Null, which no stored text is.
+// What decides the place of a taxon in the list. "" means Null; no stored text is empty.
 struct NameKey {
     std::array<std::string, 4> units;
     std::string author;

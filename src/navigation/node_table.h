@@ -1,4 +1,4 @@
-// The link between the nodes of the tree and the items they stand for, in the order in which the nodes were
+// The link between the nodes of the tree and their items, in the order in which the nodes were
 // added.
 //
 // A taxon that is a synonym of several accepted taxa has a node under each, so that a node's identity is the
@@ -19,7 +19,7 @@ namespace quillon::navigation {
 
 class NodeTable {
 public:
-    // A place in the table, from 1. Places grow and are not given anew when an entry goes.
+    // A place in the table, from 1. Places grow; that of a removed entry is not used again.
     using Place = std::int64_t;
 
     void Add(TreeNode* node, std::shared_ptr<cBioList> item);

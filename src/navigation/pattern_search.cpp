@@ -19,7 +19,7 @@ constexpr std::string_view kNamesFromSql =
     "PARAMETERS theFirst Text; SELECT unit_name1 FROM qb_taxonomic_units WHERE unit_name1 >= [theFirst] "
     "ORDER BY unit_name1";
 
-// Behind every text that begins with the text before it: no such byte stands in a text, and it sorts last.
+// Behind every text that begins with the text before it: no text has such a byte, and it sorts last.
 constexpr std::string_view kBehindAll = "\xFF\xFF";
 // Behind every name that is empty or begins with a blank: the line of such a name begins with something else.
 constexpr std::string_view kBehindBlanks = "!";
@@ -69,7 +69,7 @@ bool PatternSearch::IsNeededFor(std::string_view typed) {
     return typed.empty() || typed.find_first_of(kWildcards) != std::string_view::npos;
 }
 
-// Where marks stand before names, the first letter of a name is not that of its line.
+// When lines have marks before names, the first letter of a name is not that of its line.
 PatternSearch::PatternSearch(std::shared_ptr<store::Database> database, std::string_view query,
                              std::string_view typed, const NameKey* from, const NameKey* before)
     : database_(std::move(database)),

@@ -41,7 +41,7 @@ private:
     std::string query_, pattern_;
     std::string first_;  // what the first letter of a line must match; empty when any will do
     std::optional<NameKey> from_, before_;
-    std::optional<NameWalk::Units> at_;  // the name from which the next step goes on
+    std::optional<NameWalk::Units> at_;  // the name from which the next step continues
     NameWalk::Begin begin_ = NameWalk::Begin::With;
     bool reachedBefore_ = false;
     bool ended_ = false;

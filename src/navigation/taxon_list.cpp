@@ -82,7 +82,7 @@ void TaxonList::ShowAround(int qb_id) {
         if (!key) return;
         AddBeside(*key, NameWalk::Direction::Backward, ids);
         std::reverse(ids.begin(), ids.end());
-        // The name itself stands between what is before it and what is behind.
+        // The name itself is the first one behind those before it.
         NameWalk::Units before = key->units;
         if (!ids.empty()) before = KeyOf(*database_, ids.back()).value_or(*key).units;
         NameWalk walk(*database_, NameWalk::Direction::Forward, ids.empty() ? nullptr : &before);

@@ -85,14 +85,14 @@ public:
 
     // The same in steps, for a window that must not wait: Begin, then SearchOn until it is true, then
     // Found. A text without wildcards is found by the first step. A new search replaces the one before, and
-    // ends when the list is opened anew.
+    // ends when the list is opened again.
     enum class Among { All, From, Before };
     void BeginSearch(std::string_view typed, Among among, int qb_id = 0);
     // Looks at about `rows` more rows.
     bool SearchOn(std::size_t rows);
     std::optional<int> Found() const { return found_; }
 
-    // A taxon is new or has another name: its row moves to its place. The row of one that is gone goes.
+    // A taxon is new or has another name: its row moves to its place. The row of a deleted taxon is removed.
     void Update(int qb_id);
     // Lines are read again when they are looked at next.
     void ForgetLines();

@@ -1,3 +1,4 @@
+// The states of the buttons, and the mask over them.
 #include "navigation/tb_btn_mgr.h"
 
 namespace quillon::navigation {

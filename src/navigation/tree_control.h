@@ -2,7 +2,7 @@
 // highlight. A window mirrors it through a TreeObserver; the explorer alone changes it.
 //
 // A node is known by its address, which stays the same until the node is removed, also when it is moved.
-// Nodes know nothing of the taxa they stand for.
+// Nodes know nothing about taxa.
 //
 // A node whose children have not been fetched has one child instead, the placeholder. The observer never
 // sees it: for a window such a node has no rows yet, though it can be opened.
@@ -54,7 +54,7 @@ public:
     virtual void AfterInsert() = 0;
     virtual void BeforeRemove(TreeNode* parent, std::size_t first, std::size_t last) = 0;
     virtual void AfterRemove() = 0;
-    // The node goes under `parent`, before the child that stands in `row` there now, or behind the last.
+    // The node moves under `parent`, before the child that is in `row` there now, or behind the last.
     virtual void BeforeMove(TreeNode* node, TreeNode* parent, std::size_t row) = 0;
     virtual void AfterMove() = 0;
     virtual void BeforeClear() = 0;
@@ -64,7 +64,7 @@ public:
     virtual void ExpandedChanged(TreeNode* node) = 0;
     // `node` is nullptr when nothing is selected any more; otherwise it is to be made visible.
     virtual void SelectionChanged(TreeNode* node) = 0;
-    // The node stands under open nodes, and is to be scrolled to.
+    // All nodes above this one are open, and the view must scroll to it.
     virtual void MadeVisible(TreeNode* node) = 0;
     // Either may be nullptr; `before` may be a node that is about to go.
     virtual void DropHighlightChanged(TreeNode* before, TreeNode* now) = 0;
@@ -101,7 +101,7 @@ public:
     // The same behind the last child; gives the place of the first.
     std::size_t Append(TreeNode* parent, const std::vector<NewNode>& nodes);
     void Remove(TreeNode* node);
-    // Takes a node with its subtree under another parent, before the child that stands in `row` there. The
+    // Takes a node with its subtree under another parent, before the child that is in `row` there. The
     // parent is neither its present one nor within its subtree. A placeholder there becomes a row like any
     // other.
     void Move(TreeNode* node, TreeNode* parent, std::size_t row);

@@ -14,7 +14,7 @@ using store::RecordsetType;
 
 namespace {
 
-// So many marked names are sorted sooner than found along the names.
+// Sorting so many marked names is faster than finding them along the names.
 constexpr std::int64_t kFewMarked = 1000;
 
 constexpr std::string_view kParameters =
@@ -43,7 +43,7 @@ constexpr std::string_view kMarked = " AND unit_ind1 = [theMark]";
 // The same, but not to be looked up in the index on the marks.
 constexpr std::string_view kMarkedAlongNames = " AND unit_ind1 & '' = [theMark]";
 
-// Behind every text that begins with the text before it: no such byte stands in a text, and it sorts last.
+// Behind every text that begins with the text before it: no text has such a byte, and it sorts last.
 constexpr std::string_view kBehindAll = "\xFF\xFF";
 // Behind every name that is empty or begins with a blank, whose line begins with something else.
 constexpr std::string_view kBehindBlanks = "!";
@@ -139,7 +139,7 @@ void TypedSearch::SearchSecondUnitBetween(std::string_view name, std::string_vie
     Scan({kSecondBetween, std::string(name), std::string(first), std::string(last)});
 }
 
-// A mark and a blank stand before the first unit: as far as the text goes it must be the same.
+// A mark and a blank come before the first unit; the text must begin with as much of them as it is long.
 void TypedSearch::SearchMarks(std::string_view typed) {
     for (const auto marks = database_.OpenRecordset(kMarksSql); !marks->Eof(); marks->MoveNext()) {
         const std::string mark = marks->At(0).AsText();

@@ -1,6 +1,6 @@
 // The search in the alphabetical list for a typed text without wildcards: the first row, from the beginning
 // or from a taxon on, whose line is Like the text and an asterisk. It does not need the rows of the list: a
-// line begins with the first unit of the name, so the names that can match stand together in the index on the
+// line begins with the first unit of the name, so the names that can match are neighbours in the index on the
 // names, and are read there and tested one by one. So a key is answered at once, however much of the list has
 // been loaded. PatternSearch does the texts with wildcards.
 //

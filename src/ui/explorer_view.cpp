@@ -112,7 +112,7 @@ void ExplorerView::ConnectList() {
             });
 }
 
-// When the rows change while they are being read, the list stands on the same taxon at the same height.
+// When the rows change while they are being read, the current taxon stays the same, at the same height.
 void ExplorerView::ConnectListRows() {
     connect(listModel_, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
         const QModelIndex current = list_->currentIndex(), top = list_->indexAt(QPoint(0, 0));

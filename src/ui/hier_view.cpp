@@ -1,3 +1,4 @@
+// Dragging, keys, and the idle time of the explorer.
 #include "ui/hier_view.h"
 
 #include <QtWidgets>
@@ -59,7 +60,7 @@ HierView::HierView(cExplorer& explorer, QWidget* parent)
     setAccessibleName(tr("Hierarchy"));
     setHeaderHidden(true);
     setUniformRowHeights(true);
-    setIndentation(fontMetrics().height() * 4 / 5);  // names stand ten levels deep
+    setIndentation(fontMetrics().height() * 4 / 5);  // names are ten levels deep
     header()->setStretchLastSection(false);
     header()->setResizeContentsPrecision(0);  // as wide as the rows on show
     header()->setSectionResizeMode(QHeaderView::ResizeToContents);
@@ -110,7 +111,7 @@ void HierView::SetTreeModel(TreeModel* model) {
     connect(model_, &TreeModel::HighlightMoved, viewport(), qOverload<>(&QWidget::update));
 }
 
-// The press selects the node, and may ask the user something; what is dragged is what stands selected then.
+// The press selects the node, and may ask the user something; what is selected afterwards is dragged.
 void HierView::mousePressEvent(QMouseEvent* event) {
     if (explorer_.IsDragging()) return EndDrag();
     QTreeView::mousePressEvent(event);
@@ -121,7 +122,7 @@ void HierView::mousePressEvent(QMouseEvent* event) {
     pressedAt_ = event->pos();
 }
 
-// With the button held nothing else is selected: a node is on its way, or none is.
+// While the button is held the mouse selects nothing: it drags a node, or nothing.
 void HierView::mouseMoveEvent(QMouseEvent* event) {
     if (!event->buttons().testFlag(Qt::LeftButton)) {
         if (explorer_.IsDragging()) EndDrag();
@@ -148,7 +149,7 @@ void HierView::keyPressEvent(QKeyEvent* event) {
         if (event->key() == Qt::Key_Escape) EndDrag();
         return;
     }
-    // A plain view would open everything that stands below.
+    // A plain view would open everything below.
     if (event->key() == Qt::Key_Asterisk && currentIndex().isValid())
         return explorer_.ExpandBelow(model_->NodeOf(currentIndex()));
     QTreeView::keyPressEvent(event);
@@ -207,7 +208,7 @@ void HierView::ScrollLine(int lines) {
     DragTo(lastAt_);
 }
 
-// The name as its row shows it, on a slip of paper.
+// The name as its row shows it, in a frame.
 QPixmap HierView::GhostOf(const QModelIndex& index) const {
     const QString text = fontMetrics().elidedText(index.data().toString(), Qt::ElideRight, kWidestGhost);
     const QSize size(fontMetrics().horizontalAdvance(text) + 16, fontMetrics().height() + 8);

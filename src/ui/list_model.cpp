@@ -1,3 +1,4 @@
+// Rows that arrive in lots, and lines that are read when they are shown.
 #include "ui/list_model.h"
 
 #include "ui/text_convert.h"
@@ -75,7 +76,7 @@ void ListModel::CatchUp() {
     emit RowsArrived();
 }
 
-// The list tells of single rows only once all are there and on show.
+// The list reports single rows only after all are there and on show.
 void ListModel::BeforeInsert(std::size_t row) {
     beginInsertRows({}, static_cast<int>(row), static_cast<int>(row));
 }

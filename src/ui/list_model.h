@@ -1,5 +1,5 @@
-// The alphabetical list as an item model over a TaxonList. The rows are taken in while the window is idle;
-// the view hears of them in few and growing lots, since it lays all its rows out anew each time.
+// The alphabetical list as an item model over a TaxonList. The rows are read while the window is idle; the
+// view gets them in few, growing lots, since it lays out all its rows each time.
 #pragma once
 
 #include <QAbstractListModel>
@@ -17,12 +17,12 @@ public:
     ~ListModel() override;
 
     int rowCount(const QModelIndex& parent = {}) const override;
-    // A view that lays out a million rows asks for each.
+    // Short, because a view that lays out a million rows calls it for each.
     QModelIndex index(int row, int column = 0, const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
     int IdAt(const QModelIndex& index) const { return list_.IdAt(static_cast<std::size_t>(index.row())); }
-    // Has the list show the taxon when it has not come to it yet, which resets the model. Invalid when there
-    // is no such taxon.
+    // Makes the list show a taxon that is not loaded yet, which resets the model. Invalid when there is no
+    // such taxon.
     QModelIndex IndexOf(int qb_id);
 
 signals:

@@ -22,6 +22,7 @@ navigation::TreeNode* OpenFirstBranch(DesktopProgram& program) {
     for (int level = 0; node != nullptr && node->ChildCount() > 0 && level < kLevels; ++level) {
         const bool isGenus = IsGenusOrBelow(program, node);
         explorer.ExpandNode(node);
+        while (explorer.Continue()) continue;
         if (node->ChildCount() > 0) node = node->Child(0);
         if (isGenus) break;
     }

@@ -1,3 +1,4 @@
+// The observer that turns changes of the tree into those of an item model.
 #include "ui/tree_model.h"
 
 #include "ui/text_convert.h"

@@ -1,4 +1,4 @@
-// The explorer's tree as an item model: it mirrors a TreeControl and keeps nothing of its own.
+// The explorer's tree as an item model. It mirrors a TreeControl and keeps no data of its own.
 #pragma once
 
 #include <QAbstractItemModel>
@@ -18,9 +18,9 @@ public:
     navigation::TreeNode* NodeOf(const QModelIndex& index) const;
     // Invalid for nullptr.
     QModelIndex IndexOf(navigation::TreeNode* node) const;
-    // Shown as the place where what is dragged would go.
+    // The node that would take what is dragged.
     bool IsDropHighlight(const QModelIndex& index) const;
-    // True while nodes come or go: what the view then says of its current row is not the user's doing.
+    // True while nodes are added or removed: a change of the current row is then not the user's doing.
     bool IsChanging() const { return changing_; }
 
     QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
@@ -33,9 +33,9 @@ public:
 signals:
     void NodeExpanded(const QModelIndex& index, bool expanded);
     void NodeSelected(const QModelIndex& index);
-    // To be scrolled to; the nodes above stand open.
+    // The view must scroll to it; all nodes above are open.
     void NodeMadeVisible(const QModelIndex& index);
-    // The node that would take what is dragged is another one, or none.
+    // Another node, or none, would now take what is dragged.
     void HighlightMoved();
 
 private:

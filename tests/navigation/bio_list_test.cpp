@@ -31,9 +31,6 @@ TEST_F(BioList, SettingDbnameGivesTheRoot) {
     cBioList root(source);
     root.SetDbname(data.state.gDataSetPath);
     EXPECT_EQ(Describe(root), "1|Animalia|valid|10|202423|false|0|1|1\n");
-    EXPECT_EQ(root.NumTaxa(), 0);
-    EXPECT_EQ(root.ID(), 1);
-    EXPECT_EQ(root.Text(), "Animalia");
 }
 
 TEST_F(BioList, OfTwoUsableRowsOfTheLowestRankTheFirstIsTheRoot) {

@@ -106,7 +106,7 @@ TEST_F(Arranging, ThePlaceholderOfAnUnopenedParentCountsAsAChild) {
     EXPECT_EQ(Shape(), "Animalia(Orca(dummy99, Lost), Tursiops(dummy99))");
 }
 
-TEST_F(Arranging, TellsTheSiblingBehindWhichATextBelongs) {
+TEST_F(Arranging, FindsTheSiblingBehindWhichATextBelongs) {
     Add({.qb_id = 2, .parent = 1, .rank = 30, .name1 = "Alpha"});
     Add({.qb_id = 3, .parent = 1, .rank = 30, .name1 = "Beta"});
     Add({.qb_id = 4, .parent = 1, .rank = 30, .name1 = "Delta"});

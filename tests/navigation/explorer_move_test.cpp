@@ -71,17 +71,9 @@ TEST_F(Moves, AncestorsAreKnown) {
     EXPECT_FALSE(cExplorer::IsNodeAncestor(Node(3), Node(4)));
     EXPECT_FALSE(cExplorer::IsNodeAncestor(nullptr, Node(4)));
     EXPECT_FALSE(cExplorer::IsNodeAncestor(Node(1), nullptr));
-    EXPECT_TRUE(cExplorer::AncestorsAreExpanded(Node(4)));
-    EXPECT_EQ(cExplorer::GetClosestExpandedAncestor(Node(4)), Node(2));
-    explorer.TreeV().SetExpanded(Node(2), false);
-    EXPECT_FALSE(cExplorer::AncestorsAreExpanded(Node(4)));
-    EXPECT_EQ(cExplorer::GetClosestExpandedAncestor(Node(4)), Node(1));
-    explorer.TreeV().SetExpanded(Node(1), false);
-    EXPECT_EQ(cExplorer::GetClosestExpandedAncestor(Node(4)), nullptr);
-    EXPECT_TRUE(cExplorer::AncestorsAreExpanded(Node(1)));
 }
 
-TEST_F(Moves, GoThroughTheTreeAndTellThePosition) {
+TEST_F(Moves, GoThroughTheTreeAndReportThePosition) {
     AddWhales();
     OpenAll();
     explorer.MoveFirst();

@@ -99,21 +99,21 @@ TEST_F(List, ShowsTheRowsOfThePlantQuery) {
     EXPECT_EQ(Lines(), LinesOfQuery("Get Data"));
 }
 
-// Writes down what it is told.
+// Writes down what it is notified of.
 class Listener : public ListObserver {
 public:
     explicit Listener(TaxonList& list) : list_(list) { list_.SetObserver(this); }
     ~Listener() override { list_.SetObserver(nullptr); }
-    std::string told;
+    std::string log;
     int added = 0;
-    void BeforeReset() override { told += "reset;"; }
-    void AfterReset() override { told += "done;"; }
+    void BeforeReset() override { log += "reset;"; }
+    void AfterReset() override { log += "done;"; }
     void RowsAdded() override { ++added; }
-    void BeforeInsert(std::size_t row) override { told += fmt::format("insert {};", row); }
-    void AfterInsert() override { told += "inserted;"; }
-    void BeforeRemove(std::size_t row) override { told += fmt::format("remove {};", row); }
-    void AfterRemove() override { told += "removed;"; }
-    void LinesChanged() override { told += "lines;"; }
+    void BeforeInsert(std::size_t row) override { log += fmt::format("insert {};", row); }
+    void AfterInsert() override { log += "inserted;"; }
+    void BeforeRemove(std::size_t row) override { log += fmt::format("remove {};", row); }
+    void AfterRemove() override { log += "removed;"; }
+    void LinesChanged() override { log += "lines;"; }
 
 private:
     TaxonList& list_;
@@ -123,7 +123,7 @@ TEST_F(List, LoadsInSlices) {
     AddGenera(999);
     Listener listener(list);
     list.Open(data.state.gDatabase, "Get Animal Data");
-    EXPECT_EQ(listener.told, "reset;done;");
+    EXPECT_EQ(listener.log, "reset;done;");
     EXPECT_EQ(list.RowCount(), 0u);
     EXPECT_FALSE(list.Load(microseconds(0)));
     EXPECT_GT(list.RowCount(), 0u);
@@ -133,7 +133,7 @@ TEST_F(List, LoadsInSlices) {
     EXPECT_EQ(list.RowCount(), 999u);
     EXPECT_TRUE(list.IsComplete());
     EXPECT_GT(listener.added, 2);
-    EXPECT_EQ(listener.told, "reset;done;");
+    EXPECT_EQ(listener.log, "reset;done;");
 }
 
 TEST_F(List, SlicesGiveTheRowsOfTheQuery) {
@@ -161,7 +161,7 @@ TEST_F(List, FindsWhatIsNotLoadedYetAndShowsItsSurroundings) {
     EXPECT_EQ(list.RowOf(1500), TaxonList::kNone);
     Listener listener(list);
     list.ShowAround(1500);
-    EXPECT_EQ(listener.told, "reset;done;");
+    EXPECT_EQ(listener.log, "reset;done;");
     ASSERT_EQ(list.RowCount(), 400u);
     EXPECT_EQ(list.IdAt(0), 1300);
     EXPECT_EQ(list.RowOf(1500), 200u);
@@ -169,7 +169,7 @@ TEST_F(List, FindsWhatIsNotLoadedYetAndShowsItsSurroundings) {
     list.Load(microseconds(0));
     EXPECT_EQ(list.RowCount(), 400u) << "what is on show stays until all rows are there";
     list.LoadAll();
-    EXPECT_EQ(listener.told, "reset;done;reset;done;");
+    EXPECT_EQ(listener.log, "reset;done;reset;done;");
     EXPECT_EQ(list.RowCount(), 1999u);
     EXPECT_EQ(list.RowOf(1500), 1499u);
     list.ShowAround(1500);
@@ -213,7 +213,7 @@ TEST_F(List, PutsAWrittenTaxonInItsPlace) {
     Listener listener(list);
     data.db().Execute("UPDATE qb_taxonomic_units SET unit_name1 = 'Hylas' WHERE qb_id = 3");
     list.Update(3);
-    EXPECT_EQ(listener.told, "remove 2;removed;insert 4;inserted;");
+    EXPECT_EQ(listener.log, "remove 2;removed;insert 4;inserted;");
     Add({.qb_id = 9, .name1 = "Genus4", .name2 = "minor"});
     list.Update(9);
     data.db().Execute("DELETE * FROM qb_taxonomic_units WHERE qb_id = 5");
@@ -228,7 +228,7 @@ TEST_F(List, PutsAWrittenTaxonInItsPlace) {
               "Hylas (valid)\n");
 }
 
-TEST_F(List, AWrittenTaxonBeginsAListAnewThatIsStillRead) {
+TEST_F(List, AWrittenTaxonBeginsAListAgainThatIsStillRead) {
     AddGenera(999);
     list.Open(data.state.gDatabase, "Get Animal Data");
     list.Load(microseconds(0));
@@ -239,7 +239,7 @@ TEST_F(List, AWrittenTaxonBeginsAListAnewThatIsStillRead) {
     EXPECT_EQ(list.RowOf(2), 998u);
 }
 
-TEST_F(List, ReadsLinesAnewWhenTold) {
+TEST_F(List, ReadsLinesAgainWhenAsked) {
     Add({.qb_id = 2, .name1 = "Orca"});
     Open("Get Animal Data");
     EXPECT_EQ(list.Line(1), "Orca (valid)");
@@ -247,7 +247,7 @@ TEST_F(List, ReadsLinesAnewWhenTold) {
     EXPECT_EQ(list.Line(1), "Orca (valid)");
     Listener listener(list);
     list.ForgetLines();
-    EXPECT_EQ(listener.told, "lines;");
+    EXPECT_EQ(listener.log, "lines;");
     EXPECT_EQ(list.Line(1), "Orca (invalid)");
 }
 

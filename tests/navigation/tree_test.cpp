@@ -10,30 +10,30 @@ namespace {
 // Writes down what it is notified of.
 class Recorder : public TreeObserver {
 public:
-    std::string told;
+    std::string log;
     static std::string Name(const TreeNode* node) { return node == nullptr ? "-" : node->Text(); }
     void BeforeInsert(TreeNode* parent, std::size_t first, std::size_t last) override {
-        told += fmt::format("insert {} {}-{};", Name(parent), first, last);
+        log += fmt::format("insert {} {}-{};", Name(parent), first, last);
     }
-    void AfterInsert() override { told += "inserted;"; }
+    void AfterInsert() override { log += "inserted;"; }
     void BeforeRemove(TreeNode* parent, std::size_t first, std::size_t last) override {
-        told += fmt::format("remove {} {}-{};", Name(parent), first, last);
+        log += fmt::format("remove {} {}-{};", Name(parent), first, last);
     }
-    void AfterRemove() override { told += "removed;"; }
-    void BeforeClear() override { told += "clear;"; }
-    void AfterClear() override { told += "cleared;"; }
+    void AfterRemove() override { log += "removed;"; }
+    void BeforeClear() override { log += "clear;"; }
+    void AfterClear() override { log += "cleared;"; }
     void BeforeMove(TreeNode* node, TreeNode* parent, std::size_t row) override {
-        told += fmt::format("move {} {} {};", Name(node), Name(parent), row);
+        log += fmt::format("move {} {} {};", Name(node), Name(parent), row);
     }
-    void AfterMove() override { told += "moved;"; }
+    void AfterMove() override { log += "moved;"; }
     void TextsChanged(TreeNode* parent, std::size_t first, std::size_t last) override {
-        told += fmt::format("text {} {}-{};", Name(parent), first, last);
+        log += fmt::format("text {} {}-{};", Name(parent), first, last);
     }
-    void ExpandedChanged(TreeNode* node) override { told += "expanded " + Name(node) + ";"; }
-    void SelectionChanged(TreeNode* node) override { told += "select " + Name(node) + ";"; }
-    void MadeVisible(TreeNode* node) override { told += "visible " + Name(node) + ";"; }
+    void ExpandedChanged(TreeNode* node) override { log += "expanded " + Name(node) + ";"; }
+    void SelectionChanged(TreeNode* node) override { log += "select " + Name(node) + ";"; }
+    void MadeVisible(TreeNode* node) override { log += "visible " + Name(node) + ";"; }
     void DropHighlightChanged(TreeNode* before, TreeNode* now) override {
-        told += "highlight " + Name(before) + " " + Name(now) + ";";
+        log += "highlight " + Name(before) + " " + Name(now) + ";";
     }
 };
 
@@ -50,7 +50,7 @@ TEST(TreeControl, ReportsEachChangeOnce) {
     tree.SetExpanded(a, true);
     tree.Select(a);
     tree.Select(a);
-    EXPECT_EQ(recorder.told, "insert - 0-1;inserted;text - 0-0;expanded A;select A;");
+    EXPECT_EQ(recorder.log, "insert - 0-1;inserted;text - 0-0;expanded A;select A;");
     EXPECT_EQ(tree.Top(1)->Child(0)->Text(), "later");
 }
 
@@ -75,7 +75,7 @@ TEST(TreeControl, ASelectionGoesWithTheNodeOrAnAncestor) {
     EXPECT_NE(tree.Selected(), nullptr);
     tree.Remove(tree.Top(0));
     EXPECT_EQ(tree.Selected(), nullptr);
-    EXPECT_EQ(recorder.told, "remove - 1-1;removed;select -;remove - 0-0;removed;");
+    EXPECT_EQ(recorder.log, "remove - 1-1;removed;select -;remove - 0-0;removed;");
 }
 
 TEST(TreeControl, InsertsBetweenChildren) {
@@ -84,7 +84,7 @@ TEST(TreeControl, InsertsBetweenChildren) {
     Recorder recorder;
     tree.SetObserver(&recorder);
     tree.Insert(nullptr, 1, {{"b", ""}, {"c", "later"}});
-    EXPECT_EQ(recorder.told, "insert - 1-2;inserted;");
+    EXPECT_EQ(recorder.log, "insert - 1-2;inserted;");
     std::string texts;
     for (std::size_t row = 0; row < tree.TopCount(); ++row) {
         texts += tree.Top(row)->Text();
@@ -103,7 +103,7 @@ TEST(TreeControl, MovesANodeWithItsSubtree) {
     Recorder recorder;
     tree.SetObserver(&recorder);
     tree.Move(b, c, 1);
-    EXPECT_EQ(recorder.told, "move b c 1;moved;");
+    EXPECT_EQ(recorder.log, "move b c 1;moved;");
     EXPECT_EQ(tree.TopCount(), 2u);
     EXPECT_EQ(c->Row(), 1u);
     EXPECT_EQ(c->Child(1), b);
@@ -143,10 +143,10 @@ TEST(TreeControl, ReportsManyChangedTextsOnceAParent) {
     Recorder recorder;
     tree.SetObserver(&recorder);
     tree.SetTexts({{tree.Top(3), "D"}, {tree.Top(0), "a"}, {tree.Top(1), "B"}, {tree.Top(0)->Child(0), "x"}});
-    EXPECT_EQ(recorder.told, "text - 1-3;");
+    EXPECT_EQ(recorder.log, "text - 1-3;");
     tree.SetTexts({{tree.Top(3), "D"}, {tree.Top(1), "B"}});
     tree.SetTexts({});
-    EXPECT_EQ(recorder.told, "text - 1-3;");
+    EXPECT_EQ(recorder.log, "text - 1-3;");
     EXPECT_EQ(tree.Top(3)->Text(), "D");
 }
 
@@ -161,10 +161,10 @@ TEST(TreeControl, APlaceholderIsNoRow) {
     tree.SetObserver(&recorder);
     tree.Remove(a->Child(0));
     tree.Append(a, {{"x", ""}});
-    EXPECT_EQ(recorder.told, "insert a 0-0;inserted;");
-    recorder.told.clear();
+    EXPECT_EQ(recorder.log, "insert a 0-0;inserted;");
+    recorder.log.clear();
     tree.Move(a, b, 1);
-    EXPECT_EQ(recorder.told, "insert b 0-0;inserted;move a b 1;moved;") << "among rows it becomes one";
+    EXPECT_EQ(recorder.log, "insert b 0-0;inserted;move a b 1;moved;") << "among rows it becomes one";
     EXPECT_EQ(b->RowCount(), 2u);
 }
 
@@ -188,7 +188,7 @@ TEST(TreeControl, OpensWhatStandsAboveANodeThatIsToBeVisible) {
     Recorder recorder;
     tree.SetObserver(&recorder);
     tree.EnsureVisible(tree.Top(0)->Child(0)->Child(0));
-    EXPECT_EQ(recorder.told, "expanded b;expanded a;visible c;");
+    EXPECT_EQ(recorder.log, "expanded b;expanded a;visible c;");
 }
 
 TEST(TreeControl, TheDropHighlightGoesWithItsNode) {
@@ -204,7 +204,7 @@ TEST(TreeControl, TheDropHighlightGoesWithItsNode) {
     tree.SetDropHighlight(tree.Top(0));
     tree.Clear();
     EXPECT_EQ(tree.DropHighlight(), nullptr);
-    EXPECT_EQ(recorder.told,
+    EXPECT_EQ(recorder.log,
               "highlight - child;highlight child -;remove - 0-0;removed;highlight - b;highlight b "
               "-;clear;cleared;");
 }
@@ -231,7 +231,7 @@ protected:
     NodeTable table;
 };
 
-TEST_F(Nodes, AreToldApartByTheTaxonUnderWhichTheyStand) {
+TEST_F(Nodes, DifferByTheTaxonThatTheyAreUnder) {
     table.Add(tree.Top(0), Item(7, 1));
     table.Add(tree.Top(1), Item(7, 2));
     EXPECT_EQ(Find(7), tree.Top(0));

@@ -246,7 +246,7 @@ TEST_F(Pane, AtItsEdgeTheTreeScrollsWhileDragging) {
     EXPECT_EQ(Picture(), "");
 }
 
-TEST_F(Pane, TheTreeShowsNamesReadAnew) {
+TEST_F(Pane, TheTreeShowsNamesThatWereReadAgain) {
     Show();
     data.db().Execute("UPDATE qb_taxonomic_units SET unit_name2 = 'gamma' WHERE qb_id = 5");
     explorer.RefreshNames();
