@@ -1,5 +1,7 @@
 // quillon-batch: every job of the program without a screen.
 
+#include <signal.h>
+
 #include <CLI/CLI.hpp>
 #include <cstdio>
 #include <new>
@@ -126,6 +128,7 @@ int Run(int argc, char** argv) {
 }  // namespace quillon::batch
 
 int main(int argc, char** argv) {
+    signal(SIGXFSZ, SIG_IGN);  // so that a write beyond the limit on file sizes fails, and is reported
     try {
         return quillon::batch::Run(argc, argv);
     } catch (const std::exception&) {

@@ -20,8 +20,8 @@ public:
     FieldCutter(std::string_view line, std::size_t begin, std::string_view delimiter = kTaggedDelimiter)
         : line_(line), delimiter_(delimiter), start_(begin) {}
 
-    // True when a delimiter stands after the next character or later: a line without one holds no field to
-    // begin with. A delimiter as the next character itself is not looked at.
+    // True when a delimiter follows the next character: a line without one holds no field. The next character
+    // itself is not tested.
     bool HasLaterDelimiter() const;
     // Goes to the next field; false when no delimiter closes it.
     bool NextField();

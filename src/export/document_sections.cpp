@@ -1,4 +1,4 @@
-// The reference links, and the documents that they and the links of vernaculars reach.
+// The reference links, and the documents that they and the links of vernaculars lead to.
 
 #include <fmt/format.h>
 

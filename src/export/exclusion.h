@@ -1,6 +1,5 @@
 // Which rows the validation keeps out of an export "For Online System". Without a validation the rejected
-// lists are empty and every row passes. The look-ups that the tests need are read once, when the first test
-// asks for them.
+// lists are empty and every row passes. The tables that a test needs are read once, at its first call.
 #pragma once
 
 #include <cstdint>

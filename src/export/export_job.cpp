@@ -135,8 +135,8 @@ bool ExportJob::WriteRecords(const ExportOrder& order, ExportTools& tools) {
     return true;
 }
 
-// The rules compare with the kingdom of the open DataSet, whichever is exported. A DataSet of another kingdom
-// than that of the preferences is written whole.
+// The validation compares with the kingdom of the open DataSet, whichever is exported. A DataSet of another
+// kingdom than the preferences' is written whole.
 bool ExportJob::ValidateForExport() {
     if (state_.gDatabase == nullptr)
         throw ExportError("A DataSet must be open to export for the online system!");

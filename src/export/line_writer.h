@@ -1,7 +1,6 @@
-// Puts the records of an export together, field by field, at the end of the file's buffer, and looks at each
-// finished line once: for characters outside the file's code page, and for values that will break the record
-// for its reader. Such values are counted and the first of each kind is kept; nothing is replaced and nothing
-// is escaped.
+// Builds the records of an export, field by field, at the end of the file's buffer, and checks each finished
+// line once: for characters outside the file's code page, and for values that a reader would split. Such
+// values are counted and the first of each kind is kept; nothing is replaced and nothing is escaped.
 #pragma once
 
 #include <cstdint>
@@ -21,7 +20,7 @@ using exchange::FieldForm;
 using exchange::FieldLayout;
 using exchange::RecordLayout;
 
-// A value that deserves a word to the user.
+// A value that the user should know of.
 struct OddValue {
     std::string record;  // its tag and first field: "[TU]12"
     std::string field;   // the column
@@ -38,10 +37,11 @@ struct OddValues {
 
 class LineWriter {
 public:
-    // Told of each value that CP1252 cannot hold, as it comes.
+    // Receives each value that CP1252 cannot hold, as it comes.
     using Listener = std::function<void(const OddValue&)>;
 
-    // `goOn` is asked while a file that has become large is turned into UTF-8; it may be empty.
+    // `goOn` is called for each block while the file is converted to UTF-8, and cancels it with false; it may
+    // be empty.
     LineWriter(ExportFile& file, Listener onForeign, std::function<bool()> goOn = {})
         : file_(file), out_(file.Buffer()), onForeign_(std::move(onForeign)), goOn_(std::move(goOn)) {}
 
@@ -54,10 +54,10 @@ public:
     // A stored date in the written form; nothing when it does not have the length of one.
     void Date(std::string_view stored);
     void Stamp(std::string_view stored);
-    // False when the line is not written, since the user cancels while the file is turned into UTF-8 for it.
+    // False when the line is not written, because the conversion to UTF-8 that it needed was canceled.
     bool End();
 
-    // The header of a list: a line as it stands.
+    // A line of its own, such as the header of a list.
     void Header(std::string_view line);
 
     const OddValues& Foreign() const { return foreign_; }    // not in CP1252

@@ -1,6 +1,6 @@
 // WriteTaggedFile: the selected rows of a DataSet as the lines of a tagged file. The export job calls it with
-// a file open and, for the online system, after a validation. It performs one write on the DataSet: missing
-// parent_tsn are filled.
+// a file open and, for the online system, after a validation. Its only write on the DataSet fills in missing
+// parent_tsn.
 #pragma once
 
 #include <stdexcept>
@@ -10,7 +10,7 @@
 
 namespace quillon::exporting {
 
-// What keeps an export from going on, as a text for the user.
+// Why an export ends, as a text for the user.
 class ExportError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };

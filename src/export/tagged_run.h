@@ -1,6 +1,5 @@
-// What the sections of one tagged export share: the DataSet, the file's line writer, the taxa under the
-// filter, what the sections before have met, and the turn of the row loop. Made by WriteTaggedFile and gone
-// with it.
+// What the sections of one tagged export share: the DataSet, the line writer, the taxa under the filter, what
+// earlier sections have met, and the row loop. WriteTaggedFile makes one for each run.
 #pragma once
 
 #include <cstdint>
@@ -43,8 +42,8 @@ struct TaggedRun {
     void ForEachRow(store::RowStream& rows, const Visit& visit) {
         while (rows.Next() && tools.turns.Next()) visit();
     }
-    // Rows of a record's table for the sections that read by id: all of them, or under a filter that leaves
-    // few ids, those.
+    // The rows of a table that a section reads: those with the ids when a filter leaves few of them,
+    // otherwise all.
     store::TableRows RowsAmong(std::string_view column, const IdSet& ids) const;
     // A field as the layout has it.
     void AddField(const RecordLayout& layout, const store::RowStream& rows, std::size_t place);

@@ -18,8 +18,8 @@ namespace {
 
 using store::RowStream;
 
-// Fills missing parent_tsn from the parents' rows; the one write that an export performs. The taxa are few
-// enough for one turn.
+// Fills missing parent_tsn from the parents' rows: the only write of an export. Each statement covers few
+// enough taxa for one turn.
 constexpr std::string_view kFillParentTsn =
     "UPDATE qb_taxonomic_units INNER JOIN qb_taxonomic_units AS qb_taxonomic_units_1 "
     "ON qb_taxonomic_units.parent_qb_id = qb_taxonomic_units_1.qb_id "
@@ -31,8 +31,8 @@ constexpr std::int64_t kMostVisited = 20000;
 constexpr std::string_view kCutReason = "syn-original combina";
 constexpr std::string_view kWholeReason = "syn-original combination";
 
-// All taxa, read once before any is written: which there are, the root, and who lacks a parent_tsn that its
-// parent could give. A DataSet that cannot be written is exported all the same when nobody does.
+// All taxa, read once before any is written: their ids, the root, and those whose parent_tsn can be filled
+// in. A read-only DataSet is exported as long as there are none of those.
 class AllTaxa {
 public:
     explicit AllTaxa(TaggedRun& run) {
@@ -136,7 +136,7 @@ private:
         run_.tools.turns.Cancel();
     }
 
-    // `special` writes the fields that are its own, and says so.
+    // `special` returns true for the fields that it has written itself.
     template <typename Special>
     void Write(const RowStream& row, const Special& special) {
         run_.tools.line.Begin(exchange::kTaxonRecord);
@@ -170,7 +170,7 @@ private:
         }
     }
 
-    // A taxon whose parent stays behind hangs from the kingdom.
+    // A taxon whose parent is not in the file gets the kingdom's root as its parent.
     bool AddTaxonField(const RowStream& row, std::size_t place) {
         LineWriter& line = run_.tools.line;
         const auto number = [&] { return static_cast<std::int32_t>(row.Long(place)); };

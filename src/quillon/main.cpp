@@ -1,6 +1,8 @@
 // The desktop program. It reads no arguments. Three environment variables serve those who run it from a
 // script: QUILLON_CONFIG_DIR is the folder of the preferences file, QUILLON_DATA_DIR that of logs and work
 // files, and with QUILLON_SCREENSHOT the program saves a picture of its window there and ends.
+#include <signal.h>
+
 #include <QApplication>
 #include <QDir>
 
@@ -24,6 +26,7 @@ QString PicturePath() {
 }  // namespace
 
 int main(int argc, char** argv) {
+    signal(SIGXFSZ, SIG_IGN);  // so that a write beyond the limit on file sizes fails, and is reported
     QApplication application(argc, argv);
     QApplication::setApplicationName("taxonomic-quillon");
     const QString picture = PicturePath();

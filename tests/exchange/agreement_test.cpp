@@ -114,6 +114,22 @@ TEST(TaggedFormat, ColumnsAreThoseOfTheTables) {
     }
 }
 
+// A row of the tables in docs/formats.md.
+std::string PageRow(const RecordLayout& record) {
+    std::string fields;
+    for (const std::string_view column : record.Columns())
+        fields += (fields.empty() ? "`" : ", `") + std::string(column) + "`";
+    return "| " + std::string(record.tag) + " | `" + std::string(record.table) + "` | " + fields + " |\n";
+}
+
+TEST(TaggedFormat, ThePageOfTheFormatsHasEveryRecord) {
+    const std::string page = testkit::ReadFile(QUILLON_SOURCE_DIR "/docs/formats.md");
+    for (const RecordLayout* record : AllRecords()) {
+        if (record->kind == RecordKind::NotStored) continue;
+        EXPECT_NE(page.find(PageRow(*record)), std::string::npos) << PageRow(*record);
+    }
+}
+
 // The lines of [RF] name no vernacular, since that would make them links of it, and each document has a link.
 TEST(TaggedFormat, TheImportStoresEveryRecordOfTheDescription) {
     testkit::DataSetFixture set;

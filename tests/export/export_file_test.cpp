@@ -170,7 +170,7 @@ int WriteBeyondTheLimit(const std::string& path) {
     return 9;
 }
 
-TEST_F(ExportFiles, FullDiskIsToldAndLeavesTheOldFile) {
+TEST_F(ExportFiles, FullDiskIsReportedAndLeavesTheOldFile) {
     testkit::WriteFile(path, "old");
     const pid_t child = fork();
     if (child == 0) _exit(WriteBeyondTheLimit(path));

@@ -110,7 +110,7 @@ TEST_F(ExportForm, AsksForDataSetAndFile) {
     EXPECT_EQ(set.prompter.filesOffered, Texts(3, "/data/other.qln"));
 }
 
-TEST_F(ExportForm, ExportsTheDataSetAndTellsTheTotal) {
+TEST_F(ExportForm, ExportsTheDataSetAndReportsTheTotal) {
     form->cmdOK.UserClick();
     EXPECT_EQ(testkit::ReadFile(set.dir.File("test.qln")),
               Lines({kRootLine, TaxonLine(2, "Alpha", "100", 1)}));
@@ -156,7 +156,7 @@ TEST_F(ExportForm, EmptyLogIsNotOffered) {
     EXPECT_TRUE(set.prompter.questions.empty());
 }
 
-TEST_F(ExportForm, OnlineRunWithoutALogTellsNoTotal) {
+TEST_F(ExportForm, OnlineRunWithoutALogReportsNoTotal) {
     std::filesystem::create_directory(set.dir.File("validate.log"));
     form->OptOnline.UserChoose();
     form->cmdOK.UserClick();
@@ -239,7 +239,7 @@ TEST_F(ExportForm, ForeignTextThatIsNotWantedCancels) {
     EXPECT_FALSE(std::filesystem::exists(set.dir.File("test.qln")));
 }
 
-TEST_F(ExportForm, BreakingValuesAreToldAfterTheTotal) {
+TEST_F(ExportForm, BreakingValuesAreReportedAfterTheTotal) {
     SetTaxon(2, "unit_name1", "'Al' & chr(124) & 'pha'");
     form->cmdOK.UserClick();
     ASSERT_EQ(set.prompter.messages.size(), 2u);

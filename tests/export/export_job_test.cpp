@@ -74,7 +74,7 @@ TEST_F(Job, Utf8FromTheStartAsksNothing) {
     EXPECT_EQ(OutFile(), "\xEF\xBB\xBF" + Lines({kRootLine, TaxonLine(2, "Жук", "100", 1)}));
 }
 
-TEST_F(Job, BreakingValuesAreToldWithTheFirst) {
+TEST_F(Job, BreakingValuesAreReportedWithTheFirst) {
     AddTaxon(2, "Al|pha");
     const ExportResult result = RunJob();
     EXPECT_EQ(OutFile(), Lines({kRootLine, TaxonLine(2, "Al|pha", "100", 1)}));
@@ -139,7 +139,7 @@ TEST_F(Job, GaugeRisesAndEndsFull) {
     EXPECT_EQ(gauge, (std::vector<double>{20, 40, 60, 80, 100}));
 }
 
-TEST_F(Job, FilterThatMayNotRunIsToldAndNothingIsWritten) {
+TEST_F(Job, FilterThatMayNotRunIsReportedAndNothingIsWritten) {
     FilterBy("wings", "=", "2");
     EXPECT_EQ(RunJob().outcome, ExportOutcome::Failed);
     FilterBy("tsn", "=", "1\" OR \"1\" = \"1");
@@ -163,7 +163,7 @@ TEST_F(Job, OpenDataSetIsNotWrittenOver) {
     EXPECT_EQ(set.Dump("SELECT unit_name1 FROM qb_taxonomic_units"), "Animalia\n");
 }
 
-TEST_F(Job, FailuresOfFilesAreTold) {
+TEST_F(Job, FailuresOfFilesAreReported) {
     set.state.gExportFile = set.dir.File("none/out.qln");
     EXPECT_EQ(RunJob().outcome, ExportOutcome::Failed);
     set.state.gExportFile = set.dir.File("out.qln");
@@ -199,7 +199,7 @@ TEST_F(Job, PlainExportForgetsWhatWasRejected) {
     EXPECT_FALSE(set.state.gValidatingForExport);
 }
 
-// A genus and its species without faults, below a root that the rules accept.
+// A genus and its species without faults, below a root that the validation accepts.
 class OnlineJob : public ExportTest {
 protected:
     void SetUp() override {
@@ -264,7 +264,7 @@ TEST_F(OnlineJob, GaugeCoversValidationAndExport) {
     EXPECT_EQ(gauge.back(), 100);
 }
 
-TEST_F(OnlineJob, WrongKingdomIsToldAndEverythingIsWritten) {
+TEST_F(OnlineJob, WrongKingdomIsReportedAndEverythingIsWritten) {
     SpoilSpecies();
     set.state.gKingdomName = "Plantae";
     EXPECT_EQ(RunJob(Online()).outcome, ExportOutcome::Done);

@@ -28,9 +28,9 @@ protected:
 
     testkit::TempDir dir;
     std::string path = dir.File("out");
-    std::vector<std::string> told;
+    std::vector<std::string> reported;
     ExportFile file{path, Encoding::Cp1252};
-    LineWriter line{file, [this](const OddValue& value) { told.push_back(Describe(value)); }};
+    LineWriter line{file, [this](const OddValue& value) { reported.push_back(Describe(value)); }};
 };
 
 TEST_F(LineWriting, EveryFieldIsFollowedByTheSeparator) {
@@ -86,7 +86,7 @@ TEST_F(LineWriting, ForeignTextTurnsTheWholeFileIntoUtf8) {
     EXPECT_EQ(file.CurrentEncoding(), Encoding::Utf8);
     EXPECT_EQ(line.Foreign().count, 2);
     EXPECT_EQ(Describe(line.Foreign().first), "first of [XX]Жук: Жук");
-    EXPECT_EQ(told, (std::vector<std::string>{"first of [XX]Жук: Жук", "second of [XX]Жук: Ω"}));
+    EXPECT_EQ(reported, (std::vector<std::string>{"first of [XX]Жук: Жук", "second of [XX]Жук: Ω"}));
     EXPECT_EQ(Published(), "\xEF\xBB\xBF[XX]Müller|a|\r\n[XX]Жук|Ω|\r\n[XX]é|b|\r\n");
 }
 

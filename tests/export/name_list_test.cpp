@@ -67,7 +67,7 @@ TEST_F(NameList, FiltersChooseTheTaxa) {
     EXPECT_EQ(gauge.back(), 100);
 }
 
-TEST_F(NameList, InvalidTypeIsToldAndEndsTheWriting) {
+TEST_F(NameList, InvalidTypeIsReportedAndEndsTheWriting) {
     EXPECT_EQ(Write(static_cast<ListType>(4)).outcome, ExportOutcome::Done);
     EXPECT_EQ(set.prompter.messages, std::vector<std::string>{"Export Type of 4 is invalid!"});
     EXPECT_EQ(OutFile(), "");

@@ -53,7 +53,7 @@ TEST_F(OtherForms, TaggedFormWithoutAFileCloses) {
     EXPECT_EQ(closed, 1);
 }
 
-TEST_F(OtherForms, TaggedFormTellsACancel) {
+TEST_F(OtherForms, TaggedFormReportsACancel) {
     FrmDExport form(set.state, set.engine, set.prompter, pump, clock, set.dir.path());
     set.prompter.filesToSave = {set.dir.File("out.exp")};
     form.AskFile();
@@ -107,7 +107,7 @@ TEST_F(OtherForms, NameFormWritesAllTaxaWhateverTheFilter) {
     EXPECT_EQ(set.state.gRecordFilter, "journal");
 }
 
-TEST_F(OtherForms, NameFormTellsACancelAndAnInvalidType) {
+TEST_F(OtherForms, NameFormReportsACancelAndAnInvalidType) {
     FrmTExport form(set.state, set.engine, set.prompter, pump, clock, ListType::None);
     set.prompter.filesToSave = {set.dir.File("names.txm"), std::nullopt};
     form.AskFile();

@@ -1,4 +1,4 @@
-// The export as it is told: a select for each section, a query for each row, line after line through
+// The export done the plain way: a select for each section, a query for each row, line after line through
 // recordsets. Slow and plain, to compare the real one with. Where a select leaves the order open the rows
 // stand in that of their table's key.
 #pragma once

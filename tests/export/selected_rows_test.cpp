@@ -15,7 +15,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-// The key of each table, beginning with the columns by which a row hangs on the taxa.
+// The key of each table, beginning with the columns by which a row belongs to a taxon.
 const std::map<std::string, Texts> kKeys = {
     {"qb_taxonomic_units", {"qb_id"}},
     {"qb_taxon_authors_lookup", {"qb_taxon_author_id"}},
