@@ -30,6 +30,9 @@ public:
         prompter_ = &prompter;
     }
 
+    // The first of the tab's controls in the form's order. The others follow it, up to those of the next tab.
+    virtual const Control& FirstControl() const = 0;
+
     // The lists and words of the DataSet that has been opened. The errors of the store pass through.
     virtual void OfferLists() = 0;
 

@@ -31,6 +31,7 @@ public:
                      FormPurpose purpose = FormPurpose::Record);
 
     void Connect(ApplicationState& state, Prompter& prompter) override;
+    const Control& FirstControl() const override { return grid; }
     // The values of the first field are read when its list is first looked at; the other lists are empty.
     void OfferLists() override;
     void Clear() override;

@@ -24,6 +24,7 @@ class CommentTab : public RecordTab {
 public:
     explicit CommentTab(Form& form);
 
+    const Control& FirstControl() const override { return grdComments; }
     void OfferLists() override {}  // the tab has none
     void Clear() override;
     void ClearForNextEntry() override;

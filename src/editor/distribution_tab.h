@@ -21,6 +21,7 @@ public:
     explicit DistributionTab(Form& form);
 
     void Connect(ApplicationState& state, Prompter& prompter) override;
+    const Control& FirstControl() const override { return RVPanel4; }
     void OfferLists() override {}  // the words are those of the program
     // All boxes off, all lists to "None Selected", no old values.
     void Clear() override;

@@ -68,6 +68,10 @@ void RecView::ConnectCommands() {
 
 void RecView::ConnectTabs() {
     for (RecordTab* tab : controls_.Tabs()) tab->Connect(state_, prompter_);
+    for (Control* control : controls_.form.Controls()) {
+        const int tab = controls_.TabOf(*control);
+        if (tab != 0) control->OnTakeFocus([this, tab] { ShowTab(tab); });
+    }
     controls_.TabStrip1.OnEdit([this] { Guarded([this] { TabClicked(); }); });
 }
 
@@ -140,6 +144,14 @@ std::int64_t RecView::CountTaxa() const {
     const auto count = state_.gDatabase->OpenRecordset("SELECT count(*) AS taxa FROM qb_taxonomic_units",
                                                        store::RecordsetType::ForwardOnly);
     return count->Eof() ? 0 : count->At(0).AsLong();
+}
+
+// A control takes the focus: its tab comes up first.
+void RecView::ShowTab(int tab) {
+    Guarded([this, tab] {
+        controls_.TabStrip1.SetSelectedIndex(tab);
+        TabClicked();
+    });
 }
 
 void RecView::TabClicked() {

@@ -129,6 +129,7 @@ private:
 
     RecordTab& TabOnShow() { return *controls_.Tabs()[static_cast<std::size_t>(tabOnShow_ - 1)]; }
     void TabClicked();
+    void ShowTab(int tab);
 
     ApplicationState& state_;
     Prompter& prompter_;

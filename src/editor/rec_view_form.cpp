@@ -53,6 +53,16 @@ ButtonControl* RecViewForm::OfKey(std::string_view key) {
     return nullptr;
 }
 
+int RecViewForm::TabOf(const Control& control) {
+    const auto tabs = Tabs();
+    std::size_t place = 0;
+    for (const Control* each : form.Controls()) {
+        if (place < tabs.size() && each == &tabs[place]->FirstControl()) ++place;
+        if (each == &control) return static_cast<int>(place);
+    }
+    return 0;
+}
+
 FrmAbout::FrmAbout(std::string_view version) {
     form.SetTitle("About Taxonomic Quillon");
     lblVersion.SetCaption("Taxonomic Quillon Version " + std::string(version) + " (SR6)");

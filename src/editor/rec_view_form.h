@@ -87,6 +87,8 @@ struct RecViewForm {
 
     // In the order of TabStrip1.
     std::array<RecordTab*, 8> Tabs();
+    // The place in TabStrip1 of the tab that the control is on, from 1; 0 for one that is on no tab.
+    int TabOf(const Control& control);
     // The name of the taxon under edit, from its record or from the fields.
     std::string CurrentTaxonName() const { return taxon.CurrentTaxonName(); }
 

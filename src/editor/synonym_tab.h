@@ -37,6 +37,7 @@ public:
     explicit SynonymTab(Form& form);
 
     void Connect(ApplicationState& state, Prompter& prompter) override;
+    const Control& FirstControl() const override { return lblSynonyms; }
     // The ranks of the DataSet with the preferred one chosen, its accepted names, and the words of the
     // kingdom.
     void OfferLists() override;

@@ -21,6 +21,7 @@ public:
     explicit TaxonTab(Form& owner) : TaxonControls(owner) {}
 
     void Connect(ApplicationState& state, Prompter& prompter) override;
+    const Control& FirstControl() const override { return lblKingdom; }
     // All lists, the words of the kingdom, and the preferred rank with its fields.
     void OfferLists() override;
     void Clear() override;

@@ -23,6 +23,7 @@ class VernacularTab : public RecordTab {
 public:
     explicit VernacularTab(Form& form);
 
+    const Control& FirstControl() const override { return grdVernacular; }
     // The languages of the DataSet are read when the list is first looked at.
     void OfferLists() override;
     void Clear() override;

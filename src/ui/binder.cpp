@@ -152,7 +152,7 @@ void BindOne(Control& control, const QWidget& window) {
     if (auto* tabs = dynamic_cast<TabStripControl*>(&control)) return BindTabs(*tabs, window);
 }
 
-// A field on a page that is not shown cannot take the focus; whoever asks for it shows the page first.
+// A field on a page that is not shown takes no focus: the form brings up its tab first.
 void BindFocus(Control& control, const QWidget& window) {
     auto* widget = Partner<QWidget>(window, control);
     if (widget == nullptr) return;

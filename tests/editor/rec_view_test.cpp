@@ -284,6 +284,24 @@ TEST_F(RecViewModes, FieldsThatAwaitACommandDoNotMakeItDirty) {
     }
 }
 
+TEST_F(RecViewModes, AControlThatTakesTheFocusBringsUpItsTab) {
+    Make();
+    Select(3);
+    const auto tabOf = [this](Control& control) {
+        control.TakeFocus();
+        return form.TabStrip1.SelectedKey();
+    };
+    EXPECT_EQ(tabOf(form.comments.txtComment), "comments");
+    EXPECT_EQ(tabOf(form.publications.Field(0)), "publications");
+    EXPECT_EQ(tabOf(form.otherSources.Field(4)), "othersources");
+    EXPECT_EQ(tabOf(form.distribution.chkAfrica), "distribution");
+    EXPECT_EQ(tabOf(form.vernaculars.txtVName), "vernacular");
+    EXPECT_EQ(tabOf(form.synonyms.cboSSciName), "synonyms");
+    EXPECT_EQ(tabOf(form.experts.qbId), "experts");
+    EXPECT_EQ(tabOf(tab.cboRank), "taxon");
+    EXPECT_EQ(tabOf(form.cmdOK), "taxon") << "a control of no tab";
+}
+
 TEST_F(RecViewModes, TheDistributionIsForSpeciesAndBelow) {
     Make();
     form.TabStrip1.UserSelect(4);

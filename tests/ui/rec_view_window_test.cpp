@@ -221,6 +221,18 @@ TEST_F(MainWindow, TheTabsShowTheirPages) {
     EXPECT_FALSE(window.findChild<QWidget*>("RVPanel1")->isVisible());
 }
 
+TEST_F(MainWindow, AFieldOfAnotherTabTakesTheFocus) {
+    MakeWhales();
+    Activate();
+    program.Explorer().ListDblClick(3);
+    editor::RecViewForm& form = program.RecView().Controls();
+    form.experts.Field(0).TakeFocus();
+    EXPECT_TRUE(window.findChild<QWidget*>("RVPanel7")->isVisible());
+    EXPECT_TRUE(window.findChild<QWidget*>("cboExpert")->hasFocus());
+    form.taxon.cboRank.TakeFocus();
+    EXPECT_TRUE(window.findChild<QWidget*>("cboRank")->hasFocus());
+}
+
 TEST_F(MainWindow, TheDistributionOfAHigherRankIsDisabledAndSaysSo) {
     MakeWhales();
     const std::string text =
