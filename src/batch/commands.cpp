@@ -1,7 +1,6 @@
 #include "batch/commands.h"
 
 #include <fmt/format.h>
-#include <sys/stat.h>
 
 #include <cerrno>
 #include <cstdio>
@@ -96,11 +95,6 @@ bool IsSelect(std::string_view query) {
     return EqualText(query.substr(0, 6), "select");
 }
 
-bool Exists(const std::string& path) {
-    struct stat info {};
-    return lstat(path.c_str(), &info) == 0;
-}
-
 // False when a parameter is not NAME=VALUE, which is reported.
 bool SetParameters(store::QueryDef& def, const std::vector<std::string>& parameters) {
     for (const std::string& parameter : parameters) {
@@ -151,7 +145,7 @@ ExitStatus RunNew(const CommonOptions& options, const std::string& path) {
                          fmt::join(kKingdomNames, ", ")));
         return ExitStatus::Usage;
     }
-    if (Exists(path) && options.answer != Answer::Yes) {
+    if (store::IsDataSetPlaceTaken(path) && options.answer != Answer::Yes) {
         Fail(fmt::format("The file {} exists; --yes overwrites it.", path));
         return ExitStatus::Failed;
     }

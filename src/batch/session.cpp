@@ -1,9 +1,6 @@
 #include "batch/session.h"
 
-#include <fmt/format.h>
-
 #include "core/text.h"
-#include "store/lifecycle/version.h"
 
 namespace quillon::batch {
 
@@ -17,12 +14,9 @@ void Session::Open(const std::string& path) {
     state.gDataSetPath = lifecycle.OpenDataSetFile(path);
     if (!state.gDataSetOpen)
         throw store::StoreError(store::ErrorNumber::CannotOpenFile, lifecycle.LastOpenError());
-    std::string version;
-    if (!store::IsDataSetVersionValid(*state.gDatabase, version) ||
-        store::CompareDataSetVersion(version, state.gVersion) != store::VersionOrder::Same)
-        throw store::StoreError(
-            store::ErrorNumber::UnrecognizedFormat,
-            fmt::format("Dataset {} is incompatible with this version of the QLN!", path));
+    const store::VersionOrder order = lifecycle.OrderOfOpen();
+    if (order != store::VersionOrder::Same)
+        throw store::StoreError(store::ErrorNumber::UnrecognizedFormat, dataset::RefusalText(path, order));
     const auto kingdom = state.gDatabase->CreateSnapshot("SELECT * FROM kingdoms;");
     state.gKingdomName = options.kingdom;
     if (options.kingdom.empty() && !kingdom->Eof())

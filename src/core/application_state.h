@@ -54,8 +54,7 @@ struct ApplicationState {
     std::string gExportFile;
     int gExportedCount = 0;  // lines written
 
-    std::string gDownloadPage;  // shown when a DataSet is newer than the program
-    std::string title;          // of the main window
+    std::string title;  // of the main window
 };
 
 }  // namespace quillon

@@ -2,10 +2,7 @@
 
 #include <fmt/format.h>
 
-#include <optional>
-
 #include "core/file_identity.h"
-#include "core/text.h"
 #include "core/version.h"
 #include "dataset/file_names.h"
 #include "dataset/kingdom_and_ranks.h"
@@ -20,11 +17,20 @@ using store::StoreError;
 
 namespace {
 
-std::string IncompatibleText(const std::string& path) {
-    return fmt::format("Dataset {} is incompatible with this version of the QLN!", path);
-}
+constexpr std::string_view kOpenTitle = "Open Taxonomic DataSet File";
+constexpr std::string_view kSaveAsTitle = "Save Taxonomic DataSet As";
+
+// Where a DataSet that is newer than the program sends its user.
+constexpr std::string_view kDownloadPage = "https://example.org/quillon";
 
 }  // namespace
+
+std::string RefusalText(const std::string& path, store::VersionOrder order) {
+    std::string text = fmt::format("Dataset {} is incompatible with this version of the QLN!", path);
+    if (order == store::VersionOrder::Newer)
+        text += fmt::format("\nDownload the current version of the QLN at:\n{}", kDownloadPage);
+    return text;
+}
 
 Lifecycle::Lifecycle(ApplicationState& state, store::Engine& engine, Prompter& prompter)
     : state_(state), engine_(engine), prompter_(prompter) {
@@ -59,11 +65,19 @@ void Lifecycle::CloseDataSet() {
 }
 
 bool Lifecycle::AskLoseChanges() {
-    if (!state_.RecordDirty) return false;
-    if (!AskToLoseRecord(prompter_)) return true;
+    if (!MayLoseRecord()) return true;
+    DiscardRecord();
+    return false;
+}
+
+bool Lifecycle::MayLoseRecord() {
+    return !state_.RecordDirty || AskToLoseRecord(prompter_);
+}
+
+void Lifecycle::DiscardRecord() {
+    if (!state_.RecordDirty) return;
     if (state_.gDatabase != nullptr) RemoveChangeTracks(state_, engine_, prompter_);
     if (RecordDiscarded) RecordDiscarded();
-    return false;
 }
 
 // The DataSet of before is the open one again, and new if it was: only an import ends that.
@@ -78,8 +92,9 @@ void Lifecycle::GoBackTo(const std::string& path, bool wasNew) {
     state_.gDataSetIsNew = wasNew && state_.gDataSetOpen;
 }
 
+// A new DataSet is one of the preference kingdom, whatever the open one is.
 void Lifecycle::MakeDataSet(const std::string& path) {
-    store::MakeDataSetFile(engine_, path, state_.gKingdomName, state_.gVersion);
+    store::MakeDataSetFile(engine_, path, PreferredKingdom(state_), state_.gVersion);
     OpenNewDataSet(path);
 }
 
@@ -90,21 +105,20 @@ void Lifecycle::OpenNewDataSet(const std::string& path) {
     state_.gDataSetIsNew = true;
     state_.RecordDirty = false;
     state_.gNewChangeTrackIds.clear();
-    const auto kingdom = state_.gDatabase->CreateSnapshot(fmt::format(
-        "SELECT kingdom_id FROM kingdoms WHERE kingdom_name = '{}';", QuoteSQL(state_.gKingdomName)));
-    if (!kingdom->Eof()) state_.gKingdomId = static_cast<int>(kingdom->Get("kingdom_id").AsLong());
+    TakePreferredKingdom(state_);
     CheckPreferenceRank(state_, prompter_);
 }
 
 bool Lifecycle::NewDataSet() {
-    if (AskLoseChanges()) return false;
+    if (!MayLoseRecord()) return false;
     for (;;) {
-        const auto chosen = prompter_.FileToSave("Open New Taxonomic DataSet", kDataSetFilter, true);
-        if (!chosen || chosen->empty()) return false;
-        const std::string path = WithExtension(*chosen);
-        if (!FileExists(path) || !state_.gDataSetOpen || !IsSameFile(path, state_.gDataSetPath))
-            return MakeInPlaceOfOpen(path);
-        prompter_.Message("New DataSet cannot have same name as the current one!");
+        const auto path = AskNewDataSetFile(prompter_, "Open New Taxonomic DataSet");
+        if (!path) return false;
+        if (!state_.gDataSetOpen || !IsSameFile(*path, state_.gDataSetPath)) {
+            DiscardRecord();
+            return MakeInPlaceOfOpen(*path);
+        }
+        prompter_.WarningMessage("New DataSet cannot have same name as the current one!");
     }
 }
 
@@ -120,53 +134,60 @@ bool Lifecycle::MakeInPlaceOfOpen(const std::string& path) {
         return true;
     } catch (const StoreError& error) {
         prompter_.WaitCursor(false);
-        prompter_.Message("Failed " + error.Description());
+        prompter_.WarningMessage("Failed " + error.Description());
         if (!state_.gDataSetOpen || state_.gDataSetPath != oldPath) GoBackTo(oldPath, wasNew);
         return false;
     }
 }
 
-void Lifecycle::ReportIncompatible(const std::string& path) {
-    prompter_.Message(IncompatibleText(path));
-}
-
 bool Lifecycle::OfferUpdate(const std::string& path) {
-    const bool update = prompter_.AskYesNo(fmt::format("Dataset {} is incompatible with this version of "
-                                                       "the QLN.  Do you wish to update the Dataset?",
-                                                       path),
-                                           "Update Dataset");
-    // Nothing here brings an older file up to date yet, so the answer Yes ends like a failed update.
-    if (update) prompter_.Message(fmt::format("Unable to update {}!", path));
+    if (!prompter_.AskYesNo(fmt::format("Dataset {} is incompatible with this version of the QLN.  "
+                                        "Do you wish to update the Dataset?",
+                                        path),
+                            "Update Dataset"))
+        return false;
+    if (OrderOfOpen() == store::VersionOrder::Newer) {
+        prompter_.WarningMessage(RefusalText(path, store::VersionOrder::Newer));
+    } else {
+        // Nothing here brings an older file up to date yet, so a Yes ends like a failed update.
+        prompter_.WarningMessage(fmt::format("Unable to update {}!", path));
+    }
     return false;
 }
 
-bool Lifecycle::RefuseVersion(const std::string& path) {
-    std::string version;
-    const auto order = store::IsDataSetVersionValid(*state_.gDatabase, version)
-                           ? store::CompareDataSetVersion(version, state_.gVersion)
-                           : store::VersionOrder::Unordered;
-    switch (order) {
-        case store::VersionOrder::Same:
-            return false;
-        case store::VersionOrder::Older:
-            return !OfferUpdate(path);
-        case store::VersionOrder::Newer:
-            prompter_.Message(IncompatibleText(path) + "\nDownload the current version of the QLN at:\n" +
-                              state_.gDownloadPage);
-            return true;
-        case store::VersionOrder::Unordered:
-            break;
-    }
-    ReportIncompatible(path);
+bool Lifecycle::RefuseAtStart(const std::string& path) {
+    if (OrderOfOpen() != store::VersionOrder::Unordered) return false;
+    prompter_.WarningMessage(RefusalText(path, store::VersionOrder::Unordered));
     return true;
 }
 
+bool Lifecycle::RefuseVersion(const std::string& path) {
+    const auto order = OrderOfOpen();
+    if (order == store::VersionOrder::Same) return false;
+    if (order == store::VersionOrder::Older) return !OfferUpdate(path);
+    prompter_.WarningMessage(RefusalText(path, order));
+    return true;
+}
+
+// A DataSet whose version cannot be read is none that the program can use.
+store::VersionOrder Lifecycle::OrderOfOpen() const {
+    try {
+        std::string version;
+        if (store::IsDataSetVersionValid(*state_.gDatabase, version))
+            return store::CompareDataSetVersion(version, state_.gVersion);
+        return store::VersionOrder::Unordered;
+    } catch (const StoreError&) {
+        return store::VersionOrder::Unordered;
+    }
+}
+
 bool Lifecycle::OpenDataSet() {
-    if (AskLoseChanges()) return false;
-    const auto chosen = prompter_.FileToOpen("Open Taxonomic DataSet File", kDataSetFilter);
+    if (!MayLoseRecord()) return false;
+    const auto chosen = prompter_.FileToOpen(kOpenTitle, kDataSetFilter);
     if (!chosen || chosen->empty()) return false;
+    DiscardRecord();
     prompter_.WaitCursor(true);
-    const bool opened = OpenChosen(*chosen);
+    const bool opened = OpenChosen(FindDataSetFile(*chosen));
     state_.RecordDirty = false;
     state_.gNewChangeTrackIds.clear();
     prompter_.WaitCursor(false);
@@ -181,7 +202,7 @@ bool Lifecycle::OpenChosen(const std::string& path) {
     if (opened) {
         opened = !RefuseVersion(path);
     } else {
-        prompter_.Message(lastOpenError_, "Open Taxonomic DataSet File");
+        prompter_.WarningMessage(lastOpenError_, kOpenTitle);
     }
     if (!opened) {
         GoBackTo(oldPath, wasNew);
@@ -196,13 +217,17 @@ void Lifecycle::SaveDataSetAs() {
         prompter_.Message("No DataSet is Open");
         return;
     }
-    if (AskLoseChanges()) return;
-    const auto chosen = prompter_.FileToSave("Save Taxonomic DataSet As", kDataSetFilter, false);
+    if (!MayLoseRecord()) return;
+    const auto chosen = prompter_.FileToSave(kSaveAsTitle, kDataSetFilter, false);
     if (!chosen || chosen->empty()) return;
     const std::string path = WithExtension(*chosen);
-    if (FileExists(path) && !prompter_.AskYesNo(fmt::format("DataSet '{}' already exists.  Overwrite?", path),
-                                                "Duplicate DataSet Name"))
-        return;
+    if (store::IsDataSetPlaceTaken(path) && !AskToOverwrite(prompter_, path)) return;
+    DiscardRecord();
+    CopyOpenTo(path);
+}
+
+// The copy is made from a closed file; the DataSet of before is the open one again.
+void Lifecycle::CopyOpenTo(const std::string& path) {
     const std::string oldPath = state_.gDataSetPath;
     const bool wasNew = state_.gDataSetIsNew;
     prompter_.WaitCursor(true);
@@ -214,10 +239,9 @@ void Lifecycle::SaveDataSetAs() {
     } catch (const StoreError& error) {
         failure = error.Description();
     }
-    // The copy is made from a closed file; the DataSet of before is the open one again.
     if (!state_.gDataSetOpen) GoBackTo(oldPath, wasNew);
     prompter_.WaitCursor(false);
-    if (!failure.empty()) prompter_.Message("Failed " + failure, "Save Taxonomic DataSet As");
+    if (!failure.empty()) prompter_.WarningMessage("Failed " + failure, kSaveAsTitle);
 }
 
 void Lifecycle::ReadKingdomAndRanks() {

@@ -10,11 +10,15 @@
 #include "core/application_state.h"
 #include "core/outside.h"
 #include "store/engine.h"
+#include "store/lifecycle/version.h"
 
 namespace quillon::dataset {
 
 inline constexpr std::string_view kDataSetFilter = "Taxonomic Files (*.MDB)|*.mdb|All Files (*.*)|*.*";
 inline constexpr std::string_view kTitleNoDataSet = "Taxonomic Quillon - No Open DataSet";
+
+// What the user reads about the DataSet `path` when the program cannot use it.
+std::string RefusalText(const std::string& path, store::VersionOrder order);
 
 class Lifecycle {
 public:
@@ -33,17 +37,19 @@ public:
     // The part of it after the dialog: makes `path`, whatever is there, and opens it. A failure is a
     // StoreError, and what was at `path` is then as it was.
     void MakeDataSet(const std::string& path);
-    // Opens `path`, which was just made and seeded, and takes its kingdom.
+    // Opens `path`, which was just made and seeded, and takes the preference kingdom, which is its own.
     void OpenNewDataSet(const std::string& path);
     // File, Open: true when another DataSet is open now.
     bool OpenDataSet();
     // File, Save As: copies the open DataSet, which stays the open one.
     void SaveDataSetAs();
 
-    // The message about a DataSet that the program cannot use.
-    void ReportIncompatible(const std::string& path);
-    // The question whether the open DataSet is to be brought up to date; true when it has been.
+    // How the version of the open DataSet stands to the program's; Unordered also when it cannot be read.
+    store::VersionOrder OrderOfOpen() const;
+    // The question whether the open DataSet, `path`, is to be brought up to date; true when it has been.
     bool OfferUpdate(const std::string& path);
+    // For the DataSet that the program starts with: true, with a message, when it is none of any version.
+    bool RefuseAtStart(const std::string& path);
     // Compares the version of the open DataSet, `path`, with that of the program; true when it may not stay
     // open, which the user then knows.
     bool RefuseVersion(const std::string& path);
@@ -57,7 +63,10 @@ public:
     void ReadKingdomAndRanks();
 
 private:
+    bool MayLoseRecord();
+    void DiscardRecord();
     bool MakeInPlaceOfOpen(const std::string& path);
+    void CopyOpenTo(const std::string& path);
     bool OpenChosen(const std::string& path);
     void GoBackTo(const std::string& path, bool wasNew);
 

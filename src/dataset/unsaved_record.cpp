@@ -62,7 +62,7 @@ private:
         bool known = true;
         if (!Unit([&] { known = DeleteDocuments(database_, state_.currentTaxon.qb_id, track); }))
             return false;
-        if (!known) prompter_.Message("Error deleting Change Tracks");
+        if (!known) prompter_.WarningMessage("Error deleting Change Tracks");
         return known;
     }
     template <typename Step>
@@ -74,7 +74,7 @@ private:
             return true;
         } catch (const store::StoreError& error) {
             if (engine_.InTransaction()) engine_.Rollback();
-            prompter_.Message("Failed " + error.Description());
+            prompter_.WarningMessage("Failed " + error.Description());
             return false;
         }
     }
@@ -88,7 +88,7 @@ private:
 }  // namespace
 
 bool AskToLoseRecord(Prompter& prompter) {
-    return prompter.AskYesNo(
+    return prompter.AskBeforeLoss(
         "A new or modified record was not saved.  Continuing will lose that record!  Continue?",
         "Losing new/modified record");
 }

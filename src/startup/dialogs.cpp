@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include "core/vocabulary.h"
+#include "dataset/file_names.h"
 
 namespace quillon::startup {
 
@@ -21,12 +22,17 @@ FrmKingdom::FrmKingdom(ApplicationState& state, Prompter& prompter) : state_(sta
     form.SetTitle("Default Kingdom");
     for (const std::string_view name : kKingdomNames) cboKingdom.AddItem(name);
     cmdOK.OnClick([this] { Accept(); });
-    form.OnUserClose([this] { Accept(); });
+    form.OnUserClose([this] { Leave(); });
 }
 
 void FrmKingdom::Accept() {
-    if (cboKingdom.Text().empty()) return prompter_.Message("A Kingdom must be entered");
+    if (cboKingdom.Text().empty()) return prompter_.WarningMessage("A Kingdom must be entered");
     state_.gKingdomName = cboKingdom.Text();
+    form.Close();
+}
+
+void FrmKingdom::Leave() {
+    state_.gQuitRequested = true;
     form.Close();
 }
 
@@ -48,8 +54,7 @@ FrmNoDB::FrmNoDB(ApplicationState& state, dataset::Lifecycle& lifecycle, Prompte
 void FrmNoDB::Open() {
     const auto chosen = prompter_.FileToOpen(kOpenTitle, dataset::kDataSetFilter);
     if (!chosen || chosen->empty()) return prompter_.WaitCursor(false);
-    std::string path = *chosen;
-    if (path.find('.') == std::string::npos) path += ".MDB";
+    const std::string path = dataset::FindDataSetFile(*chosen);
     prompter_.WaitCursor(true);
     const bool opened = OpenFile(path);
     if (!opened) lifecycle_.CloseDataSet();
@@ -61,9 +66,9 @@ bool FrmNoDB::OpenFile(const std::string& path) {
     try {
         state_.gDataSetPath = lifecycle_.OpenDataSetFile(path);
         if (!state_.gDataSetPath.empty()) return !lifecycle_.RefuseVersion(path);
-        prompter_.Message(lifecycle_.LastOpenError(), kOpenTitle);
+        prompter_.WarningMessage(lifecycle_.LastOpenError(), kOpenTitle);
     } catch (const store::StoreError& error) {
-        prompter_.Message("Failed " + error.Description(), kOpenTitle);
+        prompter_.WarningMessage("Failed " + error.Description(), kOpenTitle);
     }
     return false;
 }

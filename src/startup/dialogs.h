@@ -30,8 +30,9 @@ public:
     ButtonControl cmdOK{form, "cmdOK", "&OK"};
 
 private:
-    // The program cannot go on without a kingdom, so closing the window asks for one as OK does.
     void Accept();
+    // The program cannot go on without a kingdom: closing the window ends it.
+    void Leave();
 
     ApplicationState& state_;
     Prompter& prompter_;

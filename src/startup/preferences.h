@@ -25,6 +25,11 @@ std::span<const Preference> Preferences();
 // Takes every key of `file` that is a preference to its variable. Gives the number of all keys found, those
 // that the program does not know among them; 0 also when there is no file.
 int ReadPreferences(ApplicationState& state, IniProfile& profile, const std::string& file);
+// The DataSet that was open when the program ended last, "" when none was noted. It stands in a section of
+// its own, beside the preferences, and a note that cannot be written is left out: nobody waits for it.
+std::string LastDataSet(const std::string& file);
+void WriteLastDataSet(const std::string& file, const std::string& path);
+
 // All ten, in one step; false, with a message, when they could not be written.
 bool WritePreferences(const ApplicationState& state, IniProfile& profile, const std::string& file);
 

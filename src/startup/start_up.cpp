@@ -1,8 +1,11 @@
 #include "startup/start_up.h"
 
+#include <fmt/format.h>
+
 #include <exception>
 #include <utility>
 
+#include "core/file_replace.h"
 #include "core/version.h"
 #include "startup/preferences.h"
 #include "store/lifecycle/version.h"
@@ -18,14 +21,6 @@ void Try(Step step) {
         step();
     } catch (const std::exception&) {
         return;
-    }
-}
-
-bool HasValidVersion(store::Database& database, std::string& version) {
-    try {
-        return store::IsDataSetVersionValid(database, version);
-    } catch (const store::StoreError&) {
-        return false;
     }
 }
 
@@ -57,6 +52,7 @@ void StartUp::LoadMainForm() {
     state_.gOldPrefRank.clear();
     if (!places_.dataFolder.empty()) EnterFolder(places_.dataFolder);
     Try([this] { ChooseKingdom(); });
+    if (state_.gQuitRequested) return;
     Try([this] { InitDB(); });
     if (state_.gQuitRequested) return;
     Try([this] { stage_.ShowDataSet(); });
@@ -69,13 +65,20 @@ void StartUp::ChooseKingdom() {
     const int keys = ReadPreferences(state_, profile_, places_.preferencesFile);
     if (keys > 0 && !state_.gKingdomName.empty()) return;
     prompter_.WaitCursor(false);
-    prompter_.Message(keys == 0 ? "No Preference file exists, you must select a default Kingdom."
-                                : "No Preference for Kingdom is set, you must select a default Kingdom.");
+    prompter_.Message(ReasonToAsk(keys));
     prompter_.ShowModal("FrmKingdom");
     prompter_.WaitCursor(true);
-    if (keys == 0) return;
+    if (keys == 0 || state_.gQuitRequested) return;
     profile_.IniWriteValue(kPreferencesSection, places_.preferencesFile, kKingdomKey, state_.gKingdomName);
     profile_.IniFlush();
+}
+
+std::string StartUp::ReasonToAsk(int keys) const {
+    if (keys > 0) return "No Preference for Kingdom is set, you must select a default Kingdom.";
+    const std::string failure = ReadSmallFile(places_.preferencesFile).failure;
+    if (failure.empty()) return "No Preference file exists, you must select a default Kingdom.";
+    return fmt::format("The Preference file {} cannot be read: {}.  You must select a default Kingdom.",
+                       places_.preferencesFile, failure);
 }
 
 void StartUp::InitDB() {
@@ -83,8 +86,10 @@ void StartUp::InitDB() {
     state_.gDataSetOpen = false;
     state_.RecordDirty = false;
     state_.gNewChangeTrackIds.clear();
-    if (!state_.gPrefDataSet.empty()) state_.gDataSetPath = lifecycle_.OpenDataSetFile(state_.gPrefDataSet);
-    if (state_.gPrefDataSet.empty() || state_.gDataSetPath.empty()) {
+    const std::string path =
+        state_.gPrefDataSet.empty() ? LastDataSet(places_.preferencesFile) : state_.gPrefDataSet;
+    if (!path.empty()) state_.gDataSetPath = lifecycle_.OpenDataSetFile(path);
+    if (state_.gDataSetPath.empty()) {
         prompter_.ShowModal("frmNoDB");
         return;
     }
@@ -94,11 +99,9 @@ void StartUp::InitDB() {
 // Here any other version gets the question, newer ones too, unlike where the user chooses a DataSet.
 void StartUp::OpenPreferred() {
     const std::string path = state_.gDataSetPath;
+    if (lifecycle_.RefuseAtStart(path)) return Close();
     std::string version;
-    if (!HasValidVersion(*state_.gDatabase, version)) {
-        lifecycle_.ReportIncompatible(path);
-        return Close();
-    }
+    store::IsDataSetVersionValid(*state_.gDatabase, version);
     if (version == state_.gVersion || lifecycle_.OfferUpdate(path)) return;
     Close();
     prompter_.ShowModal("frmNoDB");
@@ -106,6 +109,10 @@ void StartUp::OpenPreferred() {
 
 void StartUp::Close() {
     Try([this] { lifecycle_.CloseDataSet(); });
+}
+
+void StartUp::RememberDataSet() const {
+    if (state_.gDataSetOpen) WriteLastDataSet(places_.preferencesFile, state_.gDataSetPath);
 }
 
 bool StopProgram(ApplicationState& state, dataset::Lifecycle& lifecycle, Prompter& prompter,

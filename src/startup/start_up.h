@@ -33,10 +33,15 @@ public:
     void Run();
     // What the main form does when it loads, from the preferences to the current node.
     void LoadMainForm();
-    // Opens the DataSet of the preferences and asks the user where that fails.
+    // Opens the DataSet of the preferences, or the one that was open last, and asks the user where that
+    // fails.
     void InitDB();
+    // Notes which DataSet is open, for the next start without one in the preferences. Called before it is
+    // closed at the end.
+    void RememberDataSet() const;
 
 private:
+    std::string ReasonToAsk(int keys) const;
     void ChooseKingdom();
     void OpenPreferred();
     void Close();

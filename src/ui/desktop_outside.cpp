@@ -48,6 +48,36 @@ bool Ask(std::string_view text, std::string_view title, QMessageBox::StandardBut
     return box.exec() == QMessageBox::Yes;
 }
 
+// DataSets and logs get an ending when their name has none. The dialog adds it first, so that its question
+// about overwriting is about the right file.
+QString EndingOfBareNames(std::string_view filter) {
+    const QString first = ToQt(filter).section('|', 1, 1);
+    return first == "*.mdb" || first == "*.log" ? first.mid(2).toUpper() : QString();
+}
+
+// Takes a bare name for the file that has it with the ending of the filter, in small letters or large ones.
+class OpenDialog : public QFileDialog {
+public:
+    OpenDialog(QWidget* above, const QString& title, const QString& folder, std::string_view filter)
+        : QFileDialog(above, title, folder, ToolkitFilter(filter)),
+          ending_(ToQt(filter).section('|', 1, 1).mid(1)) {}
+
+    void accept() override {
+        const QStringList files = selectedFiles();
+        if (files.size() == 1 && !QFileInfo::exists(files.first())) {
+            for (const QString& ending : {ending_.toLower(), ending_.toUpper()}) {
+                if (!QFileInfo::exists(files.first() + ending)) continue;
+                selectFile(files.first() + ending);
+                break;
+            }
+        }
+        QFileDialog::accept();
+    }
+
+private:
+    QString ending_;
+};
+
 }  // namespace
 
 DesktopPrompter::~DesktopPrompter() {
@@ -108,7 +138,7 @@ bool DesktopPrompter::AskBeforeLoss(std::string_view text, std::string_view titl
 }
 
 std::optional<std::string> DesktopPrompter::FileToOpen(std::string_view title, std::string_view filter) {
-    QFileDialog dialog(Above(), ToQt(title), StartFolder(), ToolkitFilter(filter));
+    OpenDialog dialog(Above(), ToQt(title), StartFolder(), filter);
     dialog.setFileMode(QFileDialog::ExistingFile);
     return Chosen(dialog);
 }
@@ -122,6 +152,7 @@ std::optional<std::string> DesktopPrompter::FileToSave(std::string_view title, s
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setOption(QFileDialog::DontConfirmOverwrite, !overwritePrompt);
+    dialog.setDefaultSuffix(EndingOfBareNames(filter));
     return Chosen(dialog);
 }
 

@@ -64,6 +64,7 @@ void DesktopProgram::Connect() {
     recView_.PreferencesCommand = [this] { prompter_.ShowModal("FrmPreferences"); };
     recView_.StopCommand = [this] {
         QuietPump pump;
+        startUp_.RememberDataSet();
         return startup::StopProgram(state_, lifecycle_, prompter_, pump);
     };
     recView_.ValidateCommand = [this] { ShowJob("frmValidate"); };

@@ -138,6 +138,50 @@ TEST(OpenDataSet, AsksToUpdateAnOlderOne) {
     EXPECT_EQ(f.state.title, "Taxonomic Quillon - No Open DataSet");
 }
 
+TEST(OpenDataSet, RefusesAFileWhoseVersionCannotBeRead) {
+    DataSetFixture f;
+    f.Make("Animalia", "odd.mdb");
+    const std::string odd = f.state.gDataSetPath;
+    f.db().DeleteTable("db_control");
+    store::TableDef control;
+    control.name = "db_control";
+    control.fields = {{"other", store::FieldType::Long, 0, false, false}};
+    f.db().AppendTable(control);
+    f.db().Execute("INSERT INTO db_control (other) SELECT 1");
+    f.Make("Animalia", "first.mdb");
+    f.prompter.filesToOpen = {odd};
+    EXPECT_FALSE(f.lifecycle.OpenDataSet());
+    EXPECT_EQ(f.prompter.messages,
+              std::vector<std::string>{"Dataset " + odd + " is incompatible with this version of the QLN!"});
+    EXPECT_EQ(f.state.gDataSetPath, f.dir.File("first.mdb"));
+}
+
+TEST(OpenDataSet, SendsForTheNewerProgramAndLeavesTheFile) {
+    DataSetFixture f;
+    f.Make();
+    const std::string path = f.state.gDataSetPath;
+    f.db().Execute("UPDATE db_control SET [value] = '4.0.10'");
+    f.lifecycle.CloseDataSet();
+    const std::string before = testkit::ReadFile(path);
+    f.prompter.filesToOpen = {path};
+    EXPECT_FALSE(f.lifecycle.OpenDataSet());
+    EXPECT_EQ(f.prompter.messages,
+              std::vector<std::string>{
+                  "Dataset " + path +
+                  " is incompatible with this version of the QLN!\nDownload the current version of the QLN "
+                  "at:\nhttps://example.org/quillon"});
+    EXPECT_EQ(testkit::ReadFile(path), before);
+}
+
+TEST(OpenDataSet, FindsABareName) {
+    DataSetFixture f;
+    f.Make("Animalia", "m1.mdb");
+    f.lifecycle.CloseDataSet();
+    f.prompter.filesToOpen = {f.dir.File("m1")};
+    EXPECT_TRUE(f.lifecycle.OpenDataSet());
+    EXPECT_EQ(f.state.gDataSetPath, f.dir.File("m1.mdb"));
+}
+
 TEST(OpenDataSet, TakesVersion131WithNoUpdate) {
     DataSetFixture f;
     f.Make();
@@ -174,6 +218,32 @@ TEST(SaveDataSetAs, AsksBeforeOverwriting) {
               std::vector<std::string>{"DataSet '" + other + "' already exists.  Overwrite?"});
     EXPECT_EQ(f.prompter.titles.back(), "Duplicate DataSet Name");
     EXPECT_EQ(testkit::ReadFile(other), "keep me");
+}
+
+TEST(UnsavedRecord, IsDiscardedOnlyOnceTheFileDialogWasAnswered) {
+    DataSetFixture f;
+    f.Make();
+    f.db().Execute("INSERT INTO qb_change_tracks (qb_change_track_id, qb_id) SELECT 7, 1");
+    f.state.RecordDirty = true;
+    f.state.gNewChangeTrackIds = {7};
+    int discarded = 0;
+    f.lifecycle.RecordDiscarded = [&] { ++discarded; };
+    f.prompter.yesNo = {true, true, true, true, false};
+    f.prompter.filesToSave = {std::nullopt, std::nullopt, f.dir.File("test.mdb")};
+    f.prompter.filesToOpen = {std::nullopt};
+    EXPECT_FALSE(f.lifecycle.NewDataSet());
+    EXPECT_FALSE(f.lifecycle.OpenDataSet());
+    f.lifecycle.SaveDataSetAs();
+    f.lifecycle.SaveDataSetAs();
+    EXPECT_EQ(discarded, 0);
+    EXPECT_TRUE(f.state.RecordDirty);
+    EXPECT_EQ(f.state.gNewChangeTrackIds, std::vector<int>{7});
+    EXPECT_EQ(f.Dump("SELECT qb_change_track_id FROM qb_change_tracks"), "7\n");
+    f.prompter.yesNo = {true};
+    f.prompter.filesToSave = {f.dir.File("copy.mdb")};
+    f.lifecycle.SaveDataSetAs();
+    EXPECT_EQ(discarded, 1);
+    EXPECT_EQ(f.Dump("SELECT qb_change_track_id FROM qb_change_tracks"), "");
 }
 
 }  // namespace quillon::dataset

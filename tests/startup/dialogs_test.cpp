@@ -42,11 +42,16 @@ TEST_F(KingdomTest, TakesTheChosenOne) {
 
 TEST_F(KingdomTest, StaysUpWithoutOne) {
     form.cmdOK.UserClick();
-    form.form.UserClose();
-    const std::string text = "A Kingdom must be entered";
-    EXPECT_EQ(prompter.messages, (std::vector<std::string>{text, text}));
+    EXPECT_EQ(prompter.messages, std::vector<std::string>{"A Kingdom must be entered"});
     EXPECT_EQ(closed, 0);
     EXPECT_EQ(state.gKingdomName, "");
+}
+
+TEST_F(KingdomTest, ClosingTheWindowEndsTheProgram) {
+    form.form.UserClose();
+    EXPECT_TRUE(state.gQuitRequested);
+    EXPECT_EQ(closed, 1);
+    EXPECT_EQ(prompter.messages, std::vector<std::string>{});
 }
 
 class NoDbTest : public StartFixture {
@@ -112,6 +117,26 @@ TEST_F(NoDbTest, AnEndingIsAddedToAPathWithoutAPoint) {
     EXPECT_EQ(state.gDataSetPath, inPlace + ".MDB");
     lifecycle.CloseDataSet();
     std::filesystem::remove(inPlace + ".MDB");
+}
+
+TEST_F(NoDbTest, ABareNameFindsTheFileWithEitherEnding) {
+    const std::string lower = MakeDataSet("m1.mdb"), upper = MakeDataSet("m2.MDB");
+    Open(dir.File("m1"));
+    EXPECT_EQ(state.gDataSetPath, lower);
+    lifecycle.CloseDataSet();
+    Open(dir.File("m2"));
+    EXPECT_EQ(state.gDataSetPath, upper);
+}
+
+TEST_F(NoDbTest, ANewerDataSetIsRefusedWithTheAddressOfTheProgram) {
+    const std::string path = MakeDataSet("new.mdb", "4.1");
+    const std::string before = testkit::ReadFile(path);
+    Open(path);
+    ExpectStillUp();
+    EXPECT_EQ(story, Story{"message: Dataset " + path +
+                           " is incompatible with this version of the QLN!\nDownload the current version of "
+                           "the QLN at:\nhttps://example.org/quillon"});
+    EXPECT_EQ(testkit::ReadFile(path), before);
 }
 
 TEST_F(NoDbTest, SaysWhyAFileDoesNotOpenAndStaysUp) {

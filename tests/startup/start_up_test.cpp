@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "startup/dialogs.h"
+#include "startup/preferences.h"
 #include "startup/start_fixture.h"
 #include "testkit/limits.h"
 
@@ -89,9 +90,7 @@ TEST_F(StartUpTest, WithoutPreferencesLeadsToANewDataSetOfTheChosenKingdom) {
     ClickInNoDb(&FrmNoDB::cmdNew);
     prompter.filesToSave.push_back(dir.File("ferns.mdb"));
     start.Run();
-    const std::string rankWarning = "message: The 'Preference' rank is not valid for the " +
-                                    dir.File("ferns.mdb") + " dataset!  Defaulting to 'Kingdom'.";
-    EXPECT_EQ(story, (Story{"splash", kNoFile, "form: FrmKingdom", "form: frmNoDB", rankWarning, "DataSet",
+    EXPECT_EQ(story, (Story{"splash", kNoFile, "form: FrmKingdom", "form: frmNoDB", "DataSet",
                             "splash closes", "main form"}));
     EXPECT_EQ(instructions,
               "A DataSet  could not be found or is incompatible.  Do you wish to Open an existing DataSet, "
@@ -221,6 +220,73 @@ TEST_F(StartUpTest, AnyOtherVersionGetsTheQuestion) {
         EXPECT_EQ(reason, "");
         ExpectNoDataSet();
     }
+}
+
+TEST_F(StartUpTest, AYesToUpdateANewerOneSendsForTheNewerProgram) {
+    const std::string path = MakeDataSet("new.mdb", "4.0.10");
+    const std::string before = testkit::ReadFile(path);
+    Prefer(path);
+    CloseNoDb();
+    prompter.yesNo.push_back(true);
+    start.Run();
+    EXPECT_EQ(story.at(2), "message: Dataset " + path +
+                               " is incompatible with this version of the QLN!\nDownload the current version "
+                               "of the QLN at:\nhttps://example.org/quillon");
+    EXPECT_EQ(story.at(3), "form: frmNoDB");
+    EXPECT_EQ(testkit::ReadFile(path), before);
+    ExpectNoDataSet();
+}
+
+TEST_F(StartUpTest, AClosedKingdomQuestionEndsTheProgram) {
+    WritePreferencesFile("Colour=blue\r\n");
+    prompter.onForm["FrmKingdom"] = [this] { FrmKingdom(state, prompter).form.UserClose(); };
+    start.Run();
+    EXPECT_EQ(story, (Story{"splash", kNoKingdom, "form: FrmKingdom", "splash closes"}));
+    EXPECT_TRUE(state.gQuitRequested);
+    EXPECT_EQ(testkit::ReadFile(iniPath), "[Taxonomic Quillon]\r\nColour=blue\r\n");
+}
+
+TEST_F(StartUpTest, PreferencesThatCannotBeReadAreNotCalledMissing) {
+    std::filesystem::create_directory(iniPath);
+    ChooseKingdom("Fungi");
+    ClickInNoDb(&FrmNoDB::cmdExit);
+    start.Run();
+    EXPECT_EQ(story[1], "message: The Preference file " + iniPath +
+                            " cannot be read: it is not a plain file.  You must select a default Kingdom.");
+}
+
+TEST_F(StartUpTest, WithoutAPreferredDataSetTheOneOpenLastIsOpened) {
+    const std::string path = MakeDataSet("fish.mdb");
+    WritePreferencesFile("Kingdom=Animalia\r\n");
+    ClickInNoDb(&FrmNoDB::cmdOpen);
+    prompter.filesToOpen.push_back(path);
+    start.Run();
+    start.RememberDataSet();
+    lifecycle.CloseDataSet();
+    story.clear();
+    start.Run();
+    EXPECT_EQ(story, (Story{"splash", "DataSet", "splash closes", "main form"}));
+    EXPECT_EQ(state.gDataSetPath, path);
+    EXPECT_EQ(state.gPrefDataSet, "");
+    std::filesystem::remove(path);
+    lifecycle.CloseDataSet();
+    story.clear();
+    ClickInNoDb(&FrmNoDB::cmdExit);
+    start.Run();
+    EXPECT_EQ(story, (Story{"splash", "form: frmNoDB", "splash closes"}));
+    EXPECT_NE(reason, "");
+}
+
+TEST_F(StartUpTest, ThePreferredDataSetGoesBeforeTheOneOpenLast) {
+    Prefer(MakeDataSet("last.mdb"));
+    start.Run();
+    start.RememberDataSet();
+    lifecycle.CloseDataSet();
+    const std::string preferred = MakeDataSet("preferred.mdb");
+    profile.IniWriteValue(kPreferencesSection, iniPath, "DataSet", preferred);
+    profile.IniFlush();
+    start.Run();
+    EXPECT_EQ(state.gDataSetPath, preferred);
 }
 
 TEST_F(StartUpTest, AnUpdateThatFailsIsToldBeforeTheDialog) {

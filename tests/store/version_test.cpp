@@ -9,14 +9,17 @@ namespace quillon::store {
 
 using testkit::DataSetFixture;
 
-TEST(DataSetVersion, ComparesAsText) {
+TEST(DataSetVersion, ComparesByPartsForNewerOnesAndAsTextForOthers) {
     const auto compare = [](std::string_view version) { return CompareDataSetVersion(version, "4.0.6"); };
     EXPECT_EQ(compare("4.0.6"), VersionOrder::Same);
     EXPECT_EQ(compare("1.3"), VersionOrder::Same);
     EXPECT_EQ(compare("1.31"), VersionOrder::Same);
     EXPECT_EQ(compare("3.6.0"), VersionOrder::Older);
     EXPECT_EQ(compare("4.0.5"), VersionOrder::Older);
-    EXPECT_EQ(compare("5.0"), VersionOrder::Older);
+    for (const char* newer : {"4.0.7", "4.0.10", "4.1", "5.0", "10", "4.0.6.1", "99999999999999999999"})
+        EXPECT_EQ(compare(newer), VersionOrder::Newer) << newer;
+    for (const char* older : {"4", "4.0", "04.00.05", "3.99.99", "4.0.6.0", "4.0.06", "4.0.5.9"})
+        EXPECT_EQ(compare(older), VersionOrder::Older) << older;
     EXPECT_EQ(compare("Gamma 2"), VersionOrder::Older);
     EXPECT_EQ(compare("3"), VersionOrder::Older);
     EXPECT_EQ(CompareDataSetVersion("3", "3.1"), VersionOrder::Same);

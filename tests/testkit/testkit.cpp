@@ -103,6 +103,8 @@ static const std::string& NewDataSetBytes(store::Engine& engine, const std::stri
 void DataSetFixture::Make(const std::string& kingdom, std::string_view file) {
     state.gKingdomName = kingdom;
     state.gPrefRank = "Kingdom";
+    state.gOldKingdomName.clear();
+    state.gOldPrefRank.clear();
     const std::string path = dir.File(file);
     if (state.gDataSetOpen) lifecycle.CloseDataSet();
     WriteFile(path, NewDataSetBytes(engine, kingdom, state.gVersion));

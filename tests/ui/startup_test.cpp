@@ -196,15 +196,24 @@ TEST_F(StartTest, TheKingdomMustBeChosen) {
     KingdomWindow window(form, nullptr);
     user.Answer("FrmKingdom", [&](QWidget& modal) {
         Click(modal, "cmdOK");
-        ModalUser::Press(modal, Qt::Key_Escape);
         EXPECT_TRUE(modal.isVisible());
         QTest::keyClick(modal.findChild<QComboBox*>("cboKingdom"), Qt::Key_End);
         Click(modal, "cmdOK");
     });
     window.exec();
-    const std::string text = "A Kingdom must be entered";
-    EXPECT_EQ(prompter.messages, (std::vector<std::string>{text, text}));
+    EXPECT_EQ(prompter.messages, std::vector<std::string>{"A Kingdom must be entered"});
     EXPECT_EQ(state.gKingdomName, "Chromista");
+    EXPECT_FALSE(state.gQuitRequested);
+}
+
+TEST_F(StartTest, EscapeInTheKingdomQuestionEndsTheProgram) {
+    ApplicationState state;
+    testkit::ScriptedPrompter prompter;
+    startup::FrmKingdom form(state, prompter);
+    KingdomWindow window(form, nullptr);
+    user.Answer("FrmKingdom", [&](QWidget& modal) { ModalUser::Press(modal, Qt::Key_Escape); });
+    window.exec();
+    EXPECT_TRUE(state.gQuitRequested);
 }
 
 }  // namespace

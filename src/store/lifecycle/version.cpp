@@ -1,8 +1,40 @@
 #include "store/lifecycle/version.h"
 
+#include <algorithm>
+
 #include "core/text.h"
 
 namespace quillon::store {
+
+namespace {
+
+constexpr std::string_view kDigits = "0123456789";
+
+// The number that the text begins with, without zeros in front, and the rest behind a point; "" for no
+// number.
+std::string_view TakePart(std::string_view& text) {
+    std::string_view part = text.substr(0, text.find_first_not_of(kDigits));
+    text.remove_prefix(part.size());
+    if (!text.empty() && text[0] == '.') {
+        text.remove_prefix(1);
+    } else {
+        text = {};
+    }
+    part.remove_prefix(std::min(part.find_first_not_of('0'), part.size()));
+    return part;
+}
+
+// Part by part as numbers; a part that is missing is 0.
+bool IsAbove(std::string_view version, std::string_view program) {
+    while (!version.empty() || !program.empty()) {
+        const std::string_view left = TakePart(version), right = TakePart(program);
+        if (left.size() != right.size()) return left.size() > right.size();
+        if (left != right) return left > right;
+    }
+    return false;
+}
+
+}  // namespace
 
 bool IsDataSetVersionValid(Database& database, std::string& version) {
     version.clear();
@@ -29,13 +61,14 @@ bool IsFileDataSetVersionValid(Engine& engine, const std::string& path, std::str
     }
 }
 
-// Versions compare as text, and the order of the tests decides; the fifth is never reached.
+// A version whose parts are numbers above the program's is newer. All others compare as text, and the order
+// of the tests decides.
 VersionOrder CompareDataSetVersion(std::string_view version, std::string_view program) {
     if (version == program) return VersionOrder::Same;
     if (version == "1.3" || version == "1.31") return VersionOrder::Same;
     if (program == "3.1" && version == "3") return VersionOrder::Same;
+    if (IsAbove(version, program)) return VersionOrder::Newer;
     if (version >= "4.0.1") return VersionOrder::Older;
-    if (version >= "4.0.2") return VersionOrder::Same;
     if (version >= "3.6.0") return VersionOrder::Older;
     if (version > program) return VersionOrder::Newer;
     if (version < program) return VersionOrder::Older;
