@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "core/attempt.h"
+#include "core/file_identity.h"
 #include "core/running_flag.h"
 #include "core/wait_cursor.h"
 #include "import/kingdom_check.h"
@@ -47,6 +48,9 @@ ImportResult TaggedImport::Run(const std::string& path, const std::string& workD
 
 void TaggedImport::RunWithLog(const std::string& path, const std::string& workDirectory,
                               ImportResult& result) {
+    // Closing it again would drop the locks that this process has on it.
+    if (IsSameFile(path, state_.gDataSetPath))
+        return prompter_.WarningMessage(path + " is the open DataSet, and cannot be imported.");
     ImportLog log(workDirectory, {path, state_.gDataSetPath});
     result.logPath = log.Path();
     if (!log.Failure().empty()) return prompter_.WarningMessage(log.Failure());

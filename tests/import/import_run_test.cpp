@@ -340,6 +340,14 @@ TEST_F(Running, CancelIsHeardWhileAPipeHasNothing) {
     EXPECT_TRUE(result.canceled);
 }
 
+TEST_F(Running, TheDataSetItselfIsNotImported) {
+    std::filesystem::create_symlink(set.state.gDataSetPath, set.dir.File("link.qln"));
+    EXPECT_FALSE(RunFile(set.dir.File("link.qln")).found);
+    EXPECT_THAT(set.prompter.messages,
+                ElementsAre(set.dir.File("link.qln") + " is the open DataSet, and cannot be imported."));
+    EXPECT_FALSE(std::filesystem::exists(set.dir.File("import.err")));
+}
+
 TEST_F(Running, TheFileToImportIsNeverTheLog) {
     testkit::WriteFile(set.dir.File("import.err"), Line("100") + "\r\n");
     const ImportResult result = RunFile(set.dir.File("import.err"));
