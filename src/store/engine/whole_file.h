@@ -1,6 +1,7 @@
 // A DataSet as one file, for the jobs that make or replace the whole of it. Only store/lifecycle uses it.
 #pragma once
 
+#include <atomic>
 #include <string>
 
 #include "store/engine.h"
@@ -15,8 +16,8 @@ void WriteWithoutSyncs(Database& database);
 void MakeNoJournal(Database& database);
 
 // Opens the closed file at `path`, checks every page of it, and closes it. CorruptFile when it is damaged.
-// May run in a thread of its own.
-void CheckWholeFile(Engine& engine, const std::string& path);
+// May run in a thread of its own; it fails soon after another thread has set `stop`.
+void CheckWholeFile(Engine& engine, const std::string& path, const std::atomic<bool>& stop);
 
 // The failure of a statement that was interrupted.
 [[noreturn]] void ThrowInterrupted();

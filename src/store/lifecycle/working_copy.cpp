@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <chrono>
 #include <fstream>
 #include <future>
@@ -23,15 +24,15 @@ namespace {
 constexpr auto kTurnInterval = std::chrono::milliseconds(10);
 constexpr std::streamsize kJournalHeader = 28;
 
-// Runs `work` in a thread of its own while this one takes its turns. False when a turn said no; the work is
-// waited for even so.
+// Runs `work` in a thread of its own while this one takes its turns. False when a turn said no; `stop` is set
+// then, and the work is waited for.
 template <typename Work>
-bool RunWithTurns(Work work, const std::function<bool()>& turn) {
+bool RunWithTurns(Work work, std::atomic<bool>& stop, const std::function<bool()>& turn) {
     std::future<void> done = std::async(std::launch::async, std::move(work));
-    bool goOn = true;
-    while (done.wait_for(kTurnInterval) == std::future_status::timeout) goOn = turn() && goOn;
+    while (done.wait_for(kTurnInterval) == std::future_status::timeout)
+        if (!turn()) stop = true;
     done.get();
-    return goOn && turn();
+    return !stop && turn();
 }
 
 // True for the journal of an open DataSet in which no unit is open: nothing of it would be played back. True
@@ -79,11 +80,12 @@ WorkingCopy::~WorkingCopy() {
 
 void WorkingCopy::Replace(DatabaseHandle& original) {
     copy_->Close();
-    const auto finish = [this] {
-        CheckWholeFile(engine_, file_.Path());
+    std::atomic<bool> stop = false;
+    const auto finish = [this, &stop] {
+        CheckWholeFile(engine_, file_.Path(), stop);
         WithStoreErrors([this] { file_.Sync(); });
     };
-    if (!RunWithTurns(finish, goOn_)) ThrowInterrupted();
+    if (!RunWithTurns(finish, stop, goOn_)) ThrowInterrupted();
     RequireSameFile(*original);
     RefuseForeignLogs();
     const std::string path = original->Name();
