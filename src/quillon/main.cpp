@@ -3,15 +3,17 @@
 // files, and with QUILLON_SCREENSHOT the program saves a picture of its window there and ends.
 #include <signal.h>
 
-#include <QApplication>
 #include <QDir>
 
 #include "startup/places.h"
 #include "ui/desktop_program.h"
+#include "ui/guard.h"
 #include "ui/screenshot.h"
 #include "ui/text_convert.h"
 
 namespace {
+
+constexpr int kFailed = 3;
 
 std::string Variable(const char* name) {
     return quillon::ui::FromQt(qEnvironmentVariable(name));
@@ -23,16 +25,22 @@ QString PicturePath() {
     return path.isEmpty() ? path : QDir::current().absoluteFilePath(path);
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
-    signal(SIGXFSZ, SIG_IGN);  // so that a write beyond the limit on file sizes fails, and is reported
-    QApplication application(argc, argv);
-    QApplication::setApplicationName("taxonomic-quillon");
+int Run() {
     const QString picture = PicturePath();
     const auto places = quillon::startup::PlacesOf(Variable);
     quillon::ui::DesktopProgram program(nullptr, places.dataFolder, places.preferencesFile);
     if (!program.Start()) return 0;
     if (!picture.isEmpty()) return quillon::ui::SaveScreenshot(program, picture) ? 0 : 1;
     return QApplication::exec();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    signal(SIGXFSZ, SIG_IGN);  // so that a write beyond the limit on file sizes fails, and is reported
+    quillon::ui::Application application(argc, argv);
+    QApplication::setApplicationName("taxonomic-quillon");
+    int status = kFailed;
+    quillon::ui::Guard([&] { status = Run(); });
+    return status;
 }

@@ -1,6 +1,7 @@
 #include "ui/binder.h"
 
 #include "ui/binder_parts.h"
+#include "ui/guard.h"
 
 namespace quillon::ui {
 
@@ -13,13 +14,13 @@ void BindButton(ButtonControl& control, const QWidget& window) {
             shown.setEnabled(model.Enabled());
             shown.setVisible(model.Visible());
         });
-        QObject::connect(action, &QAction::triggered, action, [&control] { control.UserClick(); });
+        Connect(action, &QAction::triggered, action, [&control] { control.UserClick(); });
     } else if (auto* button = Partner<QAbstractButton>(window, control)) {
         Mirror(control, *button, [](const ButtonControl& model, QAbstractButton& shown) {
             shown.setText(ToQt(model.Caption()));
             ShowCommon(model, shown);
         });
-        QObject::connect(button, &QAbstractButton::clicked, button, [&control] { control.UserClick(); });
+        Connect(button, &QAbstractButton::clicked, button, [&control] { control.UserClick(); });
     }
 }
 
@@ -40,7 +41,7 @@ void BindToggle(Model& control, const QWidget& window, Take take) {
             shown.setEnabled(model.Enabled());
             shown.setChecked(model.Value());
         });
-        QObject::connect(action, &QAction::triggered, action, [&control, action, take](bool checked) {
+        Connect(action, &QAction::triggered, action, [&control, action, take](bool checked) {
             take(control, checked);
             action->setChecked(control.Value());
         });
@@ -50,7 +51,7 @@ void BindToggle(Model& control, const QWidget& window, Take take) {
             ShowCommon(model, shown);
             ShowChecked(shown, model.Value());
         });
-        QObject::connect(button, &QAbstractButton::clicked, button, [&control, button, take](bool checked) {
+        Connect(button, &QAbstractButton::clicked, button, [&control, button, take](bool checked) {
             take(control, checked);
             button->setChecked(control.Value());
         });
@@ -80,7 +81,7 @@ void BindText(TextControl& control, const QWidget& window) {
             shown.setText(ToQt(model.Text()));
             if (model.Locked()) shown.setCursorPosition(0);
         });
-        QObject::connect(edit, &QLineEdit::textEdited, edit, [&control, edit](const QString& text) {
+        Connect(edit, &QLineEdit::textEdited, edit, [&control, edit](const QString& text) {
             control.UserSetText(FromQt(text));
             if (edit->text() != ToQt(control.Text())) edit->setText(ToQt(control.Text()));
         });
@@ -90,8 +91,8 @@ void BindText(TextControl& control, const QWidget& window) {
             shown.setReadOnly(model.Locked());
             if (shown.toPlainText() != ToQt(model.Text())) shown.setPlainText(ToQt(model.Text()));
         });
-        QObject::connect(box, &QPlainTextEdit::textChanged, box,
-                         [&control, box] { control.UserSetText(FromQt(box->toPlainText())); });
+        Connect(box, &QPlainTextEdit::textChanged, box,
+                [&control, box] { control.UserSetText(FromQt(box->toPlainText())); });
     }
 }
 
@@ -114,10 +115,9 @@ void BindList(ListControl& control, const QWidget& window) {
         for (const auto& choice : model.Choices()) shown.addItem(ToQt(choice.text));
         shown.setCurrentRow(model.ListIndex());
     });
-    QObject::connect(list, &QListWidget::currentRowChanged, list,
-                     [&control](int row) { control.UserSelect(row); });
-    QObject::connect(list, &QListWidget::itemActivated, list,
-                     [&control, list](QListWidgetItem* item) { control.UserActivate(list->row(item)); });
+    Connect(list, &QListWidget::currentRowChanged, list, [&control](int row) { control.UserSelect(row); });
+    Connect(list, &QListWidget::itemActivated, list,
+            [&control, list](QListWidgetItem* item) { control.UserActivate(list->row(item)); });
 }
 
 void BindTabs(TabStripControl& control, const QWidget& window) {
@@ -131,8 +131,7 @@ void BindTabs(TabStripControl& control, const QWidget& window) {
         ShowCommon(model, shown);
         shown.setCurrentIndex(model.SelectedIndex() - 1);
     });
-    QObject::connect(tabs, &QTabBar::currentChanged, tabs,
-                     [&control](int index) { control.UserSelect(index + 1); });
+    Connect(tabs, &QTabBar::currentChanged, tabs, [&control](int index) { control.UserSelect(index + 1); });
 }
 
 void BindOne(Control& control, const QWidget& window) {
@@ -192,7 +191,7 @@ bool TakesInput(const QObject* object) {
 void Bind(Form& form, QWidget& window) {
     window.setWindowTitle(ToQt(form.Title()));
     form.OnTitle([&form, guard = QPointer<QWidget>(&window)] {
-        if (guard) guard->setWindowTitle(ToQt(form.Title()));
+        if (guard) Guard([&] { guard->setWindowTitle(ToQt(form.Title())); });
     });
     for (Control* control : form.Controls()) {
         BindOne(*control, window);

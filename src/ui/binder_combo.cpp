@@ -2,6 +2,7 @@
 
 #include "documentation/pick_list.h"
 #include "ui/binder_parts.h"
+#include "ui/guard.h"
 
 namespace quillon::ui {
 
@@ -88,7 +89,7 @@ ComboBinding::ComboBinding(ComboControl& control, QComboBox& combo)
     combo_.setInsertPolicy(QComboBox::NoInsert);
     PrepareList();
     combo_.installEventFilter(this);
-    connect(&combo_, &QComboBox::activated, this, [this](int index) {
+    Connect(&combo_, &QComboBox::activated, this, [this](int index) {
         if (pickList_ != nullptr)
             pickList_->UserPick(index);
         else
@@ -112,8 +113,8 @@ void ComboBinding::PrepareList() {
 
 void ComboBinding::ConnectLine() {
     combo_.lineEdit()->installEventFilter(this);
-    connect(combo_.lineEdit(), &QLineEdit::textEdited, this, &ComboBinding::Typed);
-    connect(combo_.completer(), qOverload<const QString&>(&QCompleter::highlighted), this,
+    Connect(combo_.lineEdit(), &QLineEdit::textEdited, this, &ComboBinding::Typed);
+    Connect(combo_.completer(), qOverload<const QString&>(&QCompleter::highlighted), this,
             &ComboBinding::Completed);
 }
 
@@ -157,8 +158,10 @@ void ComboBinding::ShowText() {
 }
 
 void ComboBinding::DropDown() {
-    if (pickList_ != nullptr) pickList_->UserDropDown();
-    if (filled_ != control_.ChoicesRevision()) Fill();
+    Guard([this] {
+        if (pickList_ != nullptr) pickList_->UserDropDown();
+        if (filled_ != control_.ChoicesRevision()) Fill();
+    });
 }
 
 void ComboBinding::Typed(const QString& text) {
@@ -177,7 +180,7 @@ void ComboBinding::Completed(const QString& completion) {
     completing_ = true;
     control_.UserSetText(FromQt(line->text().left(typed) + completion.mid(typed)));
     completing_ = false;
-    QTimer::singleShot(0, this, [this] {
+    Later(this, [this] {
         const QSignalBlocker quiet(&combo_);
         Show();
     });
@@ -199,11 +202,12 @@ bool ComboBinding::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::KeyPress: {
             const auto& key = dynamic_cast<QKeyEvent&>(*event);
             if (isCombo && OpensList(key.key())) DropDown();
-            if (!key.text().trimmed().isEmpty() && filled_ != control_.ChoicesRevision()) Fill();
+            if (!key.text().trimmed().isEmpty() && filled_ != control_.ChoicesRevision())
+                Guard([this] { Fill(); });
             return false;
         }
         case QEvent::FocusOut:
-            if (pickList_ != nullptr && IsLeft(combo_)) pickList_->UserLeave();
+            if (pickList_ != nullptr && IsLeft(combo_)) Guard([this] { pickList_->UserLeave(); });
             return false;
         default:
             return false;

@@ -1,4 +1,5 @@
 #include "ui/binder_parts.h"
+#include "ui/guard.h"
 
 namespace quillon::ui {
 
@@ -57,10 +58,10 @@ void BindGrid(GridControl& control, const QWidget& window) {
     auto* table = Partner<QTableWidget>(window, control);
     if (table == nullptr) return;
     Mirror(control, *table, ShowGrid);
-    QObject::connect(table, &QTableWidget::currentCellChanged, table,
-                     [&control](int row, int, int, int) { control.UserSelectRow(row); });
-    QObject::connect(table, &QTableWidget::cellActivated, table,
-                     [&control](int row, int) { control.UserActivateRow(row); });
+    Connect(table, &QTableWidget::currentCellChanged, table,
+            [&control](int row, int, int, int) { control.UserSelectRow(row); });
+    Connect(table, &QTableWidget::cellActivated, table,
+            [&control](int row, int) { control.UserActivateRow(row); });
 }
 
 }  // namespace quillon::ui

@@ -2,6 +2,7 @@
 
 #include "ui/binder_parts.h"
 #include "ui/choice_model.h"
+#include "ui/guard.h"
 
 namespace quillon::ui {
 
@@ -19,10 +20,10 @@ void BindListView(ListControl& control, const QWidget& window) {
         const QModelIndex chosen = model->index(shownControl.ListIndex());
         if (shown.currentIndex() != chosen) shown.setCurrentIndex(chosen);
     });
-    QObject::connect(list->selectionModel(), &QItemSelectionModel::currentRowChanged, list,
-                     [&control](const QModelIndex& current) { control.UserSelect(current.row()); });
-    QObject::connect(list, &QListView::activated, list,
-                     [&control](const QModelIndex& index) { control.UserActivate(index.row()); });
+    Connect(list->selectionModel(), &QItemSelectionModel::currentRowChanged, list,
+            [&control](const QModelIndex& current) { control.UserSelect(current.row()); });
+    Connect(list, &QListView::activated, list,
+            [&control](const QModelIndex& index) { control.UserActivate(index.row()); });
 }
 
 }  // namespace quillon::ui

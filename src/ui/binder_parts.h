@@ -4,6 +4,7 @@
 #include <QtWidgets>
 
 #include "core/controls.h"
+#include "ui/guard.h"
 #include "ui/text_convert.h"
 
 namespace quillon::ui {
@@ -19,16 +20,16 @@ inline void ShowCommon(const Control& control, QWidget& widget) {
     widget.setVisible(control.Visible());
 }
 
-// Shows the control now and after each change, as long as the widget lives. A widget is silent meanwhile, so
-// that what the program shows is not taken for the user's doing; an action must be heard by its menus, and
-// tells the user's doing apart by itself.
+// Shows the control now and after each change, as long as the widget lives. A widget's signals are blocked
+// meanwhile, so that what the program shows is not taken for the user's input. An action's are not: its menus
+// must hear of the change, and `triggered` comes from the user alone.
 template <typename Model, typename Target, typename Show>
 void Mirror(Model& control, Target& target, Show show) {
     show(control, target);
     control.Observe([&control, guard = QPointer<Target>(&target), show] {
         if (!guard) return;
         const bool silent = guard->blockSignals(guard->isWidgetType());
-        show(control, *guard);
+        Guard([&] { show(control, *guard); });
         if (guard) guard->blockSignals(silent);
     });
 }

@@ -9,6 +9,7 @@
 #include "ui/about_window.h"
 #include "ui/export_type_window.h"
 #include "ui/export_window.h"
+#include "ui/guard.h"
 #include "ui/import_window.h"
 #include "ui/kingdom_window.h"
 #include "ui/no_db_window.h"
@@ -40,7 +41,9 @@ DesktopProgram::DesktopProgram(Prompter* prompter, std::string workDirectory, st
       recView_(state_, prompter_, progress_, lifecycle_),
       startUp_(state_, lifecycle_, profile_, prompter_, *this, {preferencesFile_, workDirectory_}) {
     state_.gVersion = kProgramVersion;
-    Connect();
+    if (auto* application = dynamic_cast<Application*>(qApp))
+        application->OnFailure([this](const std::string& text) { ReportFailure(text); });
+    ConnectCommands();
     RegisterForms();
     RegisterValidationForms();
     RegisterExportForms();
@@ -54,7 +57,18 @@ DesktopProgram::DesktopProgram(Prompter* prompter, std::string workDirectory, st
     ConnectHelp();
 }
 
-void DesktopProgram::Connect() {
+DesktopProgram::~DesktopProgram() {
+    if (auto* application = dynamic_cast<Application*>(qApp)) application->OnFailure(nullptr);
+}
+
+// A job that failed has not put back the cursor, nor ended its task.
+void DesktopProgram::ReportFailure(const std::string& text) {
+    prompter_.WaitCursor(false);
+    progress_.EndTask();
+    prompter_.WarningMessage(text);
+}
+
+void DesktopProgram::ConnectCommands() {
     recView_.RebuildExplorer.Connect([this] {
         explorer_.Init();
         if (explorer_.TreeV().TopCount() > 0) explorer_.HiliteNode(explorer_.TreeV().Top(0));

@@ -30,6 +30,8 @@ public:
     explicit DesktopProgram(Prompter* prompter = nullptr, std::string workDirectory = {},
                             std::string preferencesFile = {});
 
+    ~DesktopProgram() override;
+
     // The whole start, up to a main window on the screen. False when the user chose to leave instead.
     bool Start();
     // Opens the DataSet of gPrefDataSet, asking where that fails, and shows it or none.
@@ -44,8 +46,9 @@ public:
     DesktopPrompter& Outside() { return desktop_; }
 
 private:
-    void Connect();
+    void ConnectCommands();
     void ConnectHelp();
+    void ReportFailure(const std::string& text);
     void RegisterForms();
     void RegisterStartUpForms();
     void RegisterValidationForms();

@@ -3,6 +3,7 @@
 #include <QtWidgets>
 
 #include "ui/binder.h"
+#include "ui/guard.h"
 #include "ui/text_convert.h"
 
 namespace quillon::ui {
@@ -12,6 +13,10 @@ FormDialog::FormDialog(Form& form, QWidget* parent) : QDialog(parent), form_(for
     form.OnClosed([guard = QPointer<QDialog>(this)] {
         if (guard) guard->accept();
     });
+}
+
+void FormDialog::reject() {
+    Guard([this] { form_.UserClose(); });
 }
 
 void FormDialog::BindAll() {

@@ -12,8 +12,9 @@ class FormDialog : public QDialog {
 public:
     // The form must outlive the dialog, which bears the form's name.
     FormDialog(Form& form, QWidget* parent);
+    Form& Model() { return form_; }
     // Escape and the window's own button.
-    void reject() override { form_.UserClose(); }
+    void reject() override;
 
 protected:
     // Connects the widgets with the controls, once they are made.

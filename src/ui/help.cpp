@@ -3,6 +3,8 @@
 #include <QtWidgets>
 #include <utility>
 
+#include "ui/guard.h"
+
 namespace quillon::ui {
 
 namespace {
@@ -70,7 +72,7 @@ void Help::BelongTo(QWidget& front) {
     help_->hide();
     help_->windowHandle()->setTransientParent(front.windowHandle());
     if (&front == &window_) return;
-    connect(&front, &QObject::destroyed, help_.data(), [this] {
+    Connect(&front, &QObject::destroyed, help_.data(), [this] {
         if (help_ != nullptr) help_->windowHandle()->setTransientParent(window_.windowHandle());
     });
 }

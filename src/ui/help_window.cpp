@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <numeric>
 
+#include "ui/guard.h"
 #include "ui/help_style.h"
 #include "ui/icons.h"
 
@@ -121,7 +122,7 @@ void HelpWindow::BuildActions() {
     forward_ = MakeAction("forward", "movenext", tr("Forward"), Qt::ALT | Qt::Key_Right);
     first_ = MakeAction("first", "hierarchy", tr("Contents"), Qt::ALT | Qt::Key_Home);
     const auto shortcut = [this](const QKeySequence& keys, const std::function<void()>& act) {
-        connect(new QShortcut(keys, this), &QShortcut::activated, this, act);
+        Connect(new QShortcut(keys, this), &QShortcut::activated, this, act);
     };
     shortcut(Qt::CTRL | Qt::Key_F, [this] { FocusSearch(); });
     shortcut(Qt::Key_F3, [this] { Step(true); });
@@ -150,19 +151,19 @@ void HelpWindow::FillContents() {
 }
 
 void HelpWindow::ConnectAll() {
-    connect(page_, &QTextBrowser::sourceChanged, this, &HelpWindow::PageShown);
-    connect(page_, &QTextBrowser::backwardAvailable, back_, &QAction::setEnabled);
-    connect(page_, &QTextBrowser::forwardAvailable, forward_, &QAction::setEnabled);
-    connect(back_, &QAction::triggered, page_, &QTextBrowser::backward);
-    connect(forward_, &QAction::triggered, page_, &QTextBrowser::forward);
-    connect(first_, &QAction::triggered, this, [this] { ShowPage(kFirstHelpPage); });
-    connect(contents_, &QTreeWidget::currentItemChanged, this, [this](const QTreeWidgetItem* item) {
+    Connect(page_, &QTextBrowser::sourceChanged, this, &HelpWindow::PageShown);
+    Connect(page_, &QTextBrowser::backwardAvailable, back_, &QAction::setEnabled);
+    Connect(page_, &QTextBrowser::forwardAvailable, forward_, &QAction::setEnabled);
+    Connect(back_, &QAction::triggered, page_, &QTextBrowser::backward);
+    Connect(forward_, &QAction::triggered, page_, &QTextBrowser::forward);
+    Connect(first_, &QAction::triggered, this, [this] { ShowPage(kFirstHelpPage); });
+    Connect(contents_, &QTreeWidget::currentItemChanged, this, [this](const QTreeWidgetItem* item) {
         if (item == nullptr) return;
         const QString page = item->data(Title, kPageRole).toString();
         if (!page.isEmpty()) ShowPage(page);
     });
-    connect(search_, &QLineEdit::textChanged, this, &HelpWindow::Search);
-    connect(search_, &QLineEdit::returnPressed, this, [this] { Step(true); });
+    Connect(search_, &QLineEdit::textChanged, this, &HelpWindow::Search);
+    Connect(search_, &QLineEdit::returnPressed, this, [this] { Step(true); });
     back_->setEnabled(false);
     forward_->setEnabled(false);
 }

@@ -3,6 +3,7 @@
 #include <QtWidgets>
 #include <initializer_list>
 
+#include "ui/guard.h"
 #include "ui/named.h"
 
 namespace quillon::ui {
@@ -107,7 +108,9 @@ QMenuBar* PreferencesWindow::BuildMenus() {
 void PreferencesWindow::BuildEditMenu(QMenuBar& bar) {
     QMenu* edit = bar.addMenu(tr("&Edit"));
     const auto add = [&](const QString& text, QKeySequence::StandardKey keys, auto act) {
-        edit->addAction(text, keys, this, [this, act] {
+        auto* action = edit->addAction(text);
+        action->setShortcut(keys);
+        Connect(action, &QAction::triggered, this, [this, act] {
             if (field_) (field_->*act)();
         });
     };
@@ -116,7 +119,7 @@ void PreferencesWindow::BuildEditMenu(QMenuBar& bar) {
     add(tr("Cu&t"), QKeySequence::Cut, &QLineEdit::cut);
     add(tr("&Copy"), QKeySequence::Copy, &QLineEdit::copy);
     add(tr("&Paste"), QKeySequence::Paste, &QLineEdit::paste);
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+    Connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
         auto* field = qobject_cast<QLineEdit*>(now);
         if (field != nullptr && isAncestorOf(field)) field_ = field;
     });

@@ -2,6 +2,7 @@
 
 #include <QtWidgets>
 
+#include "ui/guard.h"
 #include "ui/icons.h"
 
 namespace quillon::ui {
@@ -95,7 +96,7 @@ void MakeActions(QMainWindow& window) {
         if (*command.icon != 0) action->setIcon(Icon(command.icon));
         if (*command.shortcut != 0)
             action->setShortcut(QKeySequence(command.shortcut, QKeySequence::PortableText));
-        QObject::connect(action, &QAction::changed, action, [action] {
+        Connect(action, &QAction::changed, action, [action] {
             const QSignalBlocker quiet(action);
             action->setToolTip(ToolTipOf(*action));
         });

@@ -4,6 +4,7 @@
 
 #include "ui/binder.h"
 #include "ui/explorer_view.h"
+#include "ui/guard.h"
 #include "ui/icons.h"
 #include "ui/pages/comment_page.h"
 #include "ui/pages/distribution_page.h"
@@ -148,12 +149,12 @@ QWidget* RecViewWindow::BuildPages() {
 void RecViewWindow::ConnectForm() {
     editor::RecViewForm& form = recView_.Controls();
     reselection_ = recView_.ReselectLater.Connect(
-        [this](int id) { QTimer::singleShot(0, this, [this, id] { explorer_.Reselect(id); }); });
+        [this](int id) { Later(this, [this, id] { explorer_.Reselect(id); }); });
     form.hierarchy.Observe([guard = QPointer<RecViewWindow>(this)] {
-        if (guard) guard->ShowView();
+        if (guard) Guard([&] { guard->ShowView(); });
     });
     form.TabStrip1.Observe([guard = QPointer<RecViewWindow>(this)] {
-        if (guard) guard->ShowPage();
+        if (guard) Guard([&] { guard->ShowPage(); });
     });
     closing_ = form.form.OnClosed([this] {
         mayClose_ = true;
@@ -163,7 +164,7 @@ void RecViewWindow::ConnectForm() {
 
 void RecViewWindow::ConnectKeys() {
     const auto key = [this](const QKeySequence& keys, auto run) {
-        connect(new QShortcut(keys, this), &QShortcut::activated, this, run);
+        Connect(new QShortcut(keys, this), &QShortcut::activated, this, run);
     };
     key(Qt::Key_F6, [this] { MoveFocus(); });
     key(Qt::CTRL | Qt::Key_PageUp, [this] { TurnTab(-1); });
@@ -216,7 +217,7 @@ bool RecViewWindow::event(QEvent* event) {
 
 void RecViewWindow::closeEvent(QCloseEvent* event) {
     if (!mayClose_) {
-        recView_.Controls().form.UserClose();
+        Guard([this] { recView_.Controls().form.UserClose(); });
         if (!mayClose_) return event->ignore();
     }
     event->accept();

@@ -1,0 +1,79 @@
+// The border of the windows: no exception leaves a slot, a timer, an observer or an event. What arrives here
+// is reported in a message box, and the event loop goes on.
+//
+// Every connection of src/ui to a function is made with Connect, every delayed call with Later, and overrides
+// of the toolkit's handlers that run rules wrap them in Guard. The toolkit's own frames clean nothing up when
+// an exception passes through them, so it is caught below them; Application::notify catches what is left.
+#pragma once
+
+#include <QApplication>
+#include <QTimer>
+#include <concepts>
+#include <functional>
+#include <string>
+#include <type_traits>
+#include <utility>
+
+namespace quillon::ui {
+
+class Application : public QApplication {
+    Q_OBJECT
+public:
+    using QApplication::QApplication;
+    // Takes the text of each failure; without one a message box shows it.
+    void OnFailure(std::function<void(const std::string&)> report) { report_ = std::move(report); }
+    bool notify(QObject* receiver, QEvent* event) override;
+
+private:
+    friend void ReportException() noexcept;
+    void Report(const std::string& text);
+
+    std::function<void(const std::string&)> report_;
+    bool reporting_ = false;
+};
+
+// Reports the exception that is being handled; call it from a catch block. A failure while another one is on
+// the screen goes to standard error.
+void ReportException() noexcept;
+
+// Runs `act`; what it throws is reported.
+template <std::invocable Act>
+void Guard(const Act& act) noexcept {
+    try {
+        act();
+    } catch (...) {
+        ReportException();
+    }
+}
+
+// A slot that reports what `Act` throws. It takes the arguments that `Act` takes.
+template <typename Act>
+class Guarded {
+public:
+    explicit Guarded(Act act) : act_(std::move(act)) {}
+    template <typename... Arguments>
+    requires std::invocable<Act&, Arguments...>
+    void operator()(Arguments&&... arguments) {
+        Guard([&] { act_(std::forward<Arguments>(arguments)...); });
+    }
+
+private:
+    Act act_;
+};
+
+// QObject::connect with a guarded slot: a function object, or a member function of `receiver`.
+template <typename Sender, typename Signal, typename Receiver, typename Act>
+QMetaObject::Connection Connect(const Sender* sender, Signal signal, Receiver* receiver, Act act) {
+    if constexpr (std::is_member_function_pointer_v<Act>)
+        return QObject::connect(sender, signal, receiver, Guarded(std::bind_front(act, receiver)));
+    else
+        return QObject::connect(sender, signal, receiver, Guarded(std::move(act)));
+}
+
+// Runs `act` from the event loop, unless `context` is gone by then.
+template <typename Act>
+void Later(const QObject* context, Act act) {
+    QTimer::singleShot(0, context, Guarded(std::move(act)));
+}
+
+}  // namespace quillon::ui
