@@ -50,6 +50,7 @@ DesktopProgram::DesktopProgram(Prompter* prompter, std::string workDirectory, st
     RegisterStartUpForms();
     window_ = std::make_unique<RecViewWindow>(recView_, explorer_);
     desktop_.SetWindow(window_.get());
+    progress_.SetWindow(window_.get());
     desktop_.SetFolder([this] {
         const std::string& path = state_.gDataSetPath.empty() ? state_.gPrefDataSet : state_.gDataSetPath;
         return path.empty() ? std::string() : FromQt(QFileInfo(ToQt(path)).absolutePath());

@@ -70,7 +70,7 @@ private:
     validation::SystemClock clock_;
     validation::FindingMarks findings_;                           // of the last validation
     exporting::ListType exportType_ = exporting::ListType::Name;  // chosen in ExpType
-    InProgressWindow progress_;
+    InProgress progress_;
     std::string workDirectory_;
     std::string preferencesFile_;
     IniProfile profile_;

@@ -3,37 +3,72 @@
 #include <QtWidgets>
 
 #include "ui/binder.h"
+#include "ui/guard.h"
+#include "ui/named.h"
 
 namespace quillon::ui {
 
-InProgressWindow::InProgressWindow() {
+namespace {
+
+constexpr int kBarWidth = 60;  // average characters
+
+}  // namespace
+
+InProgressWindow::InProgressWindow(FrmInProgress& form, QWidget* parent)
+    : QDialog(parent, Qt::Dialog | Qt::WindowDoesNotAcceptFocus) {
     setObjectName("frmInProgress");
-    auto* status = new QLabel(this);
-    status->setObjectName("lblIPStatus");
-    auto* bar = new QProgressBar(this);
-    bar->setObjectName("theBar");
-    bar->setMinimumWidth(fontMetrics().averageCharWidth() * 60);
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    auto* status = Named<QLabel>(this, "lblIPStatus");
+    auto* bar = Named<QProgressBar>(this, "theBar");
+    bar->setMinimumWidth(fontMetrics().averageCharWidth() * kBarWidth);
+    bar->setAccessibleName(tr("Progress"));
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(status);
     layout->addWidget(bar);
-    Bind(controls_.form, *this);
+    Bind(form.form, *this);
 }
 
-void InProgressWindow::NewTask(std::string_view caption) {
-    controls_.theBar.SetValue(controls_.theBar.Min());
-    controls_.form.SetTitle(caption);
-    show();
-    repaint();
+InProgress::InProgress(std::chrono::milliseconds delay) : form_(std::make_unique<FrmInProgress>()) {
+    wait_.setSingleShot(true);
+    wait_.setInterval(delay);
+    Connect(&wait_, &QTimer::timeout, &wait_, [this] { Show(); });
 }
 
-void InProgressWindow::SetStatus(std::string_view status) {
-    controls_.lblIPStatus.SetCaption(status);
-    repaint();
+InProgress::~InProgress() {
+    delete window_;
 }
 
-void InProgressWindow::UpdateValue(int value) {
-    controls_.theBar.SetValue(value);
-    repaint();
+void InProgress::NewTask(std::string_view caption) {
+    EndTask();
+    auto task = std::make_unique<FrmInProgress>();
+    task->theBar.SetMin(form_->theBar.Min());
+    task->theBar.SetMax(form_->theBar.Max());
+    task->theBar.SetValue(task->theBar.Min());
+    task->form.SetTitle(caption);
+    form_ = std::move(task);
+    wait_.start();
+}
+
+void InProgress::Show() {
+    if (owner_ == nullptr || !owner_->isVisible()) return;
+    window_ = new InProgressWindow(*form_, owner_);
+    window_->show();
+}
+
+void InProgress::SetStatus(std::string_view status) {
+    form_->lblIPStatus.SetCaption(status);
+    if (window_ != nullptr) window_->repaint();
+}
+
+void InProgress::UpdateValue(int value) {
+    form_->theBar.SetValue(value);
+    if (window_ != nullptr) window_->repaint();
+}
+
+// A window that is only hidden can be left on the screen by a window manager that had not mapped it yet.
+void InProgress::EndTask() {
+    wait_.stop();
+    delete window_;
 }
 
 }  // namespace quillon::ui

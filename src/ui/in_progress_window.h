@@ -1,7 +1,13 @@
-// frmInProgress, the one shared progress dialog: a status line and a bar. It has no Cancel button.
+// frmInProgress, the one shared progress dialog: a status line and a bar, without a Cancel button. InProgress
+// is what a job is handed; it shows the window once the task has taken half a second, and destroys it with
+// the task. The window belongs to the main window and never takes the focus.
 #pragma once
 
 #include <QDialog>
+#include <QPointer>
+#include <QTimer>
+#include <chrono>
+#include <memory>
 
 #include "core/controls.h"
 #include "core/outside.h"
@@ -14,24 +20,43 @@ struct FrmInProgress {
     GaugeControl theBar{form, "theBar"};
 };
 
-class InProgressWindow : public QDialog, public ProgressDialog {
+class InProgressWindow : public QDialog {
     Q_OBJECT
 public:
-    InProgressWindow();
-    const FrmInProgress& Controls() const { return controls_; }
+    // `form` must outlive the window.
+    InProgressWindow(FrmInProgress& form, QWidget* parent);
+    // It closes with its task only.
+    void reject() override {}
+};
+
+class InProgress : public ProgressDialog {
+public:
+    // The window comes at the first turn of the event loop after `delay`.
+    explicit InProgress(std::chrono::milliseconds delay = std::chrono::milliseconds(500));
+    ~InProgress() override;
+    InProgress(const InProgress&) = delete;
+    InProgress& operator=(const InProgress&) = delete;
+
+    // The window that the progress window belongs to. While it is not shown, no progress is either.
+    void SetWindow(QWidget* owner) { owner_ = owner; }
+    // nullptr while no window is on the screen.
+    InProgressWindow* Window() const { return window_; }
 
     void NewTask(std::string_view caption) override;
     void SetStatus(std::string_view status) override;
-    void SetMin(int minimum) override { controls_.theBar.SetMin(minimum); }
-    void SetMax(int maximum) override { controls_.theBar.SetMax(maximum); }
+    void SetMin(int minimum) override { form_->theBar.SetMin(minimum); }
+    void SetMax(int maximum) override { form_->theBar.SetMax(maximum); }
     void UpdateValue(int value) override;
-    void Increment(int step) override { UpdateValue(controls_.theBar.Value() + step); }
-    void EndTask() override { hide(); }
-    // It closes with its task only.
-    void reject() override {}
+    void Increment(int step) override { UpdateValue(form_->theBar.Value() + step); }
+    void EndTask() override;
 
 private:
-    FrmInProgress controls_;
+    void Show();
+
+    std::unique_ptr<FrmInProgress> form_;  // another one for each task
+    QPointer<QWidget> owner_;
+    QPointer<InProgressWindow> window_;
+    QTimer wait_;
 };
 
 }  // namespace quillon::ui

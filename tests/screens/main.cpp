@@ -153,12 +153,13 @@ void TakeForms(ui::DesktopProgram& program, Camera& camera, const testkit::TempD
     startup::FrmSplash splashForm(program.State().gVersion);
     ui::SplashWindow splash(splashForm);
     camera.Take(splash, "frmSplash");
-    ui::InProgressWindow progress;
-    progress.NewTask("Loading Taxon Data");
-    progress.SetStatus("Loading...");
-    progress.UpdateValue(40);
+    ui::FrmInProgress form;
+    form.form.SetTitle("Loading Taxon Data");
+    form.lblIPStatus.SetCaption("Loading...");
+    form.theBar.SetValue(40);
+    ui::InProgressWindow progress(form, &program.Window());
+    progress.show();
     camera.Take(progress, "frmInProgress");
-    progress.EndTask();
 }
 
 }  // namespace
