@@ -63,10 +63,4 @@ int RecViewForm::TabOf(const Control& control) {
     return 0;
 }
 
-FrmAbout::FrmAbout(std::string_view version) {
-    form.SetTitle("About Taxonomic Quillon");
-    lblVersion.SetCaption("Taxonomic Quillon Version " + std::string(version) + " (SR6)");
-    cmdOK.OnClick([this] { form.Close(); });
-}
-
 }  // namespace quillon::editor

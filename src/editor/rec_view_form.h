@@ -96,16 +96,4 @@ struct RecViewForm {
     ButtonControl* OfKey(std::string_view key);
 };
 
-// The box of Help, About.
-struct FrmAbout {
-    Form form{"FrmAbout"};
-    LabelControl lblTitle{form, "lblTitle", "Orvaline"};
-    LabelControl lblVersion{form, "lblVersion"};
-    LabelControl lblBuild{form, "lblBuild"};
-    ButtonControl cmdOK{form, "cmdOK", "OK"};
-
-    // `version` is major.minor.revision.
-    explicit FrmAbout(std::string_view version);
-};
-
 }  // namespace quillon::editor

@@ -7,7 +7,7 @@
 
 namespace quillon::ui {
 
-AboutWindow::AboutWindow(editor::FrmAbout& form, QWidget* parent) : FormDialog(form.form, parent) {
+AboutWindow::AboutWindow(startup::FrmAbout& form, QWidget* parent) : FormDialog(form.form, parent) {
     auto* picture = new QLabel(this);
     picture->setPixmap(Icon("quillon").pixmap(64, 64));
     picture->setAlignment(Qt::AlignCenter);

@@ -1,7 +1,7 @@
 // FrmAbout, the box of Help, About.
 #pragma once
 
-#include "editor/rec_view_form.h"
+#include "startup/about_form.h"
 #include "ui/form_dialog.h"
 
 namespace quillon::ui {
@@ -9,7 +9,7 @@ namespace quillon::ui {
 class AboutWindow : public FormDialog {
     Q_OBJECT
 public:
-    AboutWindow(editor::FrmAbout& form, QWidget* parent);
+    AboutWindow(startup::FrmAbout& form, QWidget* parent);
 };
 
 }  // namespace quillon::ui
