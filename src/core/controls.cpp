@@ -36,8 +36,7 @@ void Form::End() {
         for (const auto& observer : control->focusObservers_) observer();
 }
 
-// What an observer changes in turn is told in another round, so that nobody hears of a control twice for one
-// state.
+// What an observer changes is reported in another round, so that no observer is called twice for one state.
 void Form::TellChanges() {
     if (telling_) return;
     telling_ = true;

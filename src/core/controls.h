@@ -1,13 +1,13 @@
 // The control models of forms: what a form's controls hold and allow, without a widget in sight.
 //
-// A form is a struct whose first member is a Form and whose other members are controls named as the system
-// names them. The form's rules are procedures over that struct; a window shows it through the binder of
-// src/ui, and a test works it directly. The program sets controls with Set...; what the user does comes in
-// through User..., which a disabled or locked control ignores, and which runs the rules hung on with OnEdit
-// or OnClick.
+// A form is a struct whose first member is a Form and whose other members are controls under the names that
+// the form has for them. The form's rules are procedures over that struct; a window shows it through the
+// binder of src/ui, and a test calls it directly. The program sets controls with Set...; the user's input
+// comes through User..., which a disabled or locked control ignores, and which runs the rules added with
+// OnEdit or OnClick.
 //
-// Changes are told once, when the outermost action ends: a user's action or a ChangeScope. Setting an equal
-// value is silent. A form and its controls stay where they are made: neither is copied or moved.
+// Observers are notified of a change once, when the outermost action ends: a user's action or a ChangeScope.
+// Setting an equal value notifies nobody. A form and its controls are neither copied nor moved.
 #pragma once
 
 #include <cstddef>
@@ -27,7 +27,7 @@ class Control;
 
 class Form {
 public:
-    // `name` as the system names the form ("FrmImport").
+    // `name` is the form's own ("FrmImport").
     explicit Form(std::string name) : name_(std::move(name)) {}
     Form(const Form&) = delete;
     Form& operator=(const Form&) = delete;
@@ -47,13 +47,13 @@ public:
     void UserClose();
     void OnUserClose(std::function<void()> rule) { closeRule_ = std::move(rule); }
 
-    // Tells what changed so far, in the midst of an action: for jobs that let the window repaint while they
-    // run.
+    // Notifies the observers of what changed so far, in the middle of an action: for jobs that let the window
+    // repaint while they run.
     void TellChanges();
 
-    // Told after an action that changed the title; told at each Close().
+    // Called after an action that changed the title, and at each Close().
     void OnTitle(std::function<void()> observer) { titleObservers_.Connect(std::move(observer)); }
-    // Gives the number by which an observer that lives shorter than the form lets itself be removed.
+    // Returns the number that removes the observer, for one that the form outlives.
     std::uint64_t OnClosed(std::function<void()> observer) { return closed_.Connect(std::move(observer)); }
     void RemoveClosedObserver(std::uint64_t number) { closed_.Disconnect(number); }
 
@@ -75,7 +75,7 @@ private:
     Signal<> titleObservers_, closed_;
 };
 
-// One action of the program on a form: what changes within the outermost scope is told once, at its end.
+// One action of the program on a form: observers are notified once, at the end of the outermost scope.
 // Observers must not throw.
 class ChangeScope {
 public:
@@ -106,14 +106,14 @@ public:
     void SetLocked(bool locked) { Assign(locked_, locked); }
     void SetCaption(std::string_view caption) { Assign(caption_, std::string(caption)); }
 
-    // Told once after each outermost action in which anything of the control changed.
+    // Called once after each outermost action in which anything of the control changed.
     void Observe(std::function<void()> observer) { observers_.push_back(std::move(observer)); }
     // Asks for the keyboard focus. It moves when the outermost action has ended and its changes are shown; of
     // several requests the last one counts.
     void TakeFocus();
     // Notified when the focus is to move here. Whoever shows the control ignores it while it takes no input.
     void OnTakeFocus(std::function<void()> observer) { focusObservers_.push_back(std::move(observer)); }
-    // A rule that follows a change by the user; it runs inside the action, before anything is told.
+    // A rule that follows a change by the user; it runs inside the action, before any observer.
     void OnEdit(std::function<void()> rule) { rules_.push_back(std::move(rule)); }
 
 protected:
@@ -188,7 +188,7 @@ public:
 
     const std::string& Group() const { return group_; }
     bool Value() const { return value_; }
-    // Choosing one lets go of the others.
+    // Choosing one clears the others.
     void SetValue(bool value);
     bool UserChoose();
 
@@ -202,7 +202,7 @@ class ButtonControl : public Control {
 public:
     ButtonControl(Form& form, std::string name, std::string_view caption = {});
 
-    // The rule that a click runs, inside one action; several run in the order they were hung on.
+    // The rule that a click runs, inside one action; several run in the order in which they were added.
     void OnClick(std::function<void()> rule) { OnEdit(std::move(rule)); }
     bool UserClick();
 };
@@ -236,10 +236,10 @@ public:
     // Replaces all choices; nothing is chosen afterwards, but an editable combo keeps its text.
     void SetChoices(std::vector<Choice> choices);
     void SetTexts(const std::vector<std::string>& texts);
-    // Replaces all choices by some that are dear to read: `fetch` runs once, when they are first asked for.
+    // Replaces all choices by some that take long to read: `fetch` runs once, when they are first asked for.
     // Then the one that equals the text of a combo is the chosen one. `fetch` must not throw.
     void SetChoicesLater(std::function<std::vector<Choice>()> fetch);
-    // True as long as nobody has asked.
+    // True until they are asked for.
     bool ChoicesPending() const { return fetch_ != nullptr; }
     // Another number after each change of the choices.
     std::uint64_t ChoicesRevision() const { return revision_; }
@@ -347,8 +347,8 @@ private:
     std::vector<std::function<void()>> activateRules_;
 };
 
-// How far a job is. The value stays within the limits, whatever it is set to. A new value is told at once,
-// with all that changed before it.
+// How far a job is. The value stays within the limits, whatever it is set to. Observers are notified of a new
+// value at once, together with all that changed before it.
 class GaugeControl : public Control {
 public:
     GaugeControl(Form& form, std::string name, int minimum = 0, int maximum = 100);

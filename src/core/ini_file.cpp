@@ -29,7 +29,7 @@ std::string_view Unquoted(std::string_view text) {
     return IsQuoted(text) ? text.substr(1, text.size() - 2) : text;
 }
 
-// What reading would take away is kept by a pair of quotes around it.
+// A pair of quotes keeps the blanks and quotes that reading would strip.
 std::string Quoted(std::string_view value) {
     if (!IsQuoted(value) && Stripped(value).size() == value.size()) return std::string(value);
     return '"' + std::string(value) + '"';
@@ -75,7 +75,8 @@ IniFile IniFile::Parse(std::string_view bytes) {
     return parsed;
 }
 
-// Takes the line apart; one of no meaning belongs to the section that it stands in.
+// Splits the line into key and value; a line that is neither a section nor a key belongs to the section
+// above.
 IniFile::Line& IniFile::AddLine(std::size_t at, std::string text, std::string_view section) {
     Line line{std::move(text), {}, std::string(section), {}, {}};
     const std::string_view shown = Stripped(line.text);
@@ -128,8 +129,8 @@ bool IniFile::SetValue(std::string_view section, std::string_view key, std::stri
     return true;
 }
 
-// The place behind the last line of the section's first stretch that says anything; a section that is not
-// there is begun at the end of the file.
+// The place behind the section's last line that is not blank, before any other section begins. A section that
+// is missing is added at the end of the file.
 std::size_t IniFile::EndOfSection(std::string_view section) {
     const auto inSection = [&](const Line& line) { return EqualName(line.section, section); };
     const auto first = std::find_if(lines_.begin(), lines_.end(), inSection);

@@ -1,10 +1,11 @@
-// A profile file as text: sections in brackets, a key and its value a line, comments behind a semicolon.
-// Names of sections and keys are found without regard to case; the first of several counts. It never touches
-// the disk but to read; ini_profile.h writes.
+// A profile file as text: sections in brackets, one key and its value in each line, comments after a
+// semicolon. Names of sections and keys are not case-sensitive; the first of several counts. The class reads
+// files but never writes one; ini_profile.h does.
 //
-// The bytes are CP1252. A file that begins with the mark of UTF-8, or whose bytes are well-formed UTF-8, is
-// read and written as UTF-8, and one becomes UTF-8 with its mark when a text has no place in CP1252: what was
-// written always comes back. Lines that nobody changes keep their wording, their order and their line ends.
+// The bytes are CP1252. A file that begins with the byte order mark of UTF-8, or whose bytes are well-formed
+// UTF-8, is read and written as UTF-8. A CP1252 file becomes UTF-8 with the mark when it takes a text that
+// CP1252 cannot hold, so every value that was written is read back. Unchanged lines keep their text, order
+// and ends.
 #pragma once
 
 #include <optional>
@@ -23,7 +24,7 @@ public:
     // Without the blanks around it, and without one pair of quotes; nothing when the key is missing.
     std::optional<std::string> Value(std::string_view section, std::string_view key) const;
     bool HasSection(std::string_view section) const;
-    // As they stand and in their order, one that comes twice twice.
+    // As they are written, in their order; a key that occurs twice comes twice.
     std::vector<std::string> Keys(std::string_view section) const;
 
     // Replaces the first of the keys, or adds it at the end of its section. False, and nothing is changed,

@@ -1,8 +1,8 @@
-// The preferences file as the program works with it: a section of a file as the target, its keys and values,
-// and the writing of single keys. Start-up and FrmPreferences use it; it knows no key of theirs.
+// The preferences file: a section of it as the target, the section's keys and values, and the writing of
+// single keys. Start-up and FrmPreferences use it; it knows none of their keys.
 //
-// What is written waits for IniFlush, which puts all of it into the file in one step or leaves the file as it
-// was and says so.
+// Written values wait for IniFlush, which puts all of them into the file in one step, or leaves the file as
+// it was and reports why.
 #pragma once
 
 #include <string>
@@ -33,7 +33,7 @@ public:
                        std::string_view value);
     // False, with a message, when a file could not be written; what waited for it is dropped.
     bool IniFlush();
-    // A slip of the program: a target was read before it was set.
+    // Reports an error in the program itself: a target was read before it was set.
     void IniLogicError();
 
 private:

@@ -28,8 +28,9 @@ public:
     // A file to open, or nothing when the user cancels. The filter is "Name (*.x)|*.x|..." with pairs split
     // by bars.
     virtual std::optional<std::string> FileToOpen(std::string_view title, std::string_view filter) = 0;
-    // A file to save. With `overwritePrompt` the dialog itself asks before an existing file is taken; it
-    // offers the path `suggested`, which may be empty.
+    // A file to save. With `overwritePrompt` the dialog itself asks before an existing file is taken, and
+    // adds the ending of the filter's first pair to a name without one; it offers the path `suggested`, which
+    // may be empty.
     virtual std::optional<std::string> FileToSave(std::string_view title, std::string_view filter,
                                                   bool overwritePrompt, std::string_view suggested = {}) = 0;
     // Shows the form of that name until it closes.
