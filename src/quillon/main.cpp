@@ -6,6 +6,7 @@
 #include <QDir>
 
 #include "startup/places.h"
+#include "ui/application.h"
 #include "ui/desktop_program.h"
 #include "ui/guard.h"
 #include "ui/screenshot.h"

@@ -1,10 +1,14 @@
-#include "ui/guard.h"
+#include "ui/application.h"
 
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QScopedValueRollback>
 #include <cstdio>
-#include <new>
 
+#include "core/attempt.h"
+#include "ui/guard.h"
 #include "ui/text_convert.h"
 
 namespace quillon::ui {
@@ -14,18 +18,26 @@ namespace {
 std::string TextOfException() {
     try {
         throw;
-    } catch (const std::bad_alloc&) {
-        return "Not enough memory.";
-    } catch (const std::exception& error) {
-        return std::string("Failed ") + error.what();
+    } catch (const std::exception& failure) {
+        return FailureText(failure);
     } catch (...) {
         return "Failed for a reason that is not known.";
     }
 }
 
+// Alt and a letter that led to no button, because it is disabled or hidden. The toolkit would type the letter
+// into the field that has the focus; in a menu it chooses an item.
+bool IsLostAccessKey(const QObject& receiver, const QEvent& event) {
+    if (event.type() != QEvent::KeyPress || !receiver.isWidgetType()) return false;
+    if (qobject_cast<const QMenu*>(&receiver) || qobject_cast<const QMenuBar*>(&receiver)) return false;
+    const auto& key = static_cast<const QKeyEvent&>(event);
+    return key.modifiers() == Qt::AltModifier && !key.text().isEmpty() && key.text().front().isPrint();
+}
+
 }  // namespace
 
 bool Application::notify(QObject* receiver, QEvent* event) {
+    if (IsLostAccessKey(*receiver, *event)) return true;
     try {
         return QApplication::notify(receiver, event);
     } catch (...) {

@@ -1,5 +1,6 @@
 #include "ui/binder.h"
 
+#include "ui/access_keys.h"
 #include "ui/binder_parts.h"
 #include "ui/guard.h"
 
@@ -10,14 +11,14 @@ namespace {
 void BindButton(ButtonControl& control, const QWidget& window) {
     if (auto* action = Partner<QAction>(window, control)) {
         Mirror(control, *action, [](const ButtonControl& model, QAction& shown) {
-            shown.setText(ToQt(model.Caption()));
+            ShowCaption(shown, ToQt(model.Caption()));
             shown.setEnabled(model.Enabled());
             shown.setVisible(model.Visible());
         });
         Connect(action, &QAction::triggered, action, [&control] { control.UserClick(); });
     } else if (auto* button = Partner<QAbstractButton>(window, control)) {
         Mirror(control, *button, [](const ButtonControl& model, QAbstractButton& shown) {
-            shown.setText(ToQt(model.Caption()));
+            ShowCaption(shown, ToQt(model.Caption()));
             ShowCommon(model, shown);
         });
         Connect(button, &QAbstractButton::clicked, button, [&control] { control.UserClick(); });
@@ -37,7 +38,7 @@ template <typename Model, typename Take>
 void BindToggle(Model& control, const QWidget& window, Take take) {
     if (auto* action = Partner<QAction>(window, control)) {
         Mirror(control, *action, [](const Model& model, QAction& shown) {
-            shown.setText(ToQt(model.Caption()));
+            ShowCaption(shown, ToQt(model.Caption()));
             shown.setEnabled(model.Enabled());
             shown.setChecked(model.Value());
         });
@@ -47,7 +48,7 @@ void BindToggle(Model& control, const QWidget& window, Take take) {
         });
     } else if (auto* button = Partner<QAbstractButton>(window, control)) {
         Mirror(control, *button, [](const Model& model, QAbstractButton& shown) {
-            shown.setText(ToQt(model.Caption()));
+            ShowCaption(shown, ToQt(model.Caption()));
             ShowCommon(model, shown);
             ShowChecked(shown, model.Value());
         });
@@ -58,16 +59,26 @@ void BindToggle(Model& control, const QWidget& window, Take take) {
     }
 }
 
+// A field is called as its label says, and so is another one that stands in its place.
+void CallBuddy(const QLabel& label) {
+    const QString name = label.text().remove('&');
+    if (label.buddy() != nullptr && !name.isEmpty()) SetAccessibleName(*label.buddy(), name);
+    for (QWidget* field : label.parentWidget()->findChildren<QWidget*>())
+        if (!name.isEmpty() && field->property(kCalledBy).toString() == label.objectName())
+            SetAccessibleName(*field, name);
+}
+
 void BindLabel(LabelControl& control, const QWidget& window) {
     auto* widget = Partner<QWidget>(window, control);
     if (widget == nullptr) return;
     Mirror(control, *widget, [](const LabelControl& model, QWidget& shown) {
         shown.setEnabled(model.Enabled());
         if (auto* label = qobject_cast<QLabel*>(&shown)) {
-            label->setText(ToQt(model.Caption()));
+            ShowCaption(*label, ToQt(model.Caption()));
+            CallBuddy(*label);
             label->setVisible(model.Visible());
         } else if (auto* box = qobject_cast<QGroupBox*>(&shown)) {
-            box->setTitle(ToQt(model.Caption()));
+            ShowCaption(*box, ToQt(model.Caption()));
         }
     });
 }
@@ -79,8 +90,9 @@ void BindText(TextControl& control, const QWidget& window) {
             shown.setReadOnly(model.Locked());
             if (shown.text() == ToQt(model.Text())) return;
             shown.setText(ToQt(model.Text()));
-            if (model.Locked()) shown.setCursorPosition(0);
+            if (!shown.hasFocus()) shown.setCursorPosition(0);  // of a long text the beginning is seen
         });
+        edit->installEventFilter(new ShowBeginning(edit));
         Connect(edit, &QLineEdit::textEdited, edit, [&control, edit](const QString& text) {
             control.UserSetText(FromQt(text));
             if (edit->text() != ToQt(control.Text())) edit->setText(ToQt(control.Text()));
@@ -187,6 +199,15 @@ bool TakesInput(const QObject* object) {
 }
 
 }  // namespace
+
+// A popup, or another program, leaves the cursor where it is.
+bool ShowBeginning::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::FocusOut) return false;
+    const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+    if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason)
+        static_cast<QLineEdit*>(watched)->setCursorPosition(0);
+    return false;
+}
 
 void Bind(Form& form, QWidget& window) {
     window.setWindowTitle(ToQt(form.Title()));

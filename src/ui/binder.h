@@ -1,12 +1,18 @@
-// Connects the control models of a form with the widgets and actions of a window that bear the same
-// objectName. What the model says is shown; what the user does goes to the model as the user's action. No
-// rule stands here.
+// clang-format off
+// Connects the control models of a form with the widgets and actions of a window that have the same objectName.
+// What the model says is shown; what the user does reaches the model as the user's action. No rule stands here.
 //
-//     ButtonControl    QAction, QAbstractButton        LabelControl   QLabel, any other widget for enabled
-//     and visible OptionControl    QAction, QAbstractButton        TextControl    QLineEdit, QPlainTextEdit
-//     CheckControl     QAction, QAbstractButton        ComboControl   QComboBox
-//     ListControl      QListWidget, QListView          GridControl    QTableWidget
-//     GaugeControl     QProgressBar                    TabStripControl QTabBar
+//     ButtonControl    QAction, QAbstractButton
+//     OptionControl    QAction, QAbstractButton
+//     CheckControl     QAction, QAbstractButton
+//     LabelControl     QLabel; any other widget for enabled and visible
+//     TextControl      QLineEdit, QPlainTextEdit
+//     ComboControl     QComboBox
+//     ListControl      QListWidget, QListView
+//     GridControl      QTableWidget
+//     GaugeControl     QProgressBar
+//     TabStripControl  QTabBar
+// clang-format on
 #pragma once
 
 #include <QObject>

@@ -87,6 +87,8 @@ ComboBinding::ComboBinding(ComboControl& control, QComboBox& combo)
       offered_(new QStringListModel(this)) {
     combo_.setEditable(control_.GetStyle() == ComboControl::Style::Editable);
     combo_.setInsertPolicy(QComboBox::NoInsert);
+    combo_.setFocusPolicy(Qt::StrongFocus);  // the wheel does not give it the focus, and so changes nothing
+    SetAccessibleName(combo_, combo_.accessibleName());
     PrepareList();
     combo_.installEventFilter(this);
     Connect(&combo_, &QComboBox::activated, this, [this](int index) {
@@ -113,6 +115,7 @@ void ComboBinding::PrepareList() {
 
 void ComboBinding::ConnectLine() {
     combo_.lineEdit()->installEventFilter(this);
+    combo_.lineEdit()->installEventFilter(new ShowBeginning(combo_.lineEdit()));
     Connect(combo_.lineEdit(), &QLineEdit::textEdited, this, &ComboBinding::Typed);
     Connect(combo_.completer(), qOverload<const QString&>(&QCompleter::highlighted), this,
             &ComboBinding::Completed);
@@ -194,7 +197,7 @@ bool ComboBinding::eventFilter(QObject* watched, QEvent* event) {
                 DropDown();
                 return false;
             }
-            event->ignore();  // a page that scrolls under the pointer must not change the record
+            event->ignore();  // the page below scrolls instead
             return true;
         case QEvent::MouseButtonPress:
             if (isCombo) DropDown();

@@ -5,6 +5,7 @@
 
 #include "core/controls.h"
 #include "ui/guard.h"
+#include "ui/named.h"
 #include "ui/text_convert.h"
 
 namespace quillon::ui {
@@ -33,6 +34,20 @@ void Mirror(Model& control, Target& target, Show show) {
         if (guard) guard->blockSignals(silent);
     });
 }
+
+// The name for assistive technology; that of a combo box is its line edit's too, which has the focus.
+inline void SetAccessibleName(QWidget& widget, const QString& name) {
+    widget.setAccessibleName(name);
+    const auto* combo = qobject_cast<QComboBox*>(&widget);
+    if (combo != nullptr && combo->lineEdit() != nullptr) combo->lineEdit()->setAccessibleName(name);
+}
+
+// Brings a line edit back to the beginning of its text when the focus goes to another field.
+class ShowBeginning : public QObject {
+public:
+    explicit ShowBeginning(QLineEdit* line) : QObject(line) {}
+    bool eventFilter(QObject* watched, QEvent* event) override;
+};
 
 // The kinds that take more than a few lines.
 void BindCombo(ComboControl& control, const QWidget& window);

@@ -2,6 +2,7 @@
 
 #include <QtWidgets>
 
+#include "ui/form_dialog.h"
 #include "ui/text_convert.h"
 
 namespace quillon::ui {
@@ -22,17 +23,24 @@ void SetUp(QMessageBox& box, std::string_view text, std::string_view title) {
     box.setWindowTitle(title.empty() ? kProgram : ToQt(title));
 }
 
-// A dialog shows the arrow while it waits for the user, whatever the job behind it shows.
-class ArrowCursor {
+// While a dialog waits for the user the cursor is the arrow, whatever the job behind it shows. Afterwards the
+// window below is active again.
+class DialogScope {
 public:
-    ArrowCursor() { QApplication::setOverrideCursor(Qt::ArrowCursor); }
-    ~ArrowCursor() { QApplication::restoreOverrideCursor(); }
-    ArrowCursor(const ArrowCursor&) = delete;
-    ArrowCursor& operator=(const ArrowCursor&) = delete;
+    explicit DialogScope(QWidget* above) : above_(above) { QApplication::setOverrideCursor(Qt::ArrowCursor); }
+    ~DialogScope() {
+        QApplication::restoreOverrideCursor();
+        ActivateAgain(above_);
+    }
+    DialogScope(const DialogScope&) = delete;
+    DialogScope& operator=(const DialogScope&) = delete;
+
+private:
+    QPointer<QWidget> above_;
 };
 
 void ShowMessage(QMessageBox::Icon icon, std::string_view text, std::string_view title, QWidget* above) {
-    const ArrowCursor arrow;
+    const DialogScope scope(above);
     QMessageBox box(icon, {}, {}, QMessageBox::Ok, above);
     SetUp(box, text, title);
     box.exec();
@@ -40,7 +48,7 @@ void ShowMessage(QMessageBox::Icon icon, std::string_view text, std::string_view
 
 // `usual` is the answer that Return gives.
 bool Ask(std::string_view text, std::string_view title, QMessageBox::StandardButton usual, QWidget* above) {
-    const ArrowCursor arrow;
+    const DialogScope scope(above);
     QMessageBox box(QMessageBox::Question, {}, {}, QMessageBox::Yes | QMessageBox::No, above);
     SetUp(box, text, title);
     box.setDefaultButton(usual);
@@ -100,7 +108,7 @@ QString DesktopPrompter::StartFolder() const {
 }
 
 std::optional<std::string> DesktopPrompter::Chosen(QFileDialog& dialog) {
-    const ArrowCursor arrow;
+    const DialogScope scope(dialog.parentWidget());
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
     const QString path = dialog.selectedFiles().constFirst();
     lastFolder_ = QFileInfo(path).absolutePath();
@@ -159,7 +167,7 @@ std::optional<std::string> DesktopPrompter::FileToSave(std::string_view title, s
 void DesktopPrompter::ShowModal(std::string_view formName) {
     const auto show = forms_.value(ToQt(formName));
     if (!show) return;
-    const ArrowCursor arrow;
+    const DialogScope scope(nullptr);  // the form's window takes care of what is below it
     show(Above());
 }
 

@@ -7,6 +7,7 @@
 #include "export/tagged_export_form.h"
 #include "startup/preferences_form.h"
 #include "ui/about_window.h"
+#include "ui/application.h"
 #include "ui/export_type_window.h"
 #include "ui/export_window.h"
 #include "ui/guard.h"
@@ -95,7 +96,7 @@ void DesktopProgram::ConnectHelp() {
 
 void DesktopProgram::RegisterForms() {
     desktop_.Register("FrmAbout", [this](QWidget* parent) {
-        editor::FrmAbout form(state_.gVersion);
+        startup::FrmAbout form(state_.gVersion);
         AboutWindow(form, parent).exec();
     });
     desktop_.Register("FrmImport", [this](QWidget* parent) {

@@ -7,6 +7,10 @@
 
 namespace quillon::ui {
 
+// Makes a window active again after a box above it has closed, unless another window of the program is
+// active. Not every window manager does so by itself.
+void ActivateAgain(QWidget* window);
+
 class FormDialog : public QDialog {
     Q_OBJECT
 public:
@@ -15,6 +19,7 @@ public:
     Form& Model() { return form_; }
     // Escape and the window's own button.
     void reject() override;
+    void done(int result) override;
 
 protected:
     // Connects the widgets with the controls, once they are made.

@@ -6,7 +6,7 @@
 // an exception passes through them, so it is caught below them; Application::notify catches what is left.
 #pragma once
 
-#include <QApplication>
+#include <QObject>
 #include <QTimer>
 #include <concepts>
 #include <functional>
@@ -15,22 +15,6 @@
 #include <utility>
 
 namespace quillon::ui {
-
-class Application : public QApplication {
-    Q_OBJECT
-public:
-    using QApplication::QApplication;
-    // Takes the text of each failure; without one a message box shows it.
-    void OnFailure(std::function<void(const std::string&)> report) { report_ = std::move(report); }
-    bool notify(QObject* receiver, QEvent* event) override;
-
-private:
-    friend void ReportException() noexcept;
-    void Report(const std::string& text);
-
-    std::function<void(const std::string&)> report_;
-    bool reporting_ = false;
-};
 
 // Reports the exception that is being handled; call it from a catch block. A failure while another one is on
 // the screen goes to standard error.

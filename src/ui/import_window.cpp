@@ -2,16 +2,11 @@
 
 #include <QtWidgets>
 
+#include "ui/named.h"
+
 namespace quillon::ui {
 
 namespace {
-
-template <typename Widget>
-Widget* Named(QWidget* parent, const char* name) {
-    auto* widget = new Widget(parent);
-    widget->setObjectName(name);
-    return widget;
-}
 
 // A label above the list of symbols that it names.
 QLayout* Symbols(QWidget* parent, const char* label, const char* combo) {
@@ -34,6 +29,8 @@ ImportWindow::ImportWindow(importing::FrmImport& form, QWidget* parent) : FormDi
     auto* symbols = new QHBoxLayout;
     symbols->addLayout(Symbols(this, "lblDelimiter", "cboDelimiter"));
     symbols->addLayout(Symbols(this, "lblEnclosure", "cboEnclosure"));
+    auto* gauge = Named<QProgressBar>(this, "Gauge1");
+    gauge->setAccessibleName(tr("Progress"));
     auto* buttons = new QHBoxLayout;
     auto* ok = Named<QPushButton>(this, "cmdOK");
     ok->setDefault(true);
@@ -45,7 +42,7 @@ ImportWindow::ImportWindow(importing::FrmImport& form, QWidget* parent) : FormDi
     layout->addWidget(Named<QLabel>(this, "lblImport"));
     layout->addWidget(format);
     layout->addLayout(symbols);
-    layout->addWidget(Named<QProgressBar>(this, "Gauge1"));
+    layout->addWidget(gauge);
     layout->addWidget(Named<QLabel>(this, "lblStage"));
     auto* failures = Named<QListWidget>(this, "lstFailures");
     failures->setAccessibleName(tr("Records that could not be stored"));

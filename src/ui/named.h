@@ -7,6 +7,9 @@
 
 namespace quillon::ui {
 
+// A widget with this property is called by the label of that name, as the label's buddy is.
+inline constexpr const char* kCalledBy = "quillonCalledBy";
+
 template <typename Widget>
 Widget* Named(QWidget* parent, const char* name) {
     auto* widget = new Widget(parent);

@@ -85,6 +85,8 @@ PreferencesWindow::PreferencesWindow(startup::FrmPreferences& form, QWidget* par
     layout->addStretch();
     layout->addLayout(Buttons(this));
     BindAll();
+    for (auto* kingdom : findChild<QGroupBox*>("fraKingdom")->findChildren<QRadioButton*>())
+        if (kingdom->isChecked()) kingdom->setFocus();
 }
 
 QMenuBar* PreferencesWindow::BuildMenus() {

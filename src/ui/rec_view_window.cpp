@@ -2,6 +2,7 @@
 
 #include <QtWidgets>
 
+#include "ui/access_keys.h"
 #include "ui/binder.h"
 #include "ui/explorer_view.h"
 #include "ui/guard.h"
@@ -46,13 +47,21 @@ RecViewWindow::RecViewWindow(editor::RecView& recView, navigation::cExplorer& ex
     BuildBody();
     BuildStatusBar();
     Bind(recView_.Controls().form, *this);
+    AssignAccessKeys(*this);
     recView_.Attach(explorer_);
     ConnectForm();
     ConnectKeys();
     ShowView();
     ShowPage();
     const int character = fontMetrics().averageCharWidth();
-    resize(QSize(kExplorerWidth + kEditorWidth, kHeight) * character);
+    resize((QSize(kExplorerWidth + kEditorWidth, kHeight) * character).boundedTo(Room()));
+}
+
+// What the screen has for the window, without its frame and title bar.
+QSize RecViewWindow::Room() const {
+    const int frame = style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
+    const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    return screen()->availableSize() - QSize(2 * frame, title + frame);
 }
 
 // The form outlives the window and must not call it any more.
@@ -81,19 +90,29 @@ void RecViewWindow::BuildStatusBar() {
 }
 
 void RecViewWindow::BuildBody() {
-    auto* splitter = new QSplitter(this);
-    splitter->setObjectName("Splitter");
-    splitter->setChildrenCollapsible(false);
+    splitter_ = new QSplitter(this);
+    splitter_->setObjectName("Splitter");
+    splitter_->setChildrenCollapsible(false);
     BuildExplorer();
-    QWidget* editor = BuildEditor();
+    editor_ = BuildEditor();
     const int character = fontMetrics().averageCharWidth();
     explorerView_->setMinimumWidth(character * kExplorerMinimum);
-    editor->setMinimumWidth(character * kEditorMinimum);
-    splitter->addWidget(explorerView_);
-    splitter->addWidget(editor);
-    splitter->setStretchFactor(1, 1);
-    splitter->setSizes({character * kExplorerWidth, character * kEditorWidth});
-    setCentralWidget(splitter);
+    editor_->setMinimumWidth(character * kEditorMinimum);
+    splitter_->addWidget(explorerView_);
+    splitter_->addWidget(editor_);
+    splitter_->setStretchFactor(1, 1);
+    splitter_->setSizes({character * kExplorerWidth, character * kEditorWidth});
+    setCentralWidget(splitter_);
+}
+
+// A window that gets narrower takes the room from the explorer as long as the page would have to scroll.
+void RecViewWindow::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    const QList<int> widths = splitter_->sizes();
+    const int page =
+        scroller_->widget()->minimumSizeHint().width() + editor_->width() - scroller_->viewport()->width();
+    const int missing = std::min(page - widths[1], widths[0] - explorerView_->minimumWidth());
+    if (missing > 0) splitter_->setSizes({widths[0] - missing, widths[1] + missing});
 }
 
 void RecViewWindow::BuildExplorer() {
@@ -139,6 +158,7 @@ QWidget* RecViewWindow::BuildPages() {
         QWidget* page = build(area);
         pages_.push_back(page);
         page->setObjectName(QString("RVPanel%1").arg(pages_.size()));
+        MarkAsPage(*page);
         page->hide();
         layout->addWidget(page);
     }

@@ -9,6 +9,7 @@
 #include "navigation/explorer.h"
 
 class QScrollArea;
+class QSplitter;
 class QTabBar;
 
 namespace quillon::ui {
@@ -24,9 +25,11 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     bool event(QEvent* event) override;
 
 private:
+    QSize Room() const;
     void BuildStatusBar();
     void BuildBody();
     void BuildExplorer();
@@ -42,7 +45,9 @@ private:
 
     editor::RecView& recView_;
     navigation::cExplorer& explorer_;
+    QSplitter* splitter_ = nullptr;
     ExplorerView* explorerView_ = nullptr;
+    QWidget* editor_ = nullptr;
     QTabBar* tabs_ = nullptr;
     QScrollArea* scroller_ = nullptr;
     std::vector<QWidget*> pages_;                  // RVPanel1 to RVPanel8

@@ -6,6 +6,7 @@
 #include <QtWidgets>
 
 #include "documentation/pick_list.h"
+#include "ui/text_convert.h"
 
 namespace quillon::ui {
 namespace {
@@ -279,11 +280,16 @@ TEST_F(LateChoices, TheWheelOverAFieldWithoutTheFocusChangesNothing) {
     const auto turn = [this] {
         QWheelEvent wheel(QPointF(3, 3), rank->mapToGlobal(QPointF(3, 3)), {}, QPoint(0, -120), Qt::NoButton,
                           Qt::NoModifier, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(rank, &wheel);
+        QSpontaneKeyEvent::setSpontaneous(&wheel);  // as from the mouse: it may give the focus
+        qApp->notify(rank, &wheel);
     };
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     author->setFocus();
     turn();
+    turn();
     EXPECT_EQ(sample.cboRank.Text(), "Genus");
+    EXPECT_TRUE(author->hasFocus());
     rank->setFocus();
     turn();
     EXPECT_EQ(sample.cboRank.Text(), "Species");
@@ -330,6 +336,41 @@ TEST_F(BinderTest, AControlTakesTheFocus) {
 TEST_F(BinderTest, ATabThatIsClickedIsSelected) {
     QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(1).center());
     EXPECT_EQ(sample.TabStrip1.SelectedKey(), "experts");
+}
+
+TEST_F(BinderTest, AltAndTheLetterOfADisabledButtonTypesNothing) {
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    int clicks = 0;
+    sample.cmdOK.OnClick([&] { ++clicks; });
+    name->setFocus();
+    QTest::keyClick(name, Qt::Key_S, Qt::AltModifier);
+    EXPECT_EQ(clicks, 1);
+    sample.cmdOK.SetEnabled(false);
+    name->setFocus();
+    QTest::keyClick(name, Qt::Key_S, Qt::AltModifier);
+    author->setFocus();
+    QTest::keyClick(author, Qt::Key_S, Qt::AltModifier);
+    EXPECT_EQ(sample.txtName.Text() + sample.cboAuth.Text(), "");
+    EXPECT_EQ(clicks, 1);
+    QTest::keyClick(author, Qt::Key_S);
+    EXPECT_EQ(sample.cboAuth.Text(), "s");
+}
+
+TEST_F(BinderTest, ALongTextShowsItsBeginning) {
+    const QString text(60, 'x');
+    sample.txtName.SetText(FromQt(text));
+    EXPECT_EQ(name->cursorPosition(), 0);
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    author->setFocus();
+    QTest::keyClicks(author->lineEdit(), text);
+    EXPECT_EQ(author->lineEdit()->cursorPosition(), text.size()) << "while it is typed";
+    name->setFocus();
+    QTest::keyClick(name, Qt::Key_End);
+    comment->setFocus();
+    EXPECT_EQ(author->lineEdit()->cursorPosition(), 0);
+    EXPECT_EQ(name->cursorPosition(), 0);
 }
 
 TEST_F(BinderTest, AWidgetMayGoBeforeTheForm) {

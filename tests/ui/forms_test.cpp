@@ -4,6 +4,7 @@
 #include <QtTest>
 #include <QtWidgets>
 
+#include "modal_user.h"
 #include "testkit/testkit.h"
 #include "ui/about_window.h"
 #include "ui/binder.h"
@@ -15,7 +16,7 @@ namespace quillon::ui {
 namespace {
 
 TEST(AboutWindow, ShowsItsTextsAndCloses) {
-    editor::FrmAbout form("4.0.6");
+    startup::FrmAbout form("4.0.6");
     AboutWindow window(form, nullptr);
     EXPECT_EQ(NamesWithoutPartner(form.form, window).join(" "), "");
     EXPECT_EQ(window.findChild<QLabel*>("lblTitle")->text(), "Orvaline");
@@ -26,7 +27,7 @@ TEST(AboutWindow, ShowsItsTextsAndCloses) {
 }
 
 TEST(AboutWindow, EscapeClosesItToo) {
-    editor::FrmAbout form("4.0.6");
+    startup::FrmAbout form("4.0.6");
     AboutWindow window(form, nullptr);
     bool closed = false;
     WhenModal([&](QWidget& modal) {
@@ -217,6 +218,37 @@ TEST(DesktopPrompter, DialogsBeginWhereTheDataSetIsAndGoOnWhereTheUserWas) {
     prompter.FileToOpen("Open", dataset::kDataSetFilter);
     EXPECT_EQ(folders.join(" ").toStdString(),
               dataSets.path() + " " + elsewhere.path() + " " + dataSets.path());
+}
+
+TEST(DesktopPrompter, ADialogAsksAboutTheNameWithItsEnding) {
+    const testkit::TempDir dir;
+    testkit::WriteFile(dir.File("moths.MDB"), "");
+    DesktopPrompter prompter;
+    prompter.SetFolder([&] { return dir.path(); });
+    ModalUser user;
+    user.Answer("QFileDialog", [](QWidget& dialog) {
+        dialog.findChild<QLineEdit*>("fileNameEdit")->setText("moths");
+        QMetaObject::invokeMethod(&dialog, "accept");
+    });
+    user.Answer("QMessageBox", [](QWidget& box) { ModalUser::Press(box, Qt::Key_Return); });
+    user.Answer("QFileDialog", [](QWidget& dialog) {
+        dialog.findChild<QLineEdit*>("fileNameEdit")->setText("wasps");
+        QMetaObject::invokeMethod(&dialog, "accept");
+    });
+    EXPECT_EQ(prompter.FileToSave("New", store::kDataSetFilter, true, {}), dir.File("wasps.MDB"));
+}
+
+TEST(DesktopPrompter, TheMainWindowIsActiveAgainAfterABox) {
+    QWidget window, other;
+    other.show();
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    DesktopPrompter prompter;
+    prompter.SetWindow(&window);
+    WhenModal([](QWidget& modal) { QTest::keyClick(&modal, Qt::Key_Return); });
+    prompter.Message("Import Complete -- No Errors!", {});
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
 }
 
 TEST(ToolkitFilter, TakesBothCasesOfAnEnding) {

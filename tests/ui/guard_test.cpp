@@ -6,13 +6,11 @@
 #include <new>
 #include <stdexcept>
 
-#include "testkit/testkit.h"
+#include "every_window.h"
+#include "ui/application.h"
 #include "ui/binder.h"
-#include "ui/desktop_program.h"
-#include "ui/form_dialog.h"
 #include "ui/guard.h"
 #include "ui/named.h"
-#include "ui/text_convert.h"
 
 namespace quillon::ui {
 namespace {
@@ -23,26 +21,9 @@ const std::string kFailure = "Failed here";
     throw std::runtime_error("here");
 }
 
-// A user who cancels every dialog, and remembers the messages.
-class Canceler : public Prompter {
-public:
-    std::vector<std::string> messages;
-    std::optional<std::string> fileToSave;
-
-    void Message(std::string_view text, std::string_view) override { messages.emplace_back(text); }
-    bool AskYesNo(std::string_view, std::string_view) override { return false; }
-    std::optional<std::string> FileToOpen(std::string_view, std::string_view) override { return {}; }
-    std::optional<std::string> FileToSave(std::string_view, std::string_view, bool,
-                                          std::string_view) override {
-        return fileToSave;
-    }
-    void ShowModal(std::string_view) override {}
-    void WaitCursor(bool) override {}
-};
-
-class GuardTest : public testing::Test {
+class GuardTest : public EveryWindow {
 protected:
-    // Clicks every button of the window that belongs to the form, after giving it a rule that fails.
+    // Clicks every button of the form in its window, after giving it a rule that fails.
     void FailEveryCommand(Form& form, QWidget& window) {
         for (Control* control : form.Controls()) {
             auto* button = dynamic_cast<ButtonControl*>(control);
@@ -58,55 +39,20 @@ protected:
         if (auto* action = window.findChild<QAction*>(name)) return action->trigger();
         if (auto* button = window.findChild<QAbstractButton*>(name)) button->click();
     }
-    static FormDialog* Dialog(const QString& name) {
-        for (QWidget* window : QApplication::topLevelWidgets()) {
-            auto* dialog = qobject_cast<FormDialog*>(window);
-            if (dialog != nullptr && dialog->isVisible() && dialog->objectName() == name) return dialog;
-        }
-        return nullptr;
-    }
-    // False when the dialog is not there.
-    bool FailEveryCommandOf(const QString& name) {
-        FormDialog* dialog = Dialog(name);
-        if (dialog == nullptr) return false;
-        FailEveryCommand(dialog->Model(), *dialog);
-        dialog->Model().OnUserClose(FailHere);
-        user.messages.clear();
-        dialog->reject();
-        EXPECT_EQ(user.messages, std::vector<std::string>{kFailure}) << name.toStdString();
-        dialog->done(QDialog::Rejected);
-        return true;
-    }
-
-    testkit::TempDir dir;
-    Canceler user;
-    DesktopProgram program{&user, dir.path()};
 };
 
 TEST_F(GuardTest, EveryCommandOfTheMainWindowMayFail) {
-    program.State().gKingdomName = "Animalia";
-    program.State().gPrefRank = "Kingdom";
-    program.Lifecycle().MakeDataSet(dir.File("whales.mdb"));
-    program.RecView().ShowDataSet();
-    program.Window().show();
     FailEveryCommand(program.RecView().Controls().form, program.Window());
 }
 
 TEST_F(GuardTest, EveryCommandOfEveryDialogMayFail) {
-    program.State().gKingdomName = "Animalia";
-    program.State().gPrefRank = "Kingdom";
-    program.Lifecycle().MakeDataSet(dir.File("whales.mdb"));
-    user.fileToSave = dir.File("names.qln");
-    for (const QString& name : program.Outside().Forms()) {
-        testkit::WriteFile(dir.File("validate.log"),
-                           "ID =  12   Name = Orca\r\n     Error: It is wrong.\r\n");
-        testkit::WriteFile(dir.File("import.err"), "A sentence\r\n     [XX]|1|\r\n");
-        bool met = false;
-        QTimer::singleShot(0, [&] { met = FailEveryCommandOf(name); });
-        program.Outside().ShowModal(FromQt(name));
-        QCoreApplication::processEvents();
-        EXPECT_TRUE(met) << name.toStdString();
-    }
+    WithEachDialog([this](FormDialog& dialog) {
+        FailEveryCommand(dialog.Model(), dialog);
+        dialog.Model().OnUserClose(FailHere);
+        user.messages.clear();
+        dialog.reject();
+        EXPECT_EQ(user.messages, std::vector<std::string>{kFailure}) << dialog.Model().Name();
+    });
 }
 
 TEST_F(GuardTest, EveryKindOfControlMayFail) {

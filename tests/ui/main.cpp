@@ -1,7 +1,7 @@
 // The windows' tests run without a screen, in one application.
 #include <gmock/gmock.h>
 
-#include "ui/guard.h"
+#include "ui/application.h"
 
 int main(int argc, char** argv) {
     testing::InitGoogleMock(&argc, argv);

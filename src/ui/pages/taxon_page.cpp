@@ -105,11 +105,8 @@ private:
         AddRow("lblAuth", author, Line({author}));
         auto* hybridAuthor = WideCombo("cboAuth2", kAuthorCharacters);
         AddRow("lblHybridAuthority", hybridAuthor, Line({hybridAuthor}));
-        for (QWidget* name : std::initializer_list<QWidget*>{genus, uninomial})
-            Name(name, QObject::tr("First Name"));
-        for (QWidget* name : std::initializer_list<QWidget*>{species, epithet})
-            Name(name, QObject::tr("Second Name"));
-        Name(third, QObject::tr("Third Name"));
+        uninomial->setProperty(kCalledBy, "lblName1");
+        epithet->setProperty(kCalledBy, "lblName2");
         Name(thirdRank, QObject::tr("Rank of the Third Name"));
         Name(fourth, QObject::tr("Fourth Name"));
         Name(paren, QObject::tr("Put the Name in Parentheses"));
