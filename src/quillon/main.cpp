@@ -30,6 +30,7 @@ int Run() {
     const QString picture = PicturePath();
     const auto places = quillon::startup::PlacesOf(Variable);
     quillon::ui::DesktopProgram program(nullptr, places.dataFolder, places.preferencesFile);
+    program.EndOnSignals();
     if (!program.Start()) return 0;
     if (!picture.isEmpty()) return quillon::ui::SaveScreenshot(program, picture) ? 0 : 1;
     return QApplication::exec();

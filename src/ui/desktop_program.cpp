@@ -24,6 +24,8 @@ namespace quillon::ui {
 
 namespace {
 
+constexpr int kFailed = 3;  // exit status
+
 // The windows finish what they do, but take nothing new from the user.
 class QuietPump : public EventPump {
 public:
@@ -63,9 +65,8 @@ DesktopProgram::~DesktopProgram() {
     if (auto* application = dynamic_cast<Application*>(qApp)) application->OnFailure(nullptr);
 }
 
-// A job that failed has not put back the cursor, nor ended its task.
+// A job that failed has not ended its task.
 void DesktopProgram::ReportFailure(const std::string& text) {
-    prompter_.WaitCursor(false);
     progress_.EndTask();
     prompter_.WarningMessage(text);
 }
@@ -201,6 +202,14 @@ bool DesktopProgram::Start() {
 void DesktopProgram::OpenPreferredDataSet() {
     startUp_.InitDB();
     if (!state_.gQuitRequested) recView_.ShowDataSet();
+}
+
+void DesktopProgram::EndOnSignals() {
+    signals_ = std::make_unique<QuitSignals>([this] {
+        state_.gBatchCancel = true;
+        state_.gQuitRequested = true;  // the start goes no further
+        QCoreApplication::exit(kFailed);
+    });
 }
 
 void DesktopProgram::ShowSplash() {

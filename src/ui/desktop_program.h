@@ -17,6 +17,7 @@
 #include "ui/desktop_outside.h"
 #include "ui/help.h"
 #include "ui/in_progress_window.h"
+#include "ui/quit_signals.h"
 #include "ui/rec_view_window.h"
 #include "ui/splash_window.h"
 #include "validation/validate_data_set.h"
@@ -36,6 +37,9 @@ public:
     bool Start();
     // Opens the DataSet of gPrefDataSet, asking where that fails, and shows it or none.
     void OpenPreferredDataSet();
+
+    // From now on SIGHUP, SIGINT and SIGTERM cancel the job that runs and end the event loop with status 3.
+    void EndOnSignals();
 
     ApplicationState& State() { return state_; }
     store::Engine& Engine() { return engine_; }
@@ -82,6 +86,7 @@ private:
     std::unique_ptr<SplashWindow> splashWindow_;
     std::unique_ptr<RecViewWindow> window_;
     std::unique_ptr<Help> help_;
+    std::unique_ptr<QuitSignals> signals_;
 };
 
 }  // namespace quillon::ui

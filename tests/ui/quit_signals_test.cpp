@@ -1,0 +1,37 @@
+// A signal that asks the program to end.
+#include "ui/quit_signals.h"
+
+#include <signal.h>
+
+#include "every_window.h"
+
+namespace quillon::ui {
+namespace {
+
+class QuitSignalsTest : public EveryWindow, public testing::WithParamInterface<int> {};
+
+TEST_P(QuitSignalsTest, ASignalCancelsTheJobAndEndsTheEventLoop) {
+    program.EndOnSignals();
+    QTimer::singleShot(0, [] { raise(GetParam()); });
+    EXPECT_EQ(QApplication::exec(), 3);
+    EXPECT_TRUE(program.State().gBatchCancel);
+}
+
+TEST_P(QuitSignalsTest, ADialogThatIsOpenClosesWithoutAQuestion) {
+    program.EndOnSignals();
+    program.State().RecordDirty = true;
+    bool returned = false;
+    QTimer::singleShot(0, [&] {
+        QTimer::singleShot(0, [] { raise(GetParam()); });
+        program.Outside().ShowModal("FrmAbout");
+        returned = true;
+    });
+    EXPECT_EQ(QApplication::exec(), 3);
+    EXPECT_TRUE(returned);
+    EXPECT_EQ(user.messages, std::vector<std::string>{});
+}
+
+INSTANTIATE_TEST_SUITE_P(Signals, QuitSignalsTest, testing::Values(SIGHUP, SIGINT, SIGTERM));
+
+}  // namespace
+}  // namespace quillon::ui
