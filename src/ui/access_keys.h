@@ -9,6 +9,7 @@
 #include <QString>
 
 class QAction;
+class QObject;
 class QWidget;
 
 namespace quillon::ui {
