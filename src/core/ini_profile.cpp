@@ -85,7 +85,7 @@ bool IniProfile::IniFlush() {
         const std::string failure = FlushFile(file);
         if (failure.empty()) continue;
         done = false;
-        prompter_.Message(
+        prompter_.WarningMessage(
             fmt::format("The preferences could not be saved in {}: {}.  The file stays as it was, and the "
                         "choices hold until the program ends.",
                         file, failure));

@@ -27,7 +27,7 @@ bool AskDelete(const RecordStore& records, const DeletedTaxon& taxon) {
         synonyms.Set("Accepted_Id", taxon.qb_id);
         if (!synonyms.CreateSnapshot()->Eof()) question = kAskWithSynonyms;
     }
-    return records.prompter.AskYesNo(question, kTitle);
+    return records.prompter.AskBeforeLoss(question, kTitle);
 }
 
 bool MayDelete(const RecordStore& records, const DeletedTaxon& taxon, bool ask) {
