@@ -150,6 +150,11 @@ ExitStatus RunNew(const CommonOptions& options, const std::string& path) {
         return ExitStatus::Failed;
     }
     store::RefuseFileInUse(session.engine, path);
+    session.pump.Yield();
+    if (session.state.gBatchCancel) {
+        Fail("Canceled.");
+        return ExitStatus::Failed;
+    }
     session.lifecycle.MakeDataSet(path);
     session.lifecycle.CloseDataSet();
     return ExitStatus::Done;

@@ -64,8 +64,13 @@ std::optional<std::string> ConsolePrompter::FileToSave(std::string_view, std::st
 SignalPump::SignalPump(ApplicationState& state) : state_(state) {
     struct sigaction action {};
     action.sa_handler = Note;
-    sigaction(SIGINT, &action, nullptr);
-    sigaction(SIGTERM, &action, nullptr);
+    sigset_t taken;
+    sigemptyset(&taken);
+    for (const int signal : {SIGHUP, SIGINT, SIGTERM}) {
+        sigaction(signal, &action, nullptr);
+        sigaddset(&taken, signal);
+    }
+    sigprocmask(SIG_UNBLOCK, &taken, nullptr);  // the caller may have blocked them
 }
 
 void SignalPump::Yield() {

@@ -37,7 +37,8 @@ private:
     Answer answer_;
 };
 
-// Passes SIGINT and SIGTERM on as gBatchCancel.
+// Passes SIGHUP, SIGINT and SIGTERM on as gBatchCancel, also one that was sent before the program could take
+// it.
 class SignalPump : public EventPump {
 public:
     explicit SignalPump(ApplicationState& state);
