@@ -83,6 +83,19 @@ void BindLabel(LabelControl& control, const QWidget& window) {
     });
 }
 
+// Brings a line edit back to the beginning of its text when it is left.
+class ShowBeginning : public QObject {
+public:
+    explicit ShowBeginning(QLineEdit* line) : QObject(line), line_(*line) { line->installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (LeavesField(*event)) line_.setCursorPosition(0);
+        return false;
+    }
+
+private:
+    QLineEdit& line_;
+};
+
 void BindText(TextControl& control, const QWidget& window) {
     if (auto* edit = Partner<QLineEdit>(window, control)) {
         Mirror(control, *edit, [](const TextControl& model, QLineEdit& shown) {
@@ -92,7 +105,7 @@ void BindText(TextControl& control, const QWidget& window) {
             shown.setText(ToQt(model.Text()));
             if (!shown.hasFocus()) shown.setCursorPosition(0);  // of a long text the beginning is seen
         });
-        edit->installEventFilter(new ShowBeginning(edit));
+        new ShowBeginning(edit);
         Connect(edit, &QLineEdit::textEdited, edit, [&control, edit](const QString& text) {
             control.UserSetText(FromQt(text));
             if (edit->text() != ToQt(control.Text())) edit->setText(ToQt(control.Text()));
@@ -199,15 +212,6 @@ bool TakesInput(const QObject* object) {
 }
 
 }  // namespace
-
-// A popup, or another program, leaves the cursor where it is.
-bool ShowBeginning::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() != QEvent::FocusOut) return false;
-    const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-    if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason)
-        static_cast<QLineEdit*>(watched)->setCursorPosition(0);
-    return false;
-}
 
 void Bind(Form& form, QWidget& window) {
     window.setWindowTitle(ToQt(form.Title()));

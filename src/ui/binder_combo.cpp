@@ -115,7 +115,6 @@ void ComboBinding::PrepareList() {
 
 void ComboBinding::ConnectLine() {
     combo_.lineEdit()->installEventFilter(this);
-    combo_.lineEdit()->installEventFilter(new ShowBeginning(combo_.lineEdit()));
     Connect(combo_.lineEdit(), &QLineEdit::textEdited, this, &ComboBinding::Typed);
     Connect(combo_.completer(), qOverload<const QString&>(&QCompleter::highlighted), this,
             &ComboBinding::Completed);
@@ -210,6 +209,7 @@ bool ComboBinding::eventFilter(QObject* watched, QEvent* event) {
             return false;
         }
         case QEvent::FocusOut:
+            if (combo_.lineEdit() != nullptr && LeavesField(*event)) combo_.lineEdit()->setCursorPosition(0);
             if (pickList_ != nullptr && IsLeft(combo_)) Guard([this] { pickList_->UserLeave(); });
             return false;
         default:

@@ -42,12 +42,12 @@ inline void SetAccessibleName(QWidget& widget, const QString& name) {
     if (combo != nullptr && combo->lineEdit() != nullptr) combo->lineEdit()->setAccessibleName(name);
 }
 
-// Brings a line edit back to the beginning of its text when the focus goes to another field.
-class ShowBeginning : public QObject {
-public:
-    explicit ShowBeginning(QLineEdit* line) : QObject(line) {}
-    bool eventFilter(QObject* watched, QEvent* event) override;
-};
+// Whether the focus goes to another field. A popup, or another program, leaves the field where it is.
+inline bool LeavesField(const QEvent& event) {
+    if (event.type() != QEvent::FocusOut) return false;
+    const Qt::FocusReason reason = static_cast<const QFocusEvent&>(event).reason();
+    return reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason;
+}
 
 // The kinds that take more than a few lines.
 void BindCombo(ComboControl& control, const QWidget& window);

@@ -12,7 +12,8 @@ namespace {
 using AccessKeys = EveryWindow;
 
 bool IsButton(const QWidget& widget) {
-    return qobject_cast<const QAbstractButton*>(&widget) != nullptr && !widget.inherits("QToolButton");
+    const auto* button = qobject_cast<const QAbstractButton*>(&widget);  // one without a text has a label
+    return button != nullptr && !button->text().isEmpty() && !widget.inherits("QToolButton");
 }
 
 // The widgets that can be on the screen together: those of the window and of its visible page.
@@ -108,7 +109,7 @@ TEST(AccessKey, AClashIsSolvedWithAnotherLetterOfTheCaption) {
     ShowCaption(*second, "&Send");
     EXPECT_EQ(second->text(), "S&end") << "the same caption keeps its key";
     ShowCaption(*second, "&Name");
-    EXPECT_EQ(second->text(), "N&ame");
+    EXPECT_EQ(second->text() + "|" + third->text(), "&Name|Next &Page");
 }
 
 TEST(AccessKey, AButtonWithoutAFreeLetterTakesADigit) {

@@ -5,6 +5,7 @@
 #include <QtWidgets>
 
 #include "export/tagged_export_form.h"
+#include "plain_caption.h"
 #include "testkit/testkit.h"
 #include "ui/binder.h"
 #include "ui/desktop_program.h"
@@ -41,11 +42,11 @@ TEST_F(ExportWindows, MainFormHasAPartnerForEachControl) {
               "Export DataSet: " + data.dir.File("test.mdb"));
     EXPECT_EQ(window.findChild<QLabel*>("lblFile")->text().toStdString(),
               "To File: " + data.dir.File("test.qln"));
-    EXPECT_EQ(window.findChild<QGroupBox*>("FraExport")->title(), "Export Options");
-    EXPECT_EQ(window.findChild<QGroupBox*>("fraPartial")->title(), "Partial Export Options");
-    EXPECT_EQ(window.findChild<QGroupBox*>("fraFilter")->title(), "Filter Export Records");
-    EXPECT_EQ(window.findChild<QPushButton*>("cmdSelectDB")->text(), "Browse");
-    EXPECT_EQ(window.findChild<QPushButton*>("cmdExportFile")->text(), "New File");
+    EXPECT_EQ(Plain(window.findChild<QGroupBox*>("FraExport")->title()), "Export Options");
+    EXPECT_EQ(Plain(window.findChild<QGroupBox*>("fraPartial")->title()), "Partial Export Options");
+    EXPECT_EQ(Plain(window.findChild<QGroupBox*>("fraFilter")->title()), "Filter Export Records");
+    EXPECT_EQ(Plain(window.findChild<QPushButton*>("cmdSelectDB")->text()), "Browse");
+    EXPECT_EQ(Plain(window.findChild<QPushButton*>("cmdExportFile")->text()), "New File");
 }
 
 TEST_F(ExportWindows, OnlyThePartialListEnablesItsTypes) {
@@ -118,7 +119,7 @@ TEST_F(ExportWindows, TypeFormKeepsTheTypeForTheListForm) {
     ExportTypeWindow window(form, nullptr);
     EXPECT_EQ(NamesWithoutPartner(form.form, window).join(" "), "");
     EXPECT_EQ(window.windowTitle(), "Taxonomic Compare Export Type");
-    EXPECT_EQ(window.findChild<QGroupBox*>("fraType")->title(), "Taxonomy Data to Export");
+    EXPECT_EQ(Plain(window.findChild<QGroupBox*>("fraType")->title()), "Taxonomy Data to Export");
     WhenModal([](QWidget& modal) {
         modal.findChild<QRadioButton*>("optAuthority")->click();
         modal.findChild<QPushButton*>("cmdOK")->click();

@@ -4,7 +4,7 @@
 #include <QtTest>
 #include <QtWidgets>
 
-#include "modal_user.h"
+#include "plain_caption.h"
 #include "testkit/testkit.h"
 #include "ui/about_window.h"
 #include "ui/binder.h"
@@ -54,10 +54,10 @@ TEST_F(ImportWindowTest, ShowsTheFormatsAndTheSymbols) {
     EXPECT_EQ(NamesWithoutPartner(form.form, window).join(" "), "");
     EXPECT_EQ(window.windowTitle(), "Import Data File");
     EXPECT_EQ(window.findChild<QLabel*>("lblImport")->text(), "Import a File into the Quillon");
-    EXPECT_EQ(window.findChild<QGroupBox*>("fraFormat")->title(), "Import Format");
-    EXPECT_EQ(window.findChild<QRadioButton*>("OptAscii")->text(), "Standard ORVA Import Format");
+    EXPECT_EQ(Plain(window.findChild<QGroupBox*>("fraFormat")->title()), "Import Format");
+    EXPECT_EQ(Plain(window.findChild<QRadioButton*>("OptAscii")->text()), "Standard ORVA Import Format");
     auto* tagged = window.findChild<QRadioButton*>("OptORVA");
-    EXPECT_EQ(tagged->text(), "ORVA Online (Download from Online System) Format");
+    EXPECT_EQ(Plain(tagged->text()), "ORVA Online (Download from Online System) Format");
     EXPECT_TRUE(tagged->isChecked());
     auto* delimiter = window.findChild<QComboBox*>("cboDelimiter");
     EXPECT_FALSE(delimiter->isEnabled());
@@ -220,22 +220,19 @@ TEST(DesktopPrompter, DialogsBeginWhereTheDataSetIsAndGoOnWhereTheUserWas) {
               dataSets.path() + " " + elsewhere.path() + " " + dataSets.path());
 }
 
-TEST(DesktopPrompter, ADialogAsksAboutTheNameWithItsEnding) {
-    const testkit::TempDir dir;
-    testkit::WriteFile(dir.File("moths.MDB"), "");
+TEST(DesktopPrompter, ADialogThatAsksAboutOverwritingAddsTheEnding) {
     DesktopPrompter prompter;
-    prompter.SetFolder([&] { return dir.path(); });
-    ModalUser user;
-    user.Answer("QFileDialog", [](QWidget& dialog) {
-        dialog.findChild<QLineEdit*>("fileNameEdit")->setText("moths");
-        QMetaObject::invokeMethod(&dialog, "accept");
-    });
-    user.Answer("QMessageBox", [](QWidget& box) { ModalUser::Press(box, Qt::Key_Return); });
-    user.Answer("QFileDialog", [](QWidget& dialog) {
-        dialog.findChild<QLineEdit*>("fileNameEdit")->setText("wasps");
-        QMetaObject::invokeMethod(&dialog, "accept");
-    });
-    EXPECT_EQ(prompter.FileToSave("New", store::kDataSetFilter, true, {}), dir.File("wasps.MDB"));
+    QString ending;
+    const auto look = [&](QWidget& modal) {
+        ending = dynamic_cast<QFileDialog&>(modal).defaultSuffix();
+        QMetaObject::invokeMethod(&modal, "reject");
+    };
+    WhenModal(look);
+    prompter.FileToSave("New", "Taxonomic Files (*.MDB)|*.mdb|All Files (*.*)|*.*", true, {});
+    EXPECT_EQ(ending, "MDB");
+    WhenModal(look);
+    prompter.FileToSave("Export", "QLN File (*.QLN)|*.qln", false, {});
+    EXPECT_EQ(ending, "");
 }
 
 TEST(DesktopPrompter, TheMainWindowIsActiveAgainAfterABox) {

@@ -18,6 +18,7 @@ protected:
     MainWindow() {
         program.State().gPrefRank = "Kingdom";
         program.State().gKingdomName = "Animalia";
+        window.resize(1400, 860);  // the screen of the tests is small
         window.show();
     }
     void Execute(std::string_view sql) { program.State().gDatabase->Execute(sql); }

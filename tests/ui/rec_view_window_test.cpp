@@ -31,12 +31,13 @@ TEST_F(MainWindow, HasTheCommandsInTheirMenus) {
     }
     EXPECT_EQ(
         menus.join("\n").toStdString(),
-        "&File: &New DataSet, &Open DataSet..., Save &As..., Save Record, &Import..., &Export..., &Validate, "
-        "&Reports, P&references, &Quit\n"
-        "&Edit: &Undo, Cu&t Name, &Copy Name, Pas&te Name, Delete Name, &Author Edit, &Merge, &Split\n"
-        "&Record: Add New Name, Go To &Parent, Go To First Name, Go To Previous Name, Go To Next Name, "
-        "Go To Last Name\n"
-        "&View: Hierarchy, Alphabetical List\n"
+        "&File: &New DataSet, &Open DataSet..., Save &As..., &Save Record, &Import..., &Export..., "
+        "&Validate, "
+        "&Reports, &Preferences, &Quit\n"
+        "&Edit: &Undo, Cu&t Name, &Copy Name, &Paste Name, &Delete Name, &Author Edit, &Merge, &Split\n"
+        "&Record: &Add New Name, Go To &Parent, &Go To First Name, Go &To Previous Name, Go To &Next Name, "
+        "Go To &Last Name\n"
+        "&View: &Hierarchy, &Alphabetical List\n"
         "&Help: &Contents, &Search For Help On..., &About Taxonomic Quillon");
 }
 

@@ -4,6 +4,7 @@
 #include <QtTest>
 #include <QtWidgets>
 
+#include "plain_caption.h"
 #include "testkit/testkit.h"
 #include "ui/binder.h"
 #include "ui/desktop_program.h"
@@ -35,12 +36,12 @@ TEST_F(ValidationWindows, ShowsTheDataSetAndTheFilter) {
     ValidateWindow window(form, nullptr);
     EXPECT_EQ(NamesWithoutPartner(form.form, window).join(" "), "");
     EXPECT_EQ(window.windowTitle(), "DataSetValidation");
-    EXPECT_EQ(window.findChild<QLabel*>("lblValidate")->text(), "Perform Validation for DataSet");
+    EXPECT_EQ(Plain(window.findChild<QLabel*>("lblValidate")->text()), "Perform Validation for DataSet");
     auto* path = window.findChild<QLineEdit*>("txtValidate");
     EXPECT_EQ(path->text().toStdString(), data.state.gDataSetPath);
     EXPECT_TRUE(path->isReadOnly());
-    EXPECT_EQ(window.findChild<QGroupBox*>("fraFilter")->title(), "Filter Validated  Records");
-    EXPECT_EQ(window.findChild<QRadioButton*>("optModified")->text(),
+    EXPECT_EQ(Plain(window.findChild<QGroupBox*>("fraFilter")->title()), "Filter Validated  Records");
+    EXPECT_EQ(Plain(window.findChild<QRadioButton*>("optModified")->text()),
               "Validate only Changed and New Records");
     EXPECT_EQ(window.findChild<QPushButton*>("cmdContinue")->text(), "&Continue");
     auto* fields = window.findChild<QComboBox*>("cboFields");

@@ -107,6 +107,12 @@ private:
         AddRow("lblHybridAuthority", hybridAuthor, Line({hybridAuthor}));
         uninomial->setProperty(kCalledBy, "lblName1");
         epithet->setProperty(kCalledBy, "lblName2");
+        // Until the rank gives their labels a text.
+        for (QWidget* name : std::initializer_list<QWidget*>{genus, uninomial})
+            Name(name, QObject::tr("First Name"));
+        for (QWidget* name : std::initializer_list<QWidget*>{species, epithet})
+            Name(name, QObject::tr("Second Name"));
+        Name(third, QObject::tr("Third Name"));
         Name(thirdRank, QObject::tr("Rank of the Third Name"));
         Name(fourth, QObject::tr("Fourth Name"));
         Name(paren, QObject::tr("Put the Name in Parentheses"));
