@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "ui/alpha_view.h"
+#include "ui/guard.h"
 #include "ui/hier_view.h"
 #include "ui/list_model.h"
 #include "ui/text_convert.h"
@@ -59,26 +60,26 @@ void ExplorerView::BuildViews() {
 void ExplorerView::ConnectTree() {
     treeModel_ = new TreeModel(explorer_.TreeV(), this);
     tree_->SetTreeModel(treeModel_);
-    connect(tree_, &QTreeView::expanded, this, [this](const QModelIndex& index) {
+    Connect(tree_, &QTreeView::expanded, this, [this](const QModelIndex& index) {
         navigation::TreeNode* node = treeModel_->NodeOf(index);
         if (!node->Expanded()) explorer_.ExpandNode(node);
     });
-    connect(tree_, &QTreeView::collapsed, this, [this](const QModelIndex& index) {
+    Connect(tree_, &QTreeView::collapsed, this, [this](const QModelIndex& index) {
         navigation::TreeNode* node = treeModel_->NodeOf(index);
         if (node->Expanded()) explorer_.CollapseNode(node);
     });
-    connect(treeModel_, &TreeModel::NodeExpanded, tree_, &HierView::SetOpen);
+    Connect(treeModel_, &TreeModel::NodeExpanded, tree_, &HierView::SetOpen);
     explorer_.Note = [this](std::string_view text) { emit Noted(ToQt(text)); };
-    connect(treeModel_, &TreeModel::NodeMadeVisible, tree_,
+    Connect(treeModel_, &TreeModel::NodeMadeVisible, tree_,
             [this](const QModelIndex& index) { tree_->Reveal(index); });
 }
 
 void ExplorerView::ConnectTreeSelection() {
-    connect(treeModel_, &TreeModel::NodeSelected, this, [this](const QModelIndex& index) {
+    Connect(treeModel_, &TreeModel::NodeSelected, this, [this](const QModelIndex& index) {
         tree_->setCurrentIndex(index);
         if (index.isValid()) tree_->Reveal(index);
     });
-    connect(tree_->selectionModel(), &QItemSelectionModel::currentChanged, this,
+    Connect(tree_->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this](const QModelIndex& index) {
                 navigation::TreeNode* node = treeModel_->NodeOf(index);
                 if (node == nullptr || treeModel_->IsChanging() || node == explorer_.TreeV().Selected())
@@ -86,7 +87,7 @@ void ExplorerView::ConnectTreeSelection() {
                 clicked_ = node;
                 explorer_.NodeClick(node);
             });
-    connect(tree_, &QTreeView::clicked, this, [this](const QModelIndex& index) {
+    Connect(tree_, &QTreeView::clicked, this, [this](const QModelIndex& index) {
         navigation::TreeNode* node = treeModel_->NodeOf(index);
         if (std::exchange(clicked_, nullptr) != node) explorer_.NodeClick(node);
     });
@@ -97,15 +98,15 @@ void ExplorerView::ConnectList() {
     list_->setModel(listModel_);
     listTimer_.setSingleShot(true);
     listTimer_.setInterval(kTypedTextEnds);
-    connect(&listTimer_, &QTimer::timeout, this, [this] { explorer_.ListTimer(); });
+    Connect(&listTimer_, &QTimer::timeout, this, [this] { explorer_.ListTimer(); });
     explorer_.StartListTimer = [this] { listTimer_.start(); };
     explorer_.ListMoved = [this](int id) { ShowListRow(id); };
-    connect(list_, &AlphaView::KeyTyped, this,
+    Connect(list_, &AlphaView::KeyTyped, this,
             [this](const QString& key) { explorer_.ListKeyPress(FromQt(key)); });
-    connect(list_, &QListView::clicked, this, [this](const QModelIndex& index) {
+    Connect(list_, &QListView::clicked, this, [this](const QModelIndex& index) {
         explorer_.ListClick(navigation::cExplorer::ListArea::List, listModel_->IdAt(index));
     });
-    connect(list_->selectionModel(), &QItemSelectionModel::currentChanged, this,
+    Connect(list_->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this](const QModelIndex& index) {
                 if (index.isValid() && listModel_->IdAt(index) != explorer_.ListId())
                     explorer_.SetListId(listModel_->IdAt(index));
@@ -114,11 +115,11 @@ void ExplorerView::ConnectList() {
 
 // When the rows change while they are being read, the current taxon stays the same, at the same height.
 void ExplorerView::ConnectListRows() {
-    connect(listModel_, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
+    Connect(listModel_, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
         const QModelIndex current = list_->currentIndex(), top = list_->indexAt(QPoint(0, 0));
         rowsAboveCurrent_ = current.isValid() && top.isValid() ? current.row() - top.row() : -1;
     });
-    connect(listModel_, &ListModel::RowsArrived, this, [this] {
+    Connect(listModel_, &ListModel::RowsArrived, this, [this] {
         if (list_->currentIndex().isValid()) return;
         ShowListRow(explorer_.ListId());
         const int above = std::exchange(rowsAboveCurrent_, -1);

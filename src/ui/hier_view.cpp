@@ -4,6 +4,7 @@
 #include <QtWidgets>
 #include <algorithm>
 
+#include "ui/guard.h"
 #include "ui/icons.h"
 #include "ui/tree_model.h"
 
@@ -71,11 +72,11 @@ HierView::HierView(cExplorer& explorer, QWidget* parent)
     ghost_->setAttribute(Qt::WA_TransparentForMouseEvents);
     ghost_->hide();
     treeTimer_.setInterval(kLineScrolls);
-    connect(&treeTimer_, &QTimer::timeout, this, [this] { explorer_.TreeTimer(); });
+    Connect(&treeTimer_, &QTimer::timeout, this, [this] { explorer_.TreeTimer(); });
     explorer_.RunTreeTimer = [this](bool run) { run ? treeTimer_.start() : treeTimer_.stop(); };
     explorer_.ScrollTree = [this](int lines) { ScrollLine(lines); };
     idleTimer_.setInterval(0);
-    connect(&idleTimer_, &QTimer::timeout, this, [this] {
+    Connect(&idleTimer_, &QTimer::timeout, this, [this] {
         if (!explorer_.Continue()) idleTimer_.stop();
     });
     explorer_.StartIdleTimer = [this] { idleTimer_.start(); };
@@ -108,7 +109,7 @@ void HierView::Reveal(const QModelIndex& index) {
 void HierView::SetTreeModel(TreeModel* model) {
     model_ = model;
     setModel(model);
-    connect(model_, &TreeModel::HighlightMoved, viewport(), qOverload<>(&QWidget::update));
+    Connect(model_, &TreeModel::HighlightMoved, viewport(), qOverload<>(&QWidget::update));
 }
 
 // The press selects the node, and may ask the user something; what is selected afterwards is dragged.

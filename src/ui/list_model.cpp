@@ -1,6 +1,7 @@
 // Rows that arrive in lots, and lines that are read when they are shown.
 #include "ui/list_model.h"
 
+#include "ui/guard.h"
 #include "ui/text_convert.h"
 
 namespace quillon::ui {
@@ -15,7 +16,7 @@ constexpr int kGrowth = 10;
 
 ListModel::ListModel(navigation::TaxonList& list, QObject* parent) : QAbstractListModel(parent), list_(list) {
     idle_.setInterval(0);
-    connect(&idle_, &QTimer::timeout, this, &ListModel::LoadMore);
+    Connect(&idle_, &QTimer::timeout, this, &ListModel::LoadMore);
     list_.SetObserver(this);
 }
 

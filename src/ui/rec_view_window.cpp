@@ -120,7 +120,7 @@ void RecViewWindow::BuildExplorer() {
     QList<QAction*> commands;
     for (const QString name : kExplorerMenu) commands << (name == "-" ? nullptr : findChild<QAction*>(name));
     explorerView_->SetContextActions(commands);
-    connect(explorerView_, &ExplorerView::Noted, this,
+    Connect(explorerView_, &ExplorerView::Noted, this,
             [this](const QString& text) { statusBar()->showMessage(text, kNoteLasts); });
 }
 
