@@ -37,6 +37,10 @@ Lifecycle::Lifecycle(ApplicationState& state, store::Engine& engine, Prompter& p
     if (state_.gVersion.empty()) state_.gVersion = kProgramVersion;
 }
 
+std::string TitleOf(std::string_view path, bool readOnly) {
+    return "Taxonomic Quillon - " + std::string(path) + (readOnly ? " (read-only)" : "");
+}
+
 std::string Lifecycle::OpenDataSetFile(const std::string& path) {
     // A caller may hand in gDataSetPath itself, which the closing clears.
     std::string wanted(path);  // NOLINT(performance-unnecessary-copy-initialization)
@@ -45,7 +49,7 @@ std::string Lifecycle::OpenDataSetFile(const std::string& path) {
         CloseDataSet();
         state_.gDatabase = engine_.OpenDatabase(wanted);
         state_.gDataSetOpen = true;
-        state_.title = "Taxonomic Quillon - " + wanted;
+        state_.title = TitleOf(wanted, state_.gDatabase->IsReadOnly());
         return wanted;
     } catch (const StoreError& error) {
         lastOpenError_ = error.Description();

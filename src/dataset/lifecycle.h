@@ -19,6 +19,8 @@ inline constexpr std::string_view kTitleNoDataSet = "Taxonomic Quillon - No Open
 
 // What the user reads about the DataSet `path` when the program cannot use it.
 std::string RefusalText(const std::string& path, store::VersionOrder order);
+// The title of the main window while the DataSet is open.
+std::string TitleOf(std::string_view path, bool readOnly);
 
 class Lifecycle {
 public:

@@ -78,8 +78,9 @@ void RecView::StartOfDataSet() {
     const ChangeScope scope(controls_.form);
     state_.currentTaxon = CurrentTaxon();
     ClearTabs();
-    controls_.form.SetTitle(state_.gDataSetOpen ? "Taxonomic Quillon - " + state_.gDataSetPath
-                                                : std::string(dataset::kTitleNoDataSet));
+    controls_.form.SetTitle(state_.gDataSetOpen
+                                ? dataset::TitleOf(state_.gDataSetPath, state_.gDatabase->IsReadOnly())
+                                : std::string(dataset::kTitleNoDataSet));
     EnterInput();
     controls_.name.SetCaption("");
     controls_.taxa.SetCaption("");

@@ -56,6 +56,10 @@ bool Database::IsOpen() const {
     return handle_->open;
 }
 
+bool Database::IsReadOnly() const {
+    return Shared()->IsReadOnly();
+}
+
 std::shared_ptr<Connection> Database::Shared() const {
     handle_->Require();
     return handle_->connection;

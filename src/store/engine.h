@@ -37,6 +37,8 @@ public:
     // Every recordset and query of this handle fails with ObjectClosed afterwards. Closing twice is nothing.
     void Close();
     bool IsOpen() const;
+    // Whether the file, or its folder, cannot be written. ObjectClosed when closed.
+    bool IsReadOnly() const;
 
     // One action statement in the dialect; gives the rows affected.
     int Execute(std::string_view sql);

@@ -33,6 +33,11 @@ TEST(NewDataSet, SeedsTheKingdomsRows) {
     EXPECT_EQ(f.state.title, "Taxonomic Quillon - " + f.dir.File("test.mdb"));
 }
 
+TEST(Title, SaysThatADataSetIsReadOnly) {
+    EXPECT_EQ(TitleOf("/names/moths.mdb", false), "Taxonomic Quillon - /names/moths.mdb");
+    EXPECT_EQ(TitleOf("/names/moths.mdb", true), "Taxonomic Quillon - /names/moths.mdb (read-only)");
+}
+
 TEST(NewDataSet, HasTheTablesAndQueriesOfTheSchema) {
     DataSetFixture f;
     f.Make("Plantae");
@@ -217,6 +222,7 @@ TEST(SaveDataSetAs, AsksBeforeOverwriting) {
     EXPECT_EQ(f.prompter.questions,
               std::vector<std::string>{"DataSet '" + other + "' already exists.  Overwrite?"});
     EXPECT_EQ(f.prompter.titles.back(), "Duplicate DataSet Name");
+    EXPECT_EQ(f.prompter.losses, f.prompter.questions) << "Return answers No";
     EXPECT_EQ(testkit::ReadFile(other), "keep me");
 }
 

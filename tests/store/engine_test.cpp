@@ -260,6 +260,7 @@ protected:
     int ReadsAndRefusesWrites() {
         Engine engine;
         const DatabaseHandle database = engine.OpenDatabase(path);
+        if (!database->IsReadOnly()) return 8;
         if (Rows(*database, "SELECT qb_id FROM qb_taxonomic_units") != "1\n") return 1;
         const Failure refused{3027, "Can't update. The DataSet is read-only."};
         if (!(FailureOf([&] { database->Execute("DELETE * FROM qb_taxonomic_units"); }) == refused)) return 2;
