@@ -132,5 +132,20 @@ TEST_F(GuardTest, WithoutAProgramABoxShowsTheFailure) {
     Guard(FailHere);
 }
 
+// A connection that is not guarded is one that an exception could leave.
+TEST(Guard, EveryConnectionAndDelayedCallOfTheWindowsIsGuarded) {
+    const QRegularExpression bare(R"((?<![A-Za-z_])(QObject::connect|connect|singleShot)\()");
+    QStringList places;
+    QDirIterator files(QUILLON_SOURCE_DIR "/src/ui", {"*.cpp", "*.h"}, QDir::Files,
+                       QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        QFile file(files.next());
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        const QString text = QString::fromUtf8(file.readAll());
+        if (!file.fileName().endsWith("/guard.h") && bare.match(text).hasMatch()) places << file.fileName();
+    }
+    EXPECT_EQ(places.join(' ').toStdString(), "");
+}
+
 }  // namespace
 }  // namespace quillon::ui

@@ -1,0 +1,65 @@
+// The main window as a whole: its size, and what it shows after a job.
+#include "import/import_form.h"
+#include "rec_view_window_fixture.h"
+
+namespace quillon::ui {
+namespace {
+
+TEST_F(MainWindow, IsNeverLargerThanTheScreen) {
+    DesktopProgram other(&prompter, dir.path());
+    const QSize size = other.Window().size();
+    const QSize screen = window.screen()->availableSize();
+    EXPECT_LE(size.width(), screen.width());
+    EXPECT_LT(size.height(), screen.height()) << "the title bar needs room, too";
+}
+
+TEST_F(MainWindow, TheExplorerGivesWayWhenTheWindowGetsNarrower) {
+    MakeWhales();
+    auto* area = window.findChild<QScrollArea*>();
+    auto* explorer = window.findChild<QSplitter*>("Splitter")->widget(0);
+    const int before = explorer->width();
+    const int page = area->widget()->minimumSizeHint().width();
+    const int besidePage = window.width() - explorer->width() - area->viewport()->width();
+    window.resize(page + besidePage + explorer->minimumWidth() + 8, window.height());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(area->horizontalScrollBar()->maximum(), 0) << "the page is whole";
+    EXPECT_LT(explorer->width(), before);
+}
+
+// Runs the import instead of its form.
+class ImportingPrompter : public testkit::ScriptedPrompter {
+public:
+    std::function<void()> import;
+    void ShowModal(std::string_view formName) override {
+        ScriptedPrompter::ShowModal(formName);
+        if (formName == "FrmImport") import();
+    }
+};
+
+TEST(MainWindowAfterAJob, ShowsTheCountOfNamesAfterAnImport) {
+    const testkit::TempDir dir;
+    ImportingPrompter prompter;
+    DesktopProgram program(&prompter, dir.path());
+    program.State().gKingdomName = "Animalia";
+    program.State().gPrefRank = "Kingdom";
+    program.Lifecycle().MakeDataSet(dir.File("whales.mdb"));
+    program.RecView().ShowDataSet();
+    auto* taxa = program.Window().findChild<QLabel*>("taxa");
+    EXPECT_EQ(taxa->text(), "TAXA: 1");
+    testkit::WriteFile(dir.File("in.qln"),
+                       "[TU]|100||Animalia||||||||valid|||||||100|||||5|10|No|\r\n"
+                       "[TU]|101||Chordata||||||||valid|||||||100|||||5|30|No|\r\n"
+                       "[TU]|102||Mollusca||||||||valid|||||||100|||||5|30|No|\r\n");
+    testkit::NullPump pump;
+    prompter.import = [&] {
+        importing::FrmImport form(program.State(), program.Engine(), prompter, pump, dir.path());
+        prompter.filesToOpen.push_back(dir.File("in.qln"));
+        form.RunImport();
+    };
+    program.Window().findChild<QAction*>("mnuFImport")->trigger();
+    EXPECT_EQ(prompter.messages, std::vector<std::string>{"Import Complete -- No Errors!"});
+    EXPECT_EQ(taxa->text(), "TAXA: 3");
+}
+
+}  // namespace
+}  // namespace quillon::ui
