@@ -151,7 +151,7 @@ void BindTabs(TabStripControl& control, const QWidget& window) {
     const QSignalBlocker quiet(tabs);
     while (tabs->count() > 0) tabs->removeTab(0);
     for (const auto& tab : control.Tabs()) tabs->addTab(ToQt(tab.caption));
-    tabs->updateGeometry();  // a bar that is not shown yet forgets to say that it has grown
+    tabs->updateGeometry();  // a bar that is not shown yet does not update its size hint
     Mirror(control, *tabs, [](const TabStripControl& model, QTabBar& shown) {
         ShowCommon(model, shown);
         shown.setCurrentIndex(model.SelectedIndex() - 1);

@@ -26,7 +26,7 @@ bool IsLeft(const QComboBox& combo) {
     return true;
 }
 
-// What stands in the line of an editable combo, to be put back after the list has been exchanged.
+// Restores the text, cursor and selection of an editable combo's line after its list was replaced.
 class KeepLine {
 public:
     explicit KeepLine(QLineEdit* line) : line_(line) {
@@ -53,8 +53,8 @@ private:
     int cursor_ = 0, start_ = -1, length_ = 0;
 };
 
-// One combo box and its model. The list is put into the box only when the choices have changed, and choices
-// that are still to be read only when the user goes for them.
+// One combo box and its model. The box takes the list only when the choices have changed, and pending choices
+// only when the user opens the list or types.
 class ComboBinding : public QObject {
 public:
     ComboBinding(ComboControl& control, QComboBox& combo);

@@ -18,7 +18,7 @@ public:
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
-    // Tells the view of other choices, when they are others than before.
+    // Resets the view when the choices have changed.
     void Update();
     // The line with the most bytes; empty without lines.
     const QString& LongestLine() const { return longest_; }

@@ -95,7 +95,7 @@ DesktopPrompter::~DesktopPrompter() {
 QWidget* DesktopPrompter::Above() const {
     QWidget* modal = QApplication::activeModalWidget();
     if (modal != nullptr) return modal;
-    // Beside a window that is not there yet, boxes would stand anywhere.
+    // Above a window that is not shown yet, boxes would appear anywhere.
     return window_ != nullptr && window_->isVisible() ? window_.data() : nullptr;
 }
 
@@ -167,7 +167,7 @@ std::optional<std::string> DesktopPrompter::FileToSave(std::string_view title, s
 void DesktopPrompter::ShowModal(std::string_view formName) {
     const auto show = forms_.value(ToQt(formName));
     if (!show) return;
-    const DialogScope scope(nullptr);  // the form's window takes care of what is below it
+    const DialogScope scope(nullptr);  // the form's window activates the one below it
     show(Above());
 }
 

@@ -20,8 +20,8 @@ public:
     ~DesktopPrompter() override;
     // The window that boxes and dialogs belong to.
     void SetWindow(QWidget* window) { window_ = window; }
-    // Where file dialogs begin until the user has chosen a file; they go on from the folder of the last one.
-    // The user's documents when it gives nothing.
+    // The folder that file dialogs show until the user has chosen a file; from then on they show the folder
+    // of the last one. When it returns nothing they show the user's documents.
     void SetFolder(std::function<std::string()> folder) { folder_ = std::move(folder); }
     // How the form of that name is shown until it closes; `parent` is the window above it.
     void Register(std::string_view formName, std::function<void(QWidget* parent)> show);

@@ -1,5 +1,5 @@
-// The desktop program put together: state, store, outside, explorer, main form and main window, and the lines
-// between them. main() makes one and starts it; tests make one with answers of their own.
+// The whole desktop program: state, store, outside, explorer, main form and main window, connected with each
+// other. main() makes one and starts it; tests make one with answers of their own.
 #pragma once
 
 #include <memory>
@@ -26,8 +26,8 @@ namespace quillon::ui {
 
 class DesktopProgram : private startup::Stage {
 public:
-    // With `prompter` given questions go there instead of to the screen. `workDirectory` takes the logs and
-    // becomes the current directory at the start; empty, it is the current one. `preferencesFile` is Qln.Ini.
+    // `prompter` takes the questions instead of the screen. `workDirectory` holds the logs and becomes the
+    // current directory at the start; empty means the current one. `preferencesFile` is Qln.Ini.
     explicit DesktopProgram(Prompter* prompter = nullptr, std::string workDirectory = {},
                             std::string preferencesFile = {});
 

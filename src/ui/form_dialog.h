@@ -14,7 +14,7 @@ void ActivateAgain(QWidget* window);
 class FormDialog : public QDialog {
     Q_OBJECT
 public:
-    // The form must outlive the dialog, which bears the form's name.
+    // The form must outlive the dialog. The dialog's objectName is the form's name.
     FormDialog(Form& form, QWidget* parent);
     Form& Model() { return form_; }
     // Escape and the window's own button.

@@ -5,8 +5,8 @@
 #include <QTextDocument>
 #include <algorithm>
 
-// The pages stand in a static library, where nobody takes them in unasked. The macro must stand outside any
-// namespace.
+// The pages are in a static library, whose resources are not linked unless asked for. The macro must be
+// outside any namespace.
 static void TakeInPages() {
     Q_INIT_RESOURCE(help);
 }

@@ -1,5 +1,5 @@
 // The help: contents on the left, a page of the manual on the right, a search over all pages. It shows what
-// the program carries and reaches for nothing else. Help (ui/help.h) opens it.
+// the program contains and opens nothing else. Help (ui/help.h) opens it.
 #pragma once
 
 #include <QKeySequence>

@@ -1,7 +1,7 @@
 #include "ui/icons.h"
 
-// The icons stand in a static library, where nobody takes them in unasked. The macro must stand outside any
-// namespace.
+// The icons are in a static library, whose resources are not linked unless asked for. The macro must be
+// outside any namespace.
 static void TakeInIcons() {
     Q_INIT_RESOURCE(icons);
 }

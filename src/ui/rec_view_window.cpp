@@ -143,7 +143,7 @@ QWidget* RecViewWindow::BuildEditor() {
     return editor;
 }
 
-// All pages lie in one scrolling area, the one on show at its top left.
+// All pages are in one scrolling area, which shows one of them.
 QWidget* RecViewWindow::BuildPages() {
     scroller_ = new QScrollArea(this);
     scroller_->setFrameShape(QFrame::StyledPanel);
@@ -195,7 +195,7 @@ void RecViewWindow::ShowView() {
     explorerView_->ShowHierarchy(recView_.Controls().hierarchy.Value());
 }
 
-// The page never gets smaller than it wants to be: the area scrolls instead.
+// A page never gets smaller than its size hint: the area scrolls instead.
 void RecViewWindow::ShowPage() {
     const int index = recView_.Controls().TabStrip1.SelectedIndex();
     if (std::exchange(page_, index) == index) return;

@@ -1,4 +1,4 @@
-// frmSplash, what is seen of the program until its main window stands.
+// frmSplash, which is shown until the main window is ready.
 #pragma once
 
 #include <QWidget>
