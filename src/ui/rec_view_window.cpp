@@ -109,8 +109,9 @@ void RecViewWindow::BuildBody() {
 void RecViewWindow::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
     const QList<int> widths = splitter_->sizes();
-    const int page =
-        scroller_->widget()->minimumSizeHint().width() + editor_->width() - scroller_->viewport()->width();
+    const QMargins margins = editor_->layout()->contentsMargins();
+    const int page = scroller_->widget()->minimumSizeHint().width() + 2 * scroller_->frameWidth() +
+                     scroller_->verticalScrollBar()->sizeHint().width() + margins.left() + margins.right();
     const int missing = std::min(page - widths[1], widths[0] - explorerView_->minimumWidth());
     if (missing > 0) splitter_->setSizes({widths[0] - missing, widths[1] + missing});
 }

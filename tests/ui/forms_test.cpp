@@ -162,12 +162,14 @@ TEST(DesktopPrompter, ReturnAnswersYesUnlessYesLosesSomething) {
     EXPECT_TRUE(prompter.AskBeforeLoss("Overwrite?", "Save As"));
 }
 
-TEST(DesktopPrompter, TheWaitCursorGoesOnAndOffOnce) {
+TEST(DesktopPrompter, TheWaitCursorGoesOffWithTheOutermostScope) {
     DesktopPrompter prompter;
     prompter.WaitCursor(true);
     prompter.WaitCursor(true);
     ASSERT_NE(QApplication::overrideCursor(), nullptr);
     EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    prompter.WaitCursor(false);
+    EXPECT_NE(QApplication::overrideCursor(), nullptr);
     prompter.WaitCursor(false);
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }

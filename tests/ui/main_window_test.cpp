@@ -20,7 +20,7 @@ TEST_F(MainWindow, TheExplorerGivesWayWhenTheWindowGetsNarrower) {
     const int before = explorer->width();
     const int page = area->widget()->minimumSizeHint().width();
     const int besidePage = window.width() - explorer->width() - area->viewport()->width();
-    window.resize(page + besidePage + explorer->minimumWidth() + 8, window.height());
+    window.resize(page + besidePage + explorer->minimumWidth() + 40, window.height());
     QCoreApplication::processEvents();
     EXPECT_EQ(area->horizontalScrollBar()->maximum(), 0) << "the page is whole";
     EXPECT_LT(explorer->width(), before);

@@ -68,7 +68,8 @@ protected:
     }
     // Clicks a node of the tree.
     void Click(const QModelIndex& index) {
-        QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualRect(index).center());
+        QTest::mouseClick(tree->viewport(), Qt::LeftButton, {},
+                          tree->visualRect(index).intersected(tree->viewport()->rect()).center());
     }
     // The visible rows, each with its depth.
     QStringList Rows() {
