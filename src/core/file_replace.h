@@ -1,5 +1,5 @@
 // Small files read and replaced as a whole, for what must survive a crash and a full disk. Nothing here
-// throws; a failure is given in plain words.
+// throws; a failure is returned as text.
 #pragma once
 
 #include <string>
@@ -15,9 +15,9 @@ struct SmallFile {
 // A plain file of at most a megabyte; anything else at `path` is a failure, and nothing waits for it.
 SmallFile ReadSmallFile(const std::string& path);
 
-// Writes `content` beside the file, makes it durable and puts it in the file's place in one step; folders
-// that are missing are made, a symbolic link stays one, and so do the file's permissions. Gives the failure,
-// empty when it is done; after a failure the old file stands as it was and nothing is left beside it.
+// Replaces the content of a file in one durable step, through a TemporaryFile. Makes the folders that are
+// missing; keeps a symbolic link and the permissions of the file. Returns the failure, empty when it is done;
+// after a failure the old file is as it was and nothing is left beside it.
 std::string ReplaceFile(const std::string& path, std::string_view content);
 
 }  // namespace quillon

@@ -13,6 +13,7 @@
 #include <cstring>
 #include <exception>
 #include <filesystem>
+#include <new>
 #include <set>
 #include <system_error>
 #include <utility>
@@ -64,8 +65,15 @@ bool IsOurName(std::string_view name, std::string_view target) {
            name.substr(kMark.size()).find_first_not_of(kLetters) == std::string_view::npos;
 }
 
+// The file itself goes also where there is no memory for the names of its logs.
 void RemoveWithLogs(const std::string& path) noexcept {
-    for (const char* ending : {"-journal", "-wal", "-shm", ""}) unlink((path + ending).c_str());
+    try {
+        for (const char* ending : {"-journal", "-wal", "-shm"}) unlink((path + ending).c_str());
+    } catch (const std::bad_alloc&) {
+        unlink(path.c_str());
+        return;
+    }
+    unlink(path.c_str());
 }
 
 // The files that this process is making. Opening and closing one of them would drop SQLite's locks on it.
@@ -128,13 +136,18 @@ bool TemporaryFile::Make() {
     }
     // A file system without locks gives none; then only the name protects the file.
     flock(descriptor_, LOCK_EX | LOCK_NB);
-    if (LeadsTo(path_, descriptor_)) {
-        Making().insert(path_);
-        return true;
+    if (!LeadsTo(path_, descriptor_)) {
+        close(std::exchange(descriptor_, -1));
+        errno = EEXIST;
+        return false;
     }
-    close(std::exchange(descriptor_, -1));
-    errno = EEXIST;
-    return false;
+    try {
+        Making().insert(path_);
+    } catch (...) {
+        Discard();
+        throw;
+    }
+    return true;
 }
 
 void TemporaryFile::Discard() noexcept {
@@ -200,10 +213,14 @@ void WriteAll(int descriptor, std::string_view bytes, const std::string& path) {
 }
 
 void SyncFolderOf(const std::string& path) noexcept {
-    const int descriptor = open(FolderOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor < 0) return;
-    fsync(descriptor);
-    close(descriptor);
+    try {
+        const int descriptor = open(FolderOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+        if (descriptor < 0) return;
+        fsync(descriptor);
+        close(descriptor);
+    } catch (const std::bad_alloc&) {
+        return;  // the file is in place; the system writes the folder on its own
+    }
 }
 
 }  // namespace quillon

@@ -1,5 +1,5 @@
-// A file on its way to a target: written beside it under a name that nobody can guess, locked while its run
-// lives, and put in the target's place in one step. Exports, copies, new DataSets and preferences go through
+// A file that is written beside its target and then replaces it in one step. Its name cannot be guessed, and
+// it is locked while its run lives. Copies, working copies, new DataSets and preferences are written through
 // it. Failures are FileErrors.
 //
 // The name is the target's, "~new-" and ten letters. What a killed run leaves has such a name, a content that

@@ -1,6 +1,6 @@
-// The life of a DataSet as a person leads it: New, Open, Save As, and the question about an unsaved record,
-// with their dialogs, messages and refusals. The main window, start-up and the batch program call it; what
-// happens to the files is the work of store/lifecycle.
+// What a person does with DataSets: New, Open, Save As, and the question about an unsaved record,
+// with their dialogs, messages and refusals. The main window, start-up and the batch program call it;
+// store/lifecycle does the work on the files.
 #pragma once
 
 #include <functional>
@@ -24,7 +24,7 @@ std::string TitleOf(std::string_view path, bool readOnly);
 
 class Lifecycle {
 public:
-    // Everything handed in must outlive this. An empty gVersion becomes the program's.
+    // All references must outlive this object. An empty gVersion becomes the program's.
     Lifecycle(ApplicationState& state, store::Engine& engine, Prompter& prompter);
 
     // Replaces the open DataSet. Returns the path when it is open, "" when not; reports nothing.

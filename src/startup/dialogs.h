@@ -1,5 +1,5 @@
-// The small dialogs of the start: the splash, the question for a kingdom, and the dialog that stands in for a
-// DataSet that could not be opened. Start-up shows them; the windows over them are thin.
+// The small dialogs of the start: the splash, the question for a kingdom, and the dialog for when no DataSet
+// could be opened. Start-up shows them; their windows only display the controls.
 #pragma once
 
 #include <string>
@@ -44,7 +44,7 @@ public:
 
     Form form{"frmNoDB"};
     LabelControl Instructions{form, "Instructions"};
-    // What the store had to say about the file; hidden when nothing was tried.
+    // Why the file did not open; hidden when none was tried.
     LabelControl lblReason{form, "lblReason"};
     ButtonControl cmdOpen{form, "cmdOpen", "&Open..."};
     ButtonControl cmdNew{form, "cmdNew", "&New..."};
@@ -54,7 +54,7 @@ private:
     void Open();
     void New();
     void Exit();
-    // True when the DataSet is open and may stay so; otherwise the user has been told why not.
+    // True when the DataSet is open and may stay so; otherwise a message has said why not.
     bool OpenFile(const std::string& path);
 
     ApplicationState& state_;

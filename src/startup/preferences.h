@@ -1,5 +1,5 @@
 // The ten preferences: their keys in Qln.Ini and the variables that they stand for. Start-up reads them,
-// FrmPreferences writes them; nobody else touches the file.
+// FrmPreferences writes them, and no other code reads or writes the file.
 #pragma once
 
 #include <span>
@@ -22,11 +22,11 @@ struct Preference {
 // In the order of writing.
 std::span<const Preference> Preferences();
 
-// Takes every key of `file` that is a preference to its variable. Gives the number of all keys found, those
-// that the program does not know among them; 0 also when there is no file.
+// Stores every key of `file` that is a preference in its variable. Returns the number of all keys found,
+// those that the program does not know among them; 0 also when there is no file.
 int ReadPreferences(ApplicationState& state, IniProfile& profile, const std::string& file);
 // The DataSet that was open when the program ended last, "" when none was noted. It stands in a section of
-// its own, beside the preferences, and a note that cannot be written is left out: nobody waits for it.
+// its own, beside the preferences, and a note that cannot be written is left out without a message.
 std::string LastDataSet(const std::string& file);
 void WriteLastDataSet(const std::string& file, const std::string& path);
 

@@ -1,5 +1,5 @@
-// The start of the program, from nothing to a main window with a DataSet in it or without one, and its end.
-// The windows stand behind Stage; main() runs it through the desktop program, and tests script it.
+// The start of the program, up to a main window with a DataSet or without one, and its end. It shows windows
+// through Stage only: the desktop program implements that, and tests record its calls.
 #pragma once
 
 #include "core/application_state.h"
@@ -14,7 +14,7 @@ namespace quillon::startup {
 class Stage {
 public:
     virtual ~Stage() = default;
-    // Without waiting for the user.
+    // Returns at once.
     virtual void ShowSplash() = 0;
     virtual void CloseSplash() = 0;
     // The explorer, the taxon list and the form of the DataSet that is open, or of none; the root is current.
@@ -24,14 +24,14 @@ public:
 
 class StartUp {
 public:
-    // An empty place is left out: no preferences are found, or the current directory stays. Everything handed
-    // in must outlive this.
+    // An empty place is left out: no preferences are found, or the current directory stays. All references
+    // must outlive this object.
     StartUp(ApplicationState& state, dataset::Lifecycle& lifecycle, IniProfile& profile, Prompter& prompter,
             Stage& stage, Places places);
 
     // The whole start. With gQuitRequested afterwards the program is to end; the main form was not shown.
     void Run();
-    // What the main form does when it loads, from the preferences to the current node.
+    // The part of it from the preferences to the current node of the explorer.
     void LoadMainForm();
     // Opens the DataSet of the preferences, or the one that was open last, and asks the user where that
     // fails.

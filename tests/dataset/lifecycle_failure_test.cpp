@@ -1,4 +1,4 @@
-// New, Open and Save As that fail: what the user is told, and that everything is as it was.
+// New, Open and Save As that fail: what is reported, and that everything is as it was.
 #include <gtest/gtest.h>
 
 #include <algorithm>

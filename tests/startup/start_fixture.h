@@ -1,4 +1,4 @@
-// A start with scripted answers: what was shown and said, in one story, and the DataSets to start with.
+// A start with scripted answers. What was shown and said is recorded in order, as a list of texts.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -18,10 +18,10 @@ namespace quillon::startup {
 
 using Story = std::vector<std::string>;
 
-// Tells the story of its boxes and forms; a form does what the test hung on for it.
-class TellingPrompter : public testkit::ScriptedPrompter {
+// Records its boxes and forms; a form does what the test has set for it in onForm.
+class RecordingPrompter : public testkit::ScriptedPrompter {
 public:
-    explicit TellingPrompter(Story& story) : story_(story) {}
+    explicit RecordingPrompter(Story& story) : story_(story) {}
 
     std::map<std::string, std::function<void()>, std::less<>> onForm;
 
@@ -47,26 +47,26 @@ private:
     Story& story_;
 };
 
-class TellingStage : public Stage {
+class RecordingStage : public Stage {
 public:
-    explicit TellingStage(Story& story) : story_(story) {}
-    void ShowSplash() override { Tell("splash"); }
-    void CloseSplash() override { Tell("splash closes"); }
-    void ShowDataSet() override { Tell("DataSet"); }
-    void ShowMainForm() override { Tell("main form"); }
+    explicit RecordingStage(Story& story) : story_(story) {}
+    void ShowSplash() override { Record("splash"); }
+    void CloseSplash() override { Record("splash closes"); }
+    void ShowDataSet() override { Record("DataSet"); }
+    void ShowMainForm() override { Record("main form"); }
 
-    // The step that fails, after it has been told.
+    // The step that fails, after it has been recorded.
     std::string failing;
 
 private:
-    void Tell(const std::string& step) {
+    void Record(const std::string& step) {
         story_.push_back(step);
         if (step == failing) throw std::runtime_error(step);
     }
     Story& story_;
 };
 
-// The current directory comes back.
+// Restores the current directory.
 class KeptDirectory {
 public:
     KeptDirectory() : path_(std::filesystem::current_path()) {}
@@ -102,8 +102,8 @@ protected:
     KeptDirectory kept;
     const std::string iniPath = dir.File("Qln.Ini");
     Story story;
-    TellingPrompter prompter{story};
-    TellingStage stage{story};
+    RecordingPrompter prompter{story};
+    RecordingStage stage{story};
     ApplicationState state;
     store::Engine engine;
     dataset::Lifecycle lifecycle{state, engine, prompter};

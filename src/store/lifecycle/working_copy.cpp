@@ -9,6 +9,7 @@
 #include <fstream>
 #include <future>
 #include <string>
+#include <system_error>
 #include <utility>
 
 #include "core/file_identity.h"
@@ -24,11 +25,21 @@ namespace {
 constexpr auto kTurnInterval = std::chrono::milliseconds(10);
 constexpr std::streamsize kJournalHeader = 28;
 
+// Without a thread when the system has none left.
+template <typename Work>
+std::future<void> Start(const Work& work) {
+    try {
+        return std::async(std::launch::async, work);
+    } catch (const std::system_error&) {
+        return std::async(std::launch::deferred, work);
+    }
+}
+
 // Runs `work` in a thread of its own while this one takes its turns. False when a turn said no; `stop` is set
 // then, and the work is waited for.
 template <typename Work>
-bool RunWithTurns(Work work, std::atomic<bool>& stop, const std::function<bool()>& turn) {
-    std::future<void> done = std::async(std::launch::async, std::move(work));
+bool RunWithTurns(const Work& work, std::atomic<bool>& stop, const std::function<bool()>& turn) {
+    std::future<void> done = Start(work);
     while (done.wait_for(kTurnInterval) == std::future_status::timeout)
         if (!turn()) stop = true;
     done.get();
@@ -122,11 +133,11 @@ void WorkingCopy::RefuseForeignLogs() const {
 void WorkingCopy::LeaveNoJournal(Database& replaced) const {
     try {
         MakeNoJournal(replaced);
-    } catch (const StoreError&) {
+        const std::string journal = file_.Target() + "-journal";
+        if (IsSpentJournal(journal)) unlink(journal.c_str());
+    } catch (const std::exception&) {
         return;  // the spent journal stays, and does no harm
     }
-    const std::string journal = file_.Target() + "-journal";
-    if (IsSpentJournal(journal)) unlink(journal.c_str());
 }
 
 }  // namespace quillon::store
