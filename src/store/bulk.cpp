@@ -1,15 +1,38 @@
 #include "store/bulk.h"
 
 #include <fmt/format.h>
-#include <sqlite3.h>
 
 #include <algorithm>
 #include <exception>
 
-#include "store/coerce.h"
 #include "store/engine/connection.h"
+#include "store/schema/coerce.h"
 
 namespace quillon::store {
+
+namespace {
+
+// Resets a statement by scope, so that it holds no texts of the row.
+class StatementEnd {
+public:
+    explicit StatementEnd(NativeStatement& statement) : statement_(statement) {}
+    ~StatementEnd() { statement_.Reset(); }
+    StatementEnd(const StatementEnd&) = delete;
+    StatementEnd& operator=(const StatementEnd&) = delete;
+
+private:
+    NativeStatement& statement_;
+};
+
+// True when the index of the key under the collation is there, also during a bulk load.
+bool HasCollatedKey(const PhysicalTable& table) {
+    const std::string name = IndexName(table.def.name, table.def.PrimaryKey()->name);
+    for (const IndexSql& index : CreateIndexSql(table))
+        if (index.name == name) return !index.deferrable;
+    return false;
+}
+
+}  // namespace
 
 BulkLoad::BulkLoad(Engine& engine, Database& database, bool deferIndexes)
     : engine_(engine), connection_(database.Shared()), deferred_(deferIndexes) {
@@ -27,13 +50,13 @@ BulkLoad::~BulkLoad() {
     if (finished_) return;
     try {
         Finish();
-    } catch (const std::exception&) {
+    } catch (...) {
         // The next opening builds what is missing.
     }
 }
 
 std::int64_t BulkLoad::ReserveAutoNumber(std::string_view table) {
-    return connection_->NextAutoNumber(table);
+    return connection_->Numbers().Next(table);
 }
 
 void BulkLoad::BuildIndexes() {
@@ -43,24 +66,15 @@ void BulkLoad::BuildIndexes() {
 
 void BulkLoad::Finish() {
     finished_ = true;
-    try {
-        BuildIndexes();
-    } catch (...) {
-        engine_.EndJob();
-        throw;
-    }
-    engine_.EndJob();
+    Job job(engine_);
+    BuildIndexes();
+    job.End();
 }
 
-void BulkLoad::Abandon() {
+void BulkLoad::Abandon() noexcept {
     if (finished_) return;
     finished_ = true;
-    try {
-        engine_.EndJob();
-    } catch (const std::exception&) {
-        // What was not durable yet is gone, as it would be with the process.
-        deferred_ = false;
-    }
+    const Job ending(engine_);
 }
 
 RowWriter::RowWriter(Database& database, std::string_view table, const std::vector<std::string_view>& columns)
@@ -79,10 +93,7 @@ RowWriter::RowWriter(Database& database, std::string_view table, const std::vect
             autoColumn_ = static_cast<std::ptrdiff_t>(i);
 }
 
-RowWriter::~RowWriter() {
-    sqlite3_finalize(insert_);
-    sqlite3_finalize(replace_);
-}
+RowWriter::~RowWriter() = default;
 
 RowWriter& RowWriter::Text(std::string_view text) {
     if (text.empty()) return Null();
@@ -118,74 +129,73 @@ void RowWriter::Explain() {
     }
 }
 
-// Numbers that the caller gave are not given again.
-void RowWriter::NoteNumber() {
-    if (autoColumn_ < 0) return;
+// The AutoNumber of the row; none when the counter of the table knows it already.
+std::optional<std::int64_t> RowWriter::NewNumber() const {
+    if (autoColumn_ < 0) return std::nullopt;
     const Cell& cell = cells_[static_cast<std::size_t>(autoColumn_)];
-    if (cell.kind != Cell::Kind::Integer || cell.number <= highest_) return;
-    connection_->NoteAutoNumber(table_, cell.number);
-    highest_ = cell.number;
+    const bool known = cell.kind != Cell::Kind::Integer || (cell.number >= 0 && cell.number <= highest_);
+    return known ? std::nullopt : std::optional(cell.number);
 }
 
-// Only the row with the same key is replaced: one that another unique key forbids is an error.
-std::string RowWriter::ReplaceClause() const {
-    std::string key, columns;
-    const auto append = [](std::string& list, const std::string& item) {
-        list += (list.empty() ? "" : ", ") + item;
-    };
-    const IndexDef* const primary = connection_->RequireTable(table_).def.PrimaryKey();
-    for (const std::string& column : columns_) {
-        const bool isKey = std::any_of(primary->fields.begin(), primary->fields.end(),
-                                       [&](const std::string& field) { return NameEqual()(field, column); });
-        const std::string name = QuoteName(column);
-        if (isKey)
-            append(key, name);
-        else
-            append(columns, name + " = excluded." + name);
-    }
-    return fmt::format(" ON CONFLICT ({}) DO UPDATE SET {}", key, columns);
-}
-
-void RowWriter::Run(sqlite3_stmt*& statement, bool replace) {
-    try {
-        if (statement == nullptr)
-            statement = PrepareNative(connection_->Native(),
-                                      "INSERT" + intoTable_ + (replace ? ReplaceClause() : ""), true);
-        Store(statement);
-    } catch (...) {
-        cells_.clear();
-        throw;
-    }
-    cells_.clear();
-    connection_->AfterWrite();
-}
-
-void RowWriter::Store(sqlite3_stmt* statement) {
-    connection_->BeforeWrite();
+void RowWriter::BindCells(NativeStatement& statement) {
     int place = 1;
     for (const Cell& cell : cells_) {
         if (cell.kind == Cell::Kind::Text) {
             // SQLite counts the characters of a text up to its first NUL only.
             if (cell.text.find('\0') != std::string_view::npos) Explain();
-            sqlite3_bind_text64(statement, place, cell.text.data(), cell.text.size(), SQLITE_STATIC,
-                                SQLITE_UTF8);
+            statement.BindInPlace(place, cell.text);
         } else if (cell.kind == Cell::Kind::Integer) {
-            sqlite3_bind_int64(statement, place, cell.number);
+            statement.Bind(place, cell.number);
         } else {
-            sqlite3_bind_null(statement, place);
+            statement.BindNull(place);
         }
         ++place;
     }
-    const int code = sqlite3_step(statement);
-    sqlite3_reset(statement);
-    if (code != SQLITE_DONE) {
-        const StoreError error =
-            ErrorOf(sqlite3_extended_errcode(connection_->Native()), sqlite3_errmsg(connection_->Native()));
-        connection_->WriteFailed();
-        if (error.Is(ErrorNumber::FieldTooSmall)) Explain();
-        throw error;
+}
+
+// The row with the same key gets the new values, the key among them: a text in a key is the same under the
+// collation, which an index of its own enforces. A field that the writer does not name keeps its value.
+std::string RowWriter::ReplaceClause() const {
+    const PhysicalTable& table = connection_->RequireTable(table_);
+    std::string sets, plain, collated, guard;
+    const auto append = [](std::string& list, const std::string& item) {
+        list += (list.empty() ? "" : ", ") + item;
+    };
+    for (const std::string& column : columns_)
+        append(sets, fmt::format("{0} = excluded.{0}", QuoteName(column)));
+    for (const std::string& name : table.def.PrimaryKey()->fields) {
+        const bool text = HasText(table.def.Field(name)->type);
+        append(plain, QuoteName(name));
+        append(collated, QuoteName(name) + (text ? " COLLATE QLN" : ""));
+        if (text && guard.empty()) guard = QuoteName(name);
     }
-    NoteNumber();
+    std::string clause = fmt::format(" ON CONFLICT ({}) DO UPDATE SET {}", plain, sets);
+    if (HasCollatedKey(table))
+        clause +=
+            fmt::format(" ON CONFLICT ({}) WHERE {} IS NOT NULL DO UPDATE SET {}", collated, guard, sets);
+    return clause;
+}
+
+void RowWriter::Run(std::unique_ptr<NativeStatement>& statement, bool replace) {
+    const CellsEnd end{cells_};
+    connection_->Write([&] {
+        if (statement == nullptr)
+            statement = std::make_unique<NativeStatement>(
+                connection_->Native(), "INSERT" + intoTable_ + (replace ? ReplaceClause() : ""), true);
+        const StatementEnd reset(*statement);
+        const std::optional<std::int64_t> number = NewNumber();
+        if (number) connection_->Numbers().Check(table_, *number);
+        BindCells(*statement);
+        try {
+            statement->Step();
+        } catch (const StoreError& error) {
+            if (error.Is(ErrorNumber::FieldTooSmall)) Explain();
+            throw;
+        }
+        if (!number) return;
+        connection_->Numbers().Note(table_, *number);
+        highest_ = std::max(highest_, *number);
+    });
 }
 
 void RowWriter::Insert() {

@@ -1,8 +1,8 @@
 // Writing many rows at once, for the import and the merge: prepared statements bound by column place,
-// AutoNumbers given ahead, and index building put off to the end.
+// AutoNumbers reserved ahead, and indexes built at the end.
 //
-// Types, sizes, required fields and keys hold as everywhere: a row that breaks one is not stored and Insert()
-// throws.
+// Types, sizes, required fields and keys are checked as for any write: a row that breaks one is not stored
+// and Insert() throws.
 #pragma once
 
 #include <cstddef>
@@ -15,9 +15,9 @@
 
 #include "store/engine.h"
 
-struct sqlite3_stmt;
-
 namespace quillon::store {
+
+class NativeStatement;
 
 // A long job that fills `database`. With `deferIndexes` the indexes that only speed up look-ups are dropped
 // at the start and built by Finish(); keys are checked all the time. After a crash the next opening builds
@@ -26,14 +26,18 @@ class BulkLoad {
 public:
     BulkLoad(Engine& engine, Database& database, bool deferIndexes);
     ~BulkLoad();
-    // The next AutoNumber of a table; it counts as given even if no row takes it.
+    BulkLoad(const BulkLoad&) = delete;
+    BulkLoad& operator=(const BulkLoad&) = delete;
+    // The next AutoNumber of a table; it counts as given even if no row takes it. NumericOverflow when none
+    // is left.
     std::int64_t ReserveAutoNumber(std::string_view table);
     // Builds the indexes that were put off. Look-ups by other than keys are slow before it.
     void BuildIndexes();
     // BuildIndexes, and makes everything durable.
     void Finish();
-    // Ends the job without building: the next opening builds what is missing.
-    void Abandon();
+    // Ends the job without building: the next opening builds what is missing. What cannot be made durable is
+    // lost, as it would be with the process.
+    void Abandon() noexcept;
 
 private:
     Engine& engine_;
@@ -64,26 +68,30 @@ public:
     void InsertOrReplace();
 
 private:
-    void Run(sqlite3_stmt*& statement, bool replace);
+    void Run(std::unique_ptr<NativeStatement>& statement, bool replace);
     std::string ReplaceClause() const;
-    void Store(sqlite3_stmt* statement);
+    void BindCells(NativeStatement& statement);
     void Explain();
-    void NoteNumber();
+    std::optional<std::int64_t> NewNumber() const;
 
     std::shared_ptr<Connection> connection_;
     std::string table_, intoTable_;
     std::vector<std::string> columns_;
     // Prepared when first used: an import has a writer for every table, and a file lines for a few.
-    sqlite3_stmt* insert_ = nullptr;
-    sqlite3_stmt* replace_ = nullptr;
+    std::unique_ptr<NativeStatement> insert_, replace_;
     struct Cell {
         enum class Kind { Null, Integer, Text } kind = Kind::Null;
         std::int64_t number = 0;
         std::string_view text;
     };
+    // Empties the row by scope, so that the writer is ready for the next one.
+    struct CellsEnd {
+        std::vector<Cell>& cells;
+        ~CellsEnd() { cells.clear(); }
+    };
     std::vector<Cell> cells_;
     std::ptrdiff_t autoColumn_ = -1;  // the place of the table's AutoNumber among the columns
-    std::int64_t highest_ = 0;        // of the AutoNumbers that the table's counter has heard of
+    std::int64_t highest_ = 0;        // of the AutoNumbers that the counter of the table knows
 };
 
 }  // namespace quillon::store

@@ -2,7 +2,6 @@
 
 #include <fcntl.h>
 #include <fmt/format.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -10,6 +9,7 @@
 #include <cstring>
 #include <exception>
 
+#include "store/dialect/lexer.h"
 #include "store/dialect/parser.h"
 #include "store/engine/connection.h"
 #include "store/engine/result_set.h"
@@ -39,16 +39,22 @@ bool IsSelectText(std::string_view source) {
     return NameEqual()(word, "select") || NameEqual()(word, "parameters");
 }
 
+std::string SelectAll(std::string_view table) {
+    return fmt::format("SELECT * FROM {};", dialect::BracketName(table));
+}
+
 }  // namespace
 
 Database::Database(std::shared_ptr<Connection> connection, std::string path)
-    : handle_(std::make_shared<Handle>(Handle{std::move(connection), true})), path_(std::move(path)) {}
+    : handle_(std::make_shared<Handle>(Handle{std::move(connection), true})), path_(std::move(path)) {
+    ++handle_->connection->handles;
+}
 
 Database::~Database() {
     try {
         Close();
-    } catch (const StoreError&) {
-        // What was committed is in the file; there is nobody left to tell.
+    } catch (...) {
+        // What was committed is in the file.
     }
 }
 
@@ -70,7 +76,7 @@ void Database::Close() {
     handle_->open = false;
     std::shared_ptr<Connection> connection = std::move(handle_->connection);
     handle_->connection = nullptr;
-    connection->CloseResultsOf(*handle_);
+    connection->Results().CloseOf(*handle_);
     if (--connection->handles == 0) connection->Close();
 }
 
@@ -105,7 +111,7 @@ std::vector<std::pair<std::string, std::string>> Database::QueryDefs() {
 std::unique_ptr<Recordset> Database::OpenTable(std::string_view table) {
     Connection& connection = handle_->Require();
     const std::string& name = connection.RequireTable(table).def.name;
-    auto compiled = connection.Compile(fmt::format("SELECT * FROM [{}];", name));
+    auto compiled = connection.Compile(SelectAll(name));
     return std::make_unique<Recordset>(std::make_shared<ResultSet>(
         handle_, std::move(compiled), std::vector<Value>(), RecordsetType::Table));
 }
@@ -113,14 +119,13 @@ std::unique_ptr<Recordset> Database::OpenTable(std::string_view table) {
 std::unique_ptr<Recordset> Database::OpenRecordset(std::string_view source, RecordsetType type) {
     Connection& connection = handle_->Require();
     if (IsSelectText(source)) return CreateQueryDef("", source).OpenRecordset(type);
-    if (connection.Table(source) != nullptr)
-        return CreateQueryDef("", fmt::format("SELECT * FROM [{}];", source)).OpenRecordset(type);
+    if (connection.Table(source) != nullptr) return CreateQueryDef("", SelectAll(source)).OpenRecordset(type);
     return OpenQueryDef(source).OpenRecordset(type);
 }
 
 std::vector<TableDef> Database::TableDefs() const {
     std::vector<TableDef> defs;
-    for (const auto& table : handle_->Require().Tables()) defs.push_back(table->def);
+    for (const auto& table : handle_->Require().AllTables()) defs.push_back(table->def);
     return defs;
 }
 
@@ -136,24 +141,22 @@ void Database::DeleteTable(std::string_view name) {
     handle_->Require().DeleteTable(name);
 }
 
-Engine::Engine() = default;
-Engine::~Engine() = default;
-
-std::vector<std::shared_ptr<Connection>> Engine::Live() {
-    std::vector<std::shared_ptr<Connection>> live;
-    std::erase_if(connections_, [](const std::weak_ptr<Connection>& weak) { return weak.expired(); });
-    for (const auto& weak : connections_) {
-        std::shared_ptr<Connection> connection = weak.lock();
-        if (connection != nullptr && connection->handles > 0) live.push_back(std::move(connection));
-    }
-    return live;
+Engine::Engine() : state_(std::make_unique<EngineState>()) {
+    state_->look = [this](const std::string& path) {
+        const DatabaseHandle other = OpenDatabase(path);
+        return OtherDataSet{other->Shared().get(), other->TableDefs()};
+    };
 }
 
-// One that fails does not keep the others from it.
+Engine::~Engine() = default;
+
+// One that fails does not keep the others from it. It needs no memory: a rollback runs here.
 template <typename Action>
 void Engine::OnEach(Action action) {
     std::exception_ptr failure;
-    for (const auto& connection : Live()) {
+    for (const std::weak_ptr<Connection>& weak : connections_) {
+        const std::shared_ptr<Connection> connection = weak.lock();
+        if (connection == nullptr || connection->handles == 0) continue;
         try {
             action(*connection);
         } catch (...) {
@@ -163,63 +166,90 @@ void Engine::OnEach(Action action) {
     if (failure) std::rethrow_exception(failure);
 }
 
+std::shared_ptr<Connection> Engine::FindOpen(const std::string& path) const {
+    const FileIdentity identity = IdentityOf(path);
+    if (identity == FileIdentity()) return nullptr;
+    for (const std::weak_ptr<Connection>& weak : connections_) {
+        std::shared_ptr<Connection> connection = weak.lock();
+        if (connection != nullptr && connection->handles > 0 && connection->Identity() == identity)
+            return connection;
+    }
+    return nullptr;
+}
+
+DatabaseHandle Engine::Adopt(std::shared_ptr<Connection> connection, const std::string& path) {
+    FreeLocks();
+    connections_.push_back(connection);
+    return std::make_shared<Database>(std::move(connection), path);
+}
+
 DatabaseHandle Engine::CreateDatabase(const std::string& path, std::string_view) {
     MakeEmptyFile(path);
     return CreateDatabaseIn(path);
 }
 
 DatabaseHandle Engine::CreateDatabaseIn(const std::string& emptyFile) {
-    auto connection = std::make_shared<Connection>(*this, emptyFile, true);
-    connections_.push_back(connection);
-    connection->handles = 1;
-    return std::make_shared<Database>(connection, emptyFile);
+    std::shared_ptr<Connection> connection;
+    try {
+        connection = std::make_shared<Connection>(*state_, emptyFile, true);
+        return Adopt(connection, emptyFile);
+    } catch (...) {
+        if (connection != nullptr) connection->Abandon();
+        unlink(emptyFile.c_str());
+        throw;
+    }
 }
 
 DatabaseHandle Engine::OpenDatabase(const std::string& path) {
-    struct stat info {};
-    if (stat(path.c_str(), &info) == 0) {
-        const FileIdentity identity{static_cast<std::uint64_t>(info.st_dev),
-                                    static_cast<std::uint64_t>(info.st_ino)};
-        for (const auto& connection : Live()) {
-            if (!(connection->Identity() == identity)) continue;
-            ++connection->handles;
-            return std::make_shared<Database>(connection, path);
-        }
-    }
-    auto connection = std::make_shared<Connection>(*this, path, false);
-    connections_.push_back(connection);
-    connection->handles = 1;
-    return std::make_shared<Database>(connection, path);
+    if (std::shared_ptr<Connection> open = FindOpen(path))
+        return std::make_shared<Database>(std::move(open), path);
+    return Adopt(std::make_shared<Connection>(*state_, path, false), path);
+}
+
+bool Engine::InTransaction() const {
+    return state_->inTransaction;
+}
+bool Engine::IsJobRunning() const {
+    return state_->inJob;
 }
 
 void Engine::BeginTrans() {
-    if (inTransaction_) throw StoreError(ErrorNumber::NoTransaction, "A transaction is open already.");
-    inTransaction_ = true;
+    if (state_->inTransaction) throw StoreError(ErrorNumber::NoTransaction, "A transaction is open already.");
+    state_->inTransaction = true;
 }
 
 void Engine::CommitTrans() {
-    if (!inTransaction_) throw StoreError(ErrorNumber::NoTransaction, "There is no transaction to commit.");
-    inTransaction_ = false;
+    if (!state_->inTransaction)
+        throw StoreError(ErrorNumber::NoTransaction, "There is no transaction to commit.");
+    state_->inTransaction = false;
     OnEach([](Connection& connection) { connection.CommitUnit(); });
 }
 
 void Engine::Rollback() {
-    if (!inTransaction_)
+    if (!state_->inTransaction)
         throw StoreError(ErrorNumber::NoTransaction, "There is no transaction to roll back.");
-    inTransaction_ = false;
+    state_->inTransaction = false;
     OnEach([](Connection& connection) { connection.RollbackUnit(); });
 }
 
+void Engine::Abandon() noexcept {
+    try {
+        if (state_->inTransaction) Rollback();
+    } catch (...) {
+        // The caller already has an error to report.
+    }
+}
+
 void Engine::FreeLocks() {
-    Live();
+    std::erase_if(connections_, [](const std::weak_ptr<Connection>& weak) { return weak.expired(); });
 }
 
 void Engine::BeginJob() {
-    inJob_ = true;
+    state_->inJob = true;
 }
 
 void Engine::EndJob() {
-    inJob_ = false;
+    state_->inJob = false;
     OnEach([](Connection& connection) { connection.EndJob(); });
 }
 
@@ -227,8 +257,8 @@ Job::~Job() {
     if (ended_) return;
     try {
         engine_.EndJob();
-    } catch (const StoreError&) {
-        // A destructor cannot tell; a job that matters calls End().
+    } catch (...) {
+        // A job that has to know calls End().
     }
 }
 

@@ -1,8 +1,9 @@
-// The store's front door: opens and makes DataSets, and holds the one level of transaction that all of them
-// share.
+// The interface of the store: opens and makes DataSets, and holds the one level of transaction that all of
+// them share.
 //
 // One process owns an open DataSet: a second process gets FileInUse. Inside the process any number of handles
-// on the same file work side by side. Every failure is a StoreError.
+// on the same file work side by side. Every failure is a StoreError, but for short memory, which is
+// std::bad_alloc. Destructors never throw.
 #pragma once
 
 #include <memory>
@@ -14,12 +15,12 @@
 #include "store/error.h"
 #include "store/query_def.h"
 #include "store/recordset.h"
-#include "store/table_def.h"
+#include "store/schema/table_def.h"
 
 namespace quillon::store {
 
 class Connection;
-class Engine;
+struct EngineState;
 struct Handle;
 
 inline constexpr std::string_view kLocale = ";LANGID=0x0809;CP=1252;COUNTRY=0";
@@ -34,13 +35,14 @@ public:
 
     // The path it was opened by.
     const std::string& Name() const { return path_; }
-    // Every recordset and query of this handle fails with ObjectClosed afterwards. Closing twice is nothing.
+    // Every recordset and query of this handle fails with ObjectClosed afterwards. Closing twice is allowed.
+    // The handle is closed also when this throws, because the last changes could not be written.
     void Close();
     bool IsOpen() const;
     // Whether the file, or its folder, cannot be written. ObjectClosed when closed.
     bool IsReadOnly() const;
 
-    // One action statement in the dialect; gives the rows affected.
+    // Runs one action statement in the dialect and returns the number of rows affected.
     int Execute(std::string_view sql);
 
     QueryDef OpenQueryDef(std::string_view name);
@@ -99,22 +101,27 @@ public:
     void BeginTrans();
     void CommitTrans();
     void Rollback();
-    bool InTransaction() const { return inTransaction_; }
-    bool IsJobRunning() const { return inJob_; }
+    // Rollback for a destructor or a handler: never throws, and does nothing without a transaction.
+    void Abandon() noexcept;
+    bool InTransaction() const;
+    bool IsJobRunning() const;
     // Finishes background work; called after closing.
     void FreeLocks();
 
     // Between BeginJob and EndJob committed units are gathered into durable commits at least twice a second:
-    // a crash costs the last second at most, and each unit stays whole.
+    // a crash costs the last second at most, and each unit stays whole. When the disk refuses a write, all
+    // later writes of the job fail at once with that error (StoreError::EndsJob), and so does EndJob.
     void BeginJob();
     void EndJob();
 
+    // For the files of store/.
+    const EngineState& State() const { return *state_; }
+
 private:
-    friend class Connection;
+    std::unique_ptr<EngineState> state_;  // its address is what the connections keep
     std::vector<std::weak_ptr<Connection>> connections_;
-    bool inTransaction_ = false;
-    bool inJob_ = false;
-    std::vector<std::shared_ptr<Connection>> Live();
+    std::shared_ptr<Connection> FindOpen(const std::string& path) const;
+    DatabaseHandle Adopt(std::shared_ptr<Connection> connection, const std::string& path);
     template <typename Action>
     void OnEach(Action action);
 };
@@ -124,7 +131,9 @@ class Job {
 public:
     explicit Job(Engine& engine) : engine_(engine) { engine_.BeginJob(); }
     ~Job();
-    // Ends the job now, so that a failure to make it durable is told.
+    Job(const Job&) = delete;
+    Job& operator=(const Job&) = delete;
+    // Ends the job now, so that the caller learns of a failure to make it durable.
     void End();
 
 private:

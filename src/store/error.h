@@ -1,5 +1,5 @@
-// The one exception of the store. A procedure above catches it at its border and shows the description as it
-// stands.
+// The exception of the store. A procedure above catches it at its border and shows the description as it is.
+// Short memory is the one failure that is not a StoreError: it passes as std::bad_alloc.
 #pragma once
 
 #include <stdexcept>
@@ -7,7 +7,7 @@
 
 namespace quillon::store {
 
-// The engine's numbers, as that engine is publicly documented to use them.
+// The numbers that DAO is publicly documented to use.
 enum class ErrorNumber : int {
     SyntaxError = 3075,
     ItemNotFound = 3265,
@@ -42,6 +42,11 @@ enum class ErrorNumber : int {
     IndexMissing = 3015,
 };
 
+// The next write would meet the error of one of these again.
+inline constexpr ErrorNumber kErrorsOfTheFile[] = {
+    ErrorNumber::DiskFull,    ErrorNumber::ReadOnly,       ErrorNumber::DiskError,   ErrorNumber::FileInUse,
+    ErrorNumber::CorruptFile, ErrorNumber::CannotOpenFile, ErrorNumber::ObjectClosed};
+
 class StoreError : public std::runtime_error {
 public:
     StoreError(ErrorNumber number, const std::string& description)
@@ -50,9 +55,19 @@ public:
     int Number() const { return number_; }
     std::string Description() const { return what(); }
     bool Is(ErrorNumber number) const { return number_ == static_cast<int>(number); }
+    // True for an error of the file as a whole (a full disk, a journal that cannot be made, damage): the next
+    // write would fail in the same way, so a job ends here and reports it once. False for an error of one
+    // row.
+    bool EndsJob() const;
 
 private:
     int number_;
 };
+
+inline bool StoreError::EndsJob() const {
+    for (const ErrorNumber number : kErrorsOfTheFile)
+        if (Is(number)) return true;
+    return false;
+}
 
 }  // namespace quillon::store

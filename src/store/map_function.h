@@ -1,5 +1,5 @@
-// Work on a whole table in one statement of SQLite's own SQL, with values that only the program's memory
-// knows. For the closing pass of the import; everything else speaks the dialect.
+// Work on a whole table in one statement of SQLite's own SQL, with values that are only in the program's
+// memory. For the closing pass of the import; everything else is written in the dialect.
 #pragma once
 
 #include <cstdint>
@@ -11,12 +11,13 @@
 
 namespace quillon::store {
 
-// A function of one whole number for statements run by ExecuteNative. Null gives Null without a call; nothing
-// gives Null. It stays until it is registered again or the file is closed.
+// A function of one whole number for statements run by ExecuteNative. Null maps to Null without a call, and
+// so does an empty result. It stays until it is registered again or the file is closed.
 void RegisterMapFunction(Database& database, std::string_view name,
                          std::function<std::optional<std::int64_t>(std::int64_t)> function);
 
-// One statement as a unit of its own; returns the rows changed. Open results keep the rows that they had.
+// Runs one statement as a unit of its own and returns the number of rows changed. Open results keep the rows
+// that they had.
 int ExecuteNative(Database& database, std::string_view sqliteSql);
 
 }  // namespace quillon::store

@@ -2,10 +2,10 @@
 
 #include <fmt/format.h>
 
-#include "store/dialect/token_stream.h"
 #include "store/engine/connection.h"
 #include "store/engine/result_set.h"
 #include "store/error.h"
+#include "store/schema/names.h"
 
 namespace quillon::store {
 
@@ -32,7 +32,7 @@ void QueryDef::SetSQL(std::string_view sql) {
 
 QueryDef& QueryDef::Set(std::string_view parameter, const Value& value) {
     for (std::size_t i = 0; i < values_.size(); ++i) {
-        if (!dialect::SameWord(compiled_->parameterNames[i], parameter)) continue;
+        if (!SameWord(compiled_->parameterNames[i], parameter)) continue;
         values_[i] = value;
         return *this;
     }
@@ -49,9 +49,7 @@ bool QueryDef::IsSelect() const {
 }
 
 int QueryDef::Execute() {
-    // The statement is kept alive here: a change of the schema lets go of the connection's own.
-    const std::shared_ptr<Compiled> compiled = compiled_;
-    return handle_->Require().Execute(*compiled, values_);
+    return handle_->Require().Execute(compiled_, values_);
 }
 
 std::unique_ptr<Recordset> QueryDef::OpenRecordset(RecordsetType type) {

@@ -1,4 +1,4 @@
-// A query ready to run, stored under a name in the DataSet or made on the spot. Parameters are bound by name,
+// A query ready to run, stored under a name in the DataSet or temporary. Parameters are bound by name,
 // without regard to case; one that is not set is Null.
 #pragma once
 
@@ -29,7 +29,7 @@ public:
     // The names of the parameters in the order of declaration.
     const std::vector<std::string>& Parameters() const;
 
-    // True when it gives rows; false when it is executed.
+    // True when it returns rows; false when it is executed.
     bool IsSelect() const;
     // Rows inserted, changed or deleted.
     int Execute();

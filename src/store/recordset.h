@@ -1,7 +1,6 @@
-// The rows that a table or a query gives, walked one at a time, and written where the rows come from one
-// table.
+// The rows of a table or a query, visited one at a time, and written where they come from one table.
 //
-// A recordset stands on its first row after opening, or has both Bof() and Eof() when there is none. It shows
+// After opening, a recordset is on its first row; both Bof() and Eof() are true when there is none. It shows
 // the rows as they were when it was opened: what another handle writes appears after Requery(), never before.
 // A dynaset sees its own Update() at once. Rows are read as they are visited, so opening a large result costs
 // nothing until it is walked.
@@ -14,15 +13,9 @@
 #include <vector>
 
 #include "core/value.h"
+#include "store/recordset_type.h"
 
 namespace quillon::store {
-
-enum class RecordsetType {
-    Table,        // a whole table in the order of an index; Seek
-    Dynaset,      // updatable when all columns come from one table
-    Snapshot,     // read only
-    ForwardOnly,  // read only, MoveNext alone, keeps no visited row: for walks over many rows
-};
 
 class ResultSet;
 
@@ -43,16 +36,16 @@ public:
     void MoveNext();      // 3021 past the end
     void MovePrevious();  // 3021 before the beginning
     // Rows visited so far: 0 when empty, at least 1 otherwise, all of them after MoveLast(). A row added here
-    // counts as visited, a row deleted here no more.
+    // counts as visited, a row deleted here does not.
     std::size_t RecordCount() const;
     // From 0; -1 without a current row.
     std::ptrdiff_t AbsolutePosition() const;
     RowBookmark Bookmark() const;
     void SetBookmark(RowBookmark bookmark);
-    // A second position on the same rows, standing on none until moved; it shares later Update()s.
+    // A second position on the same rows, on no row until moved; it shares later Update()s.
     std::unique_ptr<Recordset> Clone() const;
 
-    // Criteria in the dialect, as after WHERE. NoMatch() tells the result; without a match the position
+    // Criteria in the dialect, as after WHERE. NoMatch() reports the result; without a match the position
     // stays.
     void FindFirst(std::string_view criteria);
     void FindNext(std::string_view criteria);
@@ -63,15 +56,15 @@ public:
     bool NoMatch() const;
 
     // By name without regard to case; 3265 for no such column, 3021 without a current row. While AddNew() or
-    // Edit() is pending they give what has been set.
+    // Edit() is pending they return what has been set.
     Value Get(std::string_view column) const;
     Value operator[](std::string_view column) const { return Get(column); }
     Value At(std::size_t column) const;  // by place, from 0
     std::size_t ColumnCount() const;
     const std::string& ColumnName(std::size_t column) const;
 
-    // AddNew gives an AutoNumber field its value at once. Update stores; a failed Update leaves the row as it
-    // was. Update and Delete fail with 3167 when somebody else has deleted the row.
+    // AddNew assigns an AutoNumber immediately. Update stores; a failed Update leaves the row as it
+    // was. Update and Delete fail with 3167 when another handle has deleted the row.
     void AddNew();
     void Edit();
     void Set(std::string_view column, const Value& value);
@@ -79,7 +72,7 @@ public:
     void CancelUpdate();
     void Delete();
     void Requery();
-    // Everything but Close() fails with 3420 afterwards; clones go on.
+    // Every other call fails with 3420 afterwards; clones go on.
     void Close();
 
 private:

@@ -1,7 +1,6 @@
 #include "store/row_stream.h"
 
 #include <fmt/format.h>
-#include <sqlite3.h>
 
 #include <string>
 
@@ -52,61 +51,41 @@ std::string TableSelect(const PhysicalTable& table, const std::vector<std::strin
 
 }  // namespace
 
-RowStream::RowStream(Database& database, std::string_view select)
-    : connection_(database.Shared()), compiled_(connection_->Compile(select)) {
-    if (compiled_->translation.kind != dialect::StatementKind::Select)
+RowStream::RowStream(Database& database, std::string_view select) : connection_(database.Shared()) {
+    const std::shared_ptr<Compiled> compiled = connection_->Compile(select);
+    if (compiled->translation.kind != dialect::StatementKind::Select)
         throw StoreError(ErrorNumber::NotInThisKind, "An action query gives no rows; execute it instead.");
-    statement_ = connection_->Lease(*compiled_);
-    try {
-        connection_->Bind(*compiled_, statement_, std::vector<Value>(compiled_->parameterNames.size()));
-    } catch (...) {
-        connection_->GiveBack(*compiled_, statement_);
-        throw;
-    }
+    lease_ = std::make_unique<Lease>(connection_->Borrow(compiled));
+    statement_ = lease_->Statement();
+    Statements::Bind(*compiled, statement_, std::vector<Value>(compiled->parameterNames.size()));
 }
 
 RowStream::RowStream(Database& database, std::string_view table, const std::vector<std::string_view>& columns,
                      const TableRows& rows)
     : connection_(database.Shared()) {
     const std::string sql = TableSelect(connection_->RequireTable(table), columns, rows);
-    statement_ = PrepareNative(connection_->Native(), sql);
-    if (rows.column.empty()) return;
-    const std::string numbers = fmt::format("[{}]", fmt::join(rows.among, ","));
-    const int code =
-        sqlite3_bind_text64(statement_, 1, numbers.data(), numbers.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
-    if (code == SQLITE_OK) return;
-    sqlite3_finalize(statement_);
-    ThrowNative(connection_->Native(), code);
+    table_ = std::make_unique<NativeStatement>(connection_->Native(), sql);
+    statement_ = table_->Handle();
+    if (!rows.column.empty())
+        table_->Bind(1, std::string_view(fmt::format("[{}]", fmt::join(rows.among, ","))));
 }
 
-RowStream::~RowStream() {
-    if (compiled_ == nullptr) {
-        sqlite3_finalize(statement_);
-    } else {
-        connection_->GiveBack(*compiled_, statement_);
-    }
-}
+RowStream::~RowStream() = default;
 
 bool RowStream::Next() {
-    const int code = sqlite3_step(statement_);
-    if (code == SQLITE_ROW) return true;
-    if (code != SQLITE_DONE) ThrowNative(connection_->Native(), code);
-    return false;
+    return StepNative(statement_);
 }
 
 bool RowStream::IsNull(std::size_t column) const {
-    return sqlite3_column_type(statement_, static_cast<int>(column)) == SQLITE_NULL;
+    return IsNullIn(statement_, static_cast<int>(column));
 }
 
 std::int64_t RowStream::Long(std::size_t column) const {
-    return sqlite3_column_int64(statement_, static_cast<int>(column));
+    return LongIn(statement_, static_cast<int>(column));
 }
 
 std::string_view RowStream::Text(std::size_t column) const {
-    const auto place = static_cast<int>(column);
-    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement_, place));
-    if (text == nullptr) return {};
-    return {text, static_cast<std::size_t>(sqlite3_column_bytes(statement_, place))};
+    return TextIn(statement_, static_cast<int>(column));
 }
 
 }  // namespace quillon::store

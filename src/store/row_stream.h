@@ -1,8 +1,9 @@
-// The rows of one select or one table, read forward once, for walks over whole tables: what a row holds is
-// handed out in place, without copies. Exports use it; whoever needs to find, to go back or to write uses a
+// The rows of one select or one table, read forward once, for walks over whole tables: values are read in
+// place, without copies. Exports use it; whoever needs to find, to go back or to write uses a
 // Recordset.
 //
-// Nothing may be written to the DataSet while a stream is open: unlike a recordset it does not keep its rows.
+// Nothing may be written to the DataSet while a stream is open: it does not keep its rows, as a recordset
+// does.
 #pragma once
 
 #include <cstddef>
@@ -17,11 +18,12 @@ struct sqlite3_stmt;
 
 namespace quillon::store {
 
-struct Compiled;
+class Lease;
+class NativeStatement;
 
-// Which rows of a table a stream gives.
+// Which rows of a table a stream reads.
 struct TableRows {
-    // Key: by the primary key in plain byte order, as the table stands in the file. Collated: by the primary
+    // Key: by the primary key in plain byte order, the order in the file. Collated: by the primary
     // key, its texts under the program's collation, as a select of the dialect gives them. Any: as it is read
     // fastest.
     enum class Order { Key, Collated, Any } order = Order::Key;
@@ -33,10 +35,10 @@ struct TableRows {
 
 class RowStream {
 public:
-    // A select in the dialect, without parameters. It stands before the first row. Throws StoreError, as
-    // Next() does.
+    // A select in the dialect, without parameters. It is before the first row after opening. Throws
+    // StoreError, as Next() does.
     RowStream(Database& database, std::string_view select);
-    // Columns of a table, in the order given; one may stand twice.
+    // Columns of a table, in this order; one may be named twice.
     RowStream(Database& database, std::string_view table, const std::vector<std::string_view>& columns,
               const TableRows& rows = {});
     ~RowStream();
@@ -54,8 +56,9 @@ public:
 
 private:
     std::shared_ptr<Connection> connection_;
-    std::shared_ptr<Compiled> compiled_;  // of a select; it takes the statement back
-    sqlite3_stmt* statement_ = nullptr;
+    std::unique_ptr<Lease> lease_;            // of a select
+    std::unique_ptr<NativeStatement> table_;  // of a table
+    sqlite3_stmt* statement_ = nullptr;       // of either
 };
 
 }  // namespace quillon::store

@@ -1,6 +1,5 @@
-// Turns within a long statement: lets a job report progress and hear a Cancel while SQLite works on one
-// statement over a whole table. The closing pass of an import uses it; rows that are visited one by one need
-// nothing of the kind.
+// Turns within a long statement: lets a job report progress and notice a Cancel while SQLite runs one
+// statement over a whole table. The closing pass of an import uses it; loops over rows take their own turns.
 #pragma once
 
 #include <functional>

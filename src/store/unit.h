@@ -14,19 +14,15 @@ public:
     // StoreError when a unit is open already.
     explicit Unit(Engine& engine) : engine_(engine) { engine_.BeginTrans(); }
     ~Unit() {
-        if (!open_) return;
-        try {
-            engine_.Rollback();
-        } catch (const StoreError&) {
-            open_ = false;
-        }
+        if (open_) engine_.Abandon();
     }
     Unit(const Unit&) = delete;
     Unit& operator=(const Unit&) = delete;
 
+    // An error leaves nothing of the unit in the file.
     void Commit() {
-        engine_.CommitTrans();
         open_ = false;
+        engine_.CommitTrans();
     }
 
 private:

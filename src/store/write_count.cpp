@@ -1,13 +1,11 @@
 #include "store/write_count.h"
 
-#include <sqlite3.h>
-
 #include "store/engine/connection.h"
 
 namespace quillon::store {
 
 std::int64_t WriteCount(const Database& database) {
-    return sqlite3_total_changes64(database.Shared()->Native());
+    return database.Shared()->WriteCount();
 }
 
 }  // namespace quillon::store

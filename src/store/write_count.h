@@ -1,5 +1,5 @@
-// How much has been written to a DataSet since it was opened, for those who keep something that is dear to
-// read: it is still good as long as the count stands where it stood.
+// How much has been written to a DataSet since it was opened. Whoever caches what is expensive to read
+// compares the count: while it has not changed, the cache is valid.
 #pragma once
 
 #include <cstdint>

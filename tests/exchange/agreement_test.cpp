@@ -10,7 +10,7 @@
 #include "exchange/tagged_format.h"
 #include "export/line_writer.h"
 #include "import/tagged_import.h"
-#include "store/table_def.h"
+#include "store/schema/table_def.h"
 #include "testkit/testkit.h"
 
 namespace quillon::exchange {

@@ -276,109 +276,132 @@ struct Text {
     std::string_view sql;
 };
 
-TEST(Catalogue, FixedTextsStandToTheLetter) {
+TEST(Catalogue, FixedTextsAreExact) {
+    // clang-format off
     const Text texts[] = {
         {"Get Kingdom Index",
-         "PARAMETERS kingdom Text; SELECT kingdom_id FROM kingdoms WHERE kingdom_name = kingdom;"},
+         "PARAMETERS kingdom Text; "
+         "SELECT kingdom_id "
+         "FROM kingdoms "
+         "WHERE kingdom_name = kingdom;"},
         {"Get Kingdom Name",
-         "PARAMETERS kingid Long; SELECT DISTINCTROW kingdoms.kingdom_name FROM kingdoms WHERE "
-         "kingdoms.kingdom_id=[kingid];"},
+         "PARAMETERS kingid Long; "
+         "SELECT DISTINCTROW kingdoms.kingdom_name "
+         "FROM kingdoms "
+         "WHERE kingdoms.kingdom_id=[kingid];"},
         {"Get Rank Info",
-         "PARAMETERS rank Long; SELECT * FROM taxonomic_unit_types WHERE taxonomic_unit_types.rank_id=rank;"},
+         "PARAMETERS rank Long; "
+         "SELECT * "
+         "FROM taxonomic_unit_types "
+         "WHERE taxonomic_unit_types.rank_id=rank;"},
         {"Get Taxonomic ID",
-         "PARAMETERS rank Long, name1 Text, name2 Text, name3 Text, name4 Text, author Long; SELECT * FROM "
-         "qb_taxonomic_units WHERE rank = rank_id and name1 = unit_name1 and IIf(name2 Is Null, unit_name2 "
-         "Is "
-         "Null, name2 = unit_name2) and IIf(name3 Is Null, unit_name3 Is Null, name3 = unit_name3)  and "
-         "IIf(name4 Is Null, unit_name4 Is Null, name4 = unit_name4) and (qb_taxon_author_id = author or "
-         "qb_taxon_author_id Is Null);"},
+         "PARAMETERS rank Long, name1 Text, name2 Text, name3 Text, name4 Text, author Long; "
+         "SELECT * "
+         "FROM qb_taxonomic_units "
+         "WHERE rank = rank_id and name1 = unit_name1 "
+         "and IIf(name2 Is Null, unit_name2 Is Null, name2 = unit_name2) "
+         "and IIf(name3 Is Null, unit_name3 Is Null, name3 = unit_name3)  "
+         "and IIf(name4 Is Null, unit_name4 Is Null, name4 = unit_name4) "
+         "and (qb_taxon_author_id = author or qb_taxon_author_id Is Null);"},
         {"Get Data",
-         "SELECT t.qb_id, t.unit_name1, t.unit_name2, t.unit_name3, t.unit_name4, a.taxon_author, Trim( "
-         "Trim( "
-         "Trim( Trim([t].[unit_ind1] & \" \" & [t].[unit_name1]) & \" \" & Trim([t].[unit_ind2] & \" \" & "
-         "[t].[unit_name2])) & \" \" & Trim([t].[unit_ind3] & \" \" & [t].[unit_name3])) & \" \" & "
-         "Trim([t].[unit_ind4] & \" \" & [t].[unit_name4])) & \" \" & Trim( Trim([a].[taxon_author]) & \" "
-         "(\" & "
-         "[t].[usage] & \")\" ) AS line FROM qb_taxonomic_units AS t LEFT JOIN qb_taxon_authors_lookup AS a "
-         "ON "
-         "t.qb_taxon_author_id = a.qb_taxon_author_id ORDER BY t.unit_name1, t.unit_name2, t.unit_name3, "
-         "t.unit_name4, a.taxon_author;"},
+         "SELECT t.qb_id, t.unit_name1, t.unit_name2, t.unit_name3, t.unit_name4, a.taxon_author, "
+         R"(Trim( Trim( Trim( Trim([t].[unit_ind1] & " " & [t].[unit_name1]) & " " & Trim([t].[unit_ind2] )"
+         R"(& " " & [t].[unit_name2])) & " " & Trim([t].[unit_ind3] & " " & [t].[unit_name3])) & " " )"
+         R"(& Trim([t].[unit_ind4] & " " & [t].[unit_name4])) & " " & Trim( Trim([a].[taxon_author]) )"
+         R"sql(& " (" & [t].[usage] & ")" ) AS line )sql"
+         "FROM qb_taxonomic_units AS t LEFT JOIN qb_taxon_authors_lookup AS a "
+         "ON t.qb_taxon_author_id = a.qb_taxon_author_id "
+         "ORDER BY t.unit_name1, t.unit_name2, t.unit_name3, t.unit_name4, a.taxon_author;"},
         {"Get Animal Data",
          "SELECT t.qb_id, t.unit_name1, t.unit_name2, t.unit_name3, t.unit_name4, a.taxon_author, "
-         "Trim(Trim(Trim(t.unit_name1) & \" \" & t.unit_name2) & \" \" & Trim(IIf(t.unit_ind3 = "
-         "'X',t.unit_ind3 & \" \",)) & t.unit_name3) & \" \" & Trim(t.unit_name4 & \" \" & "
-         "Trim(a.taxon_author) & \" (\" & t.usage & \") \" ) AS line FROM qb_taxonomic_units AS t LEFT JOIN "
-         "qb_taxon_authors_lookup AS a ON t.qb_taxon_author_id = a.qb_taxon_author_id ORDER BY t.unit_name1, "
-         "t.unit_name2, t.unit_name3, t.unit_name4, a.taxon_author;"},
+         R"(Trim(Trim(Trim(t.unit_name1) & " " & t.unit_name2) & " " )"
+         R"(& Trim(IIf(t.unit_ind3 = 'X',t.unit_ind3 & " ",)) & t.unit_name3) & " " & Trim(t.unit_name4 )"
+         R"(& " " & Trim(a.taxon_author) & " (" & t.usage & ") " ) AS line )"
+         "FROM qb_taxonomic_units AS t LEFT JOIN qb_taxon_authors_lookup AS a "
+         "ON t.qb_taxon_author_id = a.qb_taxon_author_id "
+         "ORDER BY t.unit_name1, t.unit_name2, t.unit_name3, t.unit_name4, a.taxon_author;"},
         {"Get Accepted Names",
-         "SELECT t.unit_name1, t.qb_id, Trim( trim( trim( Trim(trim([t].[unit_ind1] & \" \" & "
-         "[t].[unit_name1]) & \" \" & trim([t].[unit_ind2] & \" \" & [t].[unit_name2])) & \" \" & "
-         "trim([t].[unit_ind3] & \" \" & [t].[unit_name3]))& \" \" & trim([t].[unit_ind4] & \" \" & "
-         "[t].[unit_name4])) & \" \" & trim([a].[taxon_author])) AS line FROM qb_taxonomic_units AS t LEFT "
-         "JOIN "
-         "qb_taxon_authors_lookup AS a ON t.qb_taxon_author_id = a.qb_taxon_author_id WHERE "
-         "((t.usage)='accepted' Or (t.usage)='valid') AND t.rank_id=0 ORDER BY t.unit_name1;"},
+         R"(SELECT t.unit_name1, t.qb_id, Trim( trim( trim( Trim(trim([t].[unit_ind1] & " " )"
+         R"(& [t].[unit_name1]) & " " & trim([t].[unit_ind2] & " " & [t].[unit_name2])) & " " )"
+         R"(& trim([t].[unit_ind3] & " " & [t].[unit_name3]))& " " & trim([t].[unit_ind4] & " " )"
+         R"(& [t].[unit_name4])) & " " & trim([a].[taxon_author])) AS line )"
+         "FROM qb_taxonomic_units AS t LEFT JOIN qb_taxon_authors_lookup AS a "
+         "ON t.qb_taxon_author_id = a.qb_taxon_author_id "
+         "WHERE ((t.usage)='accepted' Or (t.usage)='valid') AND t.rank_id=0 "
+         "ORDER BY t.unit_name1;"},
         {"Check Name",
-         "PARAMETERS thename Text; SELECT qb_id FROM qb_taxonomic_units AS t LEFT JOIN "
-         "qb_taxon_authors_lookup "
-         "AS a ON t.qb_taxon_author_id = a.qb_taxon_author_id WHERE thename=(unit_ind1) & (unit_name1) & "
-         "(unit_ind2) & (unit_name2) & (unit_ind3) & (unit_name3) & (unit_ind4) & (unit_name4) & "
-         "IIf(IsNull(t.qb_taxon_author_id),Null,\" \" & a.taxon_author);"},
+         "PARAMETERS thename Text; "
+         "SELECT qb_id "
+         "FROM qb_taxonomic_units AS t LEFT JOIN qb_taxon_authors_lookup AS a "
+         "ON t.qb_taxon_author_id = a.qb_taxon_author_id "
+         "WHERE thename=(unit_ind1) & (unit_name1) & (unit_ind2) & (unit_name2) & (unit_ind3) "
+         R"(& (unit_name3) & (unit_ind4) & (unit_name4) & IIf(IsNull(t.qb_taxon_author_id),Null," " )"
+         "& a.taxon_author);"},
         {"Check VReference Links",
-         "PARAMETERS qbid Long, prefix Text, docid Long, qbvernid Long; SELECT qb_documentation_id FROM "
-         "qb_reference_links WHERE qb_documentation_id_prefix = prefix and qb_documentation_id = docid UNION "
-         "SELECT qb_documentation_id from qb_vern_ref_links WHERE qb_documentation_id_prefix = prefix and "
-         "qb_documentation_id = docid and qb_vern_id NOT IN (SELECT qb_vern_id FROM qb_vern_ref_links WHERE "
-         "qb_documentation_id_prefix = prefix and qb_documentation_id = docid and qb_id = qbid and "
-         "qb_vern_id = "
-         "qbvernid);"},
+         "PARAMETERS qbid Long, prefix Text, docid Long, qbvernid Long; "
+         "SELECT qb_documentation_id "
+         "FROM qb_reference_links "
+         "WHERE qb_documentation_id_prefix = prefix and qb_documentation_id = docid "
+         "UNION "
+         "SELECT qb_documentation_id from qb_vern_ref_links "
+         "WHERE qb_documentation_id_prefix = prefix and qb_documentation_id = docid "
+         "and qb_vern_id NOT IN (SELECT qb_vern_id "
+         "FROM qb_vern_ref_links "
+         "WHERE qb_documentation_id_prefix = prefix and qb_documentation_id = docid and qb_id = qbid "
+         "and qb_vern_id = qbvernid);"},
         {"Get Author ID",
-         "PARAMETERS author Text; SELECT qb_taxon_author_id FROM qb_taxon_authors_lookup WHERE "
-         "StrComp(taxon_author,author,0)=0;"},
+         "PARAMETERS author Text; "
+         "SELECT qb_taxon_author_id "
+         "FROM qb_taxon_authors_lookup "
+         "WHERE StrComp(taxon_author,author,0)=0;"},
         {"Get Previous Variety",
-         "PARAMETERS name1 Text, name2 Text, name3 Text, name4 Text, rank Long; SELECT max(unit_name4) FROM "
-         "qb_taxonomic_units WHERE name1 = unit_name1 and name2 = unit_name2 and name3 = unit_name3 and "
-         "unit_name4< name4 and rank = rank_id;"},
+         "PARAMETERS name1 Text, name2 Text, name3 Text, name4 Text, rank Long; "
+         "SELECT max(unit_name4) "
+         "FROM qb_taxonomic_units "
+         "WHERE name1 = unit_name1 and name2 = unit_name2 and name3 = unit_name3 "
+         "and unit_name4< name4 and rank = rank_id;"},
         {"Insert Vernacular",
          "PARAMETERS qbid Long, thetsn Long, vername Text, hexvername Text, lang Text, approved Text, "
-         "qbvernid "
-         "Long, vernid Long;INSERT INTO qb_vernaculars ( qb_id, tsn, vernacular_name, hex_vernacular_name, "
-         "language, approved_ind, qb_vern_id, vern_id ) VALUES (qbid, thetsn, vername, hexvername, lang, "
-         "approved, qbvernid, vernid);"},
+         "qbvernid Long, vernid Long;"
+         "INSERT INTO qb_vernaculars ( qb_id, tsn, vernacular_name, hex_vernacular_name, language, "
+         "approved_ind, qb_vern_id, vern_id ) "
+         "VALUES (qbid, thetsn, vername, hexvername, lang, approved, qbvernid, vernid);"},
         {"Update Vernacular",
-         "PARAMETERS qbid Long, vername Text, hexvername Text, lang Text, approved Text, qbvernid "
-         "Long;UPDATE "
-         "qb_vernaculars SET qb_vernaculars.vernacular_name = vername, qb_vernaculars.[language] = lang, "
-         "qb_vernaculars.approved_ind = approved,qb_vernaculars.hex_vernacular_name = hexvername WHERE "
-         "qb_vern_id = qbvernid;"},
+         "PARAMETERS qbid Long, vername Text, hexvername Text, lang Text, approved Text, qbvernid Long;"
+         "UPDATE qb_vernaculars "
+         "SET qb_vernaculars.vernacular_name = vername, qb_vernaculars.[language] = lang, "
+         "qb_vernaculars.approved_ind = approved,qb_vernaculars.hex_vernacular_name = hexvername "
+         "WHERE qb_vern_id = qbvernid;"},
         {"Insert Reference Link",
          "PARAMETERS qbid Long, prefix Text, qbdocid Long, tsn Long, docid Long, org Text, initial Text, "
-         "Track "
-         "Text, vname Text; INSERT INTO qb_reference_links ( qb_id, qb_documentation_id_prefix, "
-         "qb_documentation_id, tsn, documentation_id, original_desc_ind, initial_orva_desc_ind, "
-         "qb_change_track_id, vernacular_name ) SELECT qbid, prefix, qbdocid, tsn, docid, org, initial, "
-         "track, "
-         "vname;"},
+         "Track Text, vname Text; "
+         "INSERT INTO qb_reference_links ( qb_id, qb_documentation_id_prefix, qb_documentation_id, tsn, "
+         "documentation_id, original_desc_ind, initial_orva_desc_ind, qb_change_track_id, "
+         "vernacular_name ) "
+         "SELECT qbid, prefix, qbdocid, tsn, docid, org, initial, track, vname;"},
         {"BuildNameAuthorRankTaxunits",
-         "SELECT DISTINCT c.[unit_ind1] & \" \" & c.[unit_name1] & \" \" & c.[unit_ind2] & \" \" & "
-         "c.[unit_name2] & \" \" & c.[unit_ind3] & \" \" & c.[unit_name3] & \" \" & c.[unit_ind4] & \" \" & "
-         "c.[unit_name4] & \" \" & b.taxon_author & \" \" & d.rank_name AS Line, [Unit_ind1] & \" \" & "
-         "[unit_name1] & \" \" & [unit_ind2] & \" \" & [unit_name2] & \" \" & [unit_ind3] & \" \" & "
-         "[unit_name3] & \" \" & [unit_ind4] & \" \" & [unit_name4] & \" \" & b.taxon_author &\" \"& "
-         "d.rank_name &\" \" & \"(\" & [usage] & \")\" AS Line2, c.unit_name1, c.unit_name2, c.unit_name3, "
-         "c.unit_name4 FROM (taxonomic_unit_types AS d RIGHT JOIN taxunits AS c ON (d.rank_id=c.rank_id) AND "
-         "(d.kingdom_id=c.kingdom_id)) LEFT JOIN authors AS b ON c.qb_taxon_author_id = b.qb_taxon_author_id "
+         R"(SELECT DISTINCT c.[unit_ind1] & " " & c.[unit_name1] & " " & c.[unit_ind2] & " " )"
+         R"(& c.[unit_name2] & " " & c.[unit_ind3] & " " & c.[unit_name3] & " " & c.[unit_ind4] & " " )"
+         R"(& c.[unit_name4] & " " & b.taxon_author & " " & d.rank_name AS Line, )"
+         R"([Unit_ind1] & " " & [unit_name1] & " " & [unit_ind2] & " " & [unit_name2] & " " & [unit_ind3] )"
+         R"(& " " & [unit_name3] & " " & [unit_ind4] & " " & [unit_name4] & " " )"
+         R"sql(& b.taxon_author &" "& d.rank_name &" " & "(" & [usage] & ")" AS Line2, c.unit_name1, )sql"
+         "c.unit_name2, c.unit_name3, c.unit_name4 "
+         "FROM (taxonomic_unit_types AS d RIGHT JOIN taxunits AS c ON (d.rank_id=c.rank_id) "
+         "AND (d.kingdom_id=c.kingdom_id)) LEFT JOIN authors AS b "
+         "ON c.qb_taxon_author_id = b.qb_taxon_author_id "
          "ORDER BY c.unit_name1, c.unit_name2, c.unit_name3, c.unit_name4;"},
         {"Get NoMatch1",
          "SELECT DISTINCTROW BuildNameQBTaxonomicunits.Line, BuildNameQBTaxonomicunits.Line2, "
          "BuildNameQBTaxonomicunits.unit_name1, BuildNameQBTaxonomicunits.unit_name2, "
-         "BuildNameQBTaxonomicunits.unit_name3, BuildNameQBTaxonomicunits.unit_name4 FROM "
-         "BuildNameQBTaxonomicunits LEFT JOIN BuildNameTaxunits ON BuildNameQBTaxonomicunits.Line = "
-         "BuildNameTaxunits.Line WHERE ((BuildNameQBTaxonomicunits.Line<>[BuildNameTaxunits].[Line])) ORDER "
-         "BY "
-         "BuildNameQBTaxonomicunits.unit_name1, BuildNameQBTaxonomicunits.unit_name2, "
+         "BuildNameQBTaxonomicunits.unit_name3, BuildNameQBTaxonomicunits.unit_name4 "
+         "FROM BuildNameQBTaxonomicunits LEFT JOIN BuildNameTaxunits "
+         "ON BuildNameQBTaxonomicunits.Line = BuildNameTaxunits.Line "
+         "WHERE ((BuildNameQBTaxonomicunits.Line<>[BuildNameTaxunits].[Line])) "
+         "ORDER BY BuildNameQBTaxonomicunits.unit_name1, BuildNameQBTaxonomicunits.unit_name2, "
          "BuildNameQBTaxonomicunits.unit_name3, BuildNameQBTaxonomicunits.unit_name4;"},
     };
+    // clang-format on
     for (const Text& text : texts) EXPECT_EQ(NamedQueryText(text.name), text.sql) << text.name;
 }
 

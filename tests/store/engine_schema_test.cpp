@@ -209,4 +209,24 @@ TEST_F(BulkLoads, LeaveAFileWithoutIndexesWhenCutOff) {
 }
 
 }  // namespace
+// A name of another program may hold the sign that closes a name in a statement.
+TEST_F(StoreTest, TakesNamesWithAClosingBracket) {
+    TableDef odd;
+    odd.name = "odd]name";
+    odd.fields = {{"id", FieldType::Long, 0, true, false}, {"a]b]", FieldType::Text, 9, false, false}};
+    odd.indexes = {{"PrimaryKey", {"id"}, true}, {"by", {"a]b]"}, false}};
+    db().AppendTable(odd);
+    for (const char* text : {"two", "one"}) {
+        const auto rows = db().OpenTable("odd]name");
+        rows->AddNew();
+        rows->Set("a]b]", text);
+        rows->Update();
+    }
+    const auto rows = db().OpenTable("odd]name");
+    rows->SetIndex("by");
+    EXPECT_EQ(testkit::DumpRows(*rows), "2\tone\n1\ttwo\n");
+    EXPECT_EQ(testkit::DumpRows(*db().CreateSnapshot("odd]name")), "1\ttwo\n2\tone\n");
+    EXPECT_EQ(Dump("SELECT [a]]b]]] FROM [odd]]name] WHERE [odd]]name].[a]]b]]] = 'one';"), "one\n");
+}
+
 }  // namespace quillon::store

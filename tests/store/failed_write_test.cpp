@@ -10,6 +10,7 @@
 #include "store/engine/connection.h"
 #include "store/lifecycle/create.h"
 #include "store_fixture.h"
+#include "testkit/limits.h"
 
 namespace quillon::store {
 
@@ -135,6 +136,51 @@ TEST_F(FailedWriteTest, AnIndexThatWaitsAndIsThereAllTheSameIsNoHindrance) {
         &waiting, nullptr);
     EXPECT_EQ(waiting, 0);
     EXPECT_EQ(Dump("SELECT qb_id FROM qb_taxonomic_units WHERE parent_qb_id = 1;"), "1\n");
+}
+
+// One failure ends the job: the writes after it fail at once, and so does the end of the job.
+TEST_F(FailedWriteTest, AJobWhoseCommitFailsWritesNoMore) {
+    LeaveLittleMemory();
+    std::vector<int> failures;
+    {
+        const NoLargerFiles limit(std::filesystem::file_size(Path()));
+        f.engine.BeginJob();
+        EXPECT_EQ(AddComments(400), kDiskError);
+    }
+    for (int i = 0; i < 3; ++i) failures.push_back(NumberOf([&] { AddWord("later"); }));
+    EXPECT_EQ(failures, std::vector<int>(3, kDiskError));
+    EXPECT_EQ(NumberOf([&] { f.engine.EndJob(); }), kDiskError);
+    AddWord("after");
+    Reopen();
+    EXPECT_EQ(Dump("SELECT word FROM words ORDER BY id;"), "before\nafter\n");
+    EXPECT_EQ(Comments(), "0\n");
+}
+
+TEST_F(FailedWriteTest, AJobWhoseJournalCannotBeMadeFailsAtItsFirstWrite) {
+    Reopen();
+    Failure first, second;
+    {
+        const testkit::ReadOnlyFolder locked(f.dir.path());
+        f.engine.BeginJob();
+        first = FailureOf([&] { AddWord("within"); });
+    }
+    second = FailureOf([&] { AddWord("later"); });
+    EXPECT_EQ(
+        first,
+        (Failure{3027, "Can't update. The journal of the DataSet cannot be made: its folder is read-only."}));
+    EXPECT_EQ(second, first);
+    EXPECT_EQ(FailureOf([&] { f.engine.EndJob(); }), first);
+    AddWord("after");
+    EXPECT_EQ(Dump("SELECT word FROM words ORDER BY id;"), "before\nafter\n");
+}
+
+TEST_F(FailedWriteTest, AnErrorOfOneRowDoesNotEndTheJob) {
+    f.engine.BeginJob();
+    const Failure row = FailureOf([&] { AddWord("longer than the field of this table can hold"); });
+    EXPECT_EQ(row.number, 3163);
+    AddWord("next");
+    f.engine.EndJob();
+    EXPECT_EQ(Dump("SELECT word FROM words ORDER BY id;"), "before\nnext\n");
 }
 
 // The folder stands in for a disk on which the new file cannot grow.

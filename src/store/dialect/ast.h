@@ -1,5 +1,6 @@
 // A statement of the dialect as a small tree. Plain data: the parser makes it, the emitter and the criteria
-// of recordsets read it.
+// of recordsets read it, each by recursion. So the parser bounds how deep a tree is: a chain of And, Or or &
+// is one node however long it is, and other operators may not be chained without end.
 #pragma once
 
 #include <cstddef>
@@ -23,13 +24,14 @@ enum class ExpressionKind {
     Star,      // count(*)
     Not,       // arguments[0]
     Negate,    // arguments[0]
-    Binary,    // name is the operator: = <> < > <= >= + - * / & and or
+    Binary,    // name is the operator of two arguments: = <> < > <= >= + - * /
+    Chain,     // name is the operator between all arguments, two or more: & and or
     IsNull,    // arguments[0]; `negated` for Is Not Null
     Like,      // arguments[0] Like arguments[1]
     Between,   // arguments[0] Between arguments[1] And arguments[2]
     In,        // arguments[0] In (the other arguments), or In (select)
     Call,      // name(arguments)
-    Subselect  // a select that gives one value
+    Subselect  // a select with one value
 };
 
 struct Expression {
@@ -42,6 +44,7 @@ struct Expression {
     std::vector<ExpressionPtr> arguments;
     std::unique_ptr<Select> select;
     std::size_t place = 0;
+    std::size_t depth = 1;  // levels of the tree from here down
 };
 
 struct SelectItem {
@@ -60,6 +63,7 @@ struct TableRef {
     JoinKind join = JoinKind::Inner;
     std::unique_ptr<TableRef> left, right;
     ExpressionPtr on;
+    std::size_t depth = 1;
 
     const std::string& Alias() const { return alias.empty() ? table : alias; }
 };
@@ -80,6 +84,7 @@ struct Select {
     std::unique_ptr<Select> unionWith;  // the next select of a UNION
     bool unionAll = false;
     std::vector<OrderItem> orderBy;  // of the whole union when there is one
+    std::size_t depth = 1;
 };
 
 enum class StatementKind { Select, Insert, Update, Delete, AddColumn, DropColumn, CreateIndex, DropIndex };

@@ -1,9 +1,11 @@
+// INSERT, UPDATE and DELETE as SQLite has them: values pass through their fields, AutoNumbers through
+// qln_auto.
 #include <fmt/format.h>
 
-#include "store/coerce.h"
 #include "store/dialect/emitter.h"
 #include "store/dialect/token_stream.h"
 #include "store/error.h"
+#include "store/schema/coerce.h"
 
 namespace quillon::store::dialect {
 
@@ -11,6 +13,34 @@ namespace {
 
 std::string AutoNumberSql(const PhysicalTable& table, const std::string& value) {
     return fmt::format("qln_auto({}, {})", QuoteLiteral(table.def.name), value);
+}
+
+std::unique_ptr<Expression> ColumnOf(const Source& source, const OutputColumn& column) {
+    auto expression = std::make_unique<Expression>();
+    expression->kind = ExpressionKind::Column;
+    expression->qualifier = source.alias;
+    expression->name = column.name;
+    return expression;
+}
+
+// The values of an insert in their order. A star stands for all columns, which `starred` keeps alive.
+std::vector<const Expression*> InsertedValues(const Statement& statement, const Scope& scope,
+                                              std::vector<ExpressionPtr>& starred) {
+    std::vector<const Expression*> given;
+    for (const ExpressionPtr& value : statement.values) given.push_back(value.get());
+    if (statement.select == nullptr) return given;
+    for (const SelectItem& item : statement.select->items) {
+        if (!item.star) {
+            given.push_back(item.expression.get());
+            continue;
+        }
+        for (const Source& source : scope.sources)
+            for (const OutputColumn& column : source.columns) {
+                starred.push_back(ColumnOf(source, column));
+                given.push_back(starred.back().get());
+            }
+    }
+    return given;
 }
 
 }  // namespace
@@ -42,67 +72,52 @@ std::string Emitter::EmitAssigned(const Expression& expression, const FieldDef& 
     return convert ? fmt::format("qln_boolean({})", value.sql) : value.sql;
 }
 
-void Emitter::EmitInsert(const Statement& statement) {
-    const PhysicalTable& table = RequireTable(statement.table, statement.place);
-    std::vector<std::string> columns = statement.columns;
-    if (columns.empty())
-        for (const FieldDef& field : table.def.fields) columns.push_back(field.name);
-    std::string names, values;
-    bool autoGiven = table.autoField.empty();
-    const auto addColumn = [&](const std::string& name) {
-        names += (names.empty() ? "" : ", ") + QuoteName(RequireField(table, name, statement.place).name);
-        return SameWord(name, table.autoField);
-    };
-    const auto addValue = [&](const std::string& value, bool isAuto) {
-        values += (values.empty() ? "" : ", ") + (isAuto ? AutoNumberSql(table, value) : value);
-        autoGiven = autoGiven || isAuto;
-    };
-
-    Scope scope;
+void Emitter::RequirePlain(const Statement& statement) const {
     const Select* select = statement.select.get();
     const bool plain = select == nullptr || (!select->unionWith && !select->distinct &&
                                              !select->distinctRow && !IsAggregate(*select));
     if (!plain) Fail(statement.place, "Only a plain select can be inserted into");
-    if (select != nullptr)
-        for (const auto& ref : select->from) DeclareSources(*ref, scope);
+}
 
-    std::vector<const Expression*> given;
+std::string Emitter::EmitInsertedRows(const Statement& statement, Scope& scope) {
+    if (statement.select == nullptr) return "";
+    std::string sql;
+    for (const auto& ref : statement.select->from)
+        sql += (sql.empty() ? " FROM " : ", ") + EmitTableRef(*ref, scope);
+    if (statement.select->where != nullptr)
+        sql += " WHERE " + EmitExpression(*statement.select->where, &scope).sql;
+    return sql;
+}
+
+void Emitter::EmitInsert(const Statement& statement) {
+    const PhysicalTable& table = RequireTable(statement.table, statement.place);
+    RequirePlain(statement);
+    Scope scope;
+    if (statement.select != nullptr)
+        for (const auto& ref : statement.select->from) DeclareSources(*ref, scope);
     std::vector<ExpressionPtr> starred;
-    if (select == nullptr) {
-        for (const ExpressionPtr& value : statement.values) given.push_back(value.get());
-    } else {
-        for (const SelectItem& item : select->items) {
-            if (!item.star) {
-                given.push_back(item.expression.get());
-                continue;
-            }
-            for (const Source& source : scope.sources)
-                for (const OutputColumn& column : source.columns) {
-                    auto expression = std::make_unique<Expression>();
-                    expression->kind = ExpressionKind::Column;
-                    expression->qualifier = source.alias;
-                    expression->name = column.name;
-                    given.push_back(expression.get());
-                    starred.push_back(std::move(expression));
-                }
-        }
-    }
+    const std::vector<const Expression*> given = InsertedValues(statement, scope, starred);
+    std::vector<std::string> columns = statement.columns;
+    if (columns.empty())
+        for (const FieldDef& field : table.def.fields) columns.push_back(field.name);
     if (given.size() != columns.size()) Fail(statement.place, "The number of values and of fields differ:");
+
+    std::string names, values;
+    bool numbered = table.autoField.empty();
+    const auto add = [&](const std::string& name, const std::string& value) {
+        const bool number = SameWord(name, table.autoField);
+        names += (names.empty() ? "" : ", ") + QuoteName(name);
+        values += (values.empty() ? "" : ", ") + (number ? AutoNumberSql(table, value) : value);
+        numbered = numbered || number;
+    };
     for (std::size_t i = 0; i < columns.size(); ++i) {
-        const bool isAuto = addColumn(columns[i]);
-        addValue(EmitAssigned(*given[i], RequireField(table, columns[i], statement.place), &scope), isAuto);
+        const FieldDef& field = RequireField(table, columns[i], statement.place);
+        add(field.name, EmitAssigned(*given[i], field, &scope));
     }
-    if (!autoGiven) {
-        addColumn(table.autoField);
-        addValue("NULL", true);
-    }
+    if (!numbered) add(table.autoField, "NULL");
     out_.table = table.def.name;
     out_.sql = fmt::format("INSERT INTO {} ({}) SELECT {}", QuoteName(table.def.name), names, values);
-    if (select == nullptr) return;
-    std::string from;
-    for (const auto& ref : select->from) from += (from.empty() ? " FROM " : ", ") + EmitTableRef(*ref, scope);
-    out_.sql += from;
-    if (select->where != nullptr) out_.sql += " WHERE " + EmitExpression(*select->where, &scope).sql;
+    out_.sql += EmitInsertedRows(statement, scope);
 }
 
 void Emitter::CollectJoined(const TableRef& ref, std::vector<const TableRef*>& tables,

@@ -1,6 +1,9 @@
+// Expressions as SQLite has them: collations, Null in concatenations, and the two forms of True.
 #include <fmt/format.h>
 
-#include <algorithm>
+#include <span>
+#include <string>
+#include <vector>
 
 #include "store/dialect/emitter.h"
 #include "store/dialect/token_stream.h"
@@ -19,16 +22,29 @@ bool IsZero(const Expression& expression) {
            expression.value.AsLong() == 0;
 }
 
-// The members of a chain of one operator, which the parser nests to the left, in the order in which they
-// stand.
-std::vector<const Expression*> MembersOf(const Expression& chain) {
-    std::vector<const Expression*> members;
-    const Expression* left = &chain;
-    for (; left->kind == ExpressionKind::Binary && left->name == chain.name; left = left->arguments[0].get())
-        members.push_back(left->arguments[1].get());
-    members.push_back(left);
-    std::reverse(members.begin(), members.end());
-    return members;
+// SQLite nests a chain as deep as it is long, and bounds the depth. In halves a chain nests no deeper than
+// the logarithm of its length.
+void AppendChain(std::span<const std::string> members, std::string_view op, std::string& sql) {
+    constexpr std::size_t kLongest = 64;
+    if (members.size() <= kLongest) {
+        for (std::size_t i = 0; i < members.size(); ++i) {
+            if (i > 0) sql.append(" ").append(op).append(" ");
+            sql += members[i];
+        }
+        return;
+    }
+    const std::size_t half = members.size() / 2;
+    sql += "(";
+    AppendChain(members.first(half), op, sql);
+    sql.append(") ").append(op).append(" (");
+    AppendChain(members.subspan(half), op, sql);
+    sql += ")";
+}
+
+std::string JoinChain(const std::vector<std::string>& members, std::string_view op) {
+    std::string sql = "(";
+    AppendChain(members, op, sql);
+    return sql += ")";
 }
 
 // The dialect's True is -1, the file's is 1.
@@ -91,22 +107,22 @@ Emitted Emitter::EmitColumn(const Expression& expression, const Scope* scope) {
 }
 
 Emitted Emitter::EmitConcatenation(const Expression& expression, const Scope* scope) {
-    std::string sql = "(";
-    for (const Expression* argument : MembersOf(expression)) {
+    std::vector<std::string> members;
+    for (const ExpressionPtr& argument : expression.arguments) {
         const Emitted part = EmitExpression(*argument, scope);
         const std::string text = part.type == ValueType::Boolean ? fmt::format("(-{})", part.sql) : part.sql;
         const bool literal = argument->kind == ExpressionKind::Literal && !argument->value.IsNull();
-        sql += (sql.size() > 1 ? " || " : "") + (literal ? text : fmt::format("coalesce({}, '')", text));
+        members.push_back(literal ? text : fmt::format("coalesce({}, '')", text));
     }
-    return {sql + ")", ValueType::Text};
+    return {JoinChain(members, "||"), ValueType::Text};
 }
 
-Emitted Emitter::EmitJunction(const Expression& expression, const Scope* scope) {
-    std::string sql = "(";
-    for (const Expression* member : MembersOf(expression))
-        sql +=
-            (sql.size() > 1 ? fmt::format(" {} ", expression.name) : "") + EmitExpression(*member, scope).sql;
-    return {sql + ")", ValueType::Boolean};
+Emitted Emitter::EmitChain(const Expression& expression, const Scope* scope) {
+    if (expression.name == "&") return EmitConcatenation(expression, scope);
+    std::vector<std::string> members;
+    for (const ExpressionPtr& argument : expression.arguments)
+        members.push_back(EmitExpression(*argument, scope).sql);
+    return {JoinChain(members, expression.name), ValueType::Boolean};
 }
 
 bool Emitter::EmitExactComparison(const Expression& expression, const Scope* scope, Emitted& result) {
@@ -135,8 +151,6 @@ Emitted Emitter::EmitComparison(const Expression& expression, const Scope* scope
 
 Emitted Emitter::EmitBinary(const Expression& expression, const Scope* scope) {
     const std::string& name = expression.name;
-    if (name == "&") return EmitConcatenation(expression, scope);
-    if (name == "and" || name == "or") return EmitJunction(expression, scope);
     if (name[0] == '<' || name[0] == '>' || name[0] == '=') return EmitComparison(expression, scope);
     const Emitted left = EmitExpression(*expression.arguments[0], scope);
     const Emitted right = EmitExpression(*expression.arguments[1], scope);
@@ -193,6 +207,8 @@ Emitted Emitter::EmitExpression(const Expression& expression, const Scope* scope
                     ValueType::Number};
         case ExpressionKind::Binary:
             return EmitBinary(expression, scope);
+        case ExpressionKind::Chain:
+            return EmitChain(expression, scope);
         case ExpressionKind::IsNull:
             return {fmt::format("({} IS {}NULL)", EmitExpression(*expression.arguments[0], scope).sql,
                                 expression.negated ? "NOT " : ""),

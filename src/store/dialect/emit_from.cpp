@@ -1,3 +1,4 @@
+// The tables, stored queries and joins of a select.
 #include <fmt/format.h>
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// The functions of the dialect and the aggregates.
 #include <fmt/format.h>
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// Selects and unions: the columns, the keys behind them, DISTINCTROW, and an order where none is given.
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -44,8 +45,8 @@ std::string Qualified(const Source& source, std::string_view column) {
     return QuoteName(source.alias) + "." + QuoteName(column);
 }
 
-// Two columns of one name are told apart by their sources.
-void TellApart(std::vector<OutputColumn>& columns, const std::vector<std::string>& sources) {
+// Two columns with one name get the names of their tables before it.
+void Qualify(std::vector<OutputColumn>& columns, const std::vector<std::string>& sources) {
     const std::vector<OutputColumn> before = columns;
     for (std::size_t i = 0; i < columns.size(); ++i)
         for (std::size_t j = 0; j < columns.size(); ++j)
@@ -136,7 +137,7 @@ Emitter::SelectText Emitter::EmitCore(const Select& select, const Scope* outer, 
             sources.push_back(plain ? item.expression->qualifier : "");
     }
     sources.resize(result.columns.size());
-    TellApart(result.columns, sources);
+    Qualify(result.columns, sources);
     for (const OutputColumn& column : result.columns) scope.aliases.push_back(column.name);
 
     result.sql = list;

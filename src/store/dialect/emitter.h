@@ -1,5 +1,5 @@
-// The work behind Translate: one object a statement, which gathers the slots in the order in which they stand
-// in the SQLite text. Only the files of this folder use it.
+// The work behind Translate: one object for each statement, which collects the slots in the order of the
+// SQLite text. Only the files of this folder use it.
 #pragma once
 
 #include <string>
@@ -12,7 +12,7 @@
 
 namespace quillon::store::dialect {
 
-// SQLite text of an expression, and what kind of value it gives.
+// SQLite text of an expression, and the type of its value.
 struct Emitted {
     std::string sql;
     ValueType type = ValueType::Any;
@@ -38,7 +38,7 @@ private:
     Emitted EmitLiteral(const Value& value);
     Emitted EmitBinary(const Expression& expression, const Scope* scope);
     Emitted EmitConcatenation(const Expression& expression, const Scope* scope);
-    Emitted EmitJunction(const Expression& expression, const Scope* scope);
+    Emitted EmitChain(const Expression& expression, const Scope* scope);
     Emitted EmitComparison(const Expression& expression, const Scope* scope);
     bool EmitExactComparison(const Expression& expression, const Scope* scope, Emitted& result);
     Emitted EmitLike(const Expression& expression, const Scope* scope);
@@ -74,6 +74,8 @@ private:
 
     // emit_action.cpp
     void EmitInsert(const Statement& statement);
+    void RequirePlain(const Statement& statement) const;
+    std::string EmitInsertedRows(const Statement& statement, Scope& scope);
     void EmitUpdate(const Statement& statement);
     void EmitDelete(const Statement& statement);
     std::string EmitAssigned(const Expression& expression, const FieldDef& field, const Scope* scope);

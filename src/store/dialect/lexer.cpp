@@ -9,7 +9,8 @@ namespace quillon::store::dialect {
 
 namespace {
 
-constexpr std::size_t kMostTokens = 6000;
+// Memory for a statement is proportional to this; a list of 200,000 ids stays below it.
+constexpr std::size_t kMostTokens = 500'000;
 
 bool IsBlank(char c) {
     return c == ' ' || c == '\t' || c == '\r' || c == '\n';
@@ -40,26 +41,17 @@ public:
     }
 
 private:
-    std::string Bracketed() {
-        const std::size_t close = sql_.find(']', at_);
-        if (close == std::string_view::npos) FailAt(sql_, at_, "Missing ] in");
-        std::string name(sql_.substr(at_ + 1, close - at_ - 1));
-        at_ = close + 1;
-        return name;
-    }
+    std::string Bracketed() { return Enclosed(']', "Missing ] in"); }
+    std::string Quoted(char quote) { return Enclosed(quote, "Missing closing quote in"); }
 
-    std::string Quoted(char quote) {
+    // Up to the closing sign; a doubled one is part of the text.
+    std::string Enclosed(char close, std::string_view missing) {
         const std::size_t open = at_++;
         std::string text;
         for (;; ++at_) {
-            if (at_ == sql_.size()) FailAt(sql_, open, "Missing closing quote in");
-            if (sql_[at_] == quote) {
-                if (at_ + 1 < sql_.size() && sql_[at_ + 1] == quote) {
-                    ++at_;
-                } else {
-                    break;
-                }
-            }
+            if (at_ == sql_.size()) FailAt(sql_, open, missing);
+            if (sql_[at_] == close && sql_.substr(at_ + 1, 1) != std::string_view(&close, 1)) break;
+            if (sql_[at_] == close) ++at_;
             text += sql_[at_];
         }
         ++at_;
@@ -97,10 +89,15 @@ std::vector<Token> Tokenize(std::string_view sql) {
     std::vector<Token> tokens;
     do {
         tokens.push_back(scanner.Next());
-        // Long chains nest as deep as they are long; no statement of the program comes near this.
         if (tokens.size() > kMostTokens) FailAt(sql, tokens.back().place, "Too many words in");
     } while (tokens.back().kind != TokenKind::End);
     return tokens;
+}
+
+std::string BracketName(std::string_view name) {
+    std::string bracketed = "[";
+    for (const char c : name) bracketed.append(c == ']' ? 2 : 1, c);
+    return bracketed += ']';
 }
 
 void FailAt(std::string_view sql, std::size_t place, std::string_view what) {

@@ -14,12 +14,38 @@ ExpressionPtr Make(ExpressionKind kind, std::size_t place) {
     return expression;
 }
 
-ExpressionPtr MakeBinary(std::string name, ExpressionPtr left, ExpressionPtr right) {
+void Add(TokenStream& tokens, Expression& parent, ExpressionPtr argument) {
+    tokens.Nest(parent.depth, argument->depth);
+    parent.arguments.push_back(std::move(argument));
+}
+
+void AddSelect(TokenStream& tokens, Expression& parent) {
+    parent.select = ParseSelect(tokens);
+    tokens.Nest(parent.depth, parent.select->depth);
+}
+
+ExpressionPtr MakeBinary(TokenStream& tokens, std::string name, ExpressionPtr left, ExpressionPtr right) {
     ExpressionPtr expression = Make(ExpressionKind::Binary, left->place);
     expression->name = std::move(name);
-    expression->arguments.push_back(std::move(left));
-    expression->arguments.push_back(std::move(right));
+    Add(tokens, *expression, std::move(left));
+    Add(tokens, *expression, std::move(right));
     return expression;
+}
+
+using Level = ExpressionPtr (*)(TokenStream&);
+
+// `next`, or a chain of them with one operator between them, for which `take` looks.
+template <typename Take>
+ExpressionPtr ParseChain(TokenStream& tokens, std::string_view name, Level next, const Take& take) {
+    ExpressionPtr first = next(tokens);
+    if (!take()) return first;
+    ExpressionPtr chain = Make(ExpressionKind::Chain, first->place);
+    chain->name = name;
+    Add(tokens, *chain, std::move(first));
+    do {
+        Add(tokens, *chain, next(tokens));
+    } while (take());
+    return chain;
 }
 
 ExpressionPtr ParseComparison(TokenStream& tokens);
@@ -53,11 +79,11 @@ void ParseArguments(TokenStream& tokens, Expression& call) {
     do {
         const bool missing = tokens.IsSymbol(",") || tokens.IsSymbol(")");
         if (missing) {
-            call.arguments.push_back(Make(ExpressionKind::Missing, tokens.Peek().place));
+            Add(tokens, call, Make(ExpressionKind::Missing, tokens.Peek().place));
         } else if (tokens.IsSymbol("*")) {
-            call.arguments.push_back(Make(ExpressionKind::Star, tokens.Take().place));
+            Add(tokens, call, Make(ExpressionKind::Star, tokens.Take().place));
         } else {
-            call.arguments.push_back(ParseExpression(tokens));
+            Add(tokens, call, ParseExpression(tokens));
         }
     } while (tokens.TakeSymbol(","));
     tokens.ExpectSymbol(")");
@@ -84,7 +110,7 @@ ExpressionPtr ParseParenthesized(TokenStream& tokens) {
     tokens.ExpectSymbol("(");
     if (tokens.IsWord("select")) {
         ExpressionPtr sub = Make(ExpressionKind::Subselect, place);
-        sub->select = ParseSelect(tokens);
+        AddSelect(tokens, *sub);
         tokens.ExpectSymbol(")");
         return sub;
     }
@@ -111,20 +137,19 @@ ExpressionPtr ParseSigned(TokenStream& tokens) {
     const Token sign = tokens.Take();
     if (sign.text == "+") return ParseSigned(tokens);
     ExpressionPtr negate = Make(ExpressionKind::Negate, sign.place);
-    negate->arguments.push_back(ParseSigned(tokens));
+    Add(tokens, *negate, ParseSigned(tokens));
     return negate;
 }
 
-using Level = ExpressionPtr (*)(TokenStream&);
-
+// Operators of one level, which nest to the left.
 template <std::size_t N>
-ExpressionPtr ParseChain(TokenStream& tokens, const std::array<std::string_view, N>& symbols, Level next) {
+ExpressionPtr ParseLevel(TokenStream& tokens, const std::array<std::string_view, N>& symbols, Level next) {
     ExpressionPtr left = next(tokens);
     for (bool more = true; more;) {
         more = false;
         for (const std::string_view symbol : symbols) {
             if (!tokens.TakeSymbol(symbol)) continue;
-            left = MakeBinary(std::string(symbol), std::move(left), next(tokens));
+            left = MakeBinary(tokens, std::string(symbol), std::move(left), next(tokens));
             more = true;
             break;
         }
@@ -133,24 +158,24 @@ ExpressionPtr ParseChain(TokenStream& tokens, const std::array<std::string_view,
 }
 
 ExpressionPtr ParseProduct(TokenStream& tokens) {
-    return ParseChain<2>(tokens, {"*", "/"}, ParseSigned);
+    return ParseLevel<2>(tokens, {"*", "/"}, ParseSigned);
 }
 ExpressionPtr ParseSum(TokenStream& tokens) {
-    return ParseChain<2>(tokens, {"+", "-"}, ParseProduct);
+    return ParseLevel<2>(tokens, {"+", "-"}, ParseProduct);
 }
 ExpressionPtr ParseConcatenation(TokenStream& tokens) {
-    return ParseChain<1>(tokens, {"&"}, ParseSum);
+    return ParseChain(tokens, "&", ParseSum, [&] { return tokens.TakeSymbol("&"); });
 }
 
 ExpressionPtr ParseIn(TokenStream& tokens, ExpressionPtr left) {
     ExpressionPtr in = Make(ExpressionKind::In, left->place);
-    in->arguments.push_back(std::move(left));
+    Add(tokens, *in, std::move(left));
     tokens.ExpectSymbol("(");
     if (tokens.IsWord("select")) {
-        in->select = ParseSelect(tokens);
+        AddSelect(tokens, *in);
     } else {
         do {
-            in->arguments.push_back(ParseExpression(tokens));
+            Add(tokens, *in, ParseExpression(tokens));
         } while (tokens.TakeSymbol(","));
     }
     tokens.ExpectSymbol(")");
@@ -163,15 +188,15 @@ ExpressionPtr ParsePredicate(TokenStream& tokens, ExpressionPtr left, bool negat
         predicate = ParseIn(tokens, std::move(left));
     } else if (tokens.TakeWord("like")) {
         predicate = Make(ExpressionKind::Like, left->place);
-        predicate->arguments.push_back(std::move(left));
-        predicate->arguments.push_back(ParseConcatenation(tokens));
+        Add(tokens, *predicate, std::move(left));
+        Add(tokens, *predicate, ParseConcatenation(tokens));
     } else {
         tokens.ExpectWord("between");
         predicate = Make(ExpressionKind::Between, left->place);
-        predicate->arguments.push_back(std::move(left));
-        predicate->arguments.push_back(ParseConcatenation(tokens));
+        Add(tokens, *predicate, std::move(left));
+        Add(tokens, *predicate, ParseConcatenation(tokens));
         tokens.ExpectWord("and");
-        predicate->arguments.push_back(ParseConcatenation(tokens));
+        Add(tokens, *predicate, ParseConcatenation(tokens));
     }
     predicate->negated = negated;
     return predicate;
@@ -189,7 +214,7 @@ ExpressionPtr ParseComparison(TokenStream& tokens) {
             ExpressionPtr test = Make(ExpressionKind::IsNull, left->place);
             test->negated = tokens.TakeWord("not");
             tokens.ExpectWord("null");
-            test->arguments.push_back(std::move(left));
+            Add(tokens, *test, std::move(left));
             left = std::move(test);
         } else if (StandsOnPredicate(tokens, 0)) {
             left = ParsePredicate(tokens, std::move(left), false);
@@ -200,7 +225,7 @@ ExpressionPtr ParseComparison(TokenStream& tokens) {
             bool found = false;
             for (const std::string_view symbol : symbols) {
                 if (!tokens.TakeSymbol(symbol)) continue;
-                left = MakeBinary(std::string(symbol), std::move(left), ParseConcatenation(tokens));
+                left = MakeBinary(tokens, std::string(symbol), std::move(left), ParseConcatenation(tokens));
                 found = true;
                 break;
             }
@@ -213,23 +238,19 @@ ExpressionPtr ParseNot(TokenStream& tokens) {
     if (!tokens.IsWord("not")) return ParseComparison(tokens);
     const TokenStream::Depth depth(tokens);
     ExpressionPtr negation = Make(ExpressionKind::Not, tokens.Take().place);
-    negation->arguments.push_back(ParseNot(tokens));
+    Add(tokens, *negation, ParseNot(tokens));
     return negation;
 }
 
 ExpressionPtr ParseAnd(TokenStream& tokens) {
-    ExpressionPtr left = ParseNot(tokens);
-    while (tokens.TakeWord("and")) left = MakeBinary("and", std::move(left), ParseNot(tokens));
-    return left;
+    return ParseChain(tokens, "and", ParseNot, [&] { return tokens.TakeWord("and"); });
 }
 
 }  // namespace
 
 ExpressionPtr ParseExpression(TokenStream& tokens) {
     const TokenStream::Depth depth(tokens);
-    ExpressionPtr left = ParseAnd(tokens);
-    while (tokens.TakeWord("or")) left = MakeBinary("or", std::move(left), ParseAnd(tokens));
-    return left;
+    return ParseChain(tokens, "or", ParseAnd, [&] { return tokens.TakeWord("or"); });
 }
 
 }  // namespace quillon::store::dialect

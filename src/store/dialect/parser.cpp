@@ -1,5 +1,6 @@
 #include "store/dialect/parser.h"
 
+#include <algorithm>
 #include <charconv>
 
 #include "store/dialect/parse_expression.h"
@@ -52,6 +53,8 @@ std::unique_ptr<TableRef> ParseTableRef(TokenStream& tokens) {
         join->right = ParseTable(tokens);
         tokens.ExpectWord("on");
         join->on = ParseExpression(tokens);
+        for (const std::size_t below : {join->left->depth, join->right->depth, join->on->depth})
+            tokens.Nest(join->depth, below);
         left = std::move(join);
     }
     return left;
@@ -81,6 +84,7 @@ void ParseOrderBy(TokenStream& tokens, Select& select) {
     do {
         OrderItem item;
         item.expression = ParseExpression(tokens);
+        tokens.Nest(select.depth, item.expression->depth);
         item.descending = tokens.TakeWord("desc");
         if (!item.descending) tokens.TakeWord("asc");
         select.orderBy.push_back(std::move(item));
@@ -89,25 +93,33 @@ void ParseOrderBy(TokenStream& tokens, Select& select) {
 
 std::unique_ptr<Select> ParseCore(TokenStream& tokens) {
     auto select = std::make_unique<Select>();
+    const auto parsePart = [&] {
+        ExpressionPtr part = ParseExpression(tokens);
+        tokens.Nest(select->depth, part->depth);
+        return part;
+    };
     tokens.ExpectWord("select");
     select->distinct = tokens.TakeWord("distinct");
     if (!select->distinct) select->distinctRow = tokens.TakeWord("distinctrow");
     do {
         select->items.push_back(ParseItem(tokens));
+        const ExpressionPtr& item = select->items.back().expression;
+        if (item != nullptr) tokens.Nest(select->depth, item->depth);
     } while (tokens.TakeSymbol(","));
     if (tokens.TakeWord("from")) {
         do {
             select->from.push_back(ParseTableRef(tokens));
+            tokens.Nest(select->depth, select->from.back()->depth);
         } while (tokens.TakeSymbol(","));
     }
-    if (tokens.TakeWord("where")) select->where = ParseExpression(tokens);
+    if (tokens.TakeWord("where")) select->where = parsePart();
     if (tokens.TakeWord("group")) {
         tokens.ExpectWord("by");
         do {
-            select->groupBy.push_back(ParseExpression(tokens));
+            select->groupBy.push_back(parsePart());
         } while (tokens.TakeSymbol(","));
     }
-    if (tokens.TakeWord("having")) select->having = ParseExpression(tokens);
+    if (tokens.TakeWord("having")) select->having = parsePart();
     return select;
 }
 
@@ -279,6 +291,7 @@ std::unique_ptr<Select> ParseSelect(TokenStream& tokens) {
         last->unionAll = tokens.TakeWord("all");
         last->unionWith = ParseCore(tokens);
         last = last->unionWith.get();
+        tokens.Nest(first->depth, std::max(first->depth, last->depth));
     }
     ParseOrderBy(tokens, *first);
     return first;

@@ -8,22 +8,14 @@ namespace quillon::store::dialect {
 namespace {
 
 constexpr int kDeepest = 200;
+constexpr std::size_t kDeepestTree = 600;
 
 constexpr std::array<std::string_view, 29> kKeyWords = {
     "select", "from",   "where", "group",  "order",  "by",     "having",  "union",    "inner",      "left",
     "right",  "join",   "on",    "as",     "and",    "or",     "not",     "is",       "in",         "like",
     "into",   "values", "set",   "insert", "update", "delete", "between", "distinct", "distinctrow"};
 
-char Lower(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
-}
-
 }  // namespace
-
-bool SameWord(std::string_view left, std::string_view right) {
-    return left.size() == right.size() && std::equal(left.begin(), left.end(), right.begin(),
-                                                     [](char a, char b) { return Lower(a) == Lower(b); });
-}
 
 const Token& TokenStream::Peek(std::size_t ahead) const {
     return tokens_[std::min(at_ + ahead, tokens_.size() - 1)];
@@ -75,6 +67,11 @@ bool TokenStream::IsName() const {
 std::string TokenStream::ExpectName() {
     if (!IsName()) Fail("Expected a name in");
     return Take().text;
+}
+
+void TokenStream::Nest(std::size_t& depth, std::size_t below) const {
+    depth = std::max(depth, below + 1);
+    if (depth > kDeepestTree) Fail("Nested too deeply in");
 }
 
 TokenStream::Depth::Depth(TokenStream& stream) : stream_(stream) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "store/dialect/lexer.h"
+#include "store/schema/names.h"
 
 namespace quillon::store::dialect {
 
@@ -28,6 +29,9 @@ public:
     bool IsName() const;
 
     [[noreturn]] void Fail(std::string_view what) const { FailAt(sql_, Peek().place, what); }
+    // `depth` of a node that gets a part with `below` levels. Whoever walks the tree recurses as deep as it
+    // is, so a tree that is too deep is an error.
+    void Nest(std::size_t& depth, std::size_t below) const;
     // Guards the recursion of the parser against statements nested without end.
     class Depth {
     public:
@@ -46,7 +50,5 @@ private:
     std::size_t at_ = 0;
     int depth_ = 0;
 };
-
-bool SameWord(std::string_view left, std::string_view right);
 
 }  // namespace quillon::store::dialect

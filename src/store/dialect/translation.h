@@ -1,9 +1,9 @@
 // Turns a statement of the dialect into one of SQLite: names found in the schema, texts compared by the
-// program's collation, functions and joins put as SQLite has them.
+// program's collation, functions and joins written as SQLite has them.
 //
 // Names without a qualifier mean a column of the tables in scope first, then a parameter: a parameter with
 // the name of a column in scope is never seen. A name that is neither is TooFewParameters. A stored query may
-// stand where a table may.
+// take the place of a table.
 #pragma once
 
 #include <optional>
@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "store/dialect/ast.h"
-#include "store/engine/physical_table.h"
+#include "store/schema/physical_table.h"
 
 namespace quillon::store::dialect {
 

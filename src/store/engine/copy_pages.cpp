@@ -19,9 +19,9 @@ public:
             backup_ = sqlite3_backup_init(to_, "main", from.Native(), "main");
         }
         if (backup_ != nullptr) return;
-        const StoreError error = ErrorOf(sqlite3_extended_errcode(to_), sqlite3_errmsg(to_));
+        const int failed = sqlite3_extended_errcode(to_);
         sqlite3_close(to_);
-        throw error;
+        ThrowCode(failed);
     }
     ~Backup() {
         sqlite3_backup_finish(backup_);
@@ -34,7 +34,7 @@ public:
     bool Step() {
         const int code = sqlite3_backup_step(backup_, kPagesAtOnce);
         if (code == SQLITE_DONE) return false;
-        if (code != SQLITE_OK) throw ErrorOf(code, sqlite3_errmsg(to_));
+        if (code != SQLITE_OK) ThrowCode(code, sqlite3_errmsg(to_));
         return true;
     }
 
@@ -48,7 +48,7 @@ private:
 void CopyPages(const Connection& from, const std::string& to, const std::function<bool()>& goOn) {
     Backup backup(from, to);
     while (backup.Step())
-        if (!goOn()) throw ErrorOf(SQLITE_INTERRUPT, "interrupted");
+        if (!goOn()) ThrowCode(SQLITE_INTERRUPT, "interrupted");
 }
 
 }  // namespace quillon::store

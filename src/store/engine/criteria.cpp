@@ -3,14 +3,13 @@
 #include <fmt/format.h>
 
 #include "core/text.h"
-#include "store/dialect/token_stream.h"
 #include "store/error.h"
+#include "store/schema/names.h"
 
 namespace quillon::store {
 
 using dialect::Expression;
 using dialect::ExpressionKind;
-using dialect::SameWord;
 
 namespace {
 
@@ -42,17 +41,30 @@ Value Compare(const std::string& op, const Value& left, const Value& right) {
     return op == "<=" ? order <= 0 : order >= 0;
 }
 
+// Every argument is evaluated, so that a wrong one is an error wherever it is.
+Value EvaluateChain(const Expression& expression, const ColumnReader& column) {
+    const bool decides = expression.name == "or";
+    std::string text;
+    bool decided = false, unknown = false;
+    for (const dialect::ExpressionPtr& argument : expression.arguments) {
+        const Value value = Evaluate(*argument, column);
+        if (expression.name == "&") {
+            text += value.AsText();
+        } else if (value.IsNull()) {
+            unknown = true;
+        } else {
+            decided = decided || value.AsBoolean() == decides;
+        }
+    }
+    if (expression.name == "&") return text;
+    if (decided) return decides;
+    return unknown ? Value() : Value(!decides);
+}
+
 Value EvaluateBinary(const Expression& expression, const ColumnReader& column) {
     const Value left = Evaluate(*expression.arguments[0], column);
     const Value right = Evaluate(*expression.arguments[1], column);
     const std::string& op = expression.name;
-    if (op == "and" || op == "or") {
-        const bool decides = op == "or";
-        if (!left.IsNull() && left.AsBoolean() == decides) return decides;
-        if (!right.IsNull() && right.AsBoolean() == decides) return decides;
-        return left.IsNull() || right.IsNull() ? Value() : Value(!decides);
-    }
-    if (op == "&") return left.AsText() + right.AsText();
     if (op == "+" || op == "-" || op == "*" || op == "/") {
         if (left.IsNull() || right.IsNull()) return {};
         if (op == "+" && (left.IsText() || right.IsText())) return left.AsText() + right.AsText();
@@ -117,6 +129,8 @@ Value Evaluate(const Expression& expression, const ColumnReader& column) {
             return argument(0).IsNull() ? Value() : Value(-NumberOf(argument(0)));
         case ExpressionKind::Binary:
             return EvaluateBinary(expression, column);
+        case ExpressionKind::Chain:
+            return EvaluateChain(expression, column);
         case ExpressionKind::IsNull:
             return argument(0).IsNull() != expression.negated;
         case ExpressionKind::Like: {

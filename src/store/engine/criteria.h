@@ -1,5 +1,5 @@
-// Criteria of FindFirst and its like, run over one row in memory. The rules of comparison are those of the
-// statements: texts by the collation, Null makes a comparison neither true nor false.
+// Criteria of FindFirst and the other searches, run over one row in memory. Values compare as in statements:
+// texts by the collation, Null makes a comparison neither true nor false.
 #pragma once
 
 #include <functional>
@@ -13,7 +13,7 @@ namespace quillon::store {
 
 using ColumnReader = std::function<Value(const std::string& column)>;
 
-// The value of an expression; a function that a search does not have is a SyntaxError.
+// Returns the value of an expression; a function that searches do not support is a SyntaxError.
 Value Evaluate(const dialect::Expression& expression, const ColumnReader& column);
 // -1, 0 or 1: Null before numbers before texts; texts by the collation.
 int CompareValues(const Value& left, const Value& right);

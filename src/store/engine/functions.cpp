@@ -1,11 +1,17 @@
+#include "store/engine/functions.h"
+
 #include <sqlite3.h>
 
+#include <memory>
+#include <new>
 #include <string_view>
+#include <utility>
 
 #include "core/codepage.h"
 #include "core/text.h"
-#include "store/coerce.h"
-#include "store/engine/connection.h"
+#include "store/engine/auto_numbers.h"
+#include "store/engine/native.h"
+#include "store/schema/coerce.h"
 
 namespace quillon::store {
 
@@ -13,6 +19,7 @@ namespace {
 
 std::string_view TextOf(sqlite3_value* value) {
     const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
+    if (text == nullptr && sqlite3_value_bytes(value) != 0) throw std::bad_alloc();
     if (text == nullptr) return {};
     return {text, static_cast<std::size_t>(sqlite3_value_bytes(value))};
 }
@@ -77,46 +84,75 @@ void BooleanFunction(sqlite3_context* context, int, sqlite3_value** values) {
     if (IsNull(values[0])) return;
     const bool text = sqlite3_value_type(values[0]) == SQLITE_TEXT;
     const Value value = text ? Value(TextOf(values[0])) : Value(std::int64_t{sqlite3_value_int64(values[0])});
-    try {
-        sqlite3_result_int(context,
-                           Coerce({"", FieldType::Boolean, 0, false, false}, value).AsBoolean() ? 1 : 0);
-    } catch (const StoreError& error) {
-        sqlite3_result_error(context, error.what(), -1);
-    }
+    sqlite3_result_int(context, Coerce({"", FieldType::Boolean, 0, false, false}, value).AsBoolean() ? 1 : 0);
 }
 
 void AutoNumber(sqlite3_context* context, int, sqlite3_value** values) {
-    auto* connection = static_cast<Connection*>(sqlite3_user_data(context));
+    auto* numbers = static_cast<AutoNumbers*>(sqlite3_user_data(context));
     const std::string_view table = TextOf(values[0]);
     if (IsNull(values[1])) {
-        sqlite3_result_int64(context, connection->NextAutoNumber(table));
+        sqlite3_result_int64(context, numbers->Next(table));
         return;
     }
-    connection->NoteAutoNumber(table, sqlite3_value_int64(values[1]));
+    numbers->Note(table, sqlite3_value_int64(values[1]));
     sqlite3_result_value(context, values[1]);
+}
+
+void Map(sqlite3_context* context, int, sqlite3_value** values) {
+    if (IsNull(values[0])) return;
+    const auto& function = *static_cast<MapFunction*>(sqlite3_user_data(context));
+    if (const auto result = function(sqlite3_value_int64(values[0]))) sqlite3_result_int64(context, *result);
+}
+
+void DeleteMap(void* function) {
+    const std::unique_ptr<MapFunction> owner(static_cast<MapFunction*>(function));
 }
 
 using NativeFunction = void (*)(sqlite3_context*, int, sqlite3_value**);
 
-void Add(sqlite3* db, const char* name, int arguments, NativeFunction function, void* data = nullptr) {
+// SQLITE_RANGE brings a number out of range through SQLite, with its description.
+template <NativeFunction function>
+void Guarded(sqlite3_context* context, int count, sqlite3_value** values) noexcept {
+    try {
+        function(context, count, values);
+    } catch (const std::bad_alloc&) {
+        sqlite3_result_error_nomem(context);
+    } catch (const StoreError& error) {
+        sqlite3_result_error(context, error.what(), -1);
+        if (error.Is(ErrorNumber::NumericOverflow)) sqlite3_result_error_code(context, SQLITE_RANGE);
+    } catch (...) {
+        sqlite3_result_error(context, "unknown error", -1);
+    }
+}
+
+template <NativeFunction function>
+void Add(sqlite3* db, const char* name, int arguments, void* data = nullptr) {
     const int flags = SQLITE_UTF8 | SQLITE_DIRECTONLY | (data == nullptr ? SQLITE_DETERMINISTIC : 0);
-    sqlite3_create_function_v2(db, name, arguments, flags, data, function, nullptr, nullptr, nullptr);
+    CheckNative(db, sqlite3_create_function_v2(db, name, arguments, flags, data, Guarded<function>, nullptr,
+                                               nullptr, nullptr));
 }
 
 }  // namespace
 
-void RegisterFunctions(sqlite3* db, Connection& connection) {
-    sqlite3_create_collation_v2(db, "QLN", SQLITE_UTF8, nullptr, Collation, nullptr);
-    Add(db, "qln_upper", 1, Upper);
-    Add(db, "qln_lower", 1, Lower);
-    Add(db, "qln_chr", 1, Chr);
-    Add(db, "qln_text", 1, TextFunction);
-    Add(db, "qln_like", 2, Like);
-    Add(db, "qln_strcomp", 2, StrCompFunction);
-    Add(db, "qln_strcomp", 3, StrCompFunction);
-    Add(db, "qln_instr", 2, InStr);
-    Add(db, "qln_boolean", 1, BooleanFunction);
-    Add(db, "qln_auto", 2, AutoNumber, &connection);
+void RegisterFunctions(sqlite3* db, AutoNumbers& autoNumbers) {
+    CheckNative(db, sqlite3_create_collation_v2(db, "QLN", SQLITE_UTF8, nullptr, Collation, nullptr));
+    Add<Upper>(db, "qln_upper", 1);
+    Add<Lower>(db, "qln_lower", 1);
+    Add<Chr>(db, "qln_chr", 1);
+    Add<TextFunction>(db, "qln_text", 1);
+    Add<Like>(db, "qln_like", 2);
+    Add<StrCompFunction>(db, "qln_strcomp", 2);
+    Add<StrCompFunction>(db, "qln_strcomp", 3);
+    Add<InStr>(db, "qln_instr", 2);
+    Add<BooleanFunction>(db, "qln_boolean", 1);
+    Add<AutoNumber>(db, "qln_auto", 2, &autoNumbers);
+}
+
+// SQLite deletes the function, also when it cannot register it.
+void RegisterMap(sqlite3* db, const std::string& name, MapFunction function) {
+    auto owned = std::make_unique<MapFunction>(std::move(function));
+    CheckNative(db, sqlite3_create_function_v2(db, name.c_str(), 1, SQLITE_UTF8 | SQLITE_DIRECTONLY,
+                                               owned.release(), Guarded<Map>, nullptr, nullptr, DeleteMap));
 }
 
 }  // namespace quillon::store

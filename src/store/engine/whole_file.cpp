@@ -26,7 +26,7 @@ void MakeNoJournal(Database& database) {
 }
 
 void CheckWholeFile(Engine& engine, const std::string& path, const std::atomic<bool>& stop) {
-    Connection connection(engine, path, false);
+    Connection connection(engine.State(), path, false);
     sqlite3_progress_handler(connection.Native(), kInstructions, IsSet,
                              const_cast<std::atomic<bool>*>(&stop));
     // Constraints are not run: what was there before need not keep them. Every page is read once, so that a
@@ -34,14 +34,15 @@ void CheckWholeFile(Engine& engine, const std::string& path, const std::atomic<b
     ExecNative(connection.Native(), "PRAGMA ignore_check_constraints = ON; PRAGMA cache_size = -2000");
     {
         NativeStatement check(connection.Native(), "PRAGMA quick_check(1)");
-        if (!check.Step() || check.Text(0) != "ok") throw ErrorOf(SQLITE_CORRUPT, "");
+        if (!check.Step()) ThrowCode(SQLITE_CORRUPT);
+        RequireWhole(check.Text(0));
     }
     sqlite3_progress_handler(connection.Native(), 0, nullptr, nullptr);
     connection.Close();
 }
 
 void ThrowInterrupted() {
-    throw ErrorOf(SQLITE_INTERRUPT, "interrupted");
+    ThrowCode(SQLITE_INTERRUPT, "interrupted");
 }
 
 }  // namespace quillon::store

@@ -71,7 +71,7 @@ WorkingCopy::WorkingCopy(Engine& engine, Database& original, std::function<bool(
     // So that the copy has the AutoNumbers that were given, and closing the DataSet has nothing left to
     // write.
     Job pending(engine_);
-    original.Shared()->BeforeWrite();
+    original.Shared()->Write([] {});
     pending.End();
     CopyPages(*original.Shared(), file_.Path(), goOn_);
     if (!goOn_()) ThrowInterrupted();

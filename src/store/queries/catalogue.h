@@ -17,7 +17,7 @@ struct NamedQuery {
 
 // All queries in the order of creation. The texts live as long as the program.
 std::span<const NamedQuery> NamedQueryCatalogue();
-// The text by the name exactly as it stands; empty when the catalogue has no such query.
+// The text of the query with exactly this name; empty when the catalogue has none.
 std::string_view NamedQueryText(std::string_view name);
 
 }  // namespace quillon::store

@@ -1,15 +1,15 @@
-// How a field was declared, in the engine's terms: what a table's description tells beside name and type.
+// How a field was declared: attributes and size, as a table's description shows them beside name and type.
 // Both follow from the type, but for a few ids whose declared size is smaller than they are.
 #pragma once
 
-#include "store/table_def.h"
+#include "store/schema/table_def.h"
 
 namespace quillon::store {
 
-// The engine's documented values; they add up.
+// The documented values of DAO; they add up.
 enum class FieldAttribute : int { Fixed = 1, Variable = 2, AutoIncrement = 16 };
 
-// Fixed or Variable, and AutoIncrement beside it.
+// Fixed or Variable, plus AutoIncrement.
 int AttributesOf(const FieldDef& field);
 inline bool Has(int attributes, FieldAttribute attribute) {
     return (attributes & static_cast<int>(attribute)) != 0;

@@ -1,3 +1,5 @@
+#include "store/engine/data_set_file.h"
+
 #include <fcntl.h>
 #include <fmt/format.h>
 #include <sqlite3.h>
@@ -8,10 +10,11 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <memory>
+#include <new>
 
-#include "store/engine.h"
-#include "store/engine/connection.h"
-#include "store/engine/result_set.h"
+#include "store/engine/functions.h"
+#include "store/engine/native.h"
 
 namespace quillon::store {
 
@@ -21,7 +24,7 @@ constexpr std::int32_t kApplicationId = 0x516C6E44;  // "QlnD"
 constexpr std::string_view kMagic("SQLite format 3\0", 16);
 constexpr int kMostBytes = 64 * 1024 * 1024;                // of one value
 constexpr off_t kMostQuickCheck = off_t{48} * 1024 * 1024;  // of a file: about a tenth of a second
-constexpr int kMostSql = 1024 * 1024;
+constexpr int kMostSql = 16 * 1024 * 1024;
 
 [[noreturn]] void FailPath(ErrorNumber number, std::string_view what, const std::string& path) {
     throw StoreError(number, fmt::format("{} '{}'.", what, path));
@@ -30,12 +33,6 @@ constexpr int kMostSql = 1024 * 1024;
 std::string FolderOf(const std::string& path) {
     const std::size_t slash = path.rfind('/');
     return slash == std::string::npos ? "." : path.substr(0, slash + 1);
-}
-
-FileIdentity IdentityOf(const std::string& path) {
-    struct stat info {};
-    if (stat(path.c_str(), &info) != 0) return {};
-    return {static_cast<std::uint64_t>(info.st_dev), static_cast<std::uint64_t>(info.st_ino)};
 }
 
 // Reads the first bytes with a descriptor of its own; only for a file that this process has not open.
@@ -75,80 +72,79 @@ bool IsInWriteAheadMode(sqlite3* db) {
     return file->pMethods->xRead(file, &version, 1, kReadVersionAt) == SQLITE_OK && version == 2;
 }
 
+void Harden(sqlite3* db) {
+    constexpr struct {
+        int option, value;
+    } options[] = {{SQLITE_DBCONFIG_DEFENSIVE, 1},      {SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0},
+                   {SQLITE_DBCONFIG_ENABLE_TRIGGER, 0}, {SQLITE_DBCONFIG_ENABLE_VIEW, 0},
+                   {SQLITE_DBCONFIG_DQS_DML, 0},        {SQLITE_DBCONFIG_DQS_DDL, 0}};
+    sqlite3_extended_result_codes(db, 1);
+    for (const auto& [option, value] : options) sqlite3_db_config(db, option, value, nullptr);
+    sqlite3_limit(db, SQLITE_LIMIT_LENGTH, kMostBytes);
+    sqlite3_limit(db, SQLITE_LIMIT_SQL_LENGTH, kMostSql);
+    sqlite3_limit(db, SQLITE_LIMIT_TRIGGER_DEPTH, 0);
+}
+
 }  // namespace
 
-Connection::Connection(Engine& engine, const std::string& path, bool create) : engine_(engine), path_(path) {
+DataSetFile::DataSetFile(const std::string& path, bool create, AutoNumbers& autoNumbers) {
     if (!create) CheckHeader(path);
     try {
-        OpenFile(path, create);
+        Open(path, create, autoNumbers);
     } catch (...) {
-        sqlite3_close_v2(db_);
-        db_ = nullptr;
+        Abandon();
         if (create) unlink(path.c_str());
         throw;
     }
 }
 
-Connection::~Connection() {
-    try {
-        Close();
-    } catch (const StoreError&) {
-        // Nobody is left to tell; what was committed is in the file.
-    }
+void DataSetFile::Abandon() noexcept {
+    sqlite3_close_v2(db_);
+    db_ = nullptr;
 }
 
 // The second is the log of another program's write-ahead mode.
-bool Connection::EndedUncleanly() const {
-    for (const char* ending : {"-journal", "-wal"}) {
+bool DataSetFile::EndedUncleanly() const {
+    for (const std::string& left : {journalPath_, realPath_ + "-wal"}) {
         struct stat info {};
-        if (stat((realPath_ + ending).c_str(), &info) == 0 && info.st_size > 0) return true;
+        if (stat(left.c_str(), &info) == 0 && info.st_size > 0) return true;
     }
     return false;
 }
 
-void Connection::OpenFile(const std::string& path, bool create) {
+void DataSetFile::Open(const std::string& path, bool create, AutoNumbers& autoNumbers) {
     identity_ = IdentityOf(path);
     char* real = realpath(path.c_str(), nullptr);
-    realPath_ = real == nullptr ? path : real;
-    std::free(real);
+    if (real == nullptr && errno == ENOMEM) throw std::bad_alloc();
+    realPath_ = path;
+    if (real != nullptr) {
+        const std::unique_ptr<char, void (*)(void*)> owner(real, std::free);
+        realPath_ = real;
+    }
+    journalPath_ = realPath_ + "-journal";
     const bool unclean = !create && EndedUncleanly();
     const int code =
         sqlite3_open_v2(realPath_.c_str(), &db_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
     if (code != SQLITE_OK) ThrowNative(db_, code);
     readOnly_ = sqlite3_db_readonly(db_, "main") == 1 || access(FolderOf(realPath_).c_str(), W_OK) != 0;
-    Harden();
-    Configure();
-    if (create) {
-        ExecNative(db_, fmt::format("PRAGMA application_id = {}", kApplicationId));
-        ExecNative(db_,
-                   "BEGIN; CREATE TABLE qln_queries (position INTEGER PRIMARY KEY, name TEXT, sql TEXT);"
-                   "CREATE TABLE qln_autonumber (table_name TEXT PRIMARY KEY, next INTEGER) WITHOUT ROWID;"
-                   "CREATE TABLE qln_waiting_indexes (name TEXT PRIMARY KEY) WITHOUT ROWID; COMMIT");
-    } else {
-        CheckFile(unclean);
-        // One file, that opens on a read-only medium too: not every program leaves it so.
-        if (!readOnly_) ExecNative(db_, "PRAGMA journal_mode = DELETE");
-    }
-    LoadSchema();
-    if (!readOnly_) BuildLookupIndexes();
+    Harden(db_);
+    RegisterFunctions(db_, autoNumbers);
+    TakeLock();
+    if (create) return MakeOwnTables();
+    Check(unclean);
+    // Another program may have left another mode, which needs a second file.
+    if (!readOnly_) ExecNative(db_, "PRAGMA journal_mode = DELETE");
 }
 
-void Connection::Harden() {
-    sqlite3_extended_result_codes(db_, 1);
-    sqlite3_db_config(db_, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
-    sqlite3_db_config(db_, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
-    sqlite3_db_config(db_, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
-    sqlite3_db_config(db_, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
-    sqlite3_db_config(db_, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
-    sqlite3_db_config(db_, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
-    sqlite3_limit(db_, SQLITE_LIMIT_LENGTH, kMostBytes);
-    sqlite3_limit(db_, SQLITE_LIMIT_SQL_LENGTH, kMostSql);
-    sqlite3_limit(db_, SQLITE_LIMIT_TRIGGER_DEPTH, 0);
-    RegisterFunctions(db_, *this);
+void DataSetFile::MakeOwnTables() {
+    ExecNative(db_, fmt::format("PRAGMA application_id = {}", kApplicationId));
+    ExecNative(db_,
+               "BEGIN; CREATE TABLE qln_queries (position INTEGER PRIMARY KEY, name TEXT, sql TEXT);"
+               "CREATE TABLE qln_autonumber (table_name TEXT PRIMARY KEY, next INTEGER) WITHOUT ROWID;"
+               "CREATE TABLE qln_waiting_indexes (name TEXT PRIMARY KEY) WITHOUT ROWID; COMMIT");
 }
 
-// The lock on the file is taken here, and kept until it is closed.
-void Connection::Configure() {
+void DataSetFile::TakeLock() {
     if (readOnly_ && IsInWriteAheadMode(db_))
         FailPath(ErrorNumber::ReadOnly,
                  "Another program has left a DataSet so that it cannot be opened where it cannot be written:",
@@ -160,65 +156,56 @@ void Connection::Configure() {
                readOnly_ ? "BEGIN; SELECT count(*) FROM sqlite_master; COMMIT" : "BEGIN EXCLUSIVE; COMMIT");
 }
 
-// A full look after an unclean end; otherwise a quick one, which for a large file would be felt at each
-// opening and is left to the checks that SQLite makes of every page it reads. Constraints are not run: they
-// are ours only if the file is.
-void Connection::CheckFile(bool unclean) {
+// A full check after an unclean end, otherwise a quick one. A large file is not checked: the user would
+// notice it at each opening, and SQLite checks every page that it reads. Constraints are not run, because the
+// file may come from anywhere.
+void DataSetFile::Check(bool unclean) {
     struct stat info {};
     if (stat(realPath_.c_str(), &info) != 0) info.st_size = 0;
     {
         // A last page cut short is read as if it ended in zeroes, which no check sees.
         NativeStatement page(db_, "PRAGMA page_size");
-        if (page.Step() && info.st_size % page.Long(0) != 0) throw ErrorOf(SQLITE_CORRUPT, "");
+        if (page.Step() && info.st_size % page.Long(0) != 0) ThrowCode(SQLITE_CORRUPT);
     }
     if (!unclean && info.st_size > kMostQuickCheck) return;
     ExecNative(db_, "PRAGMA ignore_check_constraints = ON");
     {
         NativeStatement check(db_, unclean ? "PRAGMA integrity_check(1)" : "PRAGMA quick_check(1)");
-        if (!check.Step() || check.Text(0) != "ok") throw ErrorOf(SQLITE_CORRUPT, "");
+        if (!check.Step()) ThrowCode(SQLITE_CORRUPT);
+        RequireWhole(check.Text(0));
     }
     ExecNative(db_, "PRAGMA ignore_check_constraints = OFF");
 }
 
-void Connection::LoadSchema() {
-    tables_.clear();
-    tableByName_.clear();
-    for (PhysicalTable& table : ReadTables(db_)) {
-        tables_.push_back(std::make_unique<PhysicalTable>(std::move(table)));
-        tableByName_.emplace(tables_.back()->def.name, tables_.back().get());
-    }
-    for (const PhysicalTable& link : links_) {
-        tables_.push_back(std::make_unique<PhysicalTable>(link));
-        tableByName_.emplace(link.def.name, tables_.back().get());
-    }
-    LoadQueries();
+void DataSetFile::Remove() noexcept {
+    unlink(realPath_.c_str());
 }
 
-void Connection::Close() {
+// While the lock is still held: a journal without a header holds nothing that could be played back. SQLite
+// leaves one only where memory was too short to remove it.
+void DataSetFile::LeaveNothingBeside() noexcept {
+    const int journal = open(journalPath_.c_str(), O_RDONLY | O_CLOEXEC);
+    if (journal < 0) return;
+    std::array<char, 8> header{};
+    const ssize_t got = read(journal, header.data(), header.size());
+    close(journal);
+    if (got >= 0 && header == std::array<char, 8>{}) unlink(journalPath_.c_str());
+}
+
+void DataSetFile::Close() noexcept {
     if (db_ == nullptr) return;
-    for (ResultSet* result : std::vector<ResultSet*>(results_)) result->Close();
-    std::exception_ptr failure;
-    try {
-        if (unitOpen_) RollbackUnit();
-        if (!readOnly_) {
-            SaveCounters();
-            CommitDurable();
-        }
-    } catch (...) {
-        failure = std::current_exception();
-    }
-    for (const std::weak_ptr<Compiled>& weak : allCompiled_)
-        if (const std::shared_ptr<Compiled> compiled = weak.lock()) compiled->FinalizeIdle();
+    // A journal beside a file that took the place of this one is not ours.
+    const bool ours = !readOnly_ && IsInPlace();
+    const bool settled = RollBackNative(db_);
     // Giving up the exclusive lock removes the journal, so that one file is left.
-    sqlite3_exec(db_, "PRAGMA locking_mode = NORMAL; SELECT count(*) FROM sqlite_master", nullptr, nullptr,
-                 nullptr);
-    // One that was there at the opening stays even so, until it is asked for.
-    if (!readOnly_ && access((realPath_ + "-journal").c_str(), F_OK) == 0)
+    const int unlocked = sqlite3_exec(db_, "PRAGMA locking_mode = NORMAL; SELECT count(*) FROM sqlite_master",
+                                      nullptr, nullptr, nullptr);
+    if (ours && settled && unlocked != SQLITE_OK) LeaveNothingBeside();
+    // A journal that was there at the opening is removed only by a change of the journal mode.
+    if (ours && access(journalPath_.c_str(), F_OK) == 0)
         sqlite3_exec(db_, "PRAGMA journal_mode = PERSIST; PRAGMA journal_mode = DELETE", nullptr, nullptr,
                      nullptr);
-    sqlite3_close_v2(db_);
-    db_ = nullptr;
-    if (failure) std::rethrow_exception(failure);
+    Abandon();
 }
 
 }  // namespace quillon::store

@@ -14,7 +14,7 @@ struct FieldDef {
     std::string name;
     FieldType type = FieldType::Text;
     int size = 0;                // characters of a Text; 0 otherwise
-    bool autoIncrement = false;  // the engine gives the value unless the statement does
+    bool autoIncrement = false;  // the store provides the value unless the statement does
     bool required = false;
 };
 

@@ -1,8 +1,8 @@
-#include "store/table_def.h"
+#include "store/schema/table_def.h"
 
 #include <algorithm>
 
-#include "store/dialect/token_stream.h"
+#include "store/schema/names.h"
 
 namespace quillon::store {
 
@@ -10,8 +10,8 @@ namespace {
 
 template <typename Item>
 const Item* Find(const std::vector<Item>& items, std::string_view name) {
-    const auto found = std::find_if(items.begin(), items.end(),
-                                    [&](const Item& item) { return dialect::SameWord(item.name, name); });
+    const auto found =
+        std::find_if(items.begin(), items.end(), [&](const Item& item) { return SameWord(item.name, name); });
     return found == items.end() ? nullptr : &*found;
 }
 

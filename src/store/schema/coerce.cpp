@@ -1,4 +1,4 @@
-#include "store/coerce.h"
+#include "store/schema/coerce.h"
 
 #include <fmt/format.h>
 
@@ -7,7 +7,7 @@
 #include <limits>
 
 #include "core/text.h"
-#include "store/dialect/token_stream.h"
+#include "store/schema/names.h"
 
 namespace quillon::store {
 
@@ -65,9 +65,9 @@ Value CoerceBoolean(const FieldDef& field, const Value& value) {
     if (!value.IsText()) return value.AsBoolean();
     const std::string_view text = Trim(value.Text());
     for (const std::string_view word : {"True", "Yes", "-1", "1"})
-        if (dialect::SameWord(text, word)) return true;
+        if (SameWord(text, word)) return true;
     for (const std::string_view word : {"False", "No", "0"})
-        if (dialect::SameWord(text, word)) return false;
+        if (SameWord(text, word)) return false;
     FailConversion(field);
 }
 

@@ -1,9 +1,9 @@
-// What a field makes of a value that is stored in it: converted to the field's type, or refused.
+// Converts a value to the type of the field that stores it, or refuses it. Every write passes through here.
 #pragma once
 
 #include "core/value.h"
 #include "store/error.h"
-#include "store/table_def.h"
+#include "store/schema/table_def.h"
 
 namespace quillon::store {
 

@@ -1,20 +1,23 @@
-// How a table of the schema stands in the SQLite file, and how the schema is read back from there.
+// How a table of the schema is stored in an SQLite file: the statements that create it and its indexes.
+// Creating, altering and reading a DataSet use it. It opens nothing itself.
 //
 // A table whose key is one AutoNumber keeps it as its rowid. Any other table with a key is clustered by it
 // (WITHOUT ROWID) in plain byte order, so that a stock client reads it; where the key holds a text, a second
 // index enforces it under the program's collation. Indexes on texts are partial (not Null), so that a client
 // without the collation never needs them, and the many Nulls of the higher name units cost nothing. Sizes and
-// ranges stand as CHECK constraints named after their field: no writer, ours or another, can store a value
-// that breaks them.
+// ranges are CHECK constraints named after their field, so that no program can store a value that breaks
+// them.
+//
+// A name with a tilde is the store's own and no part of the schema: "qb_vernaculars~taxon" is an index that
+// only speeds up look-ups, and "name~new" a table that is being rebuilt under another key.
 #pragma once
 
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "store/table_def.h"
-
-struct sqlite3;
+#include "store/schema/names.h"
+#include "store/schema/table_def.h"
 
 namespace quillon::store {
 
@@ -25,22 +28,20 @@ struct PhysicalTable {
     KeyKind key = KeyKind::None;
     std::string autoField;  // empty when the table has no AutoNumber
 
-    // The columns that find a row again: the rowid, or those of the key.
+    // The columns by which a row is found again: the rowid, or those of the key.
     std::vector<std::string> KeyColumns() const;
 };
 
-inline constexpr std::string_view kCollation = "QLN";
-
 bool HasText(FieldType type);  // Text or Memo
-bool IsNumber(FieldType type);
-std::string QuoteName(std::string_view name);
-std::string QuoteLiteral(std::string_view text);
 
 PhysicalTable PhysicalTableOf(const TableDef& def);
 // One CREATE TABLE for the table, under `name`.
 std::string CreateTableSql(const PhysicalTable& table, std::string_view name);
 // One column of CREATE TABLE or ALTER TABLE ADD COLUMN.
 std::string ColumnSql(const FieldDef& field, bool rowidKey);
+// Sets type, size and autoIncrement of `field` from a declared column type; false for a type that the schema
+// does not have.
+bool ParseColumnType(std::string_view declared, FieldDef& field);
 
 struct IndexSql {
     std::string name;
@@ -51,8 +52,5 @@ struct IndexSql {
 // All indexes of a table: its key under the collation, the schema's, and the store's own for look-ups.
 std::vector<IndexSql> CreateIndexSql(const PhysicalTable& table);
 std::string IndexName(std::string_view table, std::string_view index);
-
-// The tables of an open file, in the order of creation; the store's own and whatever is odd are left out.
-std::vector<PhysicalTable> ReadTables(sqlite3* db);
 
 }  // namespace quillon::store

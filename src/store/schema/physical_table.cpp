@@ -1,19 +1,12 @@
-#include "store/engine/physical_table.h"
+#include "store/schema/physical_table.h"
 
 #include <fmt/format.h>
-#include <sqlite3.h>
 
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <map>
-
-#include "store/dialect/token_stream.h"
-#include "store/engine/native.h"
 
 namespace quillon::store {
-
-using dialect::SameWord;
 
 namespace {
 
@@ -59,7 +52,7 @@ constexpr std::array<LookupIndex, 16> kLookups = {{
     {"qb_change_tracks", "~taxon", "qb_id", true},
 }};
 
-// The table stands in the order of the types.
+// kTypeWords has the order of FieldType.
 const TypeWord& WordOf(FieldType type) {
     return kTypeWords.at(static_cast<std::size_t>(type));
 }
@@ -75,78 +68,6 @@ std::string Collated(const FieldDef& field) {
     return QuoteName(field.name) + (HasText(field.type) ? " COLLATE QLN" : "");
 }
 
-bool ParseType(std::string_view declared, FieldDef& field) {
-    std::string_view word = declared.substr(0, declared.find('('));
-    if (SameWord(word, "COUNTER")) {
-        field.type = FieldType::Long;
-        field.autoIncrement = true;
-        return true;
-    }
-    const auto* found = std::find_if(kTypeWords.begin(), kTypeWords.end(),
-                                     [&](const TypeWord& w) { return SameWord(w.word, word); });
-    if (found == kTypeWords.end()) return false;
-    field.type = found->type;
-    if (field.type != FieldType::Text) return true;
-    if (word.size() == declared.size()) return false;
-    const char* digits = declared.data() + word.size() + 1;
-    std::from_chars(digits, declared.data() + declared.size(), field.size);
-    return field.size >= 1 && field.size <= 255;
-}
-
-void AddKey(PhysicalTable& table, const std::map<int, std::string>& keyParts) {
-    IndexDef key{"PrimaryKey", {}, true};
-    for (const auto& [place, name] : keyParts) key.fields.push_back(name);
-    if (!key.fields.empty()) table.def.indexes.push_back(std::move(key));
-}
-
-// False when the table is none of ours: an unknown type, a generated column.
-bool ReadColumns(sqlite3* db, PhysicalTable& table) {
-    NativeStatement columns(db, "SELECT name, type, \"notnull\", pk, hidden FROM pragma_table_xinfo(?1)");
-    columns.Bind(1, table.def.name);
-    std::map<int, std::string> keyParts;
-    while (columns.Step()) {
-        FieldDef field;
-        field.name = columns.Text(0);
-        if (columns.Long(4) != 0) return false;
-        const bool rowidKey = SameWord(columns.Text(1), "INTEGER") && columns.Long(3) == 1;
-        if (rowidKey) {
-            field.type = FieldType::Long;
-            field.autoIncrement = true;
-            table.key = KeyKind::Rowid;
-        } else if (!ParseType(columns.Text(1), field)) {
-            return false;
-        }
-        if (columns.Long(3) > 0) keyParts[static_cast<int>(columns.Long(3))] = field.name;
-        field.required = columns.Long(2) != 0 && columns.Long(3) == 0;
-        if (field.autoIncrement) table.autoField = field.name;
-        table.def.fields.push_back(std::move(field));
-    }
-    if (table.key == KeyKind::None && !keyParts.empty()) table.key = KeyKind::Clustered;
-    AddKey(table, keyParts);
-    return true;
-}
-
-void ReadIndexes(sqlite3* db, PhysicalTable& table) {
-    NativeStatement indexes(db,
-                            "SELECT name FROM sqlite_master WHERE type = 'index' AND tbl_name = ?1 "
-                            "AND sql IS NOT NULL ORDER BY rowid");
-    indexes.Bind(1, table.def.name);
-    const std::string prefix = table.def.name + ".";
-    while (indexes.Step()) {
-        const std::string name(indexes.Text(0));
-        if (name.compare(0, prefix.size(), prefix) != 0 || name == prefix + "PrimaryKey") continue;
-        IndexDef index{name.substr(prefix.size()), {}, false};
-        NativeStatement parts(db, "SELECT name FROM pragma_index_info(?1) ORDER BY seqno");
-        parts.Bind(1, name);
-        while (parts.Step()) index.fields.emplace_back(parts.Text(0));
-        // An index over an expression is none of ours.
-        const bool known =
-            std::all_of(index.fields.begin(), index.fields.end(),
-                        [&](const std::string& field) { return table.def.Field(field) != nullptr; });
-        if (known) table.def.indexes.push_back(std::move(index));
-    }
-}
-
 // A document's prefix is one of three fixed words. Between those the key in byte order keeps duplicates out
 // by itself, so that the index under the collation may wait while rows are written in bulk.
 bool HoldsFixedWord(std::string_view field) {
@@ -157,22 +78,6 @@ bool HoldsFixedWord(std::string_view field) {
 
 bool HasText(FieldType type) {
     return type == FieldType::Text || type == FieldType::Memo;
-}
-
-bool IsNumber(FieldType type) {
-    return type == FieldType::Byte || type == FieldType::Integer || type == FieldType::Long;
-}
-
-std::string QuoteName(std::string_view name) {
-    std::string quoted = "\"";
-    for (const char c : name) quoted.append(c == '"' ? 2 : 1, c);
-    return quoted += '"';
-}
-
-std::string QuoteLiteral(std::string_view text) {
-    std::string quoted = "'";
-    for (const char c : text) quoted.append(c == '\'' ? 2 : 1, c);
-    return quoted += '\'';
 }
 
 std::vector<std::string> PhysicalTable::KeyColumns() const {
@@ -190,6 +95,24 @@ PhysicalTable PhysicalTableOf(const TableDef& def) {
         table.key = counted ? KeyKind::Rowid : KeyKind::Clustered;
     }
     return table;
+}
+
+bool ParseColumnType(std::string_view declared, FieldDef& field) {
+    std::string_view word = declared.substr(0, declared.find('('));
+    if (SameWord(word, "COUNTER")) {
+        field.type = FieldType::Long;
+        field.autoIncrement = true;
+        return true;
+    }
+    const auto* found = std::find_if(kTypeWords.begin(), kTypeWords.end(),
+                                     [&](const TypeWord& w) { return SameWord(w.word, word); });
+    if (found == kTypeWords.end()) return false;
+    field.type = found->type;
+    if (field.type != FieldType::Text) return true;
+    if (word.size() == declared.size()) return false;
+    const char* digits = declared.data() + word.size() + 1;
+    std::from_chars(digits, declared.data() + declared.size(), field.size);
+    return field.size >= 1 && field.size <= 255;
 }
 
 std::string ColumnSql(const FieldDef& field, bool rowidKey) {
@@ -249,22 +172,6 @@ std::vector<IndexSql> CreateIndexSql(const PhysicalTable& table) {
              lookup.deferrable});
     }
     return statements;
-}
-
-std::vector<PhysicalTable> ReadTables(sqlite3* db) {
-    std::vector<PhysicalTable> tables;
-    NativeStatement names(
-        db,
-        "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite\\_%' "
-        "ESCAPE '\\' AND name NOT LIKE 'qln\\_%' ESCAPE '\\' ORDER BY rowid");
-    while (names.Step()) {
-        PhysicalTable table;
-        table.def.name = names.Text(0);
-        if (!ReadColumns(db, table)) continue;
-        ReadIndexes(db, table);
-        tables.push_back(std::move(table));
-    }
-    return tables;
 }
 
 }  // namespace quillon::store

@@ -1,0 +1,189 @@
+#include "store/engine/units.h"
+
+#include <sqlite3.h>
+#include <sys/stat.h>
+
+#include <new>
+#include <utility>
+
+#include "store/engine/native.h"
+
+namespace quillon::store {
+
+namespace {
+
+constexpr auto kJobCommitInterval = std::chrono::milliseconds(400);
+constexpr const char* kUnit = "qln_unit";
+
+// True for an error of the file as a whole, which the next write would meet again.
+bool IsOfTheFile(const std::exception_ptr& failure) noexcept {
+    try {
+        std::rethrow_exception(failure);
+    } catch (const StoreError& error) {
+        return error.EndsJob();
+    } catch (...) {
+        return false;
+    }
+}
+
+}  // namespace
+
+FileIdentity IdentityOf(const std::string& path) noexcept {
+    struct stat info {};
+    if (stat(path.c_str(), &info) != 0) return {};
+    return {static_cast<std::uint64_t>(info.st_dev), static_cast<std::uint64_t>(info.st_ino)};
+}
+
+void Units::Attach(sqlite3* db, const std::string& path, const FileIdentity& identity, bool readOnly) {
+    path_ = path;
+    db_ = db;
+    identity_ = identity;
+    readOnly_ = readOnly;
+}
+
+void Units::RequireSameFile() const {
+    if (!(IdentityOf(path_) == identity_)) ThrowCode(SQLITE_READONLY_DBMOVED);
+}
+
+void Units::BeginDurable() {
+    if (durableOpen_) return;
+    RequireSameFile();
+    ExecNative(db_, "BEGIN IMMEDIATE");
+    durableOpen_ = true;
+    lastCommit_ = std::chrono::steady_clock::now();
+}
+
+void Units::CommitDurable() {
+    NoticeRollback();
+    if (!durableOpen_) return;
+    try {
+        RequireSameFile();
+        ExecNative(db_, "COMMIT");
+    } catch (...) {
+        UndoDurable();
+        if (engine_.inJob && !std::exchange(jobFailed_, true)) failure_ = std::current_exception();
+        throw;
+    }
+    durableOpen_ = false;
+    definitionsChanged_ = false;
+}
+
+// After some failures (a full disk) SQLite has rolled back by itself what the program thinks is open. What is
+// left of the unit must not be stored then, and during a job the units before it are gone too.
+bool Units::NoticeRollback() noexcept {
+    if (!durableOpen_ || sqlite3_get_autocommit(db_) == 0) return false;
+    durableOpen_ = false;
+    unitLost_ = unitLost_ || unitOpen_;
+    jobFailed_ = jobFailed_ || engine_.inJob;
+    unitOpen_ = false;
+    Forget();
+    return true;
+}
+
+// What the program remembers of the file is read again where a rollback may have taken it away.
+void Units::Forget() noexcept {
+    listener_.RolledBack(std::exchange(definitionsChanged_, false));
+}
+
+void Units::Recover() {
+    if (!durableOpen_ && !RollBackNative(db_)) throw std::bad_alloc();
+}
+
+void Units::RequireUnit() {
+    Recover();
+    NoticeRollback();
+    if (!unitLost_ && !jobFailed_) return;
+    if (failure_) std::rethrow_exception(failure_);
+    ThrowCode(SQLITE_IOERR);
+}
+
+void Units::BeforeWrite() {
+    if (readOnly_) throw StoreError(ErrorNumber::ReadOnly, "Can't update. The DataSet is read-only.");
+    RequireUnit();
+    results_.Freeze();
+    if (engine_.inJob) BeginDurable();
+    if (!durableOpen_) RequireSameFile();
+    if (!engine_.inTransaction || unitOpen_) return;
+    unitIsSavepoint_ = engine_.inJob;
+    if (unitIsSavepoint_) {
+        ExecNative(db_, "SAVEPOINT qln_unit");
+    } else {
+        BeginDurable();
+    }
+    unitOpen_ = true;
+}
+
+void Units::AfterWrite() {
+    if (unitOpen_ || !engine_.inJob) return;
+    if (std::chrono::steady_clock::now() - lastCommit_ >= kJobCommitInterval) CommitDurable();
+}
+
+void Units::WriteFailed() noexcept {
+    const bool known = unitLost_ || jobFailed_;
+    const bool undone = NoticeRollback();
+    if (known) return;
+    const std::exception_ptr failure = std::current_exception();
+    jobFailed_ = jobFailed_ || (engine_.inJob && IsOfTheFile(failure));
+    if (undone || jobFailed_) failure_ = failure;
+}
+
+void Units::Commit() {
+    Recover();
+    NoticeRollback();
+    if (std::exchange(unitLost_, false)) {
+        const std::exception_ptr failure = jobFailed_ ? failure_ : std::exchange(failure_, nullptr);
+        if (failure) std::rethrow_exception(failure);
+        ThrowCode(SQLITE_IOERR);
+    }
+    if (!unitOpen_) return;
+    if (unitIsSavepoint_) {
+        try {
+            ExecNative(db_, "RELEASE qln_unit");
+        } catch (...) {
+            UndoUnit();
+            throw;
+        }
+        unitOpen_ = false;
+        if (engine_.inJob) return AfterWrite();
+    }
+    unitOpen_ = false;
+    CommitDurable();
+}
+
+// The units before one that outlives its job are still to be made durable.
+void Units::Rollback() {
+    NoticeRollback();
+    unitLost_ = false;
+    if (!jobFailed_) failure_ = nullptr;
+    if (!unitOpen_) return;
+    results_.FreezeOrBreak();
+    UndoUnit();
+    if (!engine_.inJob) CommitDurable();
+}
+
+// A savepoint that cannot be undone takes the durable commit with it, and so ends the job.
+void Units::UndoUnit() noexcept {
+    unitOpen_ = false;
+    if (!unitIsSavepoint_) return UndoDurable();
+    if (UndoSavepoint(db_, kUnit)) return Forget();
+    UndoDurable();
+    jobFailed_ = engine_.inJob;
+}
+
+void Units::UndoDurable() noexcept {
+    RollBackNative(db_);
+    durableOpen_ = false;
+    unitOpen_ = false;
+    Forget();
+}
+
+void Units::EndJob() {
+    const bool failed = std::exchange(jobFailed_, false);
+    const std::exception_ptr failure = failed ? std::exchange(failure_, nullptr) : nullptr;
+    // A unit that is open decides for itself, and takes the units before it along.
+    if (!unitOpen_) CommitDurable();
+    if (failure) std::rethrow_exception(failure);
+    if (failed) ThrowCode(SQLITE_IOERR);
+}
+
+}  // namespace quillon::store

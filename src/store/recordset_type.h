@@ -1,0 +1,13 @@
+// How the rows of a recordset can be walked and written.
+#pragma once
+
+namespace quillon::store {
+
+enum class RecordsetType {
+    Table,        // a whole table in the order of an index; Seek
+    Dynaset,      // updatable when all columns come from one table
+    Snapshot,     // read only
+    ForwardOnly,  // read only, MoveNext alone, keeps no visited row: for walks over many rows
+};
+
+}  // namespace quillon::store
