@@ -29,8 +29,10 @@ struct ExportArguments {
 ExitStatus RunNew(const CommonOptions& options, const std::string& path);
 ExitStatus RunImport(const CommonOptions& options, const std::string& path, const std::string& file);
 ExitStatus RunExport(const CommonOptions& options, const std::string& path, const ExportArguments& arguments);
-// `filter` is "none", "journal", or a column, an operator and a value.
-ExitStatus RunValidate(const CommonOptions& options, const std::string& path, const std::string& filter);
+// `filter` is "none", "journal", or a column, an operator and a value. `writeTable` writes "validate.tsv"
+// beside the log.
+ExitStatus RunValidate(const CommonOptions& options, const std::string& path, const std::string& filter,
+                       bool writeTable);
 // `parameters` are NAME=VALUE; one not given is Null.
 ExitStatus RunQuery(const CommonOptions& options, const std::string& path, const std::string& query,
                     const std::vector<std::string>& parameters);

@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "batch/session.h"
+#include "core/system_clock.h"
 #include "export/export_job.h"
 #include "selection/record_filter.h"
 
@@ -81,7 +82,7 @@ ExitStatus RunExport(const CommonOptions& options, const std::string& path,
     if (Exists(arguments.file) && !session.prompter.AskYesNo(arguments.file + " Exists.  Overwrite?", ""))
         return ExitStatus::Failed;
     ProgressLine progress(options.progress);
-    const validation::SystemClock clock;
+    const SystemClock clock;
     exporting::ExportJob job(state, session.engine,
                              {session.prompter, session.pump, clock,
                               [&](double percent) { progress.Show(percent); }, options.workDir});

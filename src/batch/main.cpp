@@ -20,7 +20,7 @@ namespace {
 struct Arguments {
     CommonOptions common;
     bool yes = false, no = false;
-    std::string dataSet, file, query, format = "tagged", filter = "none";
+    std::string dataSet, file, query, format = "tagged", filter = "none", logFormat = "log";
     std::vector<std::string> parameters;
     ExportArguments exported;
 };
@@ -60,7 +60,8 @@ ExitStatus Dispatch(const CLI::App& app, Arguments& arguments) {
     if (app.got_subcommand("new")) return RunNew(arguments.common, arguments.dataSet);
     if (app.got_subcommand("import")) return RunImport(arguments.common, arguments.dataSet, arguments.file);
     if (app.got_subcommand("validate"))
-        return RunValidate(arguments.common, arguments.dataSet, arguments.filter);
+        return RunValidate(arguments.common, arguments.dataSet, arguments.filter,
+                           arguments.logFormat == "tsv");
     if (app.got_subcommand("export"))
         return RunExport(arguments.common, arguments.dataSet, arguments.exported);
     if (app.got_subcommand("query"))
@@ -104,6 +105,10 @@ int Run(int argc, char** argv) {
     AddCommon(*validate, arguments);
     AddKingdom(*validate, arguments);
     validate->add_option("--filter", arguments.filter, "none, journal or 'COLUMN OPERATOR VALUE'");
+    validate
+        ->add_option("--format", arguments.logFormat,
+                     "log, or tsv for the findings as rows in validate.tsv too")
+        ->check(CLI::IsMember({"log", "tsv"}));
     AddExport(app, arguments);
     CLI::App* query = app.add_subcommand("query", "Run a stored query, or a text beginning with select");
     AddCommon(*query, arguments);

@@ -1,10 +1,12 @@
 #include "batch/session.h"
+#include "core/system_clock.h"
 #include "selection/record_filter.h"
 #include "validation/validate_data_set.h"
 
 namespace quillon::batch {
 
-ExitStatus RunValidate(const CommonOptions& options, const std::string& path, const std::string& filter) {
+ExitStatus RunValidate(const CommonOptions& options, const std::string& path, const std::string& filter,
+                       bool writeTable) {
     Session session(options);
     session.Open(path);
     if (const auto message =
@@ -13,8 +15,8 @@ ExitStatus RunValidate(const CommonOptions& options, const std::string& path, co
         return ExitStatus::Failed;
     }
     ProgressLine progress(options.progress);
-    const validation::SystemClock clock;
-    const auto tellComplete = [&] {
+    const SystemClock clock;
+    const auto reportEnd = [&] {
         session.prompter.Message(session.state.gErrorsOccurred ? "Validation Complete -- Errors Occurred."
                                                                : validation::kCompleteNoErrors,
                                  "");
@@ -22,7 +24,7 @@ ExitStatus RunValidate(const CommonOptions& options, const std::string& path, co
     const validation::ValidationResult result = validation::ValidateDataSet(
         session.state, session.engine,
         {session.prompter, session.pump, clock, [&](double percent) { progress.Show(percent); },
-         options.workDir, tellComplete});
+         options.workDir, reportEnd, nullptr, writeTable});
     session.lifecycle.CloseDataSet();
     if (!result.ran || result.canceled || result.logFailed) return ExitStatus::Failed;
     return result.errors ? ExitStatus::Findings : ExitStatus::Done;

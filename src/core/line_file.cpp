@@ -30,7 +30,8 @@ std::string PathIn(const std::string& directory, std::string_view name) {
     return (std::filesystem::path(directory) / name).string();
 }
 
-LineFile::LineFile(std::string path, const std::vector<std::string>& inUse) : path_(std::move(path)) {
+LineFile::LineFile(std::string path, const std::vector<std::string>& inUse, std::string_view lineEnd)
+    : path_(std::move(path)), lineEnd_(lineEnd) {
     OpenFile(inUse);
 }
 
@@ -63,7 +64,7 @@ void LineFile::Fail(int error) {
 void LineFile::Print(std::string_view line) {
     lines_ += 1 + static_cast<std::uint32_t>(std::count(line.begin(), line.end(), '\n'));
     if (!Open() || !failure_.empty()) return;
-    buffer_.append(line).append("\r\n");
+    buffer_.append(line).append(lineEnd_);
     if (buffer_.size() >= kBufferSize) Flush();
 }
 

@@ -16,9 +16,12 @@ std::string PathIn(const std::string& directory, std::string_view name);
 
 class LineFile {
 public:
+    static constexpr std::string_view kCrLf = "\r\n", kLineFeed = "\n";
+
     // Opens the file and empties it, unless it is one of `inUse`, by whatever name. Failure() has the reason
     // when it could not be opened.
-    explicit LineFile(std::string path, const std::vector<std::string>& inUse = {});
+    explicit LineFile(std::string path, const std::vector<std::string>& inUse = {},
+                      std::string_view lineEnd = kCrLf);
     // Writes what is left; call Close() to learn whether that worked.
     ~LineFile();
     LineFile(const LineFile&) = delete;
@@ -28,7 +31,7 @@ public:
     bool Open() const { return descriptor_ >= 0; }
     // The first failure, in plain words; empty as long as all went well.
     const std::string& Failure() const { return failure_; }
-    // Adds the line and CR LF.
+    // Adds the line and its end.
     void Print(std::string_view line);
     // Lines so far; a line break within a line counts.
     std::uint32_t Lines() const { return lines_; }
@@ -41,6 +44,7 @@ private:
     void Fail(int error);
 
     std::string path_, buffer_, failure_;
+    std::string_view lineEnd_;
     int descriptor_ = -1;
     std::uint32_t lines_ = 0;
 };

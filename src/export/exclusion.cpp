@@ -1,7 +1,5 @@
 #include "export/exclusion.h"
 
-#include <utility>
-
 #include "store/row_stream.h"
 
 namespace quillon::exporting {
@@ -19,8 +17,8 @@ std::int32_t Id(const RowStream& rows, std::size_t column) {
 
 }  // namespace
 
-Exclusion::Exclusion(const ApplicationState& state, store::Database& database, Continue goOn)
-    : database_(database), goOn_(std::move(goOn)) {
+Exclusion::Exclusion(const ApplicationState& state, store::Database& database, Turns turns)
+    : database_(database), turns_(turns) {
     for (const int qb_id : state.gRejectedTaxa) taxa_.Add(qb_id);
     for (const auto& [prefix, id] : state.gRejectedDocs) documents_.Add(prefix, id);
 }
@@ -52,7 +50,7 @@ void Exclusion::ReadAuthors() {
     goodAuthors_.emplace();
     RowStream taxa(database_, "qb_taxonomic_units", {"qb_id", "qb_taxon_author_id", "hybrid_author_id"},
                    {kAny});
-    while (taxa.Next() && goOn_()) {
+    while (taxa.Next() && turns_.Next()) {
         if (!RowIsExportable(Id(taxa, 0))) continue;
         for (const std::size_t author : {1u, 2u})
             if (!taxa.IsNull(author)) goodAuthors_->Add(Id(taxa, author));
@@ -62,13 +60,13 @@ void Exclusion::ReadAuthors() {
 void Exclusion::ReadComments() {
     goodComments_.emplace();
     RowStream links(database_, "qb_tu_comments_link", {"qb_id", "qb_comment_id"}, {kAny});
-    while (links.Next() && goOn_())
+    while (links.Next() && turns_.Next())
         if (RowIsExportable(Id(links, 0))) goodComments_->Add(Id(links, 1));
 }
 
 void Exclusion::ReadDocuments(std::string_view table) {
     RowStream links(database_, table, {"qb_id", "qb_documentation_id_prefix", "qb_documentation_id"}, {kAny});
-    while (links.Next() && goOn_())
+    while (links.Next() && turns_.Next())
         if (LinkCounts(Id(links, 0))) goodDocuments_->Add(links.Text(1), Id(links, 2));
 }
 

@@ -7,20 +7,20 @@
 #include <string_view>
 
 #include "core/application_state.h"
+#include "core/turns.h"
 #include "selection/selected_taxa.h"
 #include "store/engine.h"
 
 namespace quillon::exporting {
 
-using selection::Continue;
 using selection::DocumentSet;
 using selection::IdSet;
 
 class Exclusion {
 public:
-    // Takes gRejectedTaxa and gRejectedDocs as they stand. `goOn` is called for each row that a look-up
-    // reads; where it gives false the look-up is left unfinished.
-    Exclusion(const ApplicationState& state, store::Database& database, Continue goOn);
+    // Takes gRejectedTaxa and gRejectedDocs as they stand. Each row that a look-up reads is a turn;
+    // when the job is canceled the look-up is left unfinished.
+    Exclusion(const ApplicationState& state, store::Database& database, Turns turns);
 
     // The taxon is not rejected.
     bool RowIsExportable(std::int32_t qb_id) const { return !taxa_.Has(qb_id); }
@@ -43,7 +43,7 @@ private:
     void ReadDocuments(std::string_view table);
 
     store::Database& database_;
-    Continue goOn_;
+    Turns turns_;
     IdSet taxa_;
     DocumentSet documents_;
     std::optional<IdSet> goodAuthors_, goodComments_;

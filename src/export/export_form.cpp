@@ -5,6 +5,7 @@
 #include "core/file_identity.h"
 #include "core/text.h"
 #include "export/form_parts.h"
+#include "selection/filter_choices.h"
 #include "selection/record_filter.h"
 #include "validation/log_file.h"
 
@@ -47,11 +48,7 @@ FrmNExport::FrmNExport(ApplicationState& state, store::Engine& engine, Prompter&
 }
 
 void FrmNExport::FillFilter() {
-    for (auto [combo, text] : {std::pair(&cboFields, "taxonomic_credibility_rating"),
-                               std::pair(&cboOperators, "="), std::pair(&cboValues, "KSP Standards Met")}) {
-        combo->AddItem(text);
-        combo->SetListIndex(0);
-    }
+    selection::FillFilterChoices(cboFields, cboOperators, cboValues);
     optNoFilter.SetValue(true);
 }
 

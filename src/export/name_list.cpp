@@ -122,7 +122,7 @@ private:
 
 void WriteNameList(ExportTools& tools, ListType type, std::string_view filter) {
     ApplicationState& state = tools.state;
-    const selection::SelectedTaxa taxa(tools.database, filter, tools.GoOn());
+    const selection::SelectedTaxa taxa(tools.database, filter, tools.turns);
     state.gRecordsDone = 0;
     state.gExportedCount = 0;
     state.gRecordsTotal = CountTaxa(tools.database, taxa);

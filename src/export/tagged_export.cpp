@@ -24,7 +24,7 @@ int WriteTaggedFile(ExportTools& tools) {
     tools.state.gExportedCount = 0;
     TaggedRun run(tools);
     if (!tools.state.gValidatingForExport)
-        selection::CountBatchRecords(tools.state, tools.database, run.taxa, tools.GoOn());
+        selection::CountBatchRecords(tools.state, tools.database, run.taxa, tools.turns);
     for (const Section section : kSections)
         if (!tools.turns.Canceled()) section(run);
     return run.taxaWritten;

@@ -21,8 +21,8 @@ void ExportTools::CountRow() {
 
 TaggedRun::TaggedRun(ExportTools& exportTools)
     : tools(exportTools),
-      exclusion(tools.state, tools.database, tools.GoOn()),
-      taxa(tools.database, tools.state.gRecordFilter, tools.GoOn()),
+      exclusion(tools.state, tools.database, tools.turns),
+      taxa(tools.database, tools.state.gRecordFilter, tools.turns),
       filtered(tools.state.gRecordFilter != selection::kNoFilter),
       journal(tools.state.gRecordFilter == selection::kJournalFilter) {}
 

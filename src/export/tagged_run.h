@@ -13,7 +13,6 @@
 #include "selection/selected_taxa.h"
 #include "store/engine.h"
 #include "store/row_stream.h"
-#include "validation/table_checks.h"
 
 namespace quillon::exporting {
 
@@ -26,10 +25,6 @@ struct ExportTools {
     const Gauge& gauge;
     LineWriter& line;
 
-    // The turns as a function, for what reads rows elsewhere.
-    Continue GoOn() {
-        return [&turnsOfRun = turns] { return turnsOfRun.Next(); };
-    }
     // Counts the row and moves the gauge.
     void CountRow();
 };

@@ -21,9 +21,9 @@ int CountAll(store::Database& database, std::string_view table) {
 // The rows of a table under a filter, as often as the select counts them.
 class FilteredCount {
 public:
-    FilteredCount(store::Database& database, SelectedTaxa& taxa, const Continue& goOn)
-        : database_(database), taxa_(taxa), goOn_(goOn) {
-        taxa_.ReachDocuments(database_, goOn_);
+    FilteredCount(store::Database& database, SelectedTaxa& taxa, Turns turns)
+        : database_(database), taxa_(taxa), turns_(turns) {
+        taxa_.ReachDocuments(database_, turns_);
     }
 
     int Of(std::string_view table) const {
@@ -41,8 +41,9 @@ private:
     int Sum(std::string_view table, const std::vector<std::string_view>& columns,
             const store::TableRows& among, const Count& count) const {
         int sum = 0;
+        Turns turns = turns_;
         store::RowStream rows(database_, table, columns, among);
-        while (rows.Next() && goOn_()) sum += count(rows);
+        while (rows.Next() && turns.Next()) sum += count(rows);
         return sum;
     }
     int Authors() const {
@@ -67,7 +68,7 @@ private:
 
     store::Database& database_;
     SelectedTaxa& taxa_;
-    const Continue& goOn_;
+    Turns turns_;
 };
 
 // The tables whose rows count, in the order of counting; all rows of those that only an export visits.
@@ -94,13 +95,12 @@ constexpr std::array<CountedTable, 16> kCounted = {{{"qb_taxonomic_units", true}
 
 }  // namespace
 
-void CountBatchRecords(ApplicationState& state, store::Database& database, SelectedTaxa& taxa,
-                       const Continue& goOn) {
-    const FilteredCount filtered(database, taxa, goOn);
+void CountBatchRecords(ApplicationState& state, store::Database& database, SelectedTaxa& taxa, Turns turns) {
+    const FilteredCount filtered(database, taxa, turns);
     state.gRecordsTotal = 0;
     state.gValidatedTotal = 0;
     for (const CountedTable& counted : kCounted) {
-        if (!goOn()) return;
+        if (!turns.Next()) return;
         const bool all = taxa.All() || !counted.validated;
         const int rows = all ? CountAll(database, counted.table) : filtered.Of(counted.table);
         state.gRecordsTotal += rows;

@@ -10,8 +10,7 @@ namespace quillon::selection {
 
 // Sets gRecordsTotal, the rows that an export visits, and gValidatedTotal, those that validation visits, for
 // the taxa under gRecordFilter. Reference links count in neither; a document counts once for each link. Reads
-// the documents of `taxa` when that has not been done. `goOn` is as SelectedTaxa takes it.
-void CountBatchRecords(ApplicationState& state, store::Database& database, SelectedTaxa& taxa,
-                       const Continue& goOn);
+// the documents of `taxa` when that has not been done.
+void CountBatchRecords(ApplicationState& state, store::Database& database, SelectedTaxa& taxa, Turns turns);
 
 }  // namespace quillon::selection

@@ -13,7 +13,6 @@ namespace quillon::selection {
 namespace {
 
 constexpr std::string_view kTaxa = "qb_taxonomic_units";
-constexpr std::array<std::string_view, 7> kOperators = {"=", "<>", "<", ">", "<=", ">=", "Like"};
 constexpr std::string_view kWhere = " WHERE ";
 
 struct Condition {

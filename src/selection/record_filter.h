@@ -4,9 +4,10 @@
 //
 // A filter is a text (gRecordFilter): "none", "journal", or a clause ` WHERE <column> <operator> "<value>"`
 // on a field of qb_taxonomic_units. A clause is checked before it runs, so that nothing but one condition
-// gets through it.
+// else gets into a statement.
 #pragma once
 
+#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -17,6 +18,7 @@ namespace quillon::selection {
 
 inline constexpr std::string_view kNoFilter = "none";
 inline constexpr std::string_view kJournalFilter = "journal";
+inline constexpr std::array<std::string_view, 7> kOperators = {"=", "<>", "<", ">", "<=", ">=", "Like"};
 
 // The clause of a condition, as it stands in gRecordFilter. It checks nothing.
 std::string ColumnClause(std::string_view column, std::string_view comparison, std::string_view value);
@@ -30,7 +32,7 @@ std::optional<std::string> CheckColumnClause(store::Database& database, std::str
 std::optional<std::string> CheckRecordFilter(store::Database& database, std::string_view filter);
 
 // The filter that a text of the command line means: "none", "journal", or the column, the operator and the
-// value, parted by blanks. Gives a message and leaves `filter` alone when it means none.
+// value, with blanks between them. Returns a message and leaves `filter` alone when the text means none.
 std::optional<std::string> ReadFilterText(store::Database& database, std::string_view text,
                                           std::string& filter);
 
@@ -38,8 +40,8 @@ std::optional<std::string> ReadFilterText(store::Database& database, std::string
 // the rows are the table's name. Empty for any other table. It says which rows they are; it does not run
 // fast.
 std::string BuildValidationSelect(std::string_view table, std::string_view filter, bool countOnly);
-// The filter with its column told apart from the fields of the same name in the joined tables: it is the
-// taxon's. A select that is to run is built with this one.
+// The filter with its column qualified: fields of the joined tables may have the same name, and the column is
+// the taxon's. A select that is to run is built with this one.
 std::string RunnableFilter(std::string_view filter);
 
 // The condition of a clause, ready to stand in a select.

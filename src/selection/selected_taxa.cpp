@@ -26,13 +26,13 @@ store::TableRows RowsAmong(std::string_view column, const IdSet& ids, store::Tab
     return {order, column, ids.Ids()};
 }
 
-SelectedTaxa::SelectedTaxa(store::Database& database, std::string_view filter, const Continue& goOn)
+SelectedTaxa::SelectedTaxa(store::Database& database, std::string_view filter, Turns turns)
     : all_(filter == kNoFilter) {
     if (all_) return;
     if (filter == kJournalFilter)
-        ReadJournal(database, goOn);
+        ReadJournal(database, turns);
     else
-        ReadMatching(database, filter, goOn);
+        ReadMatching(database, filter, turns);
 }
 
 void SelectedTaxa::Add(const RowStream& taxon) {
@@ -43,28 +43,28 @@ void SelectedTaxa::Add(const RowStream& taxon) {
     taxaOfAuthor_.Add(author, taxaOfAuthor_.Find(author) + 1);
 }
 
-void SelectedTaxa::ReadJournal(store::Database& database, const Continue& goOn) {
+void SelectedTaxa::ReadJournal(store::Database& database, Turns turns) {
     RowStream journal(database, "journal", {"qb_id"});
-    while (journal.Next() && goOn()) listed_.Add(Id(journal, 0));
+    while (journal.Next() && turns.Next()) listed_.Add(Id(journal, 0));
     RowStream taxa(database, "qb_taxonomic_units", {"qb_id", "qb_taxon_author_id"},
                    RowsAmong("qb_id", listed_));
-    while (taxa.Next() && goOn())
+    while (taxa.Next() && turns.Next())
         if (listed_.Has(Id(taxa, 0))) Add(taxa);
 }
 
-void SelectedTaxa::ReadMatching(store::Database& database, std::string_view filter, const Continue& goOn) {
+void SelectedTaxa::ReadMatching(store::Database& database, std::string_view filter, Turns turns) {
     RowStream taxa(database, fmt::format(fmt::runtime(kMatching), ConditionOf(filter)));
-    while (taxa.Next() && goOn())
+    while (taxa.Next() && turns.Next())
         if (taxa.Long(2) != 0) Add(taxa);
     listed_ = ids_;
 }
 
-void SelectedTaxa::ReachDocuments(store::Database& database, const Continue& goOn) {
+void SelectedTaxa::ReachDocuments(store::Database& database, Turns turns) {
     if (all_ || reached_) return;
     reached_ = true;
     RowStream links(database, "qb_reference_links",
                     {"qb_id", "qb_documentation_id_prefix", "qb_documentation_id"}, RowsAmong("qb_id", ids_));
-    while (links.Next() && goOn())
+    while (links.Next() && turns.Next())
         if (Has(links.Long(0))) documents_.Add(links.Text(1), Id(links, 2));
 }
 

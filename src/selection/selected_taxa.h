@@ -7,20 +7,17 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "core/turns.h"
 #include "selection/id_set.h"
 #include "store/engine.h"
 #include "store/row_stream.h"
 
 namespace quillon::selection {
-
-// Called for each row that is read; false ends the reading.
-using Continue = std::function<bool()>;
 
 // The rows of a table that have one of the ids in `column`: looked up one by one while the ids are few, and
 // all rows of the table when they are more. The reader leaves out those that do not belong.
@@ -29,8 +26,8 @@ store::TableRows RowsAmong(std::string_view column, const IdSet& ids,
 
 class SelectedTaxa {
 public:
-    // The filter has been checked. Throws StoreError.
-    SelectedTaxa(store::Database& database, std::string_view filter, const Continue& goOn);
+    // The filter has been checked. Each row that is read is a turn. Throws StoreError.
+    SelectedTaxa(store::Database& database, std::string_view filter, Turns turns);
 
     // There is no filter: every row of every table is selected, and nothing below has been read.
     bool All() const { return all_; }
@@ -44,12 +41,12 @@ public:
     std::int32_t CountOfAuthor(std::int32_t authorId) const { return taxaOfAuthor_.Find(authorId); }
 
     // Reads the reference links of the taxa, once.
-    void ReachDocuments(store::Database& database, const Continue& goOn);
+    void ReachDocuments(store::Database& database, Turns turns);
     const DocumentLinks& Documents() const { return documents_; }
 
 private:
-    void ReadJournal(store::Database& database, const Continue& goOn);
-    void ReadMatching(store::Database& database, std::string_view filter, const Continue& goOn);
+    void ReadJournal(store::Database& database, Turns turns);
+    void ReadMatching(store::Database& database, std::string_view filter, Turns turns);
     void Add(const store::RowStream& taxon);
 
     bool all_ = false;

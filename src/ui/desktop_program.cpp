@@ -18,7 +18,6 @@
 #include "ui/preferences_window.h"
 #include "ui/text_convert.h"
 #include "ui/validate_window.h"
-#include "ui/validation_error_window.h"
 
 namespace quillon::ui {
 
@@ -105,7 +104,7 @@ void DesktopProgram::RegisterForms() {
         ImportWindow(form, parent).exec();
     });
     desktop_.Register("FrmIError", [this](QWidget* parent) {
-        importing::FrmIError form(prompter_, workDirectory_);
+        importing::FrmIError form(state_, prompter_, workDirectory_);
         ImportErrorWindow(form, parent).exec();
     });
 }
@@ -130,13 +129,10 @@ void DesktopProgram::RegisterStartUpForms() {
 void DesktopProgram::RegisterValidationForms() {
     desktop_.Register("frmValidate", [this](QWidget* parent) {
         validation::frmValidate form(state_, engine_, prompter_, pump_, clock_, workDirectory_, findings_);
+        form.ReplacingLog = [this] { CloseErrorLog(); };
         ValidateWindow(form, parent).exec();
     });
-    desktop_.Register("FrmVError", [this](QWidget* parent) {
-        validation::FrmVError form(state_, prompter_, workDirectory_, findings_,
-                                   [this](int qb_id, std::string_view tab) { GoToTaxon(qb_id, tab); });
-        ValidationErrorWindow(form, parent).exec();
-    });
+    desktop_.Register("FrmVError", [this](QWidget*) { ShowErrorLog(); });
 }
 
 void DesktopProgram::RegisterExportForms() {
@@ -164,6 +160,32 @@ void DesktopProgram::RegisterExportForms() {
 void DesktopProgram::ShowJob(std::string_view formName) {
     explorer_.ListV().LoadAll();
     prompter_.ShowModal(formName);
+}
+
+// Both are gone once the window is closed and its events are done with.
+void DesktopProgram::ShowErrorLog() {
+    errorWindow_.reset();
+    errorLog_ = std::make_unique<validation::FrmVError>(
+        state_, prompter_, workDirectory_, findings_,
+        [this](int qb_id, std::string_view tab) { GoToTaxon(qb_id, tab); });
+    errorWindow_ = std::make_unique<ValidationErrorWindow>(*errorLog_, window_.get());
+    QObject::connect(
+        errorWindow_.get(), &QDialog::finished, window_.get(),
+        [this] {
+            if (errorWindow_ == nullptr || errorWindow_->isVisible()) return;
+            errorWindow_.reset();
+            errorLog_.reset();
+        },
+        Qt::QueuedConnection);
+    errorWindow_->ShowBeside(*window_);
+}
+
+void DesktopProgram::CloseErrorLog() {
+    if (errorWindow_ != nullptr && errorWindow_->isVisible()) errorLog_->Exit();
+}
+
+DesktopProgram::~DesktopProgram() {
+    CloseErrorLog();
 }
 
 // A record of a taxon that is gone stays where it is, behind the log.

@@ -8,6 +8,7 @@
 
 #include "core/application_state.h"
 #include "core/ini_profile.h"
+#include "core/system_clock.h"
 #include "dataset/lifecycle.h"
 #include "editor/rec_view.h"
 #include "export/name_list.h"
@@ -20,6 +21,7 @@
 #include "ui/quit_signals.h"
 #include "ui/rec_view_window.h"
 #include "ui/splash_window.h"
+#include "ui/validation_error_window.h"
 #include "validation/validate_data_set.h"
 
 namespace quillon::ui {
@@ -30,6 +32,10 @@ public:
     // current directory at the start; empty means the current one. `preferencesFile` is Qln.Ini.
     explicit DesktopProgram(Prompter* prompter = nullptr, std::string workDirectory = {},
                             std::string preferencesFile = {});
+    // Closes the validation's log, which removes it.
+    ~DesktopProgram();
+    DesktopProgram(const DesktopProgram&) = delete;
+    DesktopProgram& operator=(const DesktopProgram&) = delete;
 
     ~DesktopProgram() override;
 
@@ -60,6 +66,8 @@ private:
     editor::ImportEnd Import();
     void ShowJob(std::string_view formName);
     void GoToTaxon(int qb_id, std::string_view tab);
+    void ShowErrorLog();
+    void CloseErrorLog();
 
     void ShowSplash() override;
     void CloseSplash() override;
@@ -71,7 +79,7 @@ private:
     DesktopPrompter desktop_;
     Prompter& prompter_;
     DesktopPump pump_;
-    validation::SystemClock clock_;
+    SystemClock clock_;
     validation::FindingMarks findings_;                           // of the last validation
     exporting::ListType exportType_ = exporting::ListType::Name;  // chosen in ExpType
     InProgress progress_;
@@ -87,6 +95,8 @@ private:
     std::unique_ptr<RecViewWindow> window_;
     std::unique_ptr<Help> help_;
     std::unique_ptr<QuitSignals> signals_;
+    std::unique_ptr<validation::FrmVError> errorLog_;  // stands beside the main window
+    std::unique_ptr<ValidationErrorWindow> errorWindow_;
 };
 
 }  // namespace quillon::ui

@@ -51,22 +51,15 @@ ImportWindow::ImportWindow(importing::FrmImport& form, QWidget* parent) : FormDi
     BindAll();
 }
 
-ImportErrorWindow::ImportErrorWindow(importing::FrmIError& form, QWidget* parent)
-    : FormDialog(form.form, parent) {
+ImportErrorWindow::ImportErrorWindow(importing::FrmIError& form, QWidget* parent) : LogWindow(form, parent) {
     auto* log = Named<QPlainTextEdit>(this, "txtError");
     log->setLineWrapMode(QPlainTextEdit::NoWrap);
     log->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     log->setAccessibleName(tr("Import Error Log"));
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(Named<QPushButton>(this, "cmdSave"));
-    buttons->addWidget(Named<QPushButton>(this, "cmdOK"));
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(log);
-    layout->addLayout(buttons);
-    BindAll();
-    const int character = fontMetrics().averageCharWidth();
-    resize(character * 100, character * 60);
+    layout->addLayout(MakeButtons());
+    Finish();
 }
 
 }  // namespace quillon::ui

@@ -4,6 +4,7 @@
 #include "import/import_error_form.h"
 #include "import/import_form.h"
 #include "ui/form_dialog.h"
+#include "ui/log_window.h"
 
 namespace quillon::ui {
 
@@ -13,7 +14,7 @@ public:
     ImportWindow(importing::FrmImport& form, QWidget* parent);
 };
 
-class ImportErrorWindow : public FormDialog {
+class ImportErrorWindow : public LogWindow {
     Q_OBJECT
 public:
     ImportErrorWindow(importing::FrmIError& form, QWidget* parent);

@@ -8,16 +8,22 @@ namespace quillon::ui {
 
 namespace {
 
-constexpr int kWidth = 100, kHeight = 60;  // in average characters
-
+// What narrows the log: a text, and a rule.
 QLayout* MakeFilterLine(QWidget* parent) {
     auto* label = Named<QLabel>(parent, "lblFilter");
     auto* filter = Named<QLineEdit>(parent, "txtFilter");
     filter->setClearButtonEnabled(true);
     label->setBuddy(filter);
+    auto* rulesLabel = Named<QLabel>(parent, "lblRules");
+    auto* rules = Named<QComboBox>(parent, "cboRules");
+    rules->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    rules->setMinimumContentsLength(20);
+    rulesLabel->setBuddy(rules);
     auto* line = new QHBoxLayout;
     line->addWidget(label);
-    line->addWidget(filter);
+    line->addWidget(filter, 1);
+    line->addWidget(rulesLabel);
+    line->addWidget(rules, 1);
     return line;
 }
 
@@ -28,31 +34,41 @@ QListView* MakeList(QWidget* parent) {
     return list;
 }
 
+QLabel* MakeText(QWidget* parent, const char* name) {
+    auto* label = Named<QLabel>(parent, name);
+    label->setWordWrap(true);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+// To the right of the other window, else to its left, else at the right edge of the screen.
+QPoint PlaceBeside(const QRect& other, const QSize& size, const QRect& screen) {
+    int left = other.right() + 1;
+    if (left + size.width() > screen.right() + 1) left = other.left() - size.width();
+    if (left < screen.left()) left = screen.right() + 1 - size.width();
+    const int top = qBound(screen.top(), other.top(), screen.bottom() + 1 - size.height());
+    return {qMax(left, screen.left()), qMax(top, screen.top())};
+}
+
 }  // namespace
 
 ValidationErrorWindow::ValidationErrorWindow(validation::FrmVError& form, QWidget* parent)
-    : FormDialog(form.form, parent) {
-    auto* list = MakeList(this);
-    auto* counts = Named<QLabel>(this, "lblCounts");
-    counts->setWordWrap(true);
-    counts->setTextFormat(Qt::PlainText);
-    auto* save = Named<QPushButton>(this, "cmdSave");
-    auto* exit = Named<QPushButton>(this, "cmdOK");
-    save->setAutoDefault(false);
-    exit->setAutoDefault(false);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(save);
-    buttons->addWidget(exit);
+    : LogWindow(form, parent) {
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(MakeFilterLine(this));
+    auto* list = MakeList(this);
     layout->addWidget(list, 1);
-    layout->addWidget(counts);
-    layout->addLayout(buttons);
-    BindAll();
+    layout->addWidget(MakeText(this, "lblRule"));
+    layout->addWidget(MakeText(this, "lblCounts"));
+    layout->addLayout(MakeButtons());
+    Finish();
     list->setFocus();
-    const int character = fontMetrics().averageCharWidth();
-    resize(character * kWidth, character * kHeight);
+}
+
+void ValidationErrorWindow::ShowBeside(const QWidget& main) {
+    setModal(false);
+    move(PlaceBeside(main.frameGeometry(), size(), main.screen()->availableGeometry()));
+    show();
 }
 
 }  // namespace quillon::ui

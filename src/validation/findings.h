@@ -1,90 +1,16 @@
-// The findings of a validation as data: which rule, on which record, in which words. The rules make them, the
-// log file and the error viewer take them; nothing here decides whether there is one.
+// The findings of a validation as data: which rule, on which record, in which words. The checks make them;
+// the log, "validate.tsv" and the error viewer take them. Nothing here decides whether there is one.
 #pragma once
 
 #include <array>
-#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <string>
-#include <string_view>
 #include <vector>
 
+#include "validation/rules.h"
+
 namespace quillon::validation {
-
-// The rules in the order in which a run comes to them.
-enum class Rule : std::uint8_t {
-    RankMissing,
-    TrinomialIndicatorMissing,
-    TrinomialIndicatorWrong,
-    QuadrinomialIndicatorMissing,
-    QuadrinomialIndicatorWrong,
-    NameMissing,
-    NameNotCapitalized,
-    SubgenusNotCapitalized,
-    UsageMissing,
-    UsageUnknown,
-    UsageOfOtherKingdoms,
-    SynonymOfUsableName,
-    QuadrinomialAccepted,
-    SynonymLinkBroken,
-    SynonymOfSynonym,
-    SynonymLinkMissing,
-    ReasonOfOtherKingdoms,
-    ReasonRetired,
-    ReasonUnknown,
-    CredibilityMissing,
-    CredibilityUnknown,
-    CompletenessMissing,
-    CompletenessUnknown,
-    CurrencyMissing,
-    CurrencyWrong,
-    ParentOfUnusableName,
-    ParentMissing,
-    ParentRankTooLow,
-    ParentUnusable,
-    AuthorMissing,
-    AuthorDateWrong,
-    AuthorDateMissing,
-    OriginalYearDiffers,
-    SecondOriginalDescription,
-    ReferenceMissing,
-    AuthorTextMissing,
-    AuthorKingdomMissing,
-    LinkTaxonMissing,
-    LinkPrefixMissing,
-    LinkDocumentMissing,
-    ExpertPrefixMissing,
-    ExpertIdMissing,
-    ExpertMissing,
-    SourcePrefixMissing,
-    SourceIdMissing,
-    SourceTypeMissing,
-    SourceMissing,
-    SourceDateMissing,
-    SourceVersionMissing,
-    SourceDateWrong,
-    PublicationPrefixMissing,
-    PublicationIdMissing,
-    PublicationNameMissing,
-    ListedDateWrong,
-    ActualDateMissing,
-    ActualDateWrong,
-    DatesOutOfOrder,
-    LanguageMissing,
-    VernacularReferenceMissing,
-    OriginMissing,
-};
-inline constexpr std::size_t kRuleCount = static_cast<std::size_t>(Rule::OriginMissing) + 1;
-
-// What the error viewer says of a rule: a few words for its counts, and the tab of RecView where the fault is
-// put right.
-struct RuleInfo {
-    Rule rule;
-    std::string_view label;
-    std::string_view tab;
-};
-const RuleInfo& InfoOf(Rule rule);
 
 enum class RecordKind : std::uint8_t {
     Taxon,
@@ -100,10 +26,14 @@ enum class RecordKind : std::uint8_t {
 // The record that a finding is about.
 struct Subject {
     RecordKind kind = RecordKind::Taxon;
-    std::int32_t id = 0;  // the qb_id of the taxon, but of an author or a document its own
+    std::int32_t id = 0;  // the qb_id of the taxon; the own id of an author or a document
     std::string prefix;   // of a document
+    std::string name;     // as a person would call the record
     bool operator==(const Subject&) const = default;
 };
+
+// Whether the id of such a record is the qb_id of a taxon.
+bool IsOfTaxon(RecordKind kind);
 
 struct Finding {
     Rule rule = Rule::RankMissing;
@@ -115,12 +45,11 @@ struct Finding {
 
 using FindingSink = std::function<void(const Finding&)>;
 
-// Where a finding stands in the log: enough to count, and to go to its record, with a million of them in
-// memory.
+// Where a finding stands in the log: enough to count findings and to find their records, with a million of
+// them in memory.
 struct FindingMark {
     std::uint32_t line = 0;  // of the message, from 0
-    std::int32_t id =
-        0;  // 0 when the record is not to be gone to: it is in another DataSet than the open one
+    std::int32_t id = 0;     // 0 when the record is in another DataSet than the open one
     Rule rule = Rule::RankMissing;
     RecordKind kind = RecordKind::Taxon;
     std::array<char, 3> prefix{};  // of a document, filled up with NUL

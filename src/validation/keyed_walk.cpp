@@ -5,14 +5,13 @@
 namespace quillon::validation {
 
 KeyedWalk::KeyedWalk(store::Database& database, std::string_view table,
-                     const std::vector<std::string_view>& columns, const store::TableRows& rows,
-                     selection::Continue goOn)
-    : rows_(database, table, columns, rows), goOn_(std::move(goOn)) {
+                     const std::vector<std::string_view>& columns, const store::TableRows& rows, Turns turns)
+    : rows_(database, table, columns, rows), turns_(turns) {
     Advance();
 }
 
-KeyedWalk::KeyedWalk(store::Database& database, std::string_view select, selection::Continue goOn)
-    : rows_(database, select), goOn_(std::move(goOn)) {
+KeyedWalk::KeyedWalk(store::Database& database, std::string_view select, Turns turns)
+    : rows_(database, select), turns_(turns) {
     Advance();
 }
 
@@ -23,7 +22,7 @@ void KeyedWalk::Advance() {
 
 bool KeyedWalk::MoveTo(std::int64_t key) {
     while (!ended_ && !stopped_ && key_ < key) {
-        stopped_ = !goOn_();
+        stopped_ = !turns_.Next();
         if (!stopped_) Advance();
     }
     return !ended_ && !stopped_ && key_ == key;

@@ -13,12 +13,12 @@ namespace quillon::validation {
 
 class KeyedWalk {
 public:
-    // The key is the first column, and the rows are ordered by it. `goOn` is called for each row that is
-    // passed over. Throws StoreError.
+    // The key is the first column, and the rows are ordered by it. Each row that is passed over is a turn.
+    // Throws StoreError.
     KeyedWalk(store::Database& database, std::string_view table, const std::vector<std::string_view>& columns,
-              const store::TableRows& rows, selection::Continue goOn);
+              const store::TableRows& rows, Turns turns);
     // The same over the rows of a select in the dialect.
-    KeyedWalk(store::Database& database, std::string_view select, selection::Continue goOn);
+    KeyedWalk(store::Database& database, std::string_view select, Turns turns);
 
     // Goes on to the first row of the key; false when there is none, or the job is canceled. Keys may be
     // left out, but never go back.
@@ -34,7 +34,7 @@ private:
     void Advance();
 
     store::RowStream rows_;
-    selection::Continue goOn_;
+    Turns turns_;
     std::int64_t key_ = 0;
     bool ended_ = false, stopped_ = false;
 };

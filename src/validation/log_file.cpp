@@ -1,15 +1,35 @@
 #include "validation/log_file.h"
 
-#include <algorithm>
+#include <fmt/format.h>
+
 #include <filesystem>
 #include <system_error>
-#include <utility>
+
+#include "core/text.h"
 
 namespace quillon::validation {
 
-std::string PathIn(const std::string& directory, std::string_view name) {
-    return (std::filesystem::path(directory) / name).string();
+namespace {
+
+std::string Escaped(std::string_view text) {
+    std::string escaped;
+    for (const char c : text) {
+        if (c == '\\') {
+            escaped += "\\\\";
+        } else if (c == '\t') {
+            escaped += "\\t";
+        } else if (c == '\n') {
+            escaped += "\\n";
+        } else if (c == '\r') {
+            escaped += "\\r";
+        } else {
+            escaped += c;
+        }
+    }
+    return escaped;
 }
+
+}  // namespace
 
 bool HasFindings(const std::string& directory) {
     std::error_code error;
@@ -17,26 +37,19 @@ bool HasFindings(const std::string& directory) {
     return !error && size > 0;
 }
 
-LineFile::LineFile(std::string path)
-    : path_(std::move(path)), file_(path_, std::ios::binary | std::ios::trunc) {}
-
-void LineFile::Print(std::string_view line) {
-    file_.write(line.data(), static_cast<std::streamsize>(line.size())).write("\r\n", 2);
-    lines_ += 1 + static_cast<std::uint32_t>(std::count(line.begin(), line.end(), '\n'));
-}
-
-bool LineFile::Close() {
-    file_.flush();
-    const bool written = file_.good();
-    file_.close();
-    return written && file_.good();
-}
-
 FindingMark PrintFinding(LineFile& log, const Finding& finding) {
     if (!finding.heading.empty()) log.Print(finding.heading);
     const FindingMark mark = MarkOf(finding, log.Lines());
     log.Print(finding.message);
     return mark;
+}
+
+std::string TableRow(const Finding& finding) {
+    const RuleInfo& rule = InfoOf(finding.rule);
+    const Subject& subject = finding.subject;
+    const std::string qb_id = IsOfTaxon(subject.kind) ? std::to_string(subject.id) : std::string();
+    return fmt::format("{}\t{}\t{}\t{}\t{}\t{}", rule.code, WordFor(rule.severity), qb_id,
+                       Escaped(subject.name), rule.field, Escaped(Trim(finding.message)));
 }
 
 }  // namespace quillon::validation

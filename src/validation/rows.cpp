@@ -153,6 +153,15 @@ Value ValueAt(const store::RowStream& rows, std::size_t column, store::FieldType
     }
 }
 
+namespace {
+
+// "PUB 12 Journal of Moths", as far as there are parts.
+std::string DocumentName(std::string_view prefix, const Value& id, const Value& text) {
+    return std::string(Trim(fmt::format("{} {} {}", prefix, id.AsText(), text.AsText())));
+}
+
+}  // namespace
+
 std::int32_t IdOf(const Value& value) {
     return static_cast<std::int32_t>(value.AsLong());
 }
@@ -169,7 +178,7 @@ std::string TaxonRow::Heading() const {
 }
 
 Subject TaxonRow::AsSubject() const {
-    return {RecordKind::Taxon, IdOf(qb_id), {}};
+    return {RecordKind::Taxon, IdOf(qb_id), {}, Name()};
 }
 
 std::string AuthorRow::Heading() const {
@@ -177,7 +186,10 @@ std::string AuthorRow::Heading() const {
 }
 
 Subject AuthorRow::AsSubject() const {
-    return {RecordKind::Author, IdOf(qb_taxon_author_id), {}};
+    return {RecordKind::Author,
+            IdOf(qb_taxon_author_id),
+            {},
+            DocumentName("Author", qb_taxon_author_id, taxon_author)};
 }
 
 std::string ReferenceLinkRow::Heading() const {
@@ -186,7 +198,10 @@ std::string ReferenceLinkRow::Heading() const {
 }
 
 Subject ReferenceLinkRow::AsSubject() const {
-    return {RecordKind::ReferenceLink, IdOf(qb_id), {}};
+    return {RecordKind::ReferenceLink,
+            IdOf(qb_id),
+            {},
+            DocumentName(qb_documentation_id_prefix.AsText(), qb_documentation_id, {})};
 }
 
 std::string ExpertRow::Heading() const {
@@ -194,7 +209,8 @@ std::string ExpertRow::Heading() const {
 }
 
 Subject ExpertRow::AsSubject() const {
-    return {RecordKind::Expert, IdOf(qb_expert_id), expert_id_prefix.AsText()};
+    const std::string prefix = expert_id_prefix.AsText();
+    return {RecordKind::Expert, IdOf(qb_expert_id), prefix, DocumentName(prefix, qb_expert_id, expert)};
 }
 
 std::string OtherSourceRow::Heading() const {
@@ -205,7 +221,8 @@ std::string OtherSourceRow::Heading() const {
 }
 
 Subject OtherSourceRow::AsSubject() const {
-    return {RecordKind::OtherSource, IdOf(qb_source_id), source_id_prefix.AsText()};
+    const std::string prefix = source_id_prefix.AsText();
+    return {RecordKind::OtherSource, IdOf(qb_source_id), prefix, DocumentName(prefix, qb_source_id, source)};
 }
 
 std::string PublicationRow::Heading() const {
@@ -214,7 +231,9 @@ std::string PublicationRow::Heading() const {
 }
 
 Subject PublicationRow::AsSubject() const {
-    return {RecordKind::Publication, IdOf(qb_publication_id), publication_id_prefix.AsText()};
+    const std::string prefix = publication_id_prefix.AsText();
+    return {RecordKind::Publication, IdOf(qb_publication_id), prefix,
+            DocumentName(prefix, qb_publication_id, publication_name)};
 }
 
 std::string TaxonPublicationRow::Heading() const {
@@ -223,7 +242,7 @@ std::string TaxonPublicationRow::Heading() const {
 }
 
 Subject TaxonPublicationRow::AsSubject() const {
-    return {RecordKind::Taxon, IdOf(qb_id), {}};
+    return {RecordKind::Taxon, IdOf(qb_id), {}, taxonName};
 }
 
 std::string VernacularRow::Heading() const {
@@ -232,7 +251,7 @@ std::string VernacularRow::Heading() const {
 }
 
 Subject VernacularRow::AsSubject() const {
-    return {RecordKind::Vernacular, IdOf(qb_id), {}};
+    return {RecordKind::Vernacular, IdOf(qb_id), {}, vernacular_name.AsText()};
 }
 
 std::string JurisdictionRow::Heading() const {
@@ -240,7 +259,7 @@ std::string JurisdictionRow::Heading() const {
 }
 
 Subject JurisdictionRow::AsSubject() const {
-    return {RecordKind::Jurisdiction, IdOf(qb_id), {}};
+    return {RecordKind::Jurisdiction, IdOf(qb_id), {}, taxonName};
 }
 
 }  // namespace quillon::validation

@@ -81,6 +81,7 @@ struct PublicationRow {
 // A publication as a taxon refers to it.
 struct TaxonPublicationRow {
     Value qb_id, original_desc_ind, qb_publication_id, publication_name, title, actual_pub_date;
+    std::string taxonName;
 
     static std::span<const ColumnOf<TaxonPublicationRow>> Columns();
     std::string Heading() const;
@@ -105,11 +106,11 @@ struct JurisdictionRow {
     Subject AsSubject() const;
 };
 
-// The place of a column by its name; 3265 when the recordset has none such.
+// The place of a column by its name; 3265 when the recordset has no such column.
 std::size_t PlaceOf(const store::Recordset& rows, std::string_view column);
 std::int32_t IdOf(const Value& value);
 
-// The columns of a row, parted by commas.
+// The columns of a row, with commas between them.
 template <typename Row>
 std::string ColumnList() {
     std::string list;

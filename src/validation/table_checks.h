@@ -1,12 +1,11 @@
 // The eight checks of a validation, one a table, in the order in which ValidateDataSet runs them. Each walks
-// the rows that the filter lets through, and changes none. The rules on a single row stand beside them, to be
+// the rows that the filter selects, and changes none. The rules on a single row stand beside them, to be
 // called with any row.
 #pragma once
 
-#include <functional>
-
 #include "core/application_state.h"
-#include "core/outside.h"
+#include "core/gauge.h"
+#include "core/turns.h"
 #include "selection/selected_rows.h"
 #include "store/engine.h"
 #include "validation/rows.h"
@@ -15,21 +14,16 @@
 
 namespace quillon::validation {
 
-// Takes the per cent done, 0 to 100.
-using Gauge = std::function<void(double)>;
-
 // What all checks of a run share.
 struct ValidationRun {
     ApplicationState& state;
     store::Database& database;
     const RunFacts& facts;
     ValidationLog& log;
-    EventPump& events;
+    Turns& turns;
     const Gauge& gauge;
     const selection::SelectedTaxa& taxa;  // with their documents
 
-    // Lets events through; false when the user wants no more.
-    bool GoOn() const;
     // Counts a row and moves the gauge.
     void CountRow() const;
 };
@@ -50,15 +44,15 @@ void CheckExpert(const ExpertRow& row, ValidationLog& log);
 void CheckOtherSource(const OtherSourceRow& row, const YearRange& years, ValidationLog& log);
 void CheckPublication(const PublicationRow& row, const YearRange& years, ValidationLog& log);
 
-// Calls `check` with each row of a table under the filter, until it gives false or the user cancels.
+// Calls `check` with each row of a table under the filter, until it returns false or the run is canceled.
 template <typename Row, typename Check>
 void ForEachRow(const ValidationRun& run, std::string_view table, const Check& check) {
     selection::SelectedRows rows(run.database, table, ColumnList<Row>(), run.taxa);
     const StreamReader<Row> reader(run.database, table, rows.Row());
     Row row;
-    while (rows.Next() && run.GoOn()) {
+    while (rows.Next() && run.turns.Next()) {
         for (int visit = 0, visits = rows.Visits(); visit < visits; ++visit) {
-            if (visit > 0 && !run.GoOn()) return;
+            if (visit > 0 && !run.turns.Next()) return;
             run.CountRow();
             run.log.BeginRecord();
             reader.Read(row);

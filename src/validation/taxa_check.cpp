@@ -5,11 +5,6 @@
 
 namespace quillon::validation {
 
-bool ValidationRun::GoOn() const {
-    events.Yield();
-    return !state.gBatchCancel;
-}
-
 void ValidationRun::CountRow() const {
     ++state.gRecordsDone;
     const bool beyond = state.gRecordsDone > state.gRecordsTotal;
@@ -17,7 +12,7 @@ void ValidationRun::CountRow() const {
 }
 
 void ValidateTaxa(const ValidationRun& run) {
-    TaxonLookUps lookUps(run.database, run.taxa, [&] { return run.GoOn(); });
+    TaxonLookUps lookUps(run.database, run.taxa, run.turns);
     ForEachRow<TaxonRow>(run, "qb_taxonomic_units", [&](const TaxonRow& row) {
         if (!row.rank_id.IsNull() && row.rank_id.AsLong() == kKingdomRankId) return true;
         run.log.SetTaxon(IdOf(row.qb_id));
@@ -27,7 +22,7 @@ void ValidateTaxa(const ValidationRun& run) {
             return false;
         }
         if (!lookUps.MoveTo(row.qb_id.AsLong())) return false;
-        CheckTaxon({row, run.facts, lookUps, run.log, run.state, run.events});
+        CheckTaxon({row, run.facts, lookUps, run.log, run.turns});
         return true;
     });
 }

@@ -6,20 +6,25 @@ namespace quillon::validation {
 
 namespace {
 
-// False when the user wants no more.
+// A publication of the taxon under check, whole.
+TaxonPublicationRow WholeRow(const TaxonCheck& check, const PublicationFacts& publication) {
+    TaxonPublicationRow row = check.lookUps.Publication(check.row.qb_id.AsLong(), publication);
+    row.taxonName = check.row.Name();
+    return row;
+}
+
+// False when the run is canceled.
 bool CheckPublications(const TaxonCheck& check, const TaxonReferences& references) {
     bool isDescribed = false;
     for (const PublicationLink& link : references.publications) {
-        check.events.Yield();
         check.log.BeginRecord();
-        if (check.state.gBatchCancel) return false;
+        if (!check.turns.Next()) return false;
         if (!link.isOriginal) continue;
         if (!isDescribed)
             CheckAuthorYearAgainstPub(check, *link.publication);
         else
             check.log.LogDocumentError(
-                Rule::SecondOriginalDescription,
-                check.lookUps.Publication(check.row.qb_id.AsLong(), *link.publication),
+                Rule::SecondOriginalDescription, WholeRow(check, *link.publication),
                 "     more than one publication record marked as the original descriptor");
         isDescribed = true;
     }
@@ -67,7 +72,7 @@ void CheckAuthorYearAgainstPub(const TaxonCheck& check, const PublicationFacts& 
     const int authorYear = check.lookUps.Author(author).year;
     if (authorYear == kYearIsNoNumber || authorYear == kNoYear || authorYear == publication.actualYear)
         return;
-    const TaxonPublicationRow row = check.lookUps.Publication(check.row.qb_id.AsLong(), publication);
+    const TaxonPublicationRow row = WholeRow(check, publication);
     const std::string actualDate = row.actual_pub_date.AsText();
     check.log.LogDocumentError(
         Rule::OriginalYearDiffers, row,

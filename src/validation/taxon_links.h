@@ -1,4 +1,4 @@
-// The rules on what hangs off a taxon: its synonym links and its documents.
+// The rules on the synonym links of a taxon and on its documents.
 #pragma once
 
 #include <span>

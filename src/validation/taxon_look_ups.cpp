@@ -43,38 +43,36 @@ std::int32_t Id(const RowStream& rows, std::size_t column) {
 }
 
 template <typename Read>
-void ReadRows(RowStream& rows, const selection::Continue& goOn, const Read& read) {
-    while (rows.Next() && goOn()) read(rows);
+void ReadRows(RowStream& rows, Turns turns, const Read& read) {
+    while (rows.Next() && turns.Next()) read(rows);
 }
 
 // The rows of the parents of few taxa and of the names that they are linked to; for many taxa, all rows.
 store::TableRows ParentsAndAccepted(store::Database& database, const selection::SelectedTaxa& taxa,
-                                    const selection::Continue& goOn) {
+                                    Turns turns) {
     const store::TableRows ofTaxa = OfTaxa(taxa);
     if (ofTaxa.column.empty()) return {};
     selection::IdSet ids;
     RowStream parents(database, "qb_taxonomic_units", {"parent_qb_id"}, ofTaxa);
-    ReadRows(parents, goOn, [&](const RowStream& row) { ids.Add(Id(row, 0)); });
+    ReadRows(parents, turns, [&](const RowStream& row) { ids.Add(Id(row, 0)); });
     RowStream links(database, "qb_synonym_links", {"qb_id_accepted"}, ofTaxa);
-    ReadRows(links, goOn, [&](const RowStream& row) { ids.Add(Id(row, 0)); });
+    ReadRows(links, turns, [&](const RowStream& row) { ids.Add(Id(row, 0)); });
     return selection::RowsAmong("qb_id", ids);
 }
 
 }  // namespace
 
-TaxonTable::TaxonTable(store::Database& database, const store::TableRows& among,
-                       const selection::Continue& goOn) {
+TaxonTable::TaxonTable(store::Database& database, const store::TableRows& among, Turns turns) {
     RowStream taxa(database, "qb_taxonomic_units", {"qb_id", "rank_id", "usage"}, among);
-    ReadRows(taxa, goOn, [this](const RowStream& row) {
+    ReadRows(taxa, turns, [this](const RowStream& row) {
         taxa_.Append({Id(row, 0), static_cast<std::int16_t>(row.Long(1)), !row.IsNull(1),
                       UsageIsAccepted(row.Text(2))});
     });
 }
 
-AuthorTable::AuthorTable(store::Database& database, const store::TableRows& among,
-                         const selection::Continue& goOn) {
+AuthorTable::AuthorTable(store::Database& database, const store::TableRows& among, Turns turns) {
     RowStream authors(database, "qb_taxon_authors_lookup", {"qb_taxon_author_id", "taxon_author"}, among);
-    ReadRows(authors, goOn, [this](const RowStream& row) {
+    ReadRows(authors, turns, [this](const RowStream& row) {
         const std::string_view text = row.Text(1);
         places_.Append({Id(row, 0), static_cast<std::uint32_t>(texts_.size()), YearFromAuthor(text)});
         texts_ += text;
@@ -89,21 +87,20 @@ AuthorFacts AuthorTable::Find(std::int64_t qb_taxon_author_id) const {
     return {std::string_view(texts_).substr(place->begin, end - place->begin), place->year};
 }
 
-DocumentTable::DocumentTable(store::Database& database, const selection::IdSet* ids,
-                             const selection::Continue& goOn) {
+DocumentTable::DocumentTable(store::Database& database, const selection::IdSet* ids, Turns turns) {
     RowStream publications(database, "qb_publications",
                            {"qb_publication_id", "actual_pub_date", "publication_id_prefix"},
                            Among("qb_publication_id", ids, Order::Collated));
-    ReadRows(publications, goOn, [this](const RowStream& row) {
+    ReadRows(publications, turns, [this](const RowStream& row) {
         PublicationFacts facts{Id(row, 0), ActualYear(row.Text(1)), {}};
         const std::string_view prefix = row.Text(2);
         std::copy_n(prefix.begin(), std::min(prefix.size(), facts.prefix.size()), facts.prefix.begin());
         publications_.Append(facts);
     });
     RowStream experts(database, "qb_experts", {"qb_expert_id"}, Among("qb_expert_id", ids, Order::Any));
-    ReadRows(experts, goOn, [this](const RowStream& row) { experts_.Append({Id(row, 0)}); });
+    ReadRows(experts, turns, [this](const RowStream& row) { experts_.Append({Id(row, 0)}); });
     RowStream sources(database, "qb_other_sources", {"qb_source_id"}, Among("qb_source_id", ids, Order::Any));
-    ReadRows(sources, goOn, [this](const RowStream& row) { otherSources_.Append({Id(row, 0)}); });
+    ReadRows(sources, turns, [this](const RowStream& row) { otherSources_.Append({Id(row, 0)}); });
     publications_.Sort();
     experts_.Sort();
     otherSources_.Sort();
@@ -122,15 +119,14 @@ void DocumentTable::Resolve(std::string_view prefix, std::int64_t id, bool isOri
 }
 
 // Within a taxon the links come by the key, which is the order of the documents' ids.
-TaxonLookUps::TaxonLookUps(store::Database& database, const selection::SelectedTaxa& taxa,
-                           const selection::Continue& goOn)
-    : taxa_(database, ParentsAndAccepted(database, taxa, goOn), goOn),
-      authors_(database, Among("qb_taxon_author_id", taxa.All() ? nullptr : &taxa.Authors()), goOn),
-      documents_(database, taxa.All() ? nullptr : &taxa.Documents().Ids(), goOn),
-      synonymLinks_(database, "qb_synonym_links", {"qb_id", "qb_id_accepted"}, OfTaxa(taxa), goOn),
+TaxonLookUps::TaxonLookUps(store::Database& database, const selection::SelectedTaxa& taxa, Turns turns)
+    : taxa_(database, ParentsAndAccepted(database, taxa, turns), turns),
+      authors_(database, Among("qb_taxon_author_id", taxa.All() ? nullptr : &taxa.Authors()), turns),
+      documents_(database, taxa.All() ? nullptr : &taxa.Documents().Ids(), turns),
+      synonymLinks_(database, "qb_synonym_links", {"qb_id", "qb_id_accepted"}, OfTaxa(taxa), turns),
       referenceLinks_(database, "qb_reference_links",
                       {"qb_id", "qb_documentation_id_prefix", "qb_documentation_id", "original_desc_ind"},
-                      OfTaxa(taxa), goOn),
+                      OfTaxa(taxa), turns),
       publication_(database.CreateQueryDef("", kPublication)) {}
 
 bool TaxonLookUps::MoveTo(std::int64_t qb_id) {

@@ -59,7 +59,7 @@ struct TaxonReferences {
 
 class TaxonTable {
 public:
-    TaxonTable(store::Database& database, const store::TableRows& among, const selection::Continue& goOn);
+    TaxonTable(store::Database& database, const store::TableRows& among, Turns turns);
     // nullptr when there is no such taxon.
     const TaxonFacts* Find(std::int64_t qb_id) const { return taxa_.Find(qb_id); }
 
@@ -69,7 +69,7 @@ private:
 
 class AuthorTable {
 public:
-    AuthorTable(store::Database& database, const store::TableRows& among, const selection::Continue& goOn);
+    AuthorTable(store::Database& database, const store::TableRows& among, Turns turns);
     AuthorFacts Find(std::int64_t qb_taxon_author_id) const;
 
 private:
@@ -85,7 +85,7 @@ private:
 class DocumentTable {
 public:
     // Of the documents with these ids, under whatever prefix; nullptr for all.
-    DocumentTable(store::Database& database, const selection::IdSet* ids, const selection::Continue& goOn);
+    DocumentTable(store::Database& database, const selection::IdSet* ids, Turns turns);
     // Adds what a reference link leads to.
     void Resolve(std::string_view prefix, std::int64_t id, bool isOriginal,
                  TaxonReferences& references) const;
@@ -100,12 +100,11 @@ private:
 
 class TaxonLookUps {
 public:
-    // For the selected taxa, whose documents have been reached. `goOn` is called for each row that is read.
-    // Throws StoreError.
-    TaxonLookUps(store::Database& database, const selection::SelectedTaxa& taxa,
-                 const selection::Continue& goOn);
+    // For the selected taxa, whose documents have been reached. Each row that is
+    // read is a turn. Throws StoreError.
+    TaxonLookUps(store::Database& database, const selection::SelectedTaxa& taxa, Turns turns);
 
-    // Goes on to the links of a taxon; false when the user wants no more.
+    // Goes on to the links of a taxon; false when the run is canceled.
     bool MoveTo(std::int64_t qb_id);
 
     const TaxonFacts* Taxon(std::int64_t qb_id) const { return taxa_.Find(qb_id); }

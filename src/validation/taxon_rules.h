@@ -4,8 +4,7 @@
 
 #include <string>
 
-#include "core/application_state.h"
-#include "core/outside.h"
+#include "core/turns.h"
 #include "validation/rows.h"
 #include "validation/run_facts.h"
 #include "validation/taxon_look_ups.h"
@@ -19,8 +18,7 @@ struct TaxonCheck {
     const RunFacts& run;
     TaxonLookUps& lookUps;
     ValidationLog& log;
-    const ApplicationState& state;
-    EventPump& events;
+    Turns& turns;
 
     int Rank() const { return static_cast<int>(row.rank_id.AsLong()); }
     void Report(Rule rule, std::string message) const { log.LogTaxonError(rule, row, std::move(message)); }

@@ -1,11 +1,10 @@
 #include "validation/validate_data_set.h"
 
-#include <fmt/format.h>
-
 #include <array>
-#include <ctime>
 #include <optional>
+#include <vector>
 
+#include "core/turns.h"
 #include "selection/batch_counts.h"
 #include "selection/record_filter.h"
 #include "validation/log_file.h"
@@ -25,48 +24,55 @@ std::string TimeOfDay(const Clock& clock) {
     return clock.Now().substr(lengthOfDate);
 }
 
-// One run, from the opening of the logs to their closing.
+// The files that a run reads, or that are to be written after it. No log may replace them.
+std::vector<std::string> FilesInUse(const ApplicationState& state) {
+    std::vector<std::string> files = {state.gDataSetPath};
+    if (state.gValidatingForExport) files.insert(files.end(), {state.gExportPath, state.gExportFile});
+    return files;
+}
+
+// One run, from the opening of the files to their closing.
 class Validation {
 public:
     Validation(ApplicationState& state, const ValidationOutside& outside, store::DatabaseHandle database)
         : state_(state),
           outside_(outside),
           database_(std::move(database)),
-          timeLog_(PathIn(outside.workDirectory, kTimeLogName)),
-          log_(PathIn(outside.workDirectory, kLogName)) {
+          timeLog_(PathIn(outside.workDirectory, kTimeLogName), FilesInUse(state)),
+          log_(PathIn(outside.workDirectory, kLogName), FilesInUse(state)) {
+        if (outside.writeTable)
+            table_.emplace(PathIn(outside.workDirectory, kTableName), FilesInUse(state), LineFile::kLineFeed);
         result_.logPath = log_.Path();
         if (outside_.marks != nullptr) outside_.marks->clear();
     }
 
     ValidationResult Run() {
-        if (!HasLogs()) return result_;
+        if (!HasFiles()) return result_;
         timeLog_.Print("Begin Validation: " + TimeOfDay(outside_.clock));
         const auto kingdomId = KingdomIdOf(*database_, state_.gKingdomName);
         if (!kingdomId) {
             result_.wrongKingdom = true;
-            CloseLogs();
+            CloseFiles();
             outside_.prompter.Message("The Kingdom in the Validate Dataset, " + database_->Name() +
                                       ", must match that in the 'Preferences'.");
             return result_;
         }
         result_.ran = true;
+        if (table_) table_->Print(kTableHeader);
         CheckTables(*kingdomId);
         Finish();
         return result_;
     }
 
 private:
-    bool HasLogs() {
-        for (const LineFile* file : {&timeLog_, &log_}) {
-            if (file->Open()) continue;
-            TellUnwritten(*file);
-            return false;
-        }
-        return true;
+    bool HasFiles() {
+        for (const LineFile* file : {&timeLog_, &log_, table_ ? &*table_ : &log_})
+            if (!file->Open()) ReportUnwritten(*file);
+        return !result_.logFailed;
     }
 
-    void CountRows(selection::SelectedTaxa& taxa, const selection::Continue& goOn) {
-        selection::CountBatchRecords(state_, *database_, taxa, goOn);
+    void CountRows(selection::SelectedTaxa& taxa, Turns turns) {
+        selection::CountBatchRecords(state_, *database_, taxa, turns);
         state_.gRecordsTotal = state_.gValidatingForExport ? state_.gRecordsTotal + state_.gValidatedTotal
                                                            : state_.gValidatedTotal;
     }
@@ -74,41 +80,36 @@ private:
     void CheckTables(int kingdomId) {
         const RunFacts facts = ReadRunFacts(*database_, kingdomId, KingdomNameOfDataSet(*state_.gDatabase),
                                             outside_.clock.Now());
-        const selection::Continue goOn = [this] {
-            outside_.events.Yield();
-            return !state_.gBatchCancel;
-        };
-        selection::SelectedTaxa taxa(*database_, state_.gRecordFilter, goOn);
-        CountRows(taxa, goOn);
+        Turns turns(state_, outside_.events);
+        selection::SelectedTaxa taxa(*database_, state_.gRecordFilter, turns);
+        CountRows(taxa, turns);
         state_.gErrorsOccurred = false;
         ValidationLog log(state_, [this](const Finding& finding) { Write(finding); });
-        const ValidationRun run{state_, *database_, facts, log, outside_.events, outside_.gauge, taxa};
+        const ValidationRun run{state_, *database_, facts, log, turns, outside_.gauge, taxa};
         for (const TableCheck check : kTableChecks)
-            if (!state_.gBatchCancel) check(run);
-        result_.canceled = state_.gBatchCancel;
+            if (!turns.Canceled()) check(run);
+        result_.canceled = turns.Canceled();
         result_.errors = state_.gErrorsOccurred;
     }
 
     void Write(const Finding& finding) {
         const FindingMark mark = PrintFinding(log_, finding);
+        if (table_) table_->Print(TableRow(finding));
         if (outside_.marks != nullptr) outside_.marks->push_back(mark);
     }
 
     void Finish() {
         database_->Close();
-        CloseLog(log_);
-        if (!state_.gBatchCancel && !state_.gValidatingForExport && !result_.logFailed) {
-            outside_.prompter.WaitCursor(false);
-            TellComplete();
-            outside_.prompter.WaitCursor(true);
-        }
+        CloseFile(log_);
+        if (table_) CloseFile(*table_);
+        if (!result_.canceled && !state_.gValidatingForExport && !result_.logFailed) ReportEnd();
         timeLog_.Print("End Validation: " + TimeOfDay(outside_.clock));
-        CloseLog(timeLog_);
+        CloseFile(timeLog_);
     }
 
-    void TellComplete() {
-        if (outside_.tellComplete) {
-            outside_.tellComplete();
+    void ReportEnd() {
+        if (outside_.reportEnd) {
+            outside_.reportEnd();
         } else if (!state_.gErrorsOccurred) {
             outside_.prompter.Message(kCompleteNoErrors);
         } else if (outside_.prompter.AskYesNo(kCompleteViewLog, kCompleteTitle)) {
@@ -116,35 +117,29 @@ private:
         }
     }
 
-    void CloseLogs() {
-        CloseLog(timeLog_);
-        CloseLog(log_);
+    void CloseFiles() {
+        CloseFile(timeLog_);
+        CloseFile(log_);
+        if (table_) CloseFile(*table_);
     }
-    void CloseLog(LineFile& file) {
-        if (!file.Close()) TellUnwritten(file);
+    void CloseFile(LineFile& file) {
+        if (!file.Close()) ReportUnwritten(file);
     }
-    void TellUnwritten(const LineFile& file) {
+    // Once for a run: on a full disk all files fail.
+    void ReportUnwritten(const LineFile& file) {
+        if (!result_.logFailed) outside_.prompter.WarningMessage(file.Failure());
         result_.logFailed = true;
-        outside_.prompter.Message("File " + file.Path() + " cannot be written!");
     }
 
     ApplicationState& state_;
     const ValidationOutside& outside_;
     store::DatabaseHandle database_;
     LineFile timeLog_, log_;
+    std::optional<LineFile> table_;
     ValidationResult result_;
 };
 
 }  // namespace
-
-std::string SystemClock::Now() const {
-    const std::time_t now = std::time(nullptr);
-    std::tm local{};
-    localtime_r(&now, &local);
-    std::array<char, 20> text{};
-    std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M:%S", &local);
-    return text.data();
-}
 
 ValidationResult ValidateDataSet(ApplicationState& state, store::Engine& engine,
                                  const ValidationOutside& outside) {

@@ -1,12 +1,13 @@
-// The driver of a validation: the logs, the kingdom's check, the eight table checks in their order, and the
-// word at the end. frmValidate, the export for the online system and quillon-batch call it. It changes no
-// data.
+// The driver of a validation: the files, the check of the kingdom, the eight table checks in their order, and
+// the message at the end. frmValidate, the export for the online system and quillon-batch call it. It changes
+// no data.
 #pragma once
 
 #include <functional>
 #include <string>
 
 #include "core/application_state.h"
+#include "core/gauge.h"
 #include "core/outside.h"
 #include "store/engine.h"
 #include "validation/findings.h"
@@ -19,36 +20,32 @@ inline constexpr std::string_view kCompleteNoErrors = "Validation Complete -- No
 inline constexpr std::string_view kCompleteViewLog =
     "Validation Complete -- Errors Occurred.  View error Log?";
 
-// The time of this machine.
-class SystemClock : public Clock {
-public:
-    std::string Now() const override;
-};
-
 // What a run needs besides the run state.
 struct ValidationOutside {
     Prompter& prompter;
     EventPump& events;
     const Clock& clock;
     Gauge gauge;
-    std::string workDirectory;  // takes "validate.log" and "vtime.log"; "" for the current directory
+    std::string workDirectory;  // takes the logs; "" for the current directory
     // In place of the question and the message at the end of a run that is not for an export.
-    std::function<void()> tellComplete = {};
-    // Takes where each finding stands in the log, for the error viewer; nullptr when there is none.
+    std::function<void()> reportEnd = {};
+    // Takes where each finding stands in the log, for the error viewer; nullptr when nobody asks.
     FindingMarks* marks = nullptr;
+    // Whether to write "validate.tsv" beside the log.
+    bool writeTable = false;
 };
 
 struct ValidationResult {
-    bool ran = false;           // the filter, the logs and the kingdom let it begin
-    bool wrongKingdom = false;  // it did not begin, for the DataSet lacks the kingdom of the preferences
-    bool logFailed = false;     // one of the logs could not be opened, or is not whole
+    bool ran = false;           // the filter, the files and the kingdom let it begin
+    bool wrongKingdom = false;  // it did not begin: the DataSet lacks the kingdom of the preferences
+    bool logFailed = false;     // one of the files could not be opened, or is not whole
     bool canceled = false;
     bool errors = false;  // there were findings
     std::string logPath;
 };
 
-// Validates the open DataSet, or with gValidatingForExport the one to export, under gRecordFilter. Refusals
-// are told; the errors of the store pass through.
+// Validates the open DataSet, or with gValidatingForExport the one to export, under gRecordFilter. It reports
+// refusals; errors of the store pass through.
 ValidationResult ValidateDataSet(ApplicationState& state, store::Engine& engine,
                                  const ValidationOutside& outside);
 

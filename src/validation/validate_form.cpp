@@ -2,7 +2,10 @@
 
 #include <utility>
 
+#include "core/attempt.h"
 #include "core/text.h"
+#include "core/wait_cursor.h"
+#include "selection/filter_choices.h"
 #include "selection/record_filter.h"
 
 namespace quillon::validation {
@@ -18,11 +21,7 @@ frmValidate::frmValidate(ApplicationState& state, store::Engine& engine, Prompte
     form.SetTitle("DataSetValidation");
     txtValidate.SetText(state_.gDataSetPath);
     txtValidate.SetLocked(true);
-    for (auto [combo, text] : {std::pair(&cboFields, "taxonomic_credibility_rating"),
-                               std::pair(&cboOperators, "="), std::pair(&cboValues, "KSP Standards Met")}) {
-        combo->AddItem(text);
-        combo->SetListIndex(0);
-    }
+    selection::FillFilterChoices(cboFields, cboOperators, cboValues);
     optNoFilter.SetValue(true);
     EnableCondition();
     for (OptionControl* option : {&optNoFilter, &optModified, &optColumn})
@@ -50,24 +49,20 @@ void frmValidate::Continue() {
         outside_.prompter.Message(*message);
         return;
     }
+    if (ReplacingLog) ReplacingLog();
     state_.gBatchRunning = true;
     state_.gValidatingForExport = false;
     state_.gRecordsDone = 0;
-    EmptyRejected();
-    outside_.prompter.WaitCursor(true);
     state_.gRecordFilter = filter;
     Validate();
-    outside_.prompter.WaitCursor(false);
-    EmptyRejected();
     form.Close();
 }
 
 void frmValidate::Validate() {
-    try {
-        ValidateDataSet(state_, engine_, outside_);
-    } catch (const store::StoreError& error) {
-        outside_.prompter.Message("Failed " + error.Description());
-    }
+    const WaitCursor wait(outside_.prompter);
+    EmptyRejected();
+    Attempt(outside_.prompter, [this] { ValidateDataSet(state_, engine_, outside_); });
+    EmptyRejected();
 }
 
 void frmValidate::EmptyRejected() {

@@ -2,6 +2,7 @@
 // DataSet. The window over it shows the controls and passes on what the user does.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "core/controls.h"
@@ -30,8 +31,11 @@ public:
     ButtonControl cmdContinue{form, "cmdContinue", "&Continue"};
     ButtonControl cmdCancel{form, "cmdCancel", "Ca&ncel"};
 
-    // The command of cmdContinue; nothing while a validation runs. A condition that may not run is told, and
-    // the form stays.
+    // Called when a run is about to replace the log; whoever shows the old one closes it.
+    std::function<void()> ReplacingLog;
+
+    // The command of cmdContinue; nothing while a validation runs. It reports a condition that may not run,
+    // and the form stays.
     void Continue();
     // The command of cmdCancel: cancels a running validation, and closes the form when none runs.
     void Cancel();

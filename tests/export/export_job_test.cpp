@@ -7,6 +7,7 @@
 #include <new>
 
 #include "export_fixture.h"
+#include "testkit/limits.h"
 
 namespace quillon::exporting {
 namespace {
@@ -283,17 +284,20 @@ TEST_F(OnlineJob, LogThatCannotBeOpenedFailsAndWritesNothing) {
         EXPECT_EQ(RunJob(Online()).outcome, ExportOutcome::Failed) << log;
         EXPECT_EQ(OutFile(), "old") << log;
     }
-    EXPECT_EQ(set.prompter.messages, (Texts{"File " + set.dir.File("validate.log") + " cannot be written!",
-                                            "File " + set.dir.File("vtime.log") + " cannot be written!"}));
+    EXPECT_EQ(set.prompter.messages, (Texts{set.dir.File("validate.log") + " is not an ordinary file.",
+                                            set.dir.File("vtime.log") + " is not an ordinary file."}));
 }
 
 TEST_F(OnlineJob, LogThatIsNotWholeFailsAndWritesNothing) {
     SpoilSpecies();
-    std::filesystem::create_symlink("/dev/full", set.dir.File("validate.log"));
-    EXPECT_EQ(RunJob(Online()).outcome, ExportOutcome::Failed);
+    {
+        const testkit::FilesStopAt limit(16);
+        EXPECT_EQ(RunJob(Online()).outcome, ExportOutcome::Failed);
+    }
     EXPECT_FALSE(std::filesystem::exists(set.state.gExportFile));
     EXPECT_TRUE(set.state.gRejectedTaxa.empty());
-    EXPECT_EQ(set.prompter.messages, Texts{"File " + set.dir.File("validate.log") + " cannot be written!"});
+    EXPECT_EQ(set.prompter.messages,
+              Texts{set.dir.File("validate.log") + " cannot be written: File too large."});
 }
 
 TEST_F(OnlineJob, LogIsNotWrittenOver) {

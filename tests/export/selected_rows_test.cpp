@@ -74,10 +74,10 @@ protected:
     }
 
     void Compare(const std::string& filter) {
-        const selection::Continue goOn = [] { return true; };
-        selection::SelectedTaxa taxa(set.db(), filter, goOn);
+        const Turns turns(set.state, pump);
+        selection::SelectedTaxa taxa(set.db(), filter, turns);
         set.state.gRecordFilter = filter;
-        selection::CountBatchRecords(set.state, set.db(), taxa, goOn);
+        selection::CountBatchRecords(set.state, set.db(), taxa, turns);
         const int validated = ValidatedRows(filter);
         int all = validated;
         for (const std::string& table : kAllRows) all += Count(table, "none");

@@ -243,11 +243,12 @@ protected:
     std::string Log() const { return dir.File("import.err"); }
 
     testkit::TempDir dir;
+    ApplicationState state;
     testkit::ScriptedPrompter prompter;
 };
 
 TEST_F(ErrorLogForm, ShowsTheWholeLog) {
-    FrmIError form(prompter, dir.path());
+    FrmIError form(state, prompter, dir.path());
     EXPECT_EQ(form.form.Title(), "Import Error Log");
     EXPECT_EQ(form.txtError.Text(), "A finding\r\n     [XX]\r\n");
     EXPECT_FALSE(form.txtError.UserSetText("changed"));
@@ -257,7 +258,7 @@ TEST_F(ErrorLogForm, ShowsTheWholeLog) {
 
 TEST_F(ErrorLogForm, MovesTheLogToTheChosenName) {
     prompter.filesToSave = {dir.File("findings")};
-    FrmIError form(prompter, dir.path());
+    FrmIError form(state, prompter, dir.path());
     form.cmdSave.UserClick();
     EXPECT_THAT(prompter.fileTitles, ElementsAre("Save Error Log As"));
     EXPECT_THAT(prompter.fileFilters, ElementsAre("Taxonomic Files (*.LOG)|*.log|All Files (*.*)|*.*"));
@@ -267,21 +268,21 @@ TEST_F(ErrorLogForm, MovesTheLogToTheChosenName) {
 
 TEST_F(ErrorLogForm, KeepsANameWithAFullStop) {
     prompter.filesToSave = {dir.File("findings.txt")};
-    FrmIError form(prompter, dir.path());
+    FrmIError form(state, prompter, dir.path());
     form.cmdSave.UserClick();
     EXPECT_TRUE(std::filesystem::exists(dir.File("findings.txt")));
 }
 
 TEST_F(ErrorLogForm, ACanceledSaveChangesNothing) {
     prompter.filesToSave = {std::nullopt};
-    FrmIError form(prompter, dir.path());
+    FrmIError form(state, prompter, dir.path());
     form.cmdSave.UserClick();
     EXPECT_TRUE(std::filesystem::exists(Log()));
 }
 
 TEST_F(ErrorLogForm, ASaveThatFailsIsToldAndKeepsTheLog) {
     prompter.filesToSave = {dir.File("no such folder/findings.txt")};
-    FrmIError form(prompter, dir.path());
+    FrmIError form(state, prompter, dir.path());
     form.cmdSave.UserClick();
     ASSERT_EQ(prompter.messages.size(), 1U);
     EXPECT_EQ(prompter.messages[0].substr(0, 7), "Failed ");
@@ -291,7 +292,7 @@ TEST_F(ErrorLogForm, ASaveThatFailsIsToldAndKeepsTheLog) {
 TEST_F(ErrorLogForm, ClosingDeletesTheLog) {
     for (const bool byButton : {true, false}) {
         testkit::WriteFile(Log(), "A finding\r\n");
-        FrmIError form(prompter, dir.path());
+        FrmIError form(state, prompter, dir.path());
         int closed = 0;
         form.form.OnClosed([&closed] { ++closed; });
         if (byButton)

@@ -38,7 +38,7 @@ protected:
     std::pair<int, int> Totals(std::string_view filter) {
         set.state.gRecordFilter = filter;
         SelectedTaxa taxa = Selected(filter);
-        CountBatchRecords(set.state, set.db(), taxa, [] { return true; });
+        CountBatchRecords(set.state, set.db(), taxa, turns);
         return {set.state.gValidatedTotal, set.state.gRecordsTotal};
     }
 };

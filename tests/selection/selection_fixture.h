@@ -43,13 +43,14 @@ protected:
     }
     // The taxa under a filter, with their documents.
     SelectedTaxa Selected(std::string_view filter) {
-        const Continue goOn = [] { return true; };
-        SelectedTaxa taxa(set.db(), filter, goOn);
-        taxa.ReachDocuments(set.db(), goOn);
+        SelectedTaxa taxa(set.db(), filter, turns);
+        taxa.ReachDocuments(set.db(), turns);
         return taxa;
     }
 
     testkit::DataSetFixture set;
+    testkit::NullPump pump;
+    Turns turns{set.state, pump};
 };
 
 }  // namespace quillon::selection

@@ -90,7 +90,7 @@ TEST_F(ImportWindowTest, EscapeCancels) {
 
 TEST_F(ImportWindowTest, ShowsTheErrorLogAndRemovesItAtTheEnd) {
     testkit::WriteFile(data.dir.File("import.err"), "A sentence\r\n     [XX]|1|\r\n");
-    importing::FrmIError form(data.prompter, data.dir.path());
+    importing::FrmIError form(data.state, data.prompter, data.dir.path());
     ImportErrorWindow window(form, nullptr);
     EXPECT_EQ(NamesWithoutPartner(form.form, window).join(" "), "");
     EXPECT_EQ(window.windowTitle(), "Import Error Log");

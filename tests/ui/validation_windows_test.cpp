@@ -3,6 +3,7 @@
 
 #include <QtTest>
 #include <QtWidgets>
+#include <filesystem>
 
 #include "plain_caption.h"
 #include "testkit/testkit.h"
@@ -168,51 +169,96 @@ TEST_F(ErrorWindow, ListFillsTheFormAboveTheButtons) {
     EXPECT_GT(window->findChild<QPushButton*>("cmdOK")->y(), list->geometry().bottom());
 }
 
-// The main window over a DataSet with a fault, up to the log and back to the taxon.
-TEST(ValidationOnTheDesktop, FindingLeadsToItsTaxonInTheMainWindow) {
-    testkit::TempDir dir;
-    testkit::ScriptedPrompter prompter;
-    DesktopProgram program(&prompter, dir.path());
-    program.State().gKingdomName = "Animalia";
-    program.State().gPrefRank = "Kingdom";
-    program.Window().show();
-    prompter.filesToSave.push_back(dir.File("whales.mdb"));
-    program.Window().findChild<QAction*>("mnuFNew")->trigger();
-    program.State().gDatabase->Execute(
-        "INSERT INTO qb_taxonomic_units (qb_id, unit_name1, usage, parent_qb_id, kingdom_id, rank_id) "
-        "VALUES (2, 'Orca', 'valid', 1, 5, 180)");
-    program.State().gDatabase->Execute(
-        "INSERT INTO qb_taxonomic_units (qb_id, unit_name1, usage, kingdom_id, rank_id) "
-        "VALUES (3, 'Orka', 'invalid', 5, 180)");
-    program.State().gDatabase->Execute("INSERT INTO qb_synonym_links (qb_id, qb_id_accepted) VALUES (3, 2)");
-    program.RecView().ShowDataSet();
-    program.Window().findChild<QAction*>("mnuFValidate")->trigger();
-    EXPECT_EQ(prompter.forms, std::vector<std::string>{"frmValidate"});
-
-    prompter.yesNo = {false};
-    WhenModal([](QWidget& modal) { modal.findChild<QPushButton*>("cmdContinue")->click(); });
-    program.Outside().ShowModal("frmValidate");
-    WhenModal([](QWidget& modal) {
-        auto* list = modal.findChild<QListView*>("lstError");
-        list->setCurrentIndex(list->model()->index(5, 0));
-        QTest::keyClick(list, Qt::Key_Return);
-        modal.findChild<QPushButton*>("cmdOK")->click();
-    });
-    program.Outside().ShowModal("FrmVError");
-    EXPECT_EQ(program.State().currentTaxon.qb_id, 2);
-    EXPECT_EQ(program.RecView().Controls().TabStrip1.SelectedKey(), "publications");
-    WhenModal([](QWidget& modal) {
-        auto* list = modal.findChild<QListView*>("lstError");
+// The main window over a DataSet with faults, and the log beside it.
+class ValidationOnTheDesktop : public testing::Test {
+protected:
+    void SetUp() override {
+        program.State().gKingdomName = "Animalia";
+        program.State().gPrefRank = "Kingdom";
+        program.Window().show();
+        prompter.filesToSave.push_back(dir.File("whales.mdb"));
+        program.Window().findChild<QAction*>("mnuFNew")->trigger();
+        program.State().gDatabase->Execute(
+            "INSERT INTO qb_taxonomic_units (qb_id, unit_name1, usage, parent_qb_id, kingdom_id, rank_id) "
+            "VALUES (2, 'Orca', 'valid', 1, 5, 180)");
+        program.State().gDatabase->Execute(
+            "INSERT INTO qb_taxonomic_units (qb_id, unit_name1, usage, kingdom_id, rank_id) "
+            "VALUES (3, 'Orka', 'invalid', 5, 180)");
+        program.State().gDatabase->Execute(
+            "INSERT INTO qb_synonym_links (qb_id, qb_id_accepted) VALUES (3, 2)");
+        program.RecView().ShowDataSet();
+    }
+    void Validate() {
+        prompter.yesNo = {false};
+        WhenModal([](QWidget& modal) { modal.findChild<QPushButton*>("cmdContinue")->click(); });
+        program.Outside().ShowModal("frmValidate");
+    }
+    QWidget* Log() {
+        for (auto* window : program.Window().findChildren<ValidationErrorWindow*>())
+            if (window->isVisible()) return window;
+        return nullptr;
+    }
+    // Double clicks the line behind the first that holds the text.
+    void GoToLineBehind(const QString& text) {
+        auto* list = Log()->findChild<QListView*>("lstError");
         for (int row = 0; row < list->model()->rowCount(); ++row) {
-            if (!list->model()->index(row, 0).data().toString().contains("Name = Orka")) continue;
+            if (!list->model()->index(row, 0).data().toString().contains(text)) continue;
             list->setCurrentIndex(list->model()->index(row + 1, 0));
+            break;
         }
         QTest::keyClick(list, Qt::Key_Return);
-        modal.findChild<QPushButton*>("cmdOK")->click();
-    });
+    }
+    QString NameShown() {
+        const auto* genus = program.Window().findChild<QComboBox*>("cboName1");
+        return genus->isVisible() ? genus->currentText()
+                                  : program.Window().findChild<QLineEdit*>("txtName1")->text();
+    }
+
+    testkit::TempDir dir;
+    testkit::ScriptedPrompter prompter;
+    DesktopProgram program{&prompter, dir.path()};
+};
+
+TEST_F(ValidationOnTheDesktop, CommandShowsTheForm) {
+    program.Window().findChild<QAction*>("mnuFValidate")->trigger();
+    EXPECT_EQ(prompter.forms, std::vector<std::string>{"frmValidate"});
+}
+
+TEST_F(ValidationOnTheDesktop, FindingsAreWorkedThroughBesideTheMainWindow) {
+    Validate();
     program.Outside().ShowModal("FrmVError");
+    ASSERT_NE(Log(), nullptr) << "it is shown, and the program goes on";
+    EXPECT_FALSE(Log()->isModal());
+    EXPECT_TRUE(program.Window().isEnabled());
+    GoToLineBehind("at least one");
+    GoToLineBehind("Name = Orka");
     EXPECT_EQ(program.State().currentTaxon.qb_id, 3);
     EXPECT_EQ(program.RecView().Controls().TabStrip1.SelectedKey(), "taxon");
+    EXPECT_EQ(NameShown(), "Orka") << "in the form at once";
+    GoToLineBehind("Name = Orca");
+    EXPECT_EQ(program.State().currentTaxon.qb_id, 2);
+    EXPECT_EQ(NameShown(), "Orca");
+    EXPECT_NE(Log(), nullptr);
+}
+
+TEST_F(ValidationOnTheDesktop, LogGoesWhenItIsClosed) {
+    const auto before = std::filesystem::current_path();
+    std::filesystem::current_path(dir.path());
+    Validate();
+    program.Outside().ShowModal("FrmVError");
+    EXPECT_TRUE(std::filesystem::exists(dir.File("validate.log")));
+    Log()->findChild<QPushButton*>("cmdOK")->click();
+    EXPECT_EQ(Log(), nullptr);
+    EXPECT_FALSE(std::filesystem::exists(dir.File("validate.log")));
+    std::filesystem::current_path(before);
+}
+
+TEST_F(ValidationOnTheDesktop, NextRunClosesTheOldLog) {
+    Validate();
+    program.Outside().ShowModal("FrmVError");
+    Validate();
+    EXPECT_EQ(Log(), nullptr);
+    EXPECT_TRUE(std::filesystem::exists(dir.File("validate.log"))) << "the log of the new run";
 }
 
 }  // namespace

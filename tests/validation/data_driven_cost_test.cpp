@@ -9,7 +9,7 @@ namespace {
 
 class CostOfARun : public ValidationTest {
 protected:
-    int Turns() {
+    int TurnsOfARun() {
         testkit::TurnMeter meter(set.state);
         set.state.gRecordFilter = std::string(selection::kNoFilter);
         ValidateDataSet(set.state, set.engine,
@@ -27,16 +27,16 @@ TEST_F(CostOfARun, OverAChainOfParentsFollowsItsLength) {
         for (int qb_id = 10; qb_id < 10 + links; ++qb_id) AddTaxon(qb_id, "Gamma", 220, qb_id + 1);
         AddTaxon(10 + links, "Gamma", 220, 10);
     }
-    EXPECT_LT(Turns(), 12 * links);
+    EXPECT_LT(TurnsOfARun(), 12 * links);
     EXPECT_NE(Log().find("the parent's rank <220> must be lower than the Taxon's <220>"), std::string::npos);
 }
 
 TEST_F(CostOfARun, EndsWithASynonymOfItself) {
     MakeSynonym(3, 3, "junior synonym");
-    const int turns = Turns();
+    const int taken = TurnsOfARun();
     EXPECT_EQ(Log(), OnSpecies({"     an 'invalid'/'not accepted' taxon canot be linked to one that is also "
                                 "'invalid'/'not accepted'"}));
-    EXPECT_LT(turns, 60);
+    EXPECT_LT(taken, 60);
 }
 
 // Half of them have no reference of their own name.
@@ -56,7 +56,7 @@ TEST_F(CostOfARun, OverTheNamesOfOneTaxonFollowsTheirNumber) {
                             i, 2 * i));
         }
     }
-    EXPECT_LT(Turns(), 6 * names);
+    EXPECT_LT(TurnsOfARun(), 6 * names);
     std::string expected;
     for (int i = 1; i <= names; i += 2)
         expected += Lines(

@@ -1,7 +1,11 @@
 // frmValidate and FrmVError, worked without a window.
 
-#include <filesystem>
+#include <sys/stat.h>
 
+#include <filesystem>
+#include <new>
+
+#include "testkit/turn_meter.h"
 #include "validation/validate_form.h"
 #include "validation/validation_error_form.h"
 #include "validation_fixture.h"
@@ -32,7 +36,10 @@ TEST_F(ValidateForm, LoadsReadyToRun) {
     EXPECT_EQ(form->cboFields.Text(), "taxonomic_credibility_rating");
     EXPECT_EQ(form->cboOperators.Text(), "=");
     EXPECT_EQ(form->cboValues.Text(), "KSP Standards Met");
-    EXPECT_EQ(form->cboFields.ListCount(), 1u);
+    EXPECT_EQ(form->cboFields.ListIndex(), 0);
+    EXPECT_EQ(form->cboFields.ListCount(), 25u);
+    EXPECT_EQ(form->cboOperators.ListCount(), 7u);
+    EXPECT_EQ(form->cboValues.ListCount(), 1u);
 }
 
 TEST_F(ValidateForm, ConditionIsEnabledByItsOption) {
@@ -48,6 +55,19 @@ TEST_F(ValidateForm, ConditionIsEnabledByItsOption) {
     form->optColumn.UserChoose();
     form->optNoFilter.UserChoose();
     EXPECT_EQ(enabled(), (std::vector{false, false, false}));
+}
+
+TEST_F(ValidateForm, EveryChoiceOfItsListsMakesAFilterThatRuns) {
+    form->optColumn.UserChoose();
+    form->cboValues.UserSetText("1");
+    for (int field = 0; field < static_cast<int>(form->cboFields.ListCount()); ++field) {
+        for (int comparison = 0; comparison < static_cast<int>(form->cboOperators.ListCount());
+             ++comparison) {
+            form->cboFields.UserChoose(field);
+            form->cboOperators.UserChoose(comparison);
+            EXPECT_EQ(selection::CheckRecordFilter(set.db(), form->Filter()), std::nullopt) << form->Filter();
+        }
+    }
 }
 
 TEST_F(ValidateForm, OptionsMakeTheFilter) {
@@ -114,6 +134,37 @@ TEST_F(ValidateForm, CancelStopsARunAndClosesAnIdleForm) {
     set.state.gBatchRunning = false;
     form->form.UserClose();
     EXPECT_EQ(closed, 1);
+}
+
+// Memory runs out at a turn of the run.
+class FailingPump : public EventPump {
+public:
+    explicit FailingPump(int turns) : left_(turns) {}
+    void Yield() override {
+        if (--left_ == 0) throw std::bad_alloc();
+    }
+
+private:
+    int left_;
+};
+
+TEST_F(ValidateForm, RunOutOfMemorySaysSoAndLeavesNothingBehind) {
+    testkit::TurnMeter meter(set.state);
+    Unrefer(3);
+    ValidateDataSet(set.state, set.engine,
+                    {set.prompter, meter, clock, [](double) {}, set.dir.path(), [] {}});
+    ASSERT_GT(meter.turns, 10);
+    for (int turn = 1; turn <= meter.turns; ++turn) {
+        FailingPump failing(turn);
+        set.prompter.messages.clear();
+        frmValidate out(set.state, set.engine, set.prompter, failing, clock, set.dir.path(), marks);
+        out.Continue();
+        EXPECT_EQ(set.prompter.messages, std::vector<std::string>{"Not enough memory."}) << "turn " << turn;
+        EXPECT_FALSE(set.prompter.waitCursor);
+        EXPECT_TRUE(set.state.gRejectedTaxa.empty());
+    }
+    Run("UPDATE qb_taxonomic_units SET unit_name2 = 'gamma' WHERE qb_id = 3");
+    EXPECT_EQ(Validate(), "ID =  3   Name = Alpha gamma\r\n     at least one reference is required\r\n");
 }
 
 class ErrorForm : public ValidationTest {
@@ -196,6 +247,34 @@ TEST_F(ErrorForm, FilterKeepsFindingsWithTheirHeadings) {
     EXPECT_EQ(form->lstError.ListCount(), 7u);
 }
 
+TEST_F(ErrorForm, RuleOrItsCodeNarrowsTheFindings) {
+    Unrefer(2);
+    Validate();
+    const auto form = Load();
+    Texts rules;
+    for (const auto& choice : form->cboRules.Choices()) rules.push_back(choice.text);
+    EXPECT_EQ(rules, (Texts{"All rules", "T20 credibility missing (1)", "T25 currency wrong (1)",
+                            "T35 reference missing (2)", "E03 expert missing (1)"}));
+    const Texts references = {"ID =  2   Name = Alpha", "     at least one reference is required",
+                              "ID =  3   Name = Alpha beta", "     at least one reference is required"};
+    form->cboRules.UserChoose(3);
+    EXPECT_EQ(Shown(*form), references);
+    EXPECT_EQ(form->lblCounts.Caption(), "2 findings: 2 reference missing");
+    form->txtFilter.UserSetText("beta");
+    EXPECT_EQ(Shown(*form), (Texts{references[2], references[3]}));
+    form->cboRules.UserChoose(0);
+    form->txtFilter.UserSetText("t35");
+    EXPECT_EQ(Shown(*form), references);
+}
+
+TEST_F(ErrorForm, SelectedFindingShowsItsRule) {
+    const auto form = Load();
+    form->lstError.UserSelect(1);
+    EXPECT_EQ(form->lblRule.Caption(), "T20 (error): A taxon has a credibility rating.");
+    form->lstError.UserSelect(0);
+    EXPECT_EQ(form->lblRule.Caption(), "");
+}
+
 TEST_F(ErrorForm, ActivatedLineBringsItsTaxonUp) {
     const auto form = Load();
     for (const int line : {0, 2, 4}) form->lstError.UserActivate(line);
@@ -207,9 +286,12 @@ TEST_F(ErrorForm, ActivatedLineBringsItsTaxonUp) {
 
 TEST_F(ErrorForm, RecordOfAnotherDataSetBringsNothingUp) {
     const auto form = Load();
-    for (FindingMark& mark : marks) mark.id = 0;
+    set.state.gDataSetPath = set.dir.File("other.mdb");
     form->lstError.UserActivate(2);
-    EXPECT_EQ(set.prompter.messages, Texts{"This record is not in the DataSet that is open."});
+    for (FindingMark& mark : marks) mark.id = 0;
+    Load()->lstError.UserActivate(2);
+    const std::string message = "This record is not in the DataSet that is open.";
+    EXPECT_EQ(set.prompter.messages, (Texts{message, message}));
     EXPECT_EQ(visited, Texts{});
 }
 
@@ -245,6 +327,41 @@ TEST_F(ErrorForm, SaveMovesTheLogAndCompletesItsName) {
     EXPECT_FALSE(std::filesystem::exists(set.dir.File("validate.log")));
     EXPECT_EQ(set.prompter.fileTitles, (Texts{"Save Error Log As", "Save Error Log As"}));
     EXPECT_EQ(set.prompter.fileFilters[0], "Taxonomic Files (*.LOG)|*.log|All Files (*.*)|*.*");
+}
+
+TEST_F(ErrorForm, SaveAsksAgainWhereItCompletedTheName) {
+    testkit::WriteFile(set.dir.File("mine.LOG"), "old");
+    set.prompter.filesToSave = {set.dir.File("mine"), set.dir.File("mine")};
+    set.prompter.yesNo = {false, true};
+    const auto form = Load();
+    form->cmdSave.UserClick();
+    EXPECT_EQ(testkit::ReadFile(set.dir.File("mine.LOG")), "old");
+    EXPECT_TRUE(std::filesystem::exists(set.dir.File("validate.log")));
+    form->cmdSave.UserClick();
+    EXPECT_NE(testkit::ReadFile(set.dir.File("mine.LOG")), "old");
+    const std::string question = "File '" + set.dir.File("mine.LOG") + "' already exists.  Overwrite?";
+    EXPECT_EQ(set.prompter.questions, (Texts{question, question}));
+}
+
+// By another name, too; and the log itself stays.
+TEST_F(ErrorForm, SaveReplacesNeitherTheDataSetNorTheLogNorAPipe) {
+    std::filesystem::create_hard_link(set.state.gDataSetPath, set.dir.File("linked.log"));
+    const std::string log = testkit::ReadFile(set.dir.File("validate.log"));
+    const auto form = Load();
+    ASSERT_EQ(mkfifo(set.dir.File("pipe.log").c_str(), 0600), 0);
+    const Texts paths = {set.state.gDataSetPath, set.dir.File("linked.log"), set.dir.File("validate.log"),
+                         set.dir.File("pipe.log")};
+    for (const std::string& path : paths) {
+        set.prompter.filesToSave.push_back(path);
+        form->cmdSave.UserClick();
+    }
+    EXPECT_EQ(
+        set.prompter.messages,
+        (Texts{"'" + paths[0] + "' is an open DataSet, and cannot be overwritten.",
+               "'" + paths[1] + "' is an open DataSet, and cannot be overwritten.",
+               "'" + paths[2] + "' is the log itself.", "'" + paths[3] + "' is not an ordinary file."}));
+    EXPECT_EQ(testkit::ReadFile(set.dir.File("validate.log")), log);
+    EXPECT_EQ(set.Dump("SELECT unit_name1 FROM qb_taxonomic_units WHERE qb_id = 3"), "Alpha\n");
 }
 
 TEST_F(ErrorForm, SaveKeepsANameWithAFullStop) {

@@ -4,6 +4,7 @@
 #include <random>
 
 #include "core/vocabulary.h"
+#include "testkit/turn_meter.h"
 #include "validation/taxon_look_ups.h"
 #include "validation_fixture.h"
 
@@ -121,7 +122,7 @@ protected:
     // How many taxa were compared.
     int CompareUnder(std::string_view filter) {
         const selection::SelectedTaxa taxa = Selected(filter);
-        TaxonLookUps lookUps(set.db(), taxa, [] { return true; });
+        TaxonLookUps lookUps(set.db(), taxa, turns);
         int compared = 0;
         for (const auto rows = set.db().CreateSnapshot("SELECT * FROM qb_taxonomic_units"); !rows->Eof();
              rows->MoveNext()) {
@@ -169,7 +170,7 @@ TEST_F(LookUps, PublicationOfAFindingIsReadWhole) {
     Run("UPDATE qb_publications SET publication_name = 'Book' WHERE publication_id_prefix = 'PUB'");
     Unrefer(3);
     Refer(3, "PUB", 2);
-    TaxonLookUps lookUps(set.db(), Selected("none"), [] { return true; });
+    TaxonLookUps lookUps(set.db(), Selected("none"), turns);
     std::vector<std::string> headings;
     for (const PublicationLink& link : lookUps.References(3).publications)
         headings.push_back(lookUps.Publication(3, *link.publication).Heading());
@@ -179,8 +180,9 @@ TEST_F(LookUps, PublicationOfAFindingIsReadWhole) {
 }
 
 TEST_F(LookUps, StopReadingWhenTheUserCancels) {
-    int asked = 0;
-    const TaxonTable taxa(set.db(), {}, [&] { return ++asked < 3; });
+    testkit::TurnMeter meter(set.state);
+    meter.cancelAt = 3;
+    const TaxonTable taxa(set.db(), {}, Turns(set.state, meter));
     EXPECT_NE(taxa.Find(2), nullptr);
     EXPECT_EQ(taxa.Find(3), nullptr);
 }

@@ -111,10 +111,11 @@ TEST_F(ManyTaxa, CountWithAllThatHangsOnThem) {
 
 TEST_F(ManyTaxa, LeaveNoLongStretchWithoutATurn) {
     Spoil();
+    Run("INSERT INTO journal (qb_id) SELECT qb_id FROM qb_taxonomic_units WHERE rank_id > 180");
     for (const std::string& filter :
-         {std::string(selection::kNoFilter), selection::ColumnClause("rank_id", ">", "180"),
-          selection::ColumnClause("qb_id", "=", "9000"), selection::ColumnClause("qb_id", ">", "3000"),
-          selection::ColumnClause("usage", "=", "nothing")}) {
+         {std::string(selection::kNoFilter), std::string(selection::kJournalFilter),
+          selection::ColumnClause("rank_id", ">", "180"), selection::ColumnClause("qb_id", "=", "9000"),
+          selection::ColumnClause("qb_id", ">", "3000"), selection::ColumnClause("usage", "=", "nothing")}) {
         testkit::TurnMeter meter(set.state);
         meter.Watch();
         EXPECT_TRUE(ValidateWith(meter, filter).ran);

@@ -61,15 +61,15 @@ TEST_F(SynonymLinks, AcceptedNameThatDoesNotExistIsNamed) {
     TaxonRow row;
     row.qb_id = 3;
     row.unit_name1 = "Alpha";
-    TaxonLookUps lookUps(set.db(), Selected(selection::kNoFilter), [] { return true; });
+    TaxonLookUps lookUps(set.db(), Selected(selection::kNoFilter), turns);
     std::vector<Finding> findings;
     ValidationLog log(set.state, [&](const Finding& finding) { findings.push_back(finding); });
     log.BeginRecord();
     const std::vector<AcceptedLink> links = {{77, false, false}};
-    CheckSynonymLinks({row, {}, lookUps, log, set.state, pump}, links);
+    CheckSynonymLinks({row, {}, lookUps, log, turns}, links);
     ASSERT_EQ(findings.size(), 1u);
     EXPECT_EQ(findings[0], (Finding{Rule::SynonymLinkBroken,
-                                    {RecordKind::Taxon, 3, ""},
+                                    {RecordKind::Taxon, 3, "", "Alpha"},
                                     "ID =  3   Name = Alpha",
                                     "     Synonym link to '77' is invalid, record does not exist"}));
 }

@@ -5,6 +5,9 @@
 
 #include <filesystem>
 
+#include <sys/stat.h>
+
+#include "testkit/limits.h"
 #include "validation_fixture.h"
 
 namespace quillon::validation {
@@ -47,7 +50,6 @@ TEST_F(Driver, RunWithoutFindingsLeavesAnEmptyLogAndSaysSo) {
     EXPECT_TRUE(std::filesystem::exists(set.dir.File("validate.log")));
     EXPECT_EQ(set.prompter.messages, (std::vector<std::string>{"Validation Complete -- No Errors!"}));
     EXPECT_FALSE(set.state.gErrorsOccurred);
-    EXPECT_TRUE(set.prompter.waitCursor);
 }
 
 TEST_F(Driver, TimesOfBeginningAndEndAreLogged) {
@@ -128,30 +130,63 @@ TEST_F(Driver, LogThatCannotBeOpenedIsToldAndNothingRuns) {
         EXPECT_FALSE(result.wrongKingdom) << log;
         EXPECT_TRUE(result.logFailed) << log;
         EXPECT_EQ(set.prompter.messages,
-                  (std::vector<std::string>{"File " + set.dir.File(log) + " cannot be written!"}));
+                  (std::vector<std::string>{set.dir.File(log) + " is not an ordinary file."}));
     }
 }
 
 // The findings do not fit on the disk: there is no whole log to offer.
-TEST_F(Driver, LogThatIsNotWholeIsToldAndNotOffered) {
+TEST_F(Driver, LogThatIsNotWholeIsReportedOnceAndNotOffered) {
     Unrefer(3);
-    std::filesystem::create_symlink("/dev/full", set.dir.File("validate.log"));
-    const ValidationResult result = ValidateAsking();
+    ValidationResult result;
+    {
+        const testkit::FilesStopAt limit(16);
+        result = ValidateAsking();
+    }
     EXPECT_TRUE(result.ran);
     EXPECT_TRUE(result.errors);
     EXPECT_TRUE(result.logFailed);
-    EXPECT_EQ(set.prompter.messages,
-              (std::vector<std::string>{"File " + set.dir.File("validate.log") + " cannot be written!"}));
+    EXPECT_EQ(set.prompter.messages, (std::vector<std::string>{set.dir.File("validate.log") +
+                                                               " cannot be written: File too large."}));
     EXPECT_TRUE(set.prompter.questions.empty());
-    EXPECT_EQ(TimeLog(), "Begin Validation: 12:34:56\r\nEnd Validation: 12:34:56\r\n");
 }
 
-TEST_F(Driver, TimesThatCannotBeWrittenAreToldAfterTheEnd) {
-    std::filesystem::create_symlink("/dev/full", set.dir.File("vtime.log"));
-    EXPECT_TRUE(ValidateAsking().logFailed);
+TEST_F(Driver, TimesThatCannotBeWrittenAreReportedAfterTheEnd) {
+    {
+        const testkit::FilesStopAt limit(16);
+        EXPECT_TRUE(ValidateAsking().logFailed);
+    }
     EXPECT_EQ(set.prompter.messages,
               (std::vector<std::string>{"Validation Complete -- No Errors!",
-                                        "File " + set.dir.File("vtime.log") + " cannot be written!"}));
+                                        set.dir.File("vtime.log") + " cannot be written: File too large."}));
+}
+
+// By another name, too.
+TEST_F(Driver, LogNeverReplacesTheDataSet) {
+    for (const char* log : {"validate.log", "vtime.log"}) {
+        set.prompter.messages.clear();
+        for (const char* earlier : {"validate.log", "vtime.log"})
+            std::filesystem::remove(set.dir.File(earlier));
+        std::filesystem::create_hard_link(set.state.gDataSetPath, set.dir.File(log));
+        const ValidationResult result = ValidateAsking();
+        EXPECT_FALSE(result.ran) << log;
+        EXPECT_EQ(set.prompter.messages,
+                  (std::vector<std::string>{set.dir.File(log) + " is in use by this job."}));
+        EXPECT_EQ(set.Dump("SELECT unit_name1 FROM qb_taxonomic_units WHERE qb_id = 3"), "Alpha\n");
+        std::filesystem::remove(set.dir.File(log));
+    }
+}
+
+TEST_F(Driver, LogsAreNeitherPipesNorDevices) {
+    ASSERT_EQ(mkfifo(set.dir.File("validate.log").c_str(), 0600), 0);
+    EXPECT_FALSE(ValidateAsking().ran);
+    std::filesystem::create_symlink("/dev/null", set.dir.File("vtime.log.link"));
+    std::filesystem::remove(set.dir.File("validate.log"));
+    std::filesystem::remove(set.dir.File("vtime.log"));
+    std::filesystem::rename(set.dir.File("vtime.log.link"), set.dir.File("vtime.log"));
+    EXPECT_FALSE(ValidateAsking().ran);
+    EXPECT_EQ(set.prompter.messages,
+              (std::vector<std::string>{set.dir.File("validate.log") + " is not an ordinary file.",
+                                        set.dir.File("vtime.log") + " is not an ordinary file."}));
 }
 
 TEST_F(Driver, FindingsAreThereWhileTheLogHoldsThem) {

@@ -94,9 +94,8 @@ protected:
     }
     // The taxa under a filter, with their documents.
     selection::SelectedTaxa Selected(std::string_view filter) {
-        const selection::Continue goOn = [] { return true; };
-        selection::SelectedTaxa taxa(set.db(), filter, goOn);
-        taxa.ReachDocuments(set.db(), goOn);
+        selection::SelectedTaxa taxa(set.db(), filter, turns);
+        taxa.ReachDocuments(set.db(), turns);
         return taxa;
     }
     // The log of one finding, or several, on the species.
@@ -106,6 +105,7 @@ protected:
 
     testkit::DataSetFixture set;
     testkit::NullPump pump;
+    Turns turns{set.state, pump};
     FixedClock clock;
     std::vector<double> gauge;
     FindingMarks marks;

@@ -1,16 +1,12 @@
-// The checks of the vernaculars and the jurisdictions.
-
-#include <fmt/format.h>
+// The check of the vernaculars: an approved one needs a reference of its own name.
 
 #include <algorithm>
 #include <array>
-#include <optional>
+#include <cstddef>
 #include <utility>
 #include <vector>
 
-#include "core/names.h"
 #include "core/text.h"
-#include "validation/keyed_walk.h"
 #include "validation/table_checks.h"
 
 namespace quillon::validation {
@@ -19,22 +15,12 @@ namespace {
 
 using store::RowStream;
 
-// Every jurisdiction, with an origin or without: then each row of the walk is a turn.
-constexpr std::string_view kTaxaOfJurisdictions =
-    "SELECT qb_jurisdiction.qb_id AS of_taxon, unit_ind1, unit_name1, unit_ind2, unit_name2, unit_ind3, "
-    "unit_name3, unit_ind4, unit_name4 FROM qb_jurisdiction INNER JOIN qb_taxonomic_units ON "
-    "qb_jurisdiction.qb_id = qb_taxonomic_units.qb_id ORDER BY qb_jurisdiction.qb_id;";
-
-const std::vector<std::string_view> kNameColumns = {"qb_id",      "unit_ind1",  "unit_name1",
-                                                    "unit_ind2",  "unit_name2", "unit_ind3",
-                                                    "unit_name3", "unit_ind4",  "unit_name4"};
-
 std::int32_t Id(const RowStream& rows, std::size_t column) {
     return static_cast<std::int32_t>(rows.Long(column));
 }
 
-// The names by which taxa have a reference of a vernacular, to a document that is there; the kind of a
-// document is the prefix of the link, whatever its own is.
+// The vernacular names for which taxa have a reference to a document that is there. The prefix of the link
+// decides the kind of the document, whatever the document's own prefix is.
 class ReferencedNames {
 public:
     explicit ReferencedNames(const ValidationRun& run) {
@@ -44,10 +30,9 @@ public:
         RowStream links(run.database, "qb_vern_ref_links",
                         {"qb_id", "qb_documentation_id_prefix", "qb_documentation_id", "vernacular_name"},
                         ofTaxa);
-        while (links.Next() && run.GoOn())
+        while (links.Next() && run.turns.Next())
             if (!links.IsNull(3) && IsThere(links.Text(1), Id(links, 2))) Add(Id(links, 0), links.Text(3));
-        std::sort(places_.begin(), places_.end(),
-                  [this](const Place& left, const Place& right) { return KeyOf(left) < KeyOf(right); });
+        SortNamesOfTaxon();
     }
 
     bool Has(std::int32_t qb_id, std::string_view vernacular_name) const {
@@ -75,13 +60,13 @@ private:
         selection::IdSet linked;
         if (!ofTaxa.column.empty()) {
             RowStream links(run.database, "qb_vern_ref_links", {"qb_documentation_id"}, ofTaxa);
-            while (links.Next() && run.GoOn()) linked.Add(Id(links, 0));
+            while (links.Next() && run.turns.Next()) linked.Add(Id(links, 0));
         }
         for (std::size_t i = 0; i < kKinds.size(); ++i) {
             store::TableRows among{store::TableRows::Order::Any};
             if (!ofTaxa.column.empty()) among = selection::RowsAmong(kKinds[i].id, linked, among.order);
             RowStream rows(run.database, kKinds[i].table, {kKinds[i].id}, among);
-            while (rows.Next() && run.GoOn()) documents_[i].Add(Id(rows, 0));
+            while (rows.Next() && run.turns.Next()) documents_[i].Add(Id(rows, 0));
         }
     }
     bool IsThere(std::string_view prefix, std::int32_t id) const {
@@ -92,8 +77,15 @@ private:
         return false;
     }
     void Add(std::int32_t qb_id, std::string_view vernacular_name) {
+        if (!places_.empty() && places_.back().id != qb_id) SortNamesOfTaxon();
         places_.push_back({qb_id, names_.size(), vernacular_name.size()});
         names_ += vernacular_name;
+    }
+    // The links come by taxon: all names are in order when those of each taxon are.
+    void SortNamesOfTaxon() {
+        std::sort(places_.begin() + static_cast<std::ptrdiff_t>(sorted_), places_.end(),
+                  [this](const Place& left, const Place& right) { return KeyOf(left) < KeyOf(right); });
+        sorted_ = places_.size();
     }
     using Key = std::pair<std::int32_t, std::string_view>;
     Key KeyOf(const Place& place) const {
@@ -102,43 +94,8 @@ private:
 
     std::array<selection::IdSet, 3> documents_;
     std::vector<Place> places_;  // by taxon and name
+    std::size_t sorted_ = 0;     // so many of them
     std::string names_;
-};
-
-// The names of the taxa of jurisdictions, asked for in ascending qb_id. Nothing is read before the first is
-// asked for.
-class TaxonNames {
-public:
-    explicit TaxonNames(const ValidationRun& run) : run_(run) {}
-
-    // Nothing when the run is canceled; empty when there is no such taxon.
-    std::optional<std::string> Of(std::int64_t qb_id) {
-        if (!walk_) Open();
-        const bool found = walk_->MoveTo(qb_id);
-        if (walk_->Stopped()) return std::nullopt;
-        return found ? NameAt(walk_->Row()) : std::string();
-    }
-
-private:
-    // Of few taxa the rows themselves; of many the taxa with jurisdictions.
-    void Open() {
-        store::TableRows rows;
-        if (!run_.taxa.All()) rows = selection::RowsAmong("qb_id", run_.taxa.Ids());
-        const selection::Continue goOn = [this] { return run_.GoOn(); };
-        if (rows.column.empty())
-            walk_.emplace(run_.database, kTaxaOfJurisdictions, goOn);
-        else
-            walk_.emplace(run_.database, "qb_taxonomic_units", kNameColumns, rows, goOn);
-    }
-    static std::string NameAt(const RowStream& row) {
-        const auto unit = [&](std::size_t column) {
-            return row.IsNull(column) ? Value() : Value(row.Text(column));
-        };
-        return BuildSciName({unit(1), unit(2), unit(3), unit(4), unit(5), unit(6), unit(7), unit(8)});
-    }
-
-    const ValidationRun& run_;
-    std::optional<KeyedWalk> walk_;
 };
 
 bool HasReference(const VernacularRow& row, const ReferencedNames& names) {
@@ -158,21 +115,6 @@ void ValidateVernaculars(const ValidationRun& run) {
         if (row.approved_ind.AsBoolean() && !HasReference(row, names))
             run.log.LogDocumentError(Rule::VernacularReferenceMissing, row,
                                      "     a reference is required for an approved vernacular");
-        return true;
-    });
-}
-
-void ValidateJurisdictions(const ValidationRun& run) {
-    TaxonNames names(run);
-    ForEachRow<JurisdictionRow>(run, "qb_jurisdiction", [&](JurisdictionRow& row) {
-        if (!row.origin.IsNull()) return true;
-        run.log.SetTaxon(IdOf(row.qb_id));
-        const auto name = names.Of(row.qb_id.AsLong());
-        if (!name) return false;
-        row.taxonName = *name;
-        run.log.LogDocumentError(
-            Rule::OriginMissing, row,
-            fmt::format("     origin is required for jurisdiction '{}'", row.jurisdiction_value.AsText()));
         return true;
     });
 }

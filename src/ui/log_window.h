@@ -1,0 +1,23 @@
+// What the windows over the log of an import and that of a validation share: the buttons, and a size for
+// lines of text.
+#pragma once
+
+#include "core/log_form.h"
+#include "ui/form_dialog.h"
+
+class QLayout;
+
+namespace quillon::ui {
+
+class LogWindow : public FormDialog {
+    Q_OBJECT
+protected:
+    LogWindow(LogForm& form, QWidget* parent) : FormDialog(form.form, parent) {}
+
+    // The row of the buttons, which are not pressed by Return in another control.
+    QLayout* MakeButtons();
+    // Binds the controls and gives the window its size.
+    void Finish();
+};
+
+}  // namespace quillon::ui
