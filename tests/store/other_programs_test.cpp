@@ -115,6 +115,7 @@ TEST_F(LeftByAnotherProgram, ALogIsNotPlayedIntoACopy) {
     testkit::WriteFile(copy + "-shm", "old");
     f.Make("Animalia", "other.mdb");
     f.prompter.filesToSave = {copy};
+    f.prompter.yesNo = {true};  // what the old file left is overwritten with consent only
     f.lifecycle.SaveDataSetAs();
     f.lifecycle.CloseDataSet();
     EXPECT_EQ(FilesInFolder(), (std::vector<std::string>{"copy.mdb", "other.mdb", "test.mdb"}));
