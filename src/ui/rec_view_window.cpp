@@ -25,7 +25,7 @@ constexpr int kExplorerWidth = 76;
 constexpr int kEditorWidth = 128;
 constexpr int kHeight = 124;
 constexpr int kModeWidth = 48;     // 720 twips
-constexpr int kNoteLasts = 15000;  // milliseconds
+constexpr int kNoteLasts = 10000;  // milliseconds
 
 // In the order of the tabs.
 using BuildPage = QWidget* (*)(QWidget*);
@@ -70,13 +70,18 @@ RecViewWindow::~RecViewWindow() {
     recView_.Controls().form.RemoveClosedObserver(closing_);
 }
 
+// A note takes the place of the name for a while; the other panels stay.
 void RecViewWindow::BuildStatusBar() {
     const auto panel = [this](const char* name, int stretch) {
         auto* label = new QLabel(this);
         label->setObjectName(name);
         label->setTextFormat(Qt::PlainText);
         label->setContentsMargins(6, 0, 6, 0);
-        statusBar()->addPermanentWidget(label, stretch);
+        if (stretch > 0) {
+            statusBar()->addWidget(label, stretch);
+        } else {
+            statusBar()->addPermanentWidget(label);
+        }
         return label;
     };
     statusBar()->setObjectName("StatusBar1");

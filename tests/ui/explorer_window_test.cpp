@@ -97,6 +97,8 @@ TEST_F(ExplorerWindow, UndoAfterLeavingAMovedRecordLeavesItUnchanged) {
 TEST_F(ExplorerWindow, TheStatusBarShowsTheExplorersNotes) {
     program.Explorer().Note("There are more.");
     EXPECT_EQ(window.statusBar()->currentMessage(), "There are more.");
+    EXPECT_FALSE(window.findChild<QLabel*>("name")->isVisible()) << "the note is in its place";
+    EXPECT_TRUE(window.findChild<QLabel*>("taxa")->isVisible());
 }
 
 }  // namespace
