@@ -11,8 +11,9 @@ namespace quillon::navigation {
 namespace {
 
 // A window lays all its rows out when some are added, so many children come in few, growing groups.
-constexpr std::size_t kLargestGroup = 20000;
+constexpr std::size_t kLargestGroup = 8000;
 constexpr std::size_t kOpeningsInAPart = 32;
+constexpr std::size_t kChildrenLikeAnOpening = 64;  // so many take the time of another opening
 constexpr std::size_t kNamesInAPart = 1000;
 
 }  // namespace
@@ -124,6 +125,7 @@ void cExplorer::OpenPart() {
             openings_.push_front(node);
             return;
         }
+        looked += node->ChildCount() / kChildrenLikeAnOpening;
         for (std::size_t row = 0; row < node->ChildCount(); ++row)
             if (node->Child(row)->ChildCount() > 0) openings_.push_back(node->Child(row));
     }
