@@ -2,26 +2,20 @@
 
 #include <fmt/format.h>
 
-#include <array>
 #include <string>
 #include <string_view>
+
+#include "core/document_kinds.h"
 
 namespace quillon::dataset {
 
 namespace {
 
-struct DocumentTable {
-    std::string_view prefix, table, key;
-};
-constexpr std::array<DocumentTable, 3> kDocuments = {{{"PUB", "qb_publications", "qb_publication_id"},
-                                                      {"EXP", "qb_experts", "qb_expert_id"},
-                                                      {"SRC", "qb_other_sources", "qb_source_id"}}};
-
 void DeleteRows(store::Database& database, std::string_view table, std::string_view key, std::int64_t id) {
     database.Execute(fmt::format("DELETE * FROM {} WHERE ({} = {});", table, key, id));
 }
 
-// False when a link has a prefix that is none of the three.
+// False when a link has a prefix that names no kind of document.
 bool DeleteDocuments(store::Database& database, int qbId, int track) {
     const auto links =
         database.CreateSnapshot(fmt::format("SELECT qb_documentation_id_prefix, qb_documentation_id FROM "
@@ -30,13 +24,9 @@ bool DeleteDocuments(store::Database& database, int qbId, int track) {
                                             qbId, track));
     for (; !links->Eof(); links->MoveNext()) {
         const std::string prefix = links->Get("qb_documentation_id_prefix").AsText();
-        bool known = false;
-        for (const DocumentTable& document : kDocuments) {
-            if (document.prefix != prefix) continue;
-            DeleteRows(database, document.table, document.key, links->Get("qb_documentation_id").AsLong());
-            known = true;
-        }
-        if (!known) return false;
+        const DocumentKind* kind = FindDocumentKind(prefix);
+        if (kind == nullptr) return false;
+        DeleteRows(database, kind->table, kind->idColumn, links->Get("qb_documentation_id").AsLong());
     }
     return true;
 }

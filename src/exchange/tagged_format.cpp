@@ -4,6 +4,7 @@
 #include <iterator>
 #include <string>
 
+#include "core/document_kinds.h"
 #include "core/text.h"
 
 namespace quillon::exchange {
@@ -134,9 +135,9 @@ const RecordLayout kSynonymRecord{Synonym, "[SY]", "qb_synonym_links", kSynonymF
 const RecordLayout kDivisionRecord{Division, "[GD]", "qb_geographic_division", kDivisionFields};
 const RecordLayout kJurisdictionRecord{Jurisdiction, "[JR]", "qb_jurisdiction", kJurisdictionFields};
 const RecordLayout kReferenceRecord{Reference, "[RF]", "qb_reference_links", kReferenceFields};
-const RecordLayout kPublicationRecord{Publication, "[PB]", "qb_publications", kPublicationFields};
-const RecordLayout kExpertRecord{Expert, "[EX]", "qb_experts", kExpertFields};
-const RecordLayout kSourceRecord{Source, "[OS]", "qb_other_sources", kSourceFields};
+const RecordLayout kPublicationRecord{Publication, "[PB]", kPublications.table, kPublicationFields};
+const RecordLayout kExpertRecord{Expert, "[EX]", kExperts.table, kExpertFields};
+const RecordLayout kSourceRecord{Source, "[OS]", kOtherSources.table, kSourceFields};
 const RecordLayout kVernReferenceRecord{VernReference, "[VL]", "qb_vern_ref_links", kVernReferenceFields};
 const RecordLayout kCommentLinkRecord{CommentLink, "[CL]", "qb_tu_comments_link", kCommentLinkFields};
 const RecordLayout kCommentRecord{Comment, "[CM]", "qb_comments", kCommentFields};

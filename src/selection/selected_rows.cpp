@@ -1,5 +1,7 @@
 #include "selection/selected_rows.h"
 
+#include "core/document_kinds.h"
+
 namespace quillon::selection {
 
 namespace {
@@ -21,9 +23,7 @@ std::vector<std::string_view> ColumnsOf(std::string_view list) {
 SelectedRows::Reach SelectedRows::ReachOf(std::string_view table) {
     if (table == "qb_taxon_authors_lookup") return Reach::Author;
     if (table == "qb_vernaculars") return Reach::Listed;
-    const bool isDocument =
-        table == "qb_publications" || table == "qb_experts" || table == "qb_other_sources";
-    return isDocument ? Reach::Document : Reach::Taxon;
+    return DocumentKindOfTable(table) != nullptr ? Reach::Document : Reach::Taxon;
 }
 
 // The reference links of a taxon come as they stand in the file; all other rows in the order of texts.
