@@ -20,8 +20,12 @@ QComboBox* MakeCombo(QWidget* parent, const char* name, const QString& accessibl
 
 }  // namespace
 
+// The tab order is that of making.
 QGroupBox* MakeFilterFrame(QWidget* parent) {
     auto* frame = Named<QGroupBox>(parent, "fraFilter");
+    auto* layout = new QVBoxLayout(frame);
+    for (const char* option : {"optNoFilter", "optModified", "optColumn"})
+        layout->addWidget(Named<QRadioButton>(frame, option));
     auto* condition = new QHBoxLayout;
     condition->addWidget(MakeCombo(frame, "cboFields", QObject::tr("Column"), 26), 3);
     condition->addWidget(MakeCombo(frame, "cboOperators", QObject::tr("Operator"), 4), 0);
@@ -29,9 +33,6 @@ QGroupBox* MakeFilterFrame(QWidget* parent) {
     const int indent = frame->style()->pixelMetric(QStyle::PM_ExclusiveIndicatorWidth) +
                        frame->style()->pixelMetric(QStyle::PM_RadioButtonLabelSpacing);
     condition->setContentsMargins(indent, 0, 0, 0);
-    auto* layout = new QVBoxLayout(frame);
-    for (const char* option : {"optNoFilter", "optModified", "optColumn"})
-        layout->addWidget(Named<QRadioButton>(frame, option));
     layout->addLayout(condition);
     return frame;
 }

@@ -97,6 +97,20 @@ TEST_F(ExportWindows, LongPathsDoNotWidenTheWindow) {
     EXPECT_LT(window.width(), window.fontMetrics().averageCharWidth() * 200);
 }
 
+TEST_F(ExportWindows, TabOrderFollowsTheLook) {
+    exporting::FrmNExport form(data.state, data.engine, data.prompter, pump, clock, data.dir.path(), marks);
+    ExportWindow window(form, nullptr);
+    QStringList names;
+    for (QWidget* next = window.nextInFocusChain(); next != &window; next = next->nextInFocusChain())
+        if ((next->focusPolicy() & Qt::TabFocus) != 0 &&
+            form.form.Find(next->objectName().toStdString()) != nullptr)
+            names << next->objectName();
+    EXPECT_EQ(
+        names.join(" ").toStdString(),
+        "cmdSelectDB cmdExportFile OptDataSet OptOnline OptPartial optName optAuthority optRank optNoFilter "
+        "optModified optColumn cboFields cboOperators cboValues cmdOK cmdCancel");
+}
+
 TEST_F(ExportWindows, TaggedFormExportsAndCloses) {
     exporting::FrmDExport form(data.state, data.engine, data.prompter, pump, clock, data.dir.path());
     PlainExportWindow window(form, nullptr);
