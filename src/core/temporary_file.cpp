@@ -1,5 +1,6 @@
 #include "core/temporary_file.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/random.h>
@@ -13,9 +14,9 @@
 #include <cstring>
 #include <exception>
 #include <filesystem>
+#include <memory>
 #include <new>
 #include <set>
-#include <system_error>
 #include <utility>
 
 #include "core/file_identity.h"
@@ -187,14 +188,16 @@ void TemporaryFile::Publish() {
     SyncFolderOf(target_);
 }
 
+// The folder is read with readdir: the standard iterator ends the program when memory is short.
 void RemoveLeftovers(const std::string& target, Recognise leftover) noexcept {
     try {
         const std::string name = fs::path(target).filename().string();
-        std::error_code failure;
-        for (const auto& entry : fs::directory_iterator(FolderOf(target), failure)) {
-            const std::string found = entry.path().filename().string();
+        const std::unique_ptr<DIR, int (*)(DIR*)> folder(opendir(FolderOf(target).c_str()), closedir);
+        if (folder == nullptr) return;
+        while (const dirent* const entry = readdir(folder.get())) {
+            const std::string_view found = static_cast<const char*>(entry->d_name);
             if (!IsOurName(found, name)) continue;
-            const std::string path = target + found.substr(name.size());
+            const std::string path = target + std::string(found.substr(name.size()));
             if (Making().count(path) == 0) RemoveUnheld(path, leftover);
         }
     } catch (const std::exception&) {
