@@ -61,6 +61,7 @@ DesktopProgram::DesktopProgram(Prompter* prompter, std::string workDirectory, st
 }
 
 DesktopProgram::~DesktopProgram() {
+    CloseErrorLog();
     if (auto* application = dynamic_cast<Application*>(qApp)) application->OnFailure(nullptr);
 }
 
@@ -182,10 +183,6 @@ void DesktopProgram::ShowErrorLog() {
 
 void DesktopProgram::CloseErrorLog() {
     if (errorWindow_ != nullptr && errorWindow_->isVisible()) errorLog_->Exit();
-}
-
-DesktopProgram::~DesktopProgram() {
-    CloseErrorLog();
 }
 
 // A record of a taxon that is gone stays where it is, behind the log.

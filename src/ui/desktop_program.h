@@ -33,10 +33,6 @@ public:
     explicit DesktopProgram(Prompter* prompter = nullptr, std::string workDirectory = {},
                             std::string preferencesFile = {});
     // Closes the validation's log, which removes it.
-    ~DesktopProgram();
-    DesktopProgram(const DesktopProgram&) = delete;
-    DesktopProgram& operator=(const DesktopProgram&) = delete;
-
     ~DesktopProgram() override;
 
     // The whole start, up to a main window on the screen. False when the user chose to leave instead.
