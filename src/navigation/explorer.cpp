@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "core/vocabulary.h"
-#include "navigation/wait_cursor.h"
+#include "core/wait_cursor.h"
 
 namespace quillon::navigation {
 

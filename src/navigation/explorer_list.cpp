@@ -2,8 +2,8 @@
 #include <utility>
 
 #include "core/text.h"
+#include "core/wait_cursor.h"
 #include "navigation/explorer.h"
-#include "navigation/wait_cursor.h"
 
 namespace quillon::navigation {
 

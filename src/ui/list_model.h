@@ -38,7 +38,7 @@ private:
     void AfterRemove() override;
     void LinesChanged() override;
     void LoadMore();
-    // Shows all that the list has.
+    // Shows all rows that the list has.
     void CatchUp();
 
     navigation::TaxonList& list_;
