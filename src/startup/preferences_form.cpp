@@ -79,7 +79,7 @@ void FrmPreferences::FillRanks() {
             state_.gDatabase->CreateSnapshot("SELECT rank_name FROM taxonomic_unit_types ORDER BY rank_id");
         for (; !ranks->Eof(); ranks->MoveNext()) cboPRank.AddItem(ranks->Get("rank_name").AsText());
     } catch (const store::StoreError& error) {
-        prompter_.Message("Failed " + error.Description());
+        prompter_.WarningMessage("Failed " + error.Description());
     }
     const std::string& rank = state_.gOldPrefRank.empty() ? state_.gPrefRank : state_.gOldPrefRank;
     if (rank.empty()) {

@@ -122,7 +122,7 @@ bool StopProgram(ApplicationState& state, dataset::Lifecycle& lifecycle, Prompte
     try {
         lifecycle.CloseDataSet();
     } catch (const store::StoreError& error) {
-        prompter.Message("Failed " + error.Description());
+        prompter.WarningMessage("Failed " + error.Description());
         return false;
     }
     events.Yield();

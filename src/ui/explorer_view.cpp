@@ -130,12 +130,13 @@ void ExplorerView::ConnectListRows() {
 }
 
 void ExplorerView::ShowHierarchy(bool hierarchy) {
+    const int current = explorer_.ListId();  // a list that gets the focus first stands on its first row
     explorer_.SetTreeVisible(hierarchy);
     const bool hadFocus = CurrentView()->hasFocus();
     views_->setCurrentWidget(hierarchy ? static_cast<QWidget*>(tree_) : list_);
     setFocusProxy(CurrentView());
     if (hadFocus) CurrentView()->setFocus();
-    if (!hierarchy) ShowListRow(explorer_.ListId());
+    if (!hierarchy) ShowListRow(current);
 }
 
 QWidget* ExplorerView::CurrentView() const {

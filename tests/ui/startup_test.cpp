@@ -67,8 +67,6 @@ TEST_F(StartTest, TheFirstStartLeadsToADataSetInFourAnswers) {
     });
     user.Answer("frmNoDB", [](QWidget& window) { Click(window, "cmdNew"); });
     user.ChooseFile(path);
-    user.ExpectMessage("The 'Preference' rank is not valid for the " + path +
-                       " dataset!  Defaulting to 'Kingdom'.");
     EXPECT_TRUE(program->Start());
     EXPECT_FALSE(SplashIsUp());
     EXPECT_TRUE(program->Window().isVisible());
