@@ -170,14 +170,13 @@ void DesktopProgram::ShowErrorLog() {
         state_, prompter_, workDirectory_, findings_,
         [this](int qb_id, std::string_view tab) { GoToTaxon(qb_id, tab); });
     errorWindow_ = std::make_unique<ValidationErrorWindow>(*errorLog_, window_.get());
-    QObject::connect(
-        errorWindow_.get(), &QDialog::finished, window_.get(),
-        [this] {
+    Connect(errorWindow_.get(), &QDialog::finished, window_.get(), [this] {
+        Later(window_.get(), [this] {
             if (errorWindow_ == nullptr || errorWindow_->isVisible()) return;
             errorWindow_.reset();
             errorLog_.reset();
-        },
-        Qt::QueuedConnection);
+        });
+    });
     errorWindow_->ShowBeside(*window_);
 }
 
