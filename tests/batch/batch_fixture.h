@@ -4,6 +4,8 @@
 #include <sys/wait.h>
 
 #include <cstdlib>
+#include <filesystem>
+#include <set>
 #include <string>
 
 #include "testkit/testkit.h"
@@ -26,6 +28,14 @@ struct Batch {
         const int code = std::system(command.c_str());
         return {WEXITSTATUS(code), testkit::ReadFile(dir.File("out.txt")),
                 testkit::ReadFile(dir.File("err.txt"))};
+    }
+
+    // The names of all files in the folder.
+    std::set<std::string> Files() const {
+        std::set<std::string> names;
+        for (const auto& entry : std::filesystem::directory_iterator(dir.path()))
+            names.insert(entry.path().filename());
+        return names;
     }
 };
 

@@ -1,8 +1,11 @@
-// Results that cannot be delivered, and statements that are cut short.
+// Results that cannot be delivered, and jobs that a signal ends.
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -59,6 +62,35 @@ TEST(BatchOutput, EndsAStatementThatRunsWhenInterrupted) {
     ASSERT_TRUE(WIFEXITED(code));
     EXPECT_EQ(WEXITSTATUS(code), 3);
     EXPECT_EQ(testkit::ReadFile(batch.dir.File("out.txt")), "");
+}
+
+TEST(BatchOutput, AnImportThatWaitsForItsPipeEndsWhenInterrupted) {
+    Batch batch;
+    ASSERT_EQ(batch.Run("new t.mdb --kingdom Animalia").status, 0);
+    const std::string before = testkit::ReadFile(batch.dir.File("t.mdb"));
+    ASSERT_EQ(mkfifo(batch.dir.File("pipe").c_str(), 0600), 0);
+    const pid_t child = fork();
+    if (child == 0) {
+        std::filesystem::current_path(batch.dir.path());
+        freopen("err.txt", "w", stderr);
+        execl(QUILLON_BATCH, "quillon-batch", "import", "t.mdb", "pipe", nullptr);
+        _exit(9);
+    }
+    // Both ends are open: nothing more comes, and the end of the file neither.
+    const int pipe = open(batch.dir.File("pipe").c_str(), O_RDWR);
+    ASSERT_EQ(write(pipe, kTwoTaxa, std::strlen(kTwoTaxa)), static_cast<ssize_t>(std::strlen(kTwoTaxa)));
+    while (!HearsSigint(child)) usleep(200);
+    kill(child, SIGINT);
+    int code = 0;
+    waitpid(child, &code, 0);
+    close(pipe);
+    ASSERT_TRUE(WIFEXITED(code));
+    EXPECT_EQ(WEXITSTATUS(code), 3);
+    EXPECT_EQ(testkit::ReadFile(batch.dir.File("err.txt")), "message: Import Canceled!\n");
+    EXPECT_EQ(testkit::ReadFile(batch.dir.File("t.mdb")), before);
+    std::set<std::string> files = batch.Files();
+    files.erase("import.err");
+    EXPECT_EQ(files, (std::set<std::string>{"err.txt", "out.txt", "pipe", "t.mdb"}));
 }
 
 }  // namespace
