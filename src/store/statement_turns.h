@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "store/engine.h"
+#include "store/engine/native.h"
 
 namespace quillon::store {
 
@@ -12,17 +13,12 @@ class StatementTurns {
 public:
     // From now on `goOn` is called every few milliseconds while a statement of `database` runs. When it
     // returns false the statement fails with a StoreError and leaves nothing. It must not throw or use
-    // `database`.
+    // `database`, which must be open at the end.
     StatementTurns(Database& database, std::function<bool()> goOn);
-    ~StatementTurns();
-    StatementTurns(const StatementTurns&) = delete;
-    StatementTurns& operator=(const StatementTurns&) = delete;
 
 private:
-    static int Turn(void* turns);
-
     std::shared_ptr<Connection> connection_;
-    std::function<bool()> goOn_;
+    NativeTurns turns_;
 };
 
 }  // namespace quillon::store

@@ -6,6 +6,7 @@
 #include <array>
 #include <cstdio>
 #include <new>
+#include <utility>
 
 namespace quillon::store {
 
@@ -188,6 +189,19 @@ void NativeStatement::BindNull(int place) {
 
 void NativeStatement::Reset() {
     sqlite3_reset(statement_);
+}
+
+NativeTurns::NativeTurns(sqlite3* db, std::function<bool()> goOn) : db_(db), goOn_(std::move(goOn)) {
+    constexpr int kInstructions = 10'000;  // of SQLite's machine between two turns: about a millisecond
+    sqlite3_progress_handler(db_, kInstructions, Turn, this);
+}
+
+NativeTurns::~NativeTurns() {
+    sqlite3_progress_handler(db_, 0, nullptr, nullptr);
+}
+
+int NativeTurns::Turn(void* turns) {
+    return static_cast<NativeTurns*>(turns)->goOn_() ? 0 : 1;
 }
 
 bool RollBackNative(sqlite3* db) noexcept {

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -61,6 +62,23 @@ public:
 
 private:
     sqlite3_stmt* statement_;
+};
+
+// Turns within a long statement: while it lives, `goOn` is called every few milliseconds in which a statement
+// of `db` runs. When it returns false the statement fails as interrupted. It must not throw or use `db`,
+// which must be open at the end.
+class NativeTurns {
+public:
+    NativeTurns(sqlite3* db, std::function<bool()> goOn);
+    ~NativeTurns();
+    NativeTurns(const NativeTurns&) = delete;
+    NativeTurns& operator=(const NativeTurns&) = delete;
+
+private:
+    static int Turn(void* turns);
+
+    sqlite3* db_;
+    std::function<bool()> goOn_;
 };
 
 // Rolls back what is open on `db`; false when it is still open, because memory is too short even for that.

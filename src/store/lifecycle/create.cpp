@@ -145,7 +145,7 @@ void MakeDataSetFile(Engine& engine, const std::string& path, std::string_view k
     WithStoreErrors([&] {
         TemporaryFile making(path, BeginsLikeDataSet);
         const DatabaseHandle database = engine.CreateDatabaseIn(making.Path());
-        WriteWithoutSyncs(*database);
+        WriteWithoutSyncs(*database->Shared());
         DefineTablesAndQueries(engine, *database);
         SeedDataSet(engine, *database, kingdomName, version);
         database->Close();

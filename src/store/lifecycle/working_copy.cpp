@@ -76,7 +76,7 @@ WorkingCopy::WorkingCopy(Engine& engine, Database& original, std::function<bool(
     CopyPages(*original.Shared(), file_.Path(), goOn_);
     if (!goOn_()) ThrowInterrupted();
     copy_ = engine_.OpenDatabase(file_.Path());
-    WriteWithoutSyncs(*copy_);
+    WriteWithoutSyncs(*copy_->Shared());
 }
 
 WorkingCopy::~WorkingCopy() {
@@ -93,7 +93,7 @@ void WorkingCopy::Replace(DatabaseHandle& original) {
     copy_->Close();
     std::atomic<bool> stop = false;
     const auto finish = [this, &stop] {
-        CheckWholeFile(engine_, file_.Path(), stop);
+        CheckWholeFile(engine_.State(), file_.Path(), stop);
         WithStoreErrors([this] { file_.Sync(); });
     };
     if (!RunWithTurns(finish, stop, goOn_)) ThrowInterrupted();
@@ -132,7 +132,7 @@ void WorkingCopy::RefuseForeignLogs() const {
 // The old file is gone: its journal goes, too, and closing it must not remove one of its successor.
 void WorkingCopy::LeaveNoJournal(Database& replaced) const {
     try {
-        MakeNoJournal(replaced);
+        MakeNoJournal(*replaced.Shared());
         const std::string journal = file_.Target() + "-journal";
         if (IsSpentJournal(journal)) unlink(journal.c_str());
     } catch (const std::exception&) {
