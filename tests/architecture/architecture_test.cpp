@@ -193,9 +193,8 @@ TEST(Architecture, TheLowerFoldersReachNobodyAbove) {
     EXPECT_EQ(ReachOf("store", links), store);
     for (const std::string folder :
          {"records", "selection", "dataset", "navigation", "documentation", "exchange"}) {
-        Names reached = ReachOf(folder, links);
-        EXPECT_EQ(reached.erase(folder), 1U);
-        EXPECT_EQ(reached, store) << folder;
+        for (const std::string& reached : ReachOf(folder, links))
+            EXPECT_TRUE(reached == folder || store.count(reached) != 0) << folder << " reaches " << reached;
     }
     for (const std::string folder : {"import", "export", "validation", "batch"})
         EXPECT_EQ(ReachOf(folder, links).count("editor"), 0U) << folder;

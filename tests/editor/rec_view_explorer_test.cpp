@@ -129,20 +129,25 @@ TEST_F(RecViewExplorer, ThrowingTheRecordAwayPutsTheNodeBack) {
     EXPECT_EQ(ParentOf(3), 2);
 }
 
-TEST_F(RecViewExplorer, FileCommandsPutTheNodeBackToo) {
+TEST_F(RecViewExplorer, AFileCommandPutsTheNodeBackOnceItsDialogIsAnswered) {
     Make();
+    Click(3);
+    form.mnuECut.UserClick();
+    Click(6);
+    form.mnuPaste.UserClick();
+    ASSERT_EQ(ParentOf(3), 6);
     for (ButtonControl* command : {&form.mnuFOpen, &form.mnuFNew, &form.mnuFSaveAs}) {
-        Click(3);
-        form.mnuECut.UserClick();
-        Click(6);
-        form.mnuPaste.UserClick();
-        ASSERT_EQ(ParentOf(3), 6) << command->Name();
         data.prompter.filesToOpen = data.prompter.filesToSave = {std::nullopt};
         data.prompter.yesNo = {true};
         command->UserClick();
-        EXPECT_EQ(ParentOf(3), 2) << command->Name();
-        recView.Reset();
+        EXPECT_EQ(ParentOf(3), 6) << command->Name();
+        EXPECT_TRUE(data.state.RecordDirty) << command->Name();
     }
+    data.prompter.filesToOpen.clear();
+    data.prompter.filesToSave = {data.dir.File("copy.mdb")};
+    data.prompter.yesNo = {true};
+    form.mnuFSaveAs.UserClick();
+    EXPECT_EQ(ParentOf(3), 2);
 }
 
 TEST_F(RecViewExplorer, ANodeThatCannotBePutBackIsReported) {
@@ -151,9 +156,9 @@ TEST_F(RecViewExplorer, ANodeThatCannotBePutBackIsReported) {
     data.state.RecordDirty = true;
     data.db().DeleteTable("qb_taxonomic_units");
     data.prompter.yesNo = {true};
-    data.prompter.filesToOpen = {std::nullopt};
-    form.mnuFOpen.UserClick();
-    ASSERT_EQ(data.prompter.messages.size(), 1u);
+    data.prompter.filesToSave = {data.dir.File("copy.mdb")};
+    form.mnuFSaveAs.UserClick();
+    ASSERT_FALSE(data.prompter.messages.empty());
     EXPECT_EQ(data.prompter.messages[0].substr(0, 7), "Failed ");
 }
 
