@@ -30,6 +30,7 @@ namespace fs = std::filesystem;
 constexpr std::string_view kMark = "~new-";
 constexpr std::string_view kLetters = "abcdefghijklmnopqrstuvwxyz234567";  // 32, so that each is as likely
 constexpr std::size_t kNameLetters = 10;
+constexpr std::size_t kLongestName = 200;  // of the target's that is kept, so that the whole stays a valid name
 constexpr int kMostAttempts = 100;
 constexpr std::size_t kFirstBytes = 100;
 constexpr mode_t kAccessBits = 07777;
@@ -58,10 +59,15 @@ bool LeadsTo(const std::string& path, int descriptor) {
     return lstat(path.c_str(), &named) == 0 && fstat(descriptor, &open) == 0 && IsSame(named, open);
 }
 
-bool IsOurName(std::string_view name, std::string_view target) {
-    const std::size_t length = target.size() + kMark.size() + kNameLetters;
-    if (name.size() != length || name.substr(0, target.size()) != target) return false;
-    name.remove_prefix(target.size());
+// What the names of all temporary files for `target` begin with, without the folder.
+std::string NameBeginning(const std::string& target) {
+    return fs::path(target).filename().string().substr(0, kLongestName);
+}
+
+bool IsOurName(std::string_view name, std::string_view beginning) {
+    const std::size_t length = beginning.size() + kMark.size() + kNameLetters;
+    if (name.size() != length || name.substr(0, beginning.size()) != beginning) return false;
+    name.remove_prefix(beginning.size());
     return name.substr(0, kMark.size()) == kMark &&
            name.substr(kMark.size()).find_first_not_of(kLetters) == std::string_view::npos;
 }
@@ -128,7 +134,8 @@ TemporaryFile::~TemporaryFile() {
 
 // False when the name is taken, or was taken away by a run that saw no lock yet.
 bool TemporaryFile::Make() {
-    path_ = target_ + std::string(kMark) + RandomLetters(target_);
+    path_ = (fs::path(target_).parent_path() / NameBeginning(target_)).string() + std::string(kMark) +
+            RandomLetters(target_);
     const mode_t mode = FileExists(target_) ? 0600 : 0666;
     descriptor_ = open(path_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode);
     if (descriptor_ < 0) {
@@ -191,13 +198,13 @@ void TemporaryFile::Publish() {
 // The folder is read with readdir: the standard iterator ends the program when memory is short.
 void RemoveLeftovers(const std::string& target, Recognise leftover) noexcept {
     try {
-        const std::string name = fs::path(target).filename().string();
+        const std::string beginning = NameBeginning(target);
         const std::unique_ptr<DIR, int (*)(DIR*)> folder(opendir(FolderOf(target).c_str()), closedir);
         if (folder == nullptr) return;
         while (const dirent* const entry = readdir(folder.get())) {
             const std::string_view found = static_cast<const char*>(entry->d_name);
-            if (!IsOurName(found, name)) continue;
-            const std::string path = target + std::string(found.substr(name.size()));
+            if (!IsOurName(found, beginning)) continue;
+            const std::string path = (fs::path(target).parent_path() / found).string();
             if (Making().count(path) == 0) RemoveUnheld(path, leftover);
         }
     } catch (const std::exception&) {

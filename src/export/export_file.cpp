@@ -2,12 +2,15 @@
 
 #include <fmt/format.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
+#include <cerrno>
 #include <utility>
 
 #include "core/codepage.h"
 #include "core/file_identity.h"
 #include "store/error.h"
+#include "store/lifecycle/file_copy.h"
 
 namespace quillon::exporting {
 
@@ -35,9 +38,23 @@ bool BeginsLikeAnExport(std::string_view text) {
     return text.empty() || text.starts_with("[TU]") || text.starts_with("name");
 }
 
-UnfinishedFile MakeFile(const std::string& target) {
-    UnfinishedFile::RemoveAbandoned(target, BeginsLikeAnExport);
-    return UnfinishedFile(target);
+std::unique_ptr<TemporaryFile> MakeFile(const std::string& target) {
+    return store::WithStoreErrors(
+        [&] { return std::make_unique<TemporaryFile>(target, BeginsLikeAnExport); });
+}
+
+// Passes on what was written so far in blocks, until `take` returns false; false then.
+bool ReadBack(const TemporaryFile& file, std::size_t blockSize,
+              const std::function<bool(std::string_view)>& take) {
+    std::string block(blockSize, '\0');
+    off_t at = 0;
+    for (ssize_t got = 1; got != 0; at += got) {
+        do got = pread(file.Descriptor(), block.data(), block.size(), at);
+        while (got < 0 && errno == EINTR);
+        if (got < 0) store::ThrowFileError({"Reading", file.Target(), errno});
+        if (!take(std::string_view(block).substr(0, static_cast<std::size_t>(got)))) return false;
+    }
+    return true;
 }
 
 }  // namespace
@@ -49,18 +66,18 @@ ExportFile::ExportFile(const std::string& target, Encoding encoding)
 }
 
 void ExportFile::Flush() {
-    file_.Write(buffer_);
+    store::WithStoreErrors([this] { file_->Write(buffer_); });
     buffer_.clear();
 }
 
 bool ExportFile::SwitchToUtf8(const std::function<bool()>& goOn) {
     Flush();
-    UnfinishedFile converted(target_);
+    std::unique_ptr<TemporaryFile> converted = MakeFile(target_);
     std::string text(kByteOrderMark);
-    const bool done = file_.ReadBack(kBufferSize, [&](std::string_view block) {
+    const bool done = ReadBack(*file_, kBufferSize, [&](std::string_view block) {
         if (goOn && !goOn()) return false;
         AppendCp1252AsUtf8(block, text);
-        converted.Write(text);
+        store::WithStoreErrors([&] { converted->Write(text); });
         text.clear();
         return true;
     });
@@ -72,7 +89,7 @@ bool ExportFile::SwitchToUtf8(const std::function<bool()>& goOn) {
 
 void ExportFile::Publish() {
     Flush();
-    file_.TakePlace();
+    store::WithStoreErrors([this] { file_->Publish(); });
 }
 
 }  // namespace quillon::exporting

@@ -9,10 +9,11 @@
 
 #include <cstddef>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 
-#include "export/unfinished_file.h"
+#include "core/temporary_file.h"
 
 namespace quillon::exporting {
 
@@ -41,7 +42,7 @@ private:
     void Flush();
 
     std::string target_;  // with symbolic links followed
-    UnfinishedFile file_;
+    std::unique_ptr<TemporaryFile> file_;
     Encoding encoding_;
     std::string buffer_;
 };

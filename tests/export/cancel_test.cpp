@@ -34,7 +34,7 @@ protected:
             EXPECT_EQ(Export(meter, order, ExportOutcome::Canceled), all) << "canceled at turn " << turn;
             EXPECT_LE(meter.turns, turn + kMostTurnsAfterwards);
         }
-        for (const std::string& name : OtherFiles()) EXPECT_FALSE(name.ends_with(".part")) << name;
+        for (const std::string& name : OtherFiles()) EXPECT_EQ(name.find("~new-"), std::string::npos) << name;
     }
 };
 

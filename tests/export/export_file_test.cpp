@@ -82,7 +82,7 @@ TEST_F(ExportFiles, PermissionsOfTheTargetStay) {
 
 TEST_F(ExportFiles, WhatAKilledRunLeftIsRemoved) {
     for (const char* left : {"", "[TU]1|half", "\xEF\xBB\xBF[TU]1|", "name|author\r\n"}) {
-        testkit::WriteFile(path + "~0123456789ab.part", left);
+        testkit::WriteFile(path + "~new-abcdefghij", left);
         ExportFile file(path, Encoding::Cp1252);
         file.Publish();
         EXPECT_EQ(FilesInFolder(), 1) << left;
@@ -90,12 +90,12 @@ TEST_F(ExportFiles, WhatAKilledRunLeftIsRemoved) {
 }
 
 TEST_F(ExportFiles, WhatIsNotLeftByAKilledRunStays) {
-    testkit::WriteFile(path + "~0123456789ab.part", "a letter");
-    testkit::WriteFile(path + "~0123456789AB.part", "[TU]1|");
+    testkit::WriteFile(path + "~new-abcdefghij", "a letter");
+    testkit::WriteFile(path + "~new-ABCDEFGHIJ", "[TU]1|");
     testkit::WriteFile(path + "~new", "[TU]1|");
-    testkit::WriteFile(dir.File("other~0123456789ab.part"), "[TU]1|");
-    fs::create_symlink(path + "~new", path + "~0123456789ac.part");
-    fs::create_directory(path + "~0123456789ad.part");
+    testkit::WriteFile(dir.File("other~new-abcdefghij"), "[TU]1|");
+    fs::create_symlink(path + "~new", path + "~new-abcdefghik");
+    fs::create_directory(path + "~new-abcdefghil");
     ExportFile(path, Encoding::Cp1252).Publish();
     EXPECT_EQ(FilesInFolder(), 7);
 }

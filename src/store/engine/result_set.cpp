@@ -118,7 +118,8 @@ Value ResultSet::Live(std::size_t column) const {
     const auto& columns = compiled_->translation.columns;
     const bool boolean =
         column < columns.size() && columns[column].type == dialect::ValueType::Boolean && value.IsInteger();
-    return boolean ? Value(value.AsLong() != 0) : value;
+    if (boolean) return value.AsLong() != 0;
+    return value;
 }
 
 Value ResultSet::At(std::size_t row, std::size_t column) {

@@ -58,8 +58,11 @@ void ThrowFileError(const FileError& error) {
         case ENOSPC:
         case EDQUOT:
             throw StoreError(ErrorNumber::DiskFull, "Not enough space on disk.");
+        case EFBIG:
+            throw StoreError(ErrorNumber::DiskFull, error.what());
         case EROFS:
         case EACCES:
+        case EPERM:
             throw StoreError(ErrorNumber::ReadOnly, error.what());
         default:
             throw StoreError(ErrorNumber::DiskError, error.what());
