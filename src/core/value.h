@@ -16,6 +16,13 @@ namespace quillon {
 class Value {
 public:
     Value() = default;
+    // Not the variant's own: the library's destroys what it never made when the copy of a text runs out of
+    // memory.
+    Value(const Value& other) { content_ = other.content_; }
+    Value(Value&&) = default;
+    Value& operator=(const Value&) = default;
+    Value& operator=(Value&&) = default;
+    ~Value() = default;
     Value(std::nullptr_t) {}                                         // NOLINT(google-explicit-constructor)
     Value(bool value) : content_(value) {}                           // NOLINT(google-explicit-constructor)
     Value(int value) : content_(std::int64_t{value}) {}              // NOLINT(google-explicit-constructor)
