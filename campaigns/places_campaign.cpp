@@ -129,7 +129,7 @@ std::string ImportOnFullDisk(const Fixture& fixture) {
     Session session;
     session.Open(path);
     if (const std::string check = FullCheck(session.DataSet()); check != "ok") return check;
-    return fixture.lines.Stored(session.DataSet()) ? "" : "the rows are not those of the first lines";
+    return fixture.lines.Stored(session.DataSet()) == std::size_t{0} ? "" : "a part of the file was imported";
 }
 
 // What a job on `path` has begun and left.
@@ -208,7 +208,7 @@ std::string UnwritableFolder(const Fixture& fixture) {
         session.Make(folder + "/new.mdb");
         return "made a file";
     } catch (const store::StoreError& error) {
-        if (error.Description().find("cannot be made") == std::string::npos)
+        if (error.Description().find("Permission denied") == std::string::npos)
             return "said: " + error.Description();
     }
     const std::string said = Import(path, fixture.folder.File("names.qln"), fixture.folder.File("logs"));

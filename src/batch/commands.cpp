@@ -7,7 +7,7 @@
 #include <cstring>
 #include <stdexcept>
 
-#include "batch/session.h"
+#include "batch/batch_job.h"
 #include "core/text.h"
 #include "core/vocabulary.h"
 #include "store/lifecycle/file_copy.h"
@@ -65,26 +65,26 @@ void FlushOutput() {
 }
 
 // Ends the statement that runs when the job is canceled.
-store::StatementTurns CancelableStatements(Session& session) {
-    return {*session.state.gDatabase, [&session] {
-                session.pump.Yield();
-                return !session.state.gBatchCancel;
+store::StatementTurns CancelableStatements(BatchJob& batchJob) {
+    return {*batchJob.state.gDatabase, [&batchJob] {
+                batchJob.pump.Yield();
+                return !batchJob.state.gBatchCancel;
             }};
 }
 
-ExitStatus Ended(Session& session) {
+ExitStatus Ended(BatchJob& batchJob) {
     FlushOutput();
-    session.lifecycle.CloseDataSet();
-    return session.state.gBatchCancel ? ExitStatus::Failed : ExitStatus::Done;
+    batchJob.lifecycle.CloseDataSet();
+    return batchJob.state.gBatchCancel ? ExitStatus::Failed : ExitStatus::Done;
 }
 
-void PrintRows(Session& session, store::Recordset& rows) {
+void PrintRows(BatchJob& batchJob, store::Recordset& rows) {
     std::string line;
     for (std::size_t i = 0; i < rows.ColumnCount(); ++i)
         line += (i == 0 ? "" : "\t") + Escape(rows.ColumnName(i));
     Print(line + "\n");
-    for (; !rows.Eof() && !session.state.gBatchCancel; rows.MoveNext()) {
-        session.pump.Yield();
+    for (; !rows.Eof() && !batchJob.state.gBatchCancel; rows.MoveNext()) {
+        batchJob.pump.Yield();
         line.clear();
         for (std::size_t i = 0; i < rows.ColumnCount(); ++i) line += (i == 0 ? "" : "\t") + Field(rows.At(i));
         Print(line + "\n");
@@ -108,28 +108,28 @@ bool SetParameters(store::QueryDef& def, const std::vector<std::string>& paramet
     return true;
 }
 
-bool PrintQuery(Session& session, const std::string& query, const std::vector<std::string>& parameters) {
-    const store::StatementTurns turns = CancelableStatements(session);
-    store::QueryDef def = IsSelect(query) ? session.state.gDatabase->CreateQueryDef("", query)
-                                          : session.state.gDatabase->OpenQueryDef(query);
+bool PrintQuery(BatchJob& batchJob, const std::string& query, const std::vector<std::string>& parameters) {
+    const store::StatementTurns turns = CancelableStatements(batchJob);
+    store::QueryDef def = IsSelect(query) ? batchJob.state.gDatabase->CreateQueryDef("", query)
+                                          : batchJob.state.gDatabase->OpenQueryDef(query);
     if (!SetParameters(def, parameters)) return false;
     if (def.IsSelect()) {
-        PrintRows(session, *def.OpenRecordset(store::RecordsetType::ForwardOnly));
+        PrintRows(batchJob, *def.OpenRecordset(store::RecordsetType::ForwardOnly));
     } else {
         Print(fmt::format("rows\n{}\n", def.Execute()));
     }
     return true;
 }
 
-void PrintInfo(Session& session, const std::string& path) {
-    const store::StatementTurns turns = CancelableStatements(session);
+void PrintInfo(BatchJob& batchJob, const std::string& path) {
+    const store::StatementTurns turns = CancelableStatements(batchJob);
     std::string version;
-    store::IsDataSetVersionValid(*session.state.gDatabase, version);
+    store::IsDataSetVersionValid(*batchJob.state.gDatabase, version);
     Print(fmt::format("version\t{}\nkingdom\t{}\npath\t{}\n", Escape(version),
-                      Escape(session.state.gKingdomName), Escape(path)));
-    for (const store::TableDef& table : session.state.gDatabase->TableDefs()) {
+                      Escape(batchJob.state.gKingdomName), Escape(path)));
+    for (const store::TableDef& table : batchJob.state.gDatabase->TableDefs()) {
         const auto count =
-            session.state.gDatabase->CreateSnapshot(fmt::format("SELECT count(*) FROM [{}]", table.name));
+            batchJob.state.gDatabase->CreateSnapshot(fmt::format("SELECT count(*) FROM [{}]", table.name));
         Print(fmt::format("{}\t{}\n", table.name, count->At(0).AsLong()));
     }
 }
@@ -137,9 +137,9 @@ void PrintInfo(Session& session, const std::string& path) {
 }  // namespace
 
 ExitStatus RunNew(const CommonOptions& options, const std::string& path) {
-    Session session(options);
-    session.state.gKingdomName = options.kingdom;
-    session.state.gPrefRank = "Kingdom";
+    BatchJob batchJob(options);
+    batchJob.state.gKingdomName = options.kingdom;
+    batchJob.state.gPrefRank = "Kingdom";
     if (KingdomIndex(options.kingdom) == 0) {
         Fail(fmt::format("'{}' is no kingdom: it is one of {}.", options.kingdom,
                          fmt::join(kKingdomNames, ", ")));
@@ -149,30 +149,30 @@ ExitStatus RunNew(const CommonOptions& options, const std::string& path) {
         Fail(fmt::format("The file {} exists; --yes overwrites it.", path));
         return ExitStatus::Failed;
     }
-    store::RefuseFileInUse(session.engine, path);
-    session.pump.Yield();
-    if (session.state.gBatchCancel) {
+    store::RefuseFileInUse(batchJob.engine, path);
+    batchJob.pump.Yield();
+    if (batchJob.state.gBatchCancel) {
         Fail("Canceled.");
         return ExitStatus::Failed;
     }
-    session.lifecycle.MakeDataSet(path);
-    session.lifecycle.CloseDataSet();
+    batchJob.lifecycle.MakeDataSet(path);
+    batchJob.lifecycle.CloseDataSet();
     return ExitStatus::Done;
 }
 
 ExitStatus RunQuery(const CommonOptions& options, const std::string& path, const std::string& query,
                     const std::vector<std::string>& parameters) {
-    Session session(options);
-    session.Open(path);
-    const bool done = PrintQuery(session, query, parameters);
-    return done ? Ended(session) : ExitStatus::Usage;
+    BatchJob batchJob(options);
+    batchJob.Open(path);
+    const bool done = PrintQuery(batchJob, query, parameters);
+    return done ? Ended(batchJob) : ExitStatus::Usage;
 }
 
 ExitStatus RunInfo(const CommonOptions& options, const std::string& path) {
-    Session session(options);
-    session.Open(path);
-    PrintInfo(session, path);
-    return Ended(session);
+    BatchJob batchJob(options);
+    batchJob.Open(path);
+    PrintInfo(batchJob, path);
+    return Ended(batchJob);
 }
 
 }  // namespace quillon::batch

@@ -3,7 +3,7 @@
 
 #include <cstdio>
 
-#include "batch/session.h"
+#include "batch/batch_job.h"
 #include "core/system_clock.h"
 #include "export/export_job.h"
 #include "selection/record_filter.h"
@@ -56,12 +56,12 @@ void RefuseForeign(exporting::ExportJob& job, Prompter& prompter) {
     };
 }
 
-ExitStatus ReportEnd(Session& session, const ExportOrder& order, const ExportResult& result) {
-    if (result.outcome == ExportOutcome::Canceled) session.prompter.Message(exporting::kExportCanceled, "");
+ExitStatus ReportEnd(BatchJob& batchJob, const ExportOrder& order, const ExportResult& result) {
+    if (result.outcome == ExportOutcome::Canceled) batchJob.prompter.Message(exporting::kExportCanceled, "");
     if (result.outcome != ExportOutcome::Done) return ExitStatus::Failed;
-    session.prompter.Message(exporting::EndText(session.state, order.kind), "");
-    exporting::ReportBreaking(session.prompter, result.breaking);
-    const bool findings = order.kind == ExportKind::Online && session.state.gErrorsOccurred;
+    batchJob.prompter.Message(exporting::EndText(batchJob.state, order.kind), "");
+    exporting::ReportBreaking(batchJob.prompter, result.breaking);
+    const bool findings = order.kind == ExportKind::Online && batchJob.state.gErrorsOccurred;
     return findings ? ExitStatus::Findings : ExitStatus::Done;
 }
 
@@ -69,28 +69,28 @@ ExitStatus ReportEnd(Session& session, const ExportOrder& order, const ExportRes
 
 ExitStatus RunExport(const CommonOptions& options, const std::string& path,
                      const ExportArguments& arguments) {
-    Session session(options);
-    session.Open(path);
-    ApplicationState& state = session.state;
+    BatchJob batchJob(options);
+    batchJob.Open(path);
+    ApplicationState& state = batchJob.state;
     state.gExportPath = path;
     state.gExportFile = arguments.file;
     if (const auto wrong =
             selection::ReadFilterText(*state.gDatabase, arguments.filter, state.gRecordFilter)) {
-        session.prompter.Message(*wrong, "");
+        batchJob.prompter.Message(*wrong, "");
         return ExitStatus::Failed;
     }
-    if (Exists(arguments.file) && !session.prompter.AskYesNo(arguments.file + " Exists.  Overwrite?", ""))
+    if (Exists(arguments.file) && !batchJob.prompter.AskYesNo(arguments.file + " Exists.  Overwrite?", ""))
         return ExitStatus::Failed;
     ProgressLine progress(options.progress);
     const SystemClock clock;
-    exporting::ExportJob job(state, session.engine,
-                             {session.prompter, session.pump, clock,
+    exporting::ExportJob job(state, batchJob.engine,
+                             {batchJob.prompter, batchJob.pump, clock,
                               [&](double percent) { progress.Show(percent); }, options.workDir});
-    RefuseForeign(job, session.prompter);
+    RefuseForeign(job, batchJob.prompter);
     const ExportOrder order = OrderOf(arguments);
     const ExportResult result = job.Run(order);
-    session.lifecycle.CloseDataSet();
-    return ReportEnd(session, order, result);
+    batchJob.lifecycle.CloseDataSet();
+    return ReportEnd(batchJob, order, result);
 }
 
 }  // namespace quillon::batch

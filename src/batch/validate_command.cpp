@@ -1,4 +1,4 @@
-#include "batch/session.h"
+#include "batch/batch_job.h"
 #include "core/system_clock.h"
 #include "selection/record_filter.h"
 #include "validation/validate_data_set.h"
@@ -7,25 +7,25 @@ namespace quillon::batch {
 
 ExitStatus RunValidate(const CommonOptions& options, const std::string& path, const std::string& filter,
                        bool writeTable) {
-    Session session(options);
-    session.Open(path);
+    BatchJob batchJob(options);
+    batchJob.Open(path);
     if (const auto message =
-            selection::ReadFilterText(*session.state.gDatabase, filter, session.state.gRecordFilter)) {
-        session.prompter.Message(*message, "");
+            selection::ReadFilterText(*batchJob.state.gDatabase, filter, batchJob.state.gRecordFilter)) {
+        batchJob.prompter.Message(*message, "");
         return ExitStatus::Failed;
     }
     ProgressLine progress(options.progress);
     const SystemClock clock;
     const auto reportEnd = [&] {
-        session.prompter.Message(session.state.gErrorsOccurred ? "Validation Complete -- Errors Occurred."
-                                                               : validation::kCompleteNoErrors,
-                                 "");
+        batchJob.prompter.Message(batchJob.state.gErrorsOccurred ? "Validation Complete -- Errors Occurred."
+                                                                 : validation::kCompleteNoErrors,
+                                  "");
     };
     const validation::ValidationResult result = validation::ValidateDataSet(
-        session.state, session.engine,
-        {session.prompter, session.pump, clock, [&](double percent) { progress.Show(percent); },
+        batchJob.state, batchJob.engine,
+        {batchJob.prompter, batchJob.pump, clock, [&](double percent) { progress.Show(percent); },
          options.workDir, reportEnd, nullptr, writeTable});
-    session.lifecycle.CloseDataSet();
+    batchJob.lifecycle.CloseDataSet();
     if (!result.ran || result.canceled || result.logFailed) return ExitStatus::Failed;
     return result.errors ? ExitStatus::Findings : ExitStatus::Done;
 }

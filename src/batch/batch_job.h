@@ -8,8 +8,8 @@
 
 namespace quillon::batch {
 
-struct Session {
-    explicit Session(const CommonOptions& options);
+struct BatchJob {
+    explicit BatchJob(const CommonOptions& options);
 
     // Opens `path` and takes its kingdom. A failure is a StoreError with a text for the user.
     void Open(const std::string& path);

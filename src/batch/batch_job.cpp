@@ -1,16 +1,16 @@
-#include "batch/session.h"
+#include "batch/batch_job.h"
 
 #include "core/text.h"
 
 namespace quillon::batch {
 
-Session::Session(const CommonOptions& commonOptions)
+BatchJob::BatchJob(const CommonOptions& commonOptions)
     : prompter(commonOptions.answer),
       pump(state),
       lifecycle(state, engine, prompter),
       options(commonOptions) {}
 
-void Session::Open(const std::string& path) {
+void BatchJob::Open(const std::string& path) {
     state.gDataSetPath = lifecycle.OpenDataSetFile(path);
     if (!state.gDataSetOpen)
         throw store::StoreError(store::ErrorNumber::CannotOpenFile, lifecycle.LastOpenError());
