@@ -185,7 +185,13 @@ DatabaseHandle Engine::Adopt(std::shared_ptr<Connection> connection, const std::
 
 DatabaseHandle Engine::CreateDatabase(const std::string& path, std::string_view) {
     MakeEmptyFile(path);
-    return CreateDatabaseIn(path);
+    try {
+        return CreateDatabaseIn(path);
+    } catch (...) {
+        unlink((path + "-journal").c_str());
+        unlink(path.c_str());
+        throw;
+    }
 }
 
 DatabaseHandle Engine::CreateDatabaseIn(const std::string& emptyFile) {
@@ -195,7 +201,6 @@ DatabaseHandle Engine::CreateDatabaseIn(const std::string& emptyFile) {
         return Adopt(connection, emptyFile);
     } catch (...) {
         if (connection != nullptr) connection->Abandon();
-        unlink(emptyFile.c_str());
         throw;
     }
 }

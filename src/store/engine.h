@@ -91,7 +91,8 @@ public:
 
     // A new empty file; 3204 when the file exists.
     DatabaseHandle CreateDatabase(const std::string& path, std::string_view locale = kLocale);
-    // The same in a file that the caller has made, which must be empty. After a failure it is gone.
+    // The same in a file that the caller has made, which must be empty. After a failure the caller removes
+    // it, and its journal.
     DatabaseHandle CreateDatabaseIn(const std::string& emptyFile);
     // A file on a read-only medium or without write permission opens for reading. 3024 no such file, 3343 not
     // a DataSet, 3045 open in another process, 3049 damaged.

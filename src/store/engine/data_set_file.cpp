@@ -93,7 +93,6 @@ DataSetFile::DataSetFile(const std::string& path, bool create, AutoNumbers& auto
         Open(path, create, autoNumbers);
     } catch (...) {
         Abandon();
-        if (create) unlink(path.c_str());
         throw;
     }
 }
