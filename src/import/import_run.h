@@ -90,8 +90,8 @@ public:
         }
     }
 
-    // Deletes the Kingdom records of the DataSet, for that of `taxon` to take their place.
-    void ReplaceKingdomRows(RowPlace taxon);
+    // Deletes the Kingdom records of the DataSet, for that of `kingdom` to take their place.
+    void ReplaceKingdomRows(RowPlace kingdom);
     // Notes whether the row just stored for the taxon is such a record.
     void NoteKingdomRow(RowPlace taxon, std::string_view usage, std::int32_t rank_id);
 

@@ -242,7 +242,7 @@ private:
     bool Open(TreeNode* node);
     void BeginLoad(TreeNode* node, const Item& item);
     bool IsLoading(const TreeNode* node) const;
-    void LoadPart(std::size_t load);
+    void LoadPart(std::size_t place);
     void InsertWaiting(Load& load);
     std::string_view PlaceholderOf(const cBioList& item, const TreeNode* parent) const;
     void FinishLoads();

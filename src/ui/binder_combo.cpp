@@ -209,6 +209,8 @@ bool ComboBinding::eventFilter(QObject* watched, QEvent* event) {
             return false;
         }
         case QEvent::FocusOut:
+            // A combo that is being destroyed loses the focus when it is a combo no more.
+            if (qobject_cast<QComboBox*>(parent()) == nullptr) return false;
             if (combo_.lineEdit() != nullptr && LeavesField(*event)) combo_.lineEdit()->setCursorPosition(0);
             if (pickList_ != nullptr && IsLeft(combo_)) Guard([this] { pickList_->UserLeave(); });
             return false;

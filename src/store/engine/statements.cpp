@@ -13,7 +13,7 @@ namespace quillon::store {
 namespace {
 
 constexpr std::size_t kMostCompiled = 512;
-constexpr std::size_t kLongestKept = 16 * 1024;  // bytes of a text
+constexpr std::size_t kLongestKept = std::size_t{16} * 1024;  // bytes of a text
 constexpr std::size_t kMostIdle = 4;
 
 // A Text parameter takes the text of any value, a Long the number of any numeric one.
