@@ -30,7 +30,8 @@ namespace fs = std::filesystem;
 constexpr std::string_view kMark = "~new-";
 constexpr std::string_view kLetters = "abcdefghijklmnopqrstuvwxyz234567";  // 32, so that each is as likely
 constexpr std::size_t kNameLetters = 10;
-constexpr std::size_t kLongestName = 200;  // of the target's that is kept, so that the whole stays a valid name
+constexpr std::size_t kLongestName =
+    200;  // of the target's that is kept, so that the whole stays a valid name
 constexpr int kMostAttempts = 100;
 constexpr std::size_t kFirstBytes = 100;
 constexpr mode_t kAccessBits = 07777;
