@@ -1,6 +1,7 @@
 #include "ui/rec_view_window.h"
 
 #include <QtWidgets>
+#include <algorithm>
 
 #include "ui/access_keys.h"
 #include "ui/binder.h"
@@ -55,6 +56,17 @@ RecViewWindow::RecViewWindow(editor::RecView& recView, navigation::cExplorer& ex
     ShowPage();
     const int character = fontMetrics().averageCharWidth();
     resize((QSize(kExplorerWidth + kEditorWidth, kHeight) * character).boundedTo(Room()));
+    // Where the screen is too narrow for both, the explorer gives way from the start.
+    const int most = character * kExplorerWidth;
+    const int beside = std::clamp(width() - EditorWidth(), explorerView_->minimumWidth(), most);
+    splitter_->setSizes({beside, width() - beside});
+}
+
+// What the editor needs to show the page without scrolling it sideways.
+int RecViewWindow::EditorWidth() const {
+    const QMargins margins = editor_->layout()->contentsMargins();
+    return scroller_->widget()->minimumSizeHint().width() + 2 * scroller_->frameWidth() +
+           scroller_->verticalScrollBar()->sizeHint().width() + margins.left() + margins.right();
 }
 
 // What the screen has for the window, without its frame and title bar.
@@ -106,7 +118,6 @@ void RecViewWindow::BuildBody() {
     splitter_->addWidget(explorerView_);
     splitter_->addWidget(editor_);
     splitter_->setStretchFactor(1, 1);
-    splitter_->setSizes({character * kExplorerWidth, character * kEditorWidth});
     setCentralWidget(splitter_);
 }
 
@@ -114,10 +125,7 @@ void RecViewWindow::BuildBody() {
 void RecViewWindow::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
     const QList<int> widths = splitter_->sizes();
-    const QMargins margins = editor_->layout()->contentsMargins();
-    const int page = scroller_->widget()->minimumSizeHint().width() + 2 * scroller_->frameWidth() +
-                     scroller_->verticalScrollBar()->sizeHint().width() + margins.left() + margins.right();
-    const int missing = std::min(page - widths[1], widths[0] - explorerView_->minimumWidth());
+    const int missing = std::min(EditorWidth() - widths[1], widths[0] - explorerView_->minimumWidth());
     if (missing > 0) splitter_->setSizes({widths[0] - missing, widths[1] + missing});
 }
 

@@ -30,6 +30,7 @@ protected:
 
 private:
     QSize Room() const;
+    int EditorWidth() const;
     void BuildStatusBar();
     void BuildBody();
     void BuildExplorer();

@@ -16,7 +16,11 @@ TEST_F(MainWindow, IsNeverLargerThanTheScreen) {
 TEST_F(MainWindow, TheExplorerGivesWayWhenTheWindowGetsNarrower) {
     MakeWhales();
     auto* area = window.findChild<QScrollArea*>();
-    auto* explorer = window.findChild<QSplitter*>("Splitter")->widget(0);
+    auto* splitter = window.findChild<QSplitter*>("Splitter");
+    auto* explorer = splitter->widget(0);
+    window.resize(1600, window.height());
+    splitter->setSizes({700, 900});
+    QCoreApplication::processEvents();
     const int before = explorer->width();
     const int page = area->widget()->minimumSizeHint().width();
     const int besidePage = window.width() - explorer->width() - area->viewport()->width();
@@ -24,6 +28,16 @@ TEST_F(MainWindow, TheExplorerGivesWayWhenTheWindowGetsNarrower) {
     QCoreApplication::processEvents();
     EXPECT_EQ(area->horizontalScrollBar()->maximum(), 0) << "the page is whole";
     EXPECT_LT(explorer->width(), before);
+}
+
+TEST_F(MainWindow, TheExplorerGivesWayOnANarrowScreenFromTheStart) {
+    DesktopProgram other(&prompter, dir.path());
+    other.Window().show();
+    QCoreApplication::processEvents();
+    ASSERT_LT(other.Window().width(), 900) << "the screen of these tests is narrow";
+    auto* area = other.Window().findChild<QScrollArea*>();
+    auto* explorer = other.Window().findChild<QSplitter*>("Splitter")->widget(0);
+    EXPECT_TRUE(area->horizontalScrollBar()->maximum() == 0 || explorer->width() == explorer->minimumWidth());
 }
 
 // Runs the import instead of its form.
