@@ -1,8 +1,8 @@
 // The contract of the eight tabs of a record. RecView walks a list of them and knows none by name; each tab
 // is one class that holds its controls and their rules.
 //
-// A tab shows what is stored and takes what the user enters; it writes nothing. Collecting what it shows into
-// CurrentTaxon and saving it join this contract with the procedures that save a record.
+// A tab shows what is stored and takes what the user enters. Its commands change only what it shows; SaveNew
+// and SaveChanges write that to the DataSet, and only the save of the record calls them.
 #pragma once
 
 #include <initializer_list>
@@ -13,6 +13,10 @@
 #include "core/outside.h"
 
 namespace quillon {
+
+namespace records {
+struct RecordStore;
+}
 
 // Whether the form holds a record that is stored, a new one, or none because no DataSet is open.
 enum class EditorMode { None, Input, Edit };
@@ -52,6 +56,15 @@ public:
     // The preferences have changed while a record is on the form: what is offered follows, what is entered
     // stays.
     virtual void ApplyPreferences(EditorMode) {}
+
+    // Stores what the tab shows for CurrentTaxon, a new taxon whose row is stored already. A failed row is
+    // reported; false when the tabs that follow must not be stored then.
+    virtual bool SaveNew(const records::RecordStore&) { return true; }
+    // Stores the changes of CurrentTaxon, which was loaded: what the user has removed, then the rows.
+    // Failures are reported.
+    virtual void SaveChanges(const records::RecordStore&) {}
+    // A save has ended: lists that are read from the DataSet are out of date. Reads nothing by itself.
+    virtual void RefreshLists() {}
 
     // The page of the tab is on show: it has come up, or another record has been loaded into it.
     virtual void Shown() {}

@@ -142,6 +142,14 @@ public:
     // again. The order stays.
     void RefreshNames();
     void RefreshName(int id);
+    // A record has been saved as a new one: it comes into the list, and into the tree as the selected node
+    // where its parent, or an accepted name of it, is there.
+    void RecordAdded(int qb_id);
+    // A stored record has been saved: its name, its place in the tree and its row in the list follow.
+    void RecordChanged(int qb_id);
+    // The record has been deleted: its nodes and its row go, and the node that was above it is the selected
+    // one. Raises no event.
+    void RecordRemoved(int qb_id);
     // Puts the nodes of a taxon back under the parents that the store has for it.
     void ReflectRealNodePosition(int qb_id);
 

@@ -2,8 +2,13 @@
 //
 // The editor and the import make one for a command or a run and pass it on. It holds no record: the taxon
 // that a procedure works on is an argument of that procedure.
+//
+// A failure takes back the statement that failed, is reported, and the caller goes on. Only in a command
+// (store/command.h) does an error of the file as a whole, such as a full disk, pass through: nothing of the
+// command can be stored any more.
 #pragma once
 
+#include <new>
 #include <string_view>
 
 #include "core/attempt.h"
@@ -23,7 +28,17 @@ struct RecordStore {
     // Runs `action`; a failure in it is reported under `title`, and false returned.
     template <typename Action>
     bool Reporting(const Action& action, std::string_view title = {}) const {
-        return Attempt(prompter, action, title);
+        try {
+            action();
+            return true;
+        } catch (const store::StoreError& failure) {
+            if (failure.EndsJob() && engine.IsCommandRunning()) throw;
+            ReportFailure(prompter, failure, title);
+        } catch (const std::bad_alloc& failure) {
+            if (engine.IsCommandRunning()) throw;
+            ReportFailure(prompter, failure, title);
+        }
+        return false;
     }
 };
 

@@ -32,7 +32,8 @@ bool WriteTombstone(const RecordStore& records, std::string_view table_name, con
         tombstones->Update();
         unit.Commit();
         return true;
-    } catch (const store::StoreError&) {
+    } catch (const store::StoreError& failure) {
+        if (failure.EndsJob() && records.engine.IsCommandRunning()) throw;
         return false;
     }
 }

@@ -258,6 +258,33 @@ void Engine::EndJob() {
     OnEach([](Connection& connection) { connection.EndJob(); });
 }
 
+void Engine::BeginCommand() {
+    if (state_->inTransaction || state_->inJob)
+        throw StoreError(ErrorNumber::NoTransaction, "A transaction is open already.");
+    state_->inJob = state_->inCommand = true;
+}
+
+void Engine::CommitCommand() {
+    if (!state_->inCommand) throw StoreError(ErrorNumber::NoTransaction, "There is no command to commit.");
+    state_->inJob = state_->inCommand = false;
+    OnEach([](Connection& connection) { connection.CommitCommand(); });
+}
+
+void Engine::AbandonCommand() noexcept {
+    if (!state_->inCommand) return;
+    Abandon();
+    state_->inJob = state_->inCommand = false;
+    try {
+        OnEach([](Connection& connection) { connection.AbandonCommand(); });
+    } catch (...) {
+        // No action above throws, and gathering the connections fails only without memory.
+    }
+}
+
+bool Engine::IsCommandRunning() const {
+    return state_->inCommand;
+}
+
 Job::~Job() {
     if (ended_) return;
     try {

@@ -115,6 +115,15 @@ public:
     void BeginJob();
     void EndJob();
 
+    // Between BeginCommand and CommitCommand everything is one durable commit, whose units are savepoints: a
+    // crash leaves none of it. 3034 inside a transaction, a job or another command. When the disk refuses a
+    // write, all later writes fail with that error, and so does CommitCommand, which then stores nothing.
+    void BeginCommand();
+    void CommitCommand();
+    // Rolls all of it back. Never throws, and does nothing without a command.
+    void AbandonCommand() noexcept;
+    bool IsCommandRunning() const;
+
     // For the files of store/.
     const EngineState& State() const { return *state_; }
 

@@ -275,4 +275,16 @@ void Connection::EndJob() {
     if (failure) std::rethrow_exception(failure);
 }
 
+void Connection::CommitCommand() {
+    if (Native() == nullptr || IsReadOnly()) return;
+    try {
+        units_.RequireUnit();
+        if (units_.IsDurableOpen()) autoNumbers_.SaveAll();
+        units_.CommitDurable();
+    } catch (...) {
+        units_.AbandonJob();
+        throw;
+    }
+}
+
 }  // namespace quillon::store

@@ -84,6 +84,9 @@ public:
     void CommitUnit() { units_.Commit(); }
     void RollbackUnit() { units_.Rollback(); }
     void EndJob();
+    // Everything of the command, or nothing of it when this throws.
+    void CommitCommand();
+    void AbandonCommand() noexcept { units_.AbandonJob(); }
 
     AutoNumbers& Numbers() { return autoNumbers_; }
     OpenResults& Results() { return results_; }

@@ -20,6 +20,7 @@ struct OtherDataSet {
 struct EngineState {
     bool inTransaction = false;
     bool inJob = false;
+    bool inCommand = false;  // a job with one commit, at its end
     // Opens a DataSet with all checks, reads its tables, and closes it unless it was open before.
     std::function<OtherDataSet(const std::string& path)> look;
 };

@@ -114,7 +114,7 @@ void Units::BeforeWrite() {
 }
 
 void Units::AfterWrite() {
-    if (unitOpen_ || !engine_.inJob) return;
+    if (unitOpen_ || !engine_.inJob || engine_.inCommand) return;
     if (std::chrono::steady_clock::now() - lastCommit_ >= kJobCommitInterval) CommitDurable();
 }
 
@@ -175,6 +175,16 @@ void Units::UndoDurable() noexcept {
     durableOpen_ = false;
     unitOpen_ = false;
     Forget();
+}
+
+void Units::AbandonJob() noexcept {
+    jobFailed_ = false;
+    unitLost_ = false;
+    failure_ = nullptr;
+    NoticeRollback();
+    if (!durableOpen_) return;
+    results_.FreezeOrBreak();
+    UndoDurable();
 }
 
 void Units::EndJob() {

@@ -51,10 +51,14 @@ public:
     // Nothing when no unit has written here. A commit that fails leaves nothing of the unit.
     void Commit();
     void Rollback();
+    // Throws the error that has ended the unit or the job.
+    void RequireUnit();
     // Everything that is pending, but for a unit that is open.
     void CommitDurable();
     // The last durable commit of a job, and its error when an earlier one failed.
     void EndJob();
+    // Rolls back everything that is pending.
+    void AbandonJob() noexcept;
 
     bool IsDurableOpen() const { return durableOpen_; }
     bool IsUnitOpen() const { return unitOpen_; }
@@ -68,7 +72,6 @@ private:
     void WriteFailed() noexcept;
     void BeginDurable();
     void RequireSameFile() const;
-    void RequireUnit();
     bool NoticeRollback() noexcept;
     void UndoUnit() noexcept;
     void UndoDurable() noexcept;
