@@ -1,5 +1,5 @@
-// What a documentation row is about: the name of the taxon, one of its vernaculars, or both; and the controls
-// in which that is chosen.
+// What a documentation row refers to: the name of the taxon, one of its vernaculars, or both; and the
+// controls that choose it.
 //
 // DocumentationTab composes it. Nothing here reads the store.
 #pragma once
@@ -12,23 +12,23 @@
 
 namespace quillon::documentation {
 
-// A grid row is one of the first two; "Both" stands for a row of each.
+// A grid row is one of the first two; "Both" makes one row of each.
 inline constexpr std::string_view kScientificName = "Scientific Name";
 inline constexpr std::string_view kVernacular = "Vernacular";
 inline constexpr std::string_view kBoth = "Both";
 
-// The list of the three words with the picker of a vernacular and its label, which are shown only while the
-// association is not "Scientific Name".
+// The list of the three words, and the picker of a vernacular with its label. These two are visible only
+// while the association is not "Scientific Name".
 struct Association {
     Association(Form& form, const DocumentDescription& description);
 
-    // "Scientific Name" empties the picker; with another word it takes `vernacular`.
+    // "Scientific Name" empties the picker; any other word sets it to `vernacular`.
     void Show(std::string_view word, std::string_view vernacular);
     // Replaces the vernaculars to pick from; the picker keeps its text.
     void Offer(const std::vector<ChoiceControl::Choice>& vernaculars);
 
     ComboControl words;
-    // Its text may be a vernacular that is not in its list: what the row on show was loaded with.
+    // Its text may be missing from its list: it is the vernacular that the row was loaded with.
     ComboControl picker;
     LabelControl label;
 

@@ -45,7 +45,7 @@ constexpr std::array<Field, 5> kSourceFields = {{
 }};
 // clang-format on
 
-// "Assocociated With" is the heading of that column as files and pictures of it have it.
+// "Assocociated With" is the established spelling of that heading.
 constexpr DocumentDescription kPublicationTab = {
     .kind = kPublications,
     .grid = "grdPublications",

@@ -1,5 +1,5 @@
-// What distinguishes the three tabs for documents: the fields of a kind, with the column of the grid, the
-// column in the store and the control that each has, and the names of the other controls.
+// The differences between the three document tabs: the fields of each kind, with the grid column, store
+// column and control of each field, and the names of the other controls.
 //
 // DocumentationTab is one class over these descriptions. A new field of a kind is one line here.
 #pragma once
@@ -24,30 +24,30 @@ struct DocumentField {
     Kind kind = Kind::Text;
     std::size_t maxLength = 0;  // in characters; 0 for any
     std::string_view caption = {};
-    // It belongs to the link between a name and the document, not to the document; a link to a vernacular has
-    // no such field.
+    // The field belongs to the link between a name and the document, not to the document. Links to
+    // vernaculars do not have it.
     bool ofLink = false;
-    // It takes input also in a row that belongs to a change track.
+    // Stays enabled in a row that belongs to a change track.
     bool alwaysEnabled = false;
 };
 
 struct DocumentDescription {
     const DocumentKind& kind;
     std::string_view grid;
-    // The columns 1 and up of the grid, between the name and the ids. The first field is the one whose values
-    // are all offered when a DataSet is opened.
+    // Grid columns 1 and up, between the name and the ids. The list of the first field offers all values of
+    // the DataSet.
     std::span<const DocumentField> fields;
     int nameWidth, associationWidth;
-    // Headings of the columns behind the fields.
+    // Headings of the columns after the fields.
     std::string_view qbIdHeading, idHeading, changeTrackHeading, associationHeading, origQbIdHeading;
     std::string_view associationList, vernacularPicker, vernacularLabel, vernacularCaption;
     std::string_view qbIdControl, idControl;
     std::string_view addCommand, modifyCommand, deleteCommand;
     // The stored query that finds the document for a value picked in the first field, and its parameter. When
-    // it is empty, the fields of `narrowing` narrow one another instead, and a pick in one of them takes the
-    // only document that has the value.
+    // it is empty, the fields of `narrowing` narrow one another instead, and a pick in one of them loads the
+    // document if only one has that value.
     std::string_view pickQuery, pickParameter;
-    // Indexes of fields, in the order in which their terms stand in a statement.
+    // Indexes of fields, in the order of their terms in a statement.
     std::span<const std::size_t> narrowing;
 
     // The columns of the grid: the name, the fields, then those of DocumentColumns.
@@ -58,7 +58,7 @@ const DocumentDescription& Publications();
 const DocumentDescription& Experts();
 const DocumentDescription& OtherSources();
 
-// The places of the columns that every kind has. A field with index i stands in column i + 1.
+// Indexes of the columns that every kind has. The field with index i is in column i + 1.
 struct DocumentColumns {
     explicit DocumentColumns(const DocumentDescription& description)
         : qbId(description.fields.size() + 1),

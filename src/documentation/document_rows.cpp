@@ -10,7 +10,7 @@ using store::Recordset;
 
 namespace {
 
-// The language of a vernacular that was deleted.
+// Shown as the language of a deleted vernacular.
 constexpr std::string_view kUnspecified = "unspecified";
 
 constexpr std::string_view kLanguage =

@@ -11,9 +11,8 @@
 namespace quillon::documentation {
 
 // The rows of the taxon `qb_id`: those of its name first, then those of its vernaculars, each by the key of
-// the document. `scientificName` goes into the first column of the former, "vernacular [language]" into that
-// of the latter, where the language of a deleted vernacular is "unspecified". The errors of the store
-// pass through.
+// the document. The first column shows `scientificName` or "vernacular [language]"; the language of a deleted
+// vernacular is "unspecified". Throws StoreError.
 std::vector<GridControl::Row> ReadDocumentRows(store::Database& database,
                                                const DocumentDescription& description, int qb_id,
                                                std::string_view scientificName);

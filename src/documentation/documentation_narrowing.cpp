@@ -10,7 +10,7 @@ namespace quillon::documentation {
 
 namespace {
 
-// `select`, with those of the terms that are not empty.
+// `select` with the terms that are not empty as its condition.
 std::string Narrowed(const std::string& select, const std::vector<std::string>& terms) {
     std::string where;
     for (const std::string& term : terms) {
@@ -20,10 +20,9 @@ std::string Narrowed(const std::string& select, const std::vector<std::string>& 
     return select + where + ";";
 }
 
-// A date field holds no list of its own, and what is typed there stands in a statement as it is.
+// The date field has no pick list, and its text goes into a statement without quotes.
 constexpr std::string_view kDateColumn = "actual_pub_date";
 
-// A second row is enough to know that there are several.
 bool HasOneRow(store::Recordset& rows) {
     if (rows.Eof()) return false;
     rows.MoveNext();
@@ -52,7 +51,7 @@ std::string DocumentationTab::TermOf(std::size_t field) const {
     return fmt::format(" {} = '{}' ", column, column == kDateColumn ? text : QuoteSQL(text));
 }
 
-// The text of the field goes: it stays empty until the user picks.
+// Empties the field; it stays empty until the user picks a value.
 void DocumentationTab::Narrow(std::size_t field) {
     std::vector<std::string> terms;
     for (const std::size_t other : description_.narrowing)
@@ -66,7 +65,7 @@ void DocumentationTab::Narrow(std::size_t field) {
     list.Refilled();
 }
 
-// Only the field that was picked counts.
+// Matches on the picked field alone.
 void DocumentationTab::TakeOnlyMatch(std::size_t field) {
     const std::string select = fmt::format("Select * From {}", description_.kind.table);
     const auto rows = State().gDatabase->CreateSnapshot(Narrowed(select, {TermOf(field)}));

@@ -164,7 +164,7 @@ void DocumentationTab::SetFieldsEnabled(bool enabled) {
         fields_[i]->SetEnabled(enabled || description_.fields[i].alwaysEnabled);
 }
 
-// The fields from `firstField` on that belong to the document, and its ids.
+// Fills the fields of the document from `firstField` on, and its ids.
 void DocumentationTab::TakeDocument(const store::Recordset& row, std::size_t firstField) {
     const ChangeScope scope(form_);
     for (std::size_t i = firstField; i < fields_.size(); ++i)

@@ -1,9 +1,9 @@
-// A tab for the documents of a taxon: publications, experts or other sources. One class over three
-// descriptions, with the controls of the description in place of members.
+// A tab for the documents of a taxon: publications, experts or other sources. One class serves all three; a
+// description names the fields and controls of each.
 //
-// RecView composes three of them, the form for change tracks the same three. Nothing here writes to the
-// DataSet: the commands, which are not there yet and therefore disabled, will change the grid, and the save
-// will store what stands there.
+// RecView has three of these tabs, and the form for change tracks will have the same three. Nothing here
+// writes to the DataSet: the commands, disabled until they exist, will change the grid, and a save will store
+// its rows.
 #pragma once
 
 #include <memory>
@@ -20,8 +20,8 @@
 
 namespace quillon::documentation {
 
-// What the form that composes the tab is for. A row that belongs to a change track is read-only in a record,
-// and is what the other form edits.
+// The purpose of the form that contains the tab. A row that belongs to a change track is read-only in a
+// record and editable in the change tracking form.
 enum class FormPurpose { Record, ChangeTracking };
 
 class DocumentationTab : public RecordTab {
@@ -32,36 +32,37 @@ public:
 
     void Connect(ApplicationState& state, Prompter& prompter) override;
     const Control& FirstControl() const override { return grid; }
-    // The values of the first field are read when its list is first looked at; the other lists are empty.
+    // The values of the first field are read when its list is first used; the other lists are empty.
     void OfferLists() override;
     void Clear() override;
     void ClearForNextEntry() override;
-    // The rows of the taxon `qb_id`, under the name of CurrentTaxon; the first of them is selected and shown.
+    // Loads the rows of the taxon `qb_id`, with the name in CurrentTaxon, and selects and shows the first.
     void Load(int qb_id) override;
 
-    // All values of the first field into its list, which keeps its text; after a save and an import.
+    // Reloads all values of the first field into its list and keeps its text. For use after a save or an
+    // import.
     void ReloadList();
-    // The vernaculars to choose from, as "name [language]" with their ids. The picker keeps its text.
+    // Sets the vernaculars to choose from, as "name [language]" with their ids. The picker keeps its text.
     void OfferVernaculars(const std::vector<ChoiceControl::Choice>& vernaculars) {
         association.Offer(vernaculars);
     }
-    // Refills the list of a field that narrows with the others by what goes with them; the field is empty
-    // afterwards. A failure is reported, and leaves the list empty.
+    // Empties a narrowing field and fills its list with the values that match the other fields. A failure is
+    // reported and leaves the list empty.
     void Narrow(std::size_t field);
-    // What a pick in the field brings: the other fields of the document that has the value. With no such
-    // document, or where fields narrow one another with several, nothing changes. A failure is reported.
+    // Fills the other fields from the document that has the picked value. Nothing changes when there is no
+    // such document or, for fields that narrow one another, more than one. A failure is reported.
     void FillFromPick(std::size_t field);
-    // Copies a row of the grid to the fields; the empty row, and a number that is no row, clears them.
+    // Copies a grid row to the fields. The empty row and an invalid number clear them.
     void ShowRow(int row);
-    // Empties the fields; what is enabled stays so.
+    // Empties the fields but does not disable them.
     void ClearFields();
 
     const DocumentDescription& Description() const { return description_; }
-    // The control of a field, by the index that the field has in the description.
+    // The control of a field, by its index in the description.
     Control& Field(std::size_t field) { return *fields_.at(field); }
     // nullptr when the field is of another kind.
     PickListControl* PickList(std::size_t field) { return dynamic_cast<PickListControl*>(&Field(field)); }
-    // What the field shows, as its cell in the grid has it: "Yes" or "No" for a check box.
+    // The value of a field as its grid cell shows it: "Yes" or "No" for a check box.
     std::string TextOf(std::size_t field) const;
     void SetText(std::size_t field, std::string_view text);
 
@@ -81,7 +82,7 @@ private:
     void ConnectNarrowing();
     void TakeFirst();
     void TakeOnlyMatch(std::size_t field);
-    // The condition on a field for what it shows; "" while it is empty.
+    // The condition for the value of a field; "" while the field is empty.
     std::string TermOf(std::size_t field) const;
 
     Form& form_;

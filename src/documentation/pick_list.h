@@ -1,8 +1,8 @@
-// A combo box whose list depends on what the user does with it: the rule that fills it runs when the list is
-// dropped down, and a click on one of its items is distinguished from a text that was typed.
+// A combo box that fills its list when the user drops it down, and that distinguishes a click on an item from
+// typed text.
 //
 // The documentation tabs use it for the fields that narrow one another, the taxon tab for the parent's rank.
-// A window calls the three User... procedures, beside those of every combo.
+// A window calls the three User... procedures in addition to those of every combo.
 #pragma once
 
 #include "core/controls.h"
@@ -11,7 +11,7 @@ namespace quillon::documentation {
 
 class PickListControl : public ComboControl {
 public:
-    // `maxLength` in characters bounds what the user types; 0 for none.
+    // `maxLength` limits typed text, in characters; 0 for no limit.
     PickListControl(Form& form, std::string name, std::size_t maxLength = 0)
         : ComboControl(form, std::move(name), Style::Editable, maxLength) {}
     PickListControl(Form& form, std::string name, Style style) : ComboControl(form, std::move(name), style) {}
@@ -23,12 +23,12 @@ public:
 
     // False when the control is disabled or locked; then nothing runs.
     bool UserDropDown();
-    // False too when there is no such item.
+    // Also false when there is no such item.
     bool UserPick(int index);
     // The field has lost the focus.
     void UserLeave() { left_ = true; }
 
-    // Whether the field has lost the focus since Refilled(); so it is before the first one, too.
+    // True when the field has lost the focus since Refilled(), and before the first call of Refilled().
     bool LeftSinceRefill() const { return left_; }
     void Refilled() { left_ = false; }
     void NeverFilled() { left_ = true; }

@@ -1,8 +1,7 @@
 // The comments tab of a record: the comments of a taxon in a grid, and the fields in which one is entered. A
 // comment may belong to many taxa.
 //
-// Nothing here writes to the DataSet: the commands of the tab change the grid, and the save stores what
-// stands there.
+// Nothing here writes to the DataSet: the commands of the tab change the grid, and a save stores its rows.
 #pragma once
 
 #include <string>
@@ -13,8 +12,8 @@
 
 namespace quillon::editor {
 
-// The columns of grdComments. "QB ID" is "0" for a comment that is not stored yet, "ID" for one that the
-// authority does not know.
+// The columns of grdComments. "QB ID" is "0" for a comment that is not stored yet; "ID" is "0" for one
+// without an id from the authority.
 struct CommentColumn {
     static constexpr std::size_t kCommentator = 0, kComment = 1;
     static constexpr std::size_t kQbId = 2, kId = 3, kTimeStamp = 4;
@@ -37,11 +36,11 @@ public:
     TextControl txtComment;
     ButtonControl cmdCAdd, cmdCDelete;
 
-    // The qb_comment_id of the comments that were taken from the grid since the record was loaded.
+    // The qb_comment_id of the comments removed from the grid since the record was loaded.
     std::vector<int> removed;
 
 private:
-    // The chosen row in the fields; the empty row, and none, empties them.
+    // Shows the selected row in the fields; empties them for the empty row or none.
     void ShowRow();
 };
 

@@ -20,7 +20,7 @@ constexpr std::string_view kDisabled =
 constexpr std::array<std::string_view, 6> kRanksWithDistribution = {"SPECIES",    "SUBSPECIES", "VARIETY",
                                                                     "SUBVARIETY", "FORM",       "SUBFORM"};
 
-// A caption that holds the words as they stand, none of them an access key.
+// Escapes the words so that a caption shows them unchanged and without an access key.
 std::string PlainCaption(std::string_view words) {
     return ReplaceText(words, "&", "&&");
 }
@@ -31,7 +31,7 @@ std::vector<std::string> OriginChoices() {
     return choices;
 }
 
-// The place of a value in a list of words, which is that of its control; -1 for none.
+// The index of a value in a list of words, which is also the index of its control; -1 for none.
 template <typename Words>
 int PlaceOf(const Words& words, std::string_view value) {
     const auto found = std::find(words.begin(), words.end(), value);
@@ -130,7 +130,7 @@ void DistributionTab::Load(int qb_id) {
     });
 }
 
-// What has changed so far is shown first, so that the message comes over the page that it speaks of.
+// Pending changes are shown first, so that the message appears over the page that it describes.
 void DistributionTab::Shown() {
     if (RVPanel4.Enabled() || said_) return;
     said_ = true;

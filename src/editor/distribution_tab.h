@@ -22,20 +22,20 @@ public:
 
     void Connect(ApplicationState& state, Prompter& prompter) override;
     const Control& FirstControl() const override { return RVPanel4; }
-    void OfferLists() override {}  // the words are those of the program
+    void OfferLists() override {}  // the lists never change
     // All boxes off, all lists to "None Selected", no old values.
     void Clear() override;
     void ClearForNextEntry() override;
-    // The rows of the taxon, whatever its rank. Regions and origins that the form does not know are reported
-    // one by one; jurisdictions that it does not know are passed over.
+    // Loads the rows of the taxon, whatever its rank. Unknown regions and origins are reported one by one;
+    // unknown jurisdictions are skipped.
     void Load(int qb_id) override;
-    // Says that the panel is disabled when it is, once a visit.
+    // Shows a message when the panel is disabled, once per visit.
     void Shown() override;
     void Hidden() override { said_ = false; }
 
-    // Enables the panel exactly for the ranks that have a distribution.
+    // Enables the panel for ranks that have a distribution and disables it for all others.
     void SetRank(std::string_view rank);
-    // What the tab shows, in its order and in the words of the store. A save will call it.
+    // Copies what the tab shows to `taxon`, in the order of the tab and as it is stored. A save will call it.
     void Collect(CurrentTaxon& taxon);
 
     // In the order of GeographicValues() and of JurisdictionValues().
@@ -65,7 +65,7 @@ public:
     LabelControl lblMexico;
     ComboControl cboMexico;
 
-    // As they were in the DataSet at the load, words that the form does not know included.
+    // The values in the DataSet when the record was loaded, including those that the form does not know.
     std::vector<std::string> oldDivisions;
     std::vector<std::pair<std::string, std::string>> oldJurisdictions;  // value and stored origin
 
@@ -76,7 +76,7 @@ private:
     void ShowOrigin(ComboControl& list, const std::string& value, const std::string& origin);
 
     Form& form_;
-    bool said_ = false;  // in this visit
+    bool said_ = false;  // during this visit
 };
 
 // True for the ranks from Species down, in any case: those whose taxa have a distribution.

@@ -1,4 +1,4 @@
-// What the editor remembers between commands beside CurrentTaxon and RecordDirty. RecView keeps one; the
+// What the editor remembers between commands besides CurrentTaxon and RecordDirty. RecView keeps one; the
 // procedures that save a record will read and write it.
 #pragma once
 

@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::string_view kNoDataSet = "No DataSet is Open";
 
-// A command that nobody has set does nothing: the form also runs without the window that brings them.
+// An unset command does nothing, so that the form also works on its own.
 void Run(const std::function<void()>& command) {
     if (command) command();
 }
@@ -96,7 +96,7 @@ void RecView::OpenCommand() {
     const bool wasDirty = state_.RecordDirty;
     bool opened = false;
     RunAndRefresh([&] { return opened = lifecycle_.OpenDataSet(); });
-    // The changes were given up for a file that was refused: the form shows again what is stored.
+    // The user gave up the changes, but the file was refused: show the stored record again.
     if (!opened && wasDirty && !state_.RecordDirty) Reset();
 }
 
@@ -146,7 +146,7 @@ std::int64_t RecView::CountTaxa() const {
     return count->Eof() ? 0 : count->At(0).AsLong();
 }
 
-// A control takes the focus: its tab comes up first.
+// Brings up the tab of a control that is about to take the focus.
 void RecView::ShowTab(int tab) {
     Guarded([this, tab] {
         controls_.TabStrip1.SetSelectedIndex(tab);

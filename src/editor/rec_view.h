@@ -1,9 +1,9 @@
-// The rules of the main window: its modes and commands, the choice of the record, the status panels, the
+// The logic of the main window: its modes and commands, the selection of the record, the status panels, the
 // title.
 //
-// It works on the controls of RecViewForm and knows no widget, and it knows the tabs of the record only by
-// their contract (core/record_tab.h). The window attaches the explorer, connects to the signals
-// and sets the commands of other subsystems below. It never writes to the DataSet itself.
+// It works on the controls of RecViewForm, never on widgets, and uses the tabs of the record only through
+// RecordTab (core/record_tab.h). The window attaches the explorer, connects to the signals and sets the
+// commands of other subsystems below. It never writes to the DataSet itself.
 #pragma once
 
 #include <functional>
@@ -36,33 +36,33 @@ public:
     RecViewForm& Controls() { return controls_; }
     EditorState& Editing() { return editing_; }
 
-    // Takes the events of the explorer, which must outlive the form. Once.
+    // Connects to the events of the explorer, which must outlive the form. Call it once.
     void Attach(navigation::cExplorer& explorer);
 
-    // The DataSet of the state is another one than before, or none: shows it from its root, with a form ready
-    // for a new record.
+    // Shows the DataSet of the state from its root, with a form ready for a new record. Call it when another
+    // DataSet, or none, is open.
     void ShowDataSet();
-    // The start-of-DataSet setup: an empty form ready for a new record, with the lists and words of the open
-    // DataSet; after each open and after a delete.
+    // Sets up the form for the open DataSet: an empty form ready for a new record, with its lists and words.
+    // Runs after each open and after a delete.
     void StartOfDataSet();
-    // The reset of the form. While gPreferencesChanging is set, which it clears, only the ranks, the words of
-    // the kingdom and the reasons are applied again; else the record in CurrentTaxon is shown, or the DataSet
-    // is started when there is none.
+    // Resets the form. When gPreferencesChanging is set, clears it and only applies the ranks, the words of
+    // the kingdom and the reasons again. Otherwise shows the record in CurrentTaxon, or calls StartOfDataSet
+    // when there is none.
     void Reset();
-    // Loads the taxon of CurrentTaxon.qb_id into every tab. Failures are reported; what could not be read is
-    // empty then, and the rest is shown.
+    // Loads the taxon of CurrentTaxon.qb_id into every tab. Failures are reported; what could not be read
+    // stays empty.
     void ShowRecord();
-    // The entry for every change of the current record. With `checkDirty` the user may stay on an unsaved
-    // one. The status bar says so when the name is not in the tree.
+    // Every change of the current record goes through here. With `checkDirty` the user may stay on an unsaved
+    // record. The status bar shows when the name is not in the tree.
     void SelectExplorerItem(int qb_id, bool checkDirty, bool isInTree = true);
-    // The question about an unsaved record; true means stay where you are.
+    // Asks about an unsaved record. True when the user stays on it.
     bool AskLoseChanges();
-    // Clears what the preferences do not keep for the next new record: after "addnew", and after a new record
-    // has been saved.
+    // Clears the fields that the preferences do not keep for the next new record. Runs after "addnew" and
+    // after a new record has been saved.
     void ClearForNextEntry();
     // The name of the taxon under edit, from its record or from the form.
     std::string CurrentTaxonName() const { return controls_.CurrentTaxonName(); }
-    // All rows of qb_taxonomic_units of the open DataSet.
+    // The number of rows in qb_taxonomic_units.
     std::int64_t CountTaxa() const;
 
     // The explorer and its list are out of date and must be rebuilt.
@@ -73,8 +73,8 @@ public:
     // has finished its own selection.
     Signal<int> ReselectLater;
 
-    // Commands of other subsystems, each set once when the program is put together.
-    // The whole command of mnuFImport, with its form.
+    // Commands of other subsystems, each set once at the start of the program. The whole command of
+    // mnuFImport, with its form.
     std::function<ImportEnd()> ImportCommand;
     // Closes the open DataSet before the form closes; false when the form must stay.
     std::function<bool()> StopCommand;
@@ -90,14 +90,15 @@ private:
     void ConnectCommands();
     void ConnectTabs();
     void MakeToolbarManagers();
-    // Runs a command that may close and reopen the DataSet; it gives true when another one is open.
+    // Runs a command that may close and reopen the DataSet; the command returns true when another one is
+    // open.
     void RunAndRefresh(const std::function<bool()>& command);
     void OpenCommand();
     void NewCommand();
     void SaveAsCommand();
     void RunImport();
     void RunPreferences();
-    // A command that needs a DataSet; without one it says so.
+    // Runs a command that needs a DataSet, or reports that none is open.
     void WithDataSet(const std::function<void()>& command);
     // Runs a command as one action of the form, and reports its failure.
     void Guarded(const std::function<void()>& command);
@@ -122,7 +123,7 @@ private:
     void Undo();
     void EnableMoves();
     void ReflectRealNodePosition();
-    // The form's answer to a move in the tree; true cancels it.
+    // Handles a move in the tree; true cancels it.
     bool Dropped(const navigation::TreeNode* moved, navigation::TreeNode* newParent,
                  const navigation::TreeNode* oldParent);
     bool BringUp(const navigation::cBioList& moved);
@@ -138,11 +139,11 @@ private:
     RecViewForm controls_;
     EditorState editing_;
     RecordMove move_;
-    // Those of the toolbar buttons; a menu item and its button are one control here.
+    // They enable the toolbar buttons; a menu item and its button are one control.
     navigation::TBBtnMgr navigation_, edit_;
     navigation::cExplorer* explorer_ = nullptr;
     int tabOnShow_ = 1;   // its place in TabStrip1
-    bool asked_ = false;  // a command of the form has asked about the unsaved record already
+    bool asked_ = false;  // a command has already asked about the unsaved record
 };
 
 }  // namespace quillon::editor

@@ -1,5 +1,5 @@
-// What the main form and the explorer exchange: the commands that the explorer runs, and the form's answer to
-// a move in the tree.
+// What connects the main form and the explorer: the commands that move in it, and what the form does on a
+// move in the tree.
 #include "core/attempt.h"
 #include "editor/rec_view.h"
 
@@ -10,7 +10,7 @@ using navigation::TreeNode;
 
 namespace {
 
-// A flag that is up as long as the object lives.
+// Sets a flag for as long as the object lives.
 class Raised {
 public:
     explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
@@ -92,8 +92,8 @@ bool RecView::Dropped(const TreeNode* moved, TreeNode* newParent, const TreeNode
     return false;
 }
 
-// The form must show the name that moves: what was cut need not be the current record any more. False when
-// the user stays on the unsaved one.
+// Shows the name that moves, because the name that was cut may no longer be the current record. False when
+// the user stays on an unsaved record.
 bool RecView::BringUp(const cBioList& moved) {
     if (moved.qb_id() == state_.currentTaxon.qb_id) return true;
     if (AskLoseChanges()) return false;

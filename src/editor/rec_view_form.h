@@ -1,7 +1,7 @@
 // The controls of the main window RecView: menu commands, toolbar buttons, status panels, and the eight tabs
-// of the record. The rules are in rec_view.h and in the tabs; the window is in src/ui.
+// of the record. The logic is in rec_view.h and in the tabs; the window is in src/ui.
 //
-// A menu item and the toolbar button of the same command are one control. Commands that are not there yet are
+// A menu item and the toolbar button of the same command are one control. Commands that do not exist yet are
 // disabled.
 #pragma once
 
@@ -87,12 +87,12 @@ struct RecViewForm {
 
     // In the order of TabStrip1.
     std::array<RecordTab*, 8> Tabs();
-    // The place in TabStrip1 of the tab that the control is on, from 1; 0 for one that is on no tab.
+    // The position in TabStrip1 of the control's tab, from 1; 0 for a control outside the tabs.
     int TabOf(const Control& control);
     // The name of the taxon under edit, from its record or from the fields.
     std::string CurrentTaxonName() const { return taxon.CurrentTaxonName(); }
 
-    // The button of a toolbar key, which is its menu item too; nullptr when no command has the key.
+    // The command of a toolbar key; nullptr when there is none.
     ButtonControl* OfKey(std::string_view key);
 };
 

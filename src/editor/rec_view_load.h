@@ -9,11 +9,11 @@
 
 namespace quillon::editor {
 
-// Empties CurrentTaxon but for its qb_id, which is the taxon to show.
+// Empties CurrentTaxon except for its qb_id, the taxon to show.
 void ClearRecordVariables(ApplicationState& state);
 
-// Fills state.currentTaxon from the open DataSet. Reports a taxon that does not exist, and leaves
-// CurrentTaxon as it was; reports a missing author, and loads the rest. The errors of the store pass through.
+// Fills state.currentTaxon from the open DataSet. A taxon that does not exist is reported and leaves
+// CurrentTaxon unchanged; a missing author is reported and the rest is loaded. Throws StoreError.
 void LoadTaxon(ApplicationState& state, Prompter& prompter, int qb_id);
 
 // "<unknown>" when the DataSet has no rank of that id.

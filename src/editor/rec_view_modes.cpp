@@ -31,7 +31,7 @@ void RecView::SetEnabled(std::string_view key, bool enabled) {
     edit_.ChangeStateTo(key, enabled);
 }
 
-// "delete" waits for its command.
+// "delete" stays disabled until its command exists.
 void RecView::MakeToolbarManagers() {
     const auto buttons = [this](std::span<const std::string_view> keys) {
         navigation::TBBtnMgr::Toolbar toolbar;

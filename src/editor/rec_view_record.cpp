@@ -1,4 +1,4 @@
-// Showing a record: the way from a qb_id to a form in which every tab shows that taxon.
+// Shows a record: from a qb_id to a form in which every tab shows that taxon.
 #include <fmt/format.h>
 
 #include "core/attempt.h"
@@ -21,8 +21,8 @@ void RecView::SelectExplorerItem(int qb_id, bool checkDirty, bool isInTree) {
     TabOnShow().Shown();
 }
 
-// Everything is emptied first, and each step reports its own failure: nothing of the record before stays
-// under the name of this one.
+// Everything is emptied first and each step reports its own failure, so that no value of the previous record
+// is left on the form.
 void RecView::ShowRecord() {
     const ChangeScope scope(controls_.form);
     ClearRecordVariables(state_);

@@ -1,6 +1,5 @@
-// The move of a name to another place in the tree, as the form enters it: another parent for an accepted
-// name, another accepted name for one that is not. RecView calls it when the explorer reports a drop or a
-// paste.
+// Enters the move of a name to another place in the tree: a new parent for an accepted name, a new accepted
+// name for any other. RecView calls it when the explorer reports a drop or a paste.
 //
 // A move writes nothing: the new place is on the form until the record is saved.
 #pragma once
@@ -17,11 +16,11 @@ public:
     RecordMove(ApplicationState& state, Prompter& prompter, RecViewForm& form)
         : state_(state), prompter_(prompter), form_(form) {}
 
-    // False when the user does not want a name under one of the same or a lower rank. The errors of the store
-    // pass through.
+    // Asks before a name moves under one of the same or a lower rank. False when the user declines. Throws
+    // StoreError.
     bool ConfirmRanks(const navigation::cBioList& moved, const navigation::cBioList& target);
-    // Enters the place below `newParent` for `moved`, which is the record on the form; nullptr is the root of
-    // the tree. The errors of the store pass through.
+    // Enters `newParent` as the new place of `moved`, the record on the form; nullptr is the root of the
+    // tree. Throws StoreError.
     void Enter(const navigation::cBioList& moved, const navigation::cBioList* newParent,
                const navigation::cBioList* oldParent);
 

@@ -32,8 +32,7 @@ std::unique_ptr<Recordset> RowsOf(store::Database& database, std::string_view qu
     return database.OpenQueryDef(query).Set(parameter, qb_id).CreateSnapshot();
 }
 
-// The stored query ends in a rank of 0, the first "0" that it has: what stands before it goes on with the
-// rank asked for.
+// The stored query ends in rank 0, its first "0"; `rank_id` replaces it.
 std::string AcceptedNamesSql(store::Database& database, int rank_id) {
     const std::string sql = database.OpenQueryDef("Get Accepted Names").SQL();
     return fmt::format("{}{} ORDER BY t.unit_name1, t.unit_name2;", sql.substr(0, sql.find('0')), rank_id);
@@ -219,7 +218,7 @@ void SynonymTab::ReplaceAccepted(int oldQbId, const Accepted* name) {
     if (place >= 0) {
         rows[static_cast<std::size_t>(place)] = RowOf(*name);
     } else {
-        const auto end = static_cast<std::ptrdiff_t>(rows.size()) - 1;  // where the empty row stands
+        const auto end = static_cast<std::ptrdiff_t>(rows.size()) - 1;  // the place of the empty row
         rows.insert(rows.begin() + (oldRow >= 0 ? oldRow : end), RowOf(*name));
     }
     grdSynonyms.SetRows(std::move(rows));

@@ -1,6 +1,6 @@
 // The synonyms tab of a record. For a name that is not accepted it lists the accepted names that the record
-// points to, and offers candidates to add; for an accepted one it lists the synonyms that point to it, for
-// reading.
+// points to, and offers candidates to add; for an accepted one it lists the synonyms that point to it,
+// read-only.
 //
 // Nothing here writes to the DataSet.
 #pragma once
@@ -23,8 +23,8 @@ struct SynonymColumn {
     static constexpr std::size_t kQbId = 2, kTsn = 3, kType = 4;
 };
 
-// The accepted names of one rank as they were read last: reading them again at every record would be felt on
-// a million names.
+// The accepted names of the rank that was read last. They are kept because reading them for every record is
+// slow on a million names.
 struct AcceptedNames {
     std::weak_ptr<store::Database> database;
     std::int64_t writeCount = 0;
@@ -38,25 +38,26 @@ public:
 
     void Connect(ApplicationState& state, Prompter& prompter) override;
     const Control& FirstControl() const override { return lblSynonyms; }
-    // The ranks of the DataSet with the preferred one chosen, its accepted names, and the words of the
-    // kingdom.
+    // Offers the ranks of the DataSet, selects the preferred one, offers its accepted names, and applies the
+    // words of the kingdom.
     void OfferLists() override;
-    // Empties the grid and the fields, and disables the fields: they are for accepted names only.
+    // Empties the grid and the fields, and disables the fields: they only enter accepted names.
     void Clear() override;
     void ClearForNextEntry() override;
-    // By the usage of CurrentTaxon: the synonyms of an accepted name, the accepted names of another one,
-    // which enables the fields, and nothing for any other usage.
+    // Loads the synonyms of an accepted name, or the accepted names of one that is not, which enables the
+    // fields. Loads nothing for a usage that is neither.
     void Load(int qb_id) override;
-    // A new record may have every name as its accepted one.
+    // For a new record any name may be the accepted one.
     void EnterMode(EditorMode mode) override;
-    // The words of the kingdom; the heading of a stored record stays that of what its grid holds.
+    // Applies the words of the kingdom. The heading of a stored record is kept, because it describes what the
+    // grid holds.
     void ApplyPreferences(EditorMode mode) override;
 
-    // Offers the accepted names of the rank in cboSRank. They are read when the list is first looked at, and
-    // the record that is current then is left out. A failure is reported.
+    // Offers the accepted names of the rank in cboSRank. They are read when the list is first used, without
+    // the record that is current then. A failure is reported.
     void OfferCandidates();
-    // An accepted name for one that is not, in the row of `old` or, without such a row, as the last row.
-    // `old` and `name` may be nullptr for none.
+    // An accepted name to enter; ReplaceAccepted puts it into the row of `oldQbId` or, when there is no such
+    // row, at the end. An `oldQbId` of 0 and a `name` of nullptr stand for none.
     struct Accepted {
         int qb_id = 0;
         int tsn = 0;  // 0 for none
@@ -71,8 +72,8 @@ public:
     // The candidates, each with its qb_id.
     LabelControl lblSRName;
     ComboControl cboSRName;
-    // The name that the commands work on: the candidate chosen last, or that of the chosen row. Its list
-    // holds that name alone, with the qb_id as item data.
+    // The name that the commands work on: the last candidate chosen, or the name of the selected row. Its
+    // list holds only that name, with the qb_id as item data.
     LabelControl lblSSciName;
     ComboControl cboSSciName;
     ButtonControl cmdSAdd, cmdSDelete;
@@ -80,7 +81,7 @@ public:
 private:
     void LoadSynonyms(int qb_id);
     void LoadAcceptedNames(int qb_id);
-    // "Accepted Names" and "Accepted Name", or "Valid Names" and "Valid Name", as the kingdom calls them.
+    // Sets "Accepted Names" and "Accepted Name", or "Valid Names" and "Valid Name", by kingdom.
     void SetAcceptedNameCaptions();
     void SetFieldsEnabled(bool enabled);
     void FillRankList(std::string_view rankName);

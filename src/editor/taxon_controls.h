@@ -1,7 +1,7 @@
 // The controls of the first tab: a taxon's name, rank, usage, ratings, parent and authors.
 //
-// TaxonTab has them, and so does every other form that shows a taxon's name. There are no rules here: what is
-// shown for a rank is in taxon_fields.h, what the lists offer in taxon_lists.h.
+// TaxonTab and every other form that shows a taxon's name have them. There is no logic here: taxon_fields.h
+// decides what a rank shows, taxon_lists.h what the lists offer.
 #pragma once
 
 #include "core/controls.h"
@@ -22,7 +22,8 @@ struct TaxonControls {
     LabelControl lblRank{form, "lblRank", "Ran&k"};
     ComboControl cboRank{form, "cboRank", ComboControl::Style::ListOnly};
 
-    // The units of the name. Of cboName1 and txtName1 one is shown at a time, of cboName2 and txtName2 too.
+    // The units of the name. Only one of cboName1 and txtName1 is visible at a time, and only one of cboName2
+    // and txtName2.
     LabelControl lblName1{form, "lblName1"}, lblName2{form, "lblName2"}, lblName3{form, "lblName3"},
         lblName4{form, "lblName4"};
     ComboControl cboName1{form, "cboName1", ComboControl::Style::Editable, 35},
@@ -53,7 +54,7 @@ struct TaxonControls {
     TextControl txtCurrency{form, "txtCurrency", 7};
 
     LabelControl lblDPRank{form, "lblDPRank", "&Parent Rank"};
-    // Picking the rank that is chosen already counts too: it brings the parents again.
+    // Picking the selected rank again reloads the parents.
     documentation::PickListControl cboDPRank{form, "cboDPRank", ComboControl::Style::ListOnly};
     LabelControl lblParentName{form, "lblParentName", "Parent &Name"};
     // The item data of a choice is the qb_id of the parent.
@@ -65,7 +66,7 @@ struct TaxonControls {
     LabelControl lblHybridAuthority{form, "lblHybridAuthority"};
     ComboControl cboAuth2{form, "cboAuth2", ComboControl::Style::Editable, 100};
 
-    // All texts to "", all boxes and options off. The lists stay as they are.
+    // Sets all texts to "" and all boxes and options to off. Keeps the lists.
     void ClearFields();
 };
 

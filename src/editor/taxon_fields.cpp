@@ -197,7 +197,7 @@ void TaxonFields::ShowUnnamed() {
     tab_.chkUnnamed.SetVisible(plant);
 }
 
-// The rank comes first: what it hides and empties is filled again below with what the record holds.
+// The rank comes first, because it hides and empties fields that are filled from the record below.
 void TaxonFields::ShowTaxon() {
     const ChangeScope scope(tab_.form);
     const CurrentTaxon& taxon = state_.currentTaxon;

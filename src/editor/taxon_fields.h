@@ -15,18 +15,18 @@ class TaxonFields {
 public:
     TaxonFields(ApplicationState& state, Prompter& prompter, TaxonControls& tab, TaxonLists& lists);
 
-    // Shows the fields that the rank in cboRank needs and hides the others; without a rank, all. Ratings
-    // that the rank does not have are emptied. A quadrinomial that is still accepted turns into the rejected
-    // usage, with a message when the authority has published it.
+    // Shows the fields that the rank in cboRank needs and hides the others; without a rank, all. Ratings that
+    // the rank does not have are emptied. A quadrinomial that is still accepted gets the rejected usage, with
+    // a message when the authority has published it.
     void SetFieldsForRank();
-    // Copies CurrentTaxon into the controls, and offers the ranks and names of parents that go with it. A
-    // list that cannot be read is reported; the record is shown all the same.
+    // Copies CurrentTaxon into the controls, and offers the matching ranks and names of parents. A list that
+    // cannot be read is reported; the record is still shown.
     void ShowTaxon();
-    // The heading and the options of fraUsage by the family of gKingdomName.
+    // Sets the heading and the options of fraUsage by the family of gKingdomName.
     void SetUsageCaptions();
-    // Puts the parentheses around a subgenus's name that lacks them (cmdParen).
+    // Adds the parentheses that the name of a subgenus lacks (cmdParen).
     void AddParentheses();
-    // The box for an unnamed taxon, which the plant family has.
+    // Shows the box for an unnamed taxon, which only the plant family has.
     void ShowUnnamed();
 
 private:

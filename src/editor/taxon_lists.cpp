@@ -30,8 +30,8 @@ constexpr std::array<std::string_view, 3> kOrders = {"t.unit_name1", "t.unit_nam
 constexpr std::string_view kNoFourthUnit =
     R"( AND (unit_ind4 IS NULL or unit_ind4 = "") AND (t.unit_name4 IS NULL or t.unit_name4 = ""))";
 
-// How many units the name of a parent of this rank has: a subgenus has two, all other ranks above Species
-// one.
+// The number of units in the name of a parent of this rank: two for a subgenus, one for all other ranks above
+// Species.
 std::size_t UnitsOf(std::string_view rank) {
     const std::string word = UpperCase(Trim(rank));
     if (!GetIndicatorFromRank(word).empty()) return 3;
@@ -60,7 +60,7 @@ std::vector<std::string> TaxonLists::Texts(const std::string& sql) const {
     return texts;
 }
 
-// The first column is the text, the second, where there is one, the item data.
+// The first column is the text, an optional second one the item data.
 TaxonLists::Choices TaxonLists::Read(const std::string& sql) const {
     Choices choices;
     if (!state_.gDatabase) return choices;
@@ -145,8 +145,8 @@ void TaxonLists::FillSpeciesList() {
     const auto found = query.Set("name", genus).Set("rank", RankIdOf("Genus")).CreateSnapshot();
     if (found->Eof()) return;
     const int species = RankIdOf("Species");
-    // Is Not Null, because a comparison with Null finds no species at all: only species with a parent, and so
-    // not the synonyms, are offered.
+    // Is Not Null, because a comparison with Null finds no species at all. Only species with a parent are
+    // offered, and so no synonyms.
     if (RankIdOf(rank) >= species) {
         FillLater(tab_.cboName2,
                   fmt::format("SELECT unit_name2 FROM qb_taxonomic_units WHERE unit_name1 = '{}' AND "

@@ -1,11 +1,10 @@
 // What the combo boxes of the taxon tab offer. TaxonTab fills them when a DataSet is opened and with each
 // record that it shows. The lists that grow with the DataSet (authors, genera, species, parents) are read
-// when they are first looked at, so that showing a record costs the same in a large DataSet as in a small
-// one; those of authors and genera are kept until something is written.
+// when they are first used, so that showing a record costs the same in a large DataSet as in a small one;
+// those of authors and genera are kept until something is written.
 //
-// Filling a list never changes the text of an editable combo, nor RecordDirty. Without a DataSet nothing is
-// filled. The errors of the store pass through, but a list that is read later reports its failure and stays
-// empty.
+// Filling a list changes neither the text of an editable combo nor RecordDirty. Without a DataSet nothing is
+// filled. Throws StoreError, except that a list that is read later reports its failure and stays empty.
 #pragma once
 
 #include <cstdint>
@@ -31,20 +30,20 @@ public:
     void FillRatingLists();
     // cboInvalidReason, by the family of gKingdomName.
     void FillReasonList();
-    // cboAuth and cboAuth2. Without a DataSet it says so.
+    // cboAuth and cboAuth2. Reports when no DataSet is open.
     void FillAuthorLists();
     // cboName1: the genera; for the kingdom record the names of rank Kingdom.
     void FillGenusList();
-    // What a click on cboName1 does for "Species", "Subspecies" and "Variety": with a genus of that name in
-    // the DataSet it fills cboName2 and the parents.
+    // Handles a click on cboName1 for "Species", "Subspecies" and "Variety": fills cboName2 and the parents
+    // if the DataSet has a genus of that name.
     void FillSpeciesList();
-    // cboDPRank: the ranks above `rank`, and "Kingdom". Nothing happens for "" and for an unknown rank.
+    // cboDPRank: the ranks above `rank`, and "Kingdom". Does nothing for "" or an unknown rank.
     void SetPRankList(std::string_view rank);
-    // cboParentName: the taxa of the rank in cboDPRank that can be parents, whose genus is that of the form
-    // where the rank is Species or below. In EDIT mode the record itself is left out.
+    // cboParentName: the taxa of the rank in cboDPRank that can be parents; for Species and below only those
+    // of the genus on the form. In EDIT mode the record itself is left out.
     void FillParentNameList();
-    // The same for a record that is only shown: CurrentTaxon stays as it is, and without a rank in cboDPRank
-    // there are no parents.
+    // The same for a record that is only shown: leaves CurrentTaxon alone, and offers no parents without a
+    // rank in cboDPRank.
     void OfferParents();
     // The record in EDIT mode; 0 in INPUT mode.
     void SetRecordInEdit(int qb_id) { recordInEdit_ = qb_id; }
@@ -56,7 +55,7 @@ public:
 
 private:
     using Choices = std::vector<ChoiceControl::Choice>;
-    // What a select gave when it was read last.
+    // The last result of a select.
     struct Kept {
         std::string sql;
         std::weak_ptr<store::Database> database;
@@ -67,7 +66,7 @@ private:
     std::string GenusOnForm() const;
     Choices Read(const std::string& sql) const;
     Choices ReadKept(Kept& kept, const std::string& sql) const;
-    // What `read` gives; nothing when it fails, which is reported.
+    // The result of `read`; empty when it fails, which is reported.
     Choices ReadOrReport(const std::function<Choices()>& read) const;
     void FillParents(int rank_id);
     void FillLater(ComboControl& combo, std::string sql);

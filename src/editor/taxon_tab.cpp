@@ -62,7 +62,7 @@ void TaxonTab::ClearForNextEntry() {
     txtTSN.SetText("0");
 }
 
-// The lists come first, then the rank: what it hides and empties is filled again with what the record holds.
+// Lists first, then the rank, because it hides and empties fields that are then filled from the record.
 void TaxonTab::Load(int) {
     Attempt(Outside(), [this] { lists_->FillRankList(); });
     lists_->FillRatingLists();
@@ -106,7 +106,7 @@ void TaxonTab::SetFieldsForRank() {
 }
 
 void TaxonTab::EnterParent(const std::string& rank, int rank_id, const std::string& name) {
-    // A rank that the record's own rank does not allow was confirmed before.
+    // The user has already confirmed a rank that the record's own rank does not allow.
     if (!rank.empty() && cboDPRank.FindText(rank) < 0) cboDPRank.AddItem(rank, rank_id);
     cboDPRank.SetText(rank);
     if (!rank.empty()) lists_->FillParentNameList();
@@ -121,14 +121,14 @@ std::string TaxonTab::CurrentTaxonName() const {
                                       txtName3.Text()});
 }
 
-// What a click on the rank prepares for a new record: its fields, its parent ranks, the lists of names.
+// Prepares a new record as a click on its rank does: its fields, its parent ranks, the lists of names.
 void TaxonTab::ShowPreferredRank() {
     cboRank.SetText(State().gPrefRank);
     SetFieldsForRank();
     lists_->SetPRankList(State().gPrefRank);
 }
 
-// The fields of another rank, without the usage and the parent that the rank would bring with it.
+// Shows the fields of the new preferred rank but keeps the usage and the parent's rank.
 void TaxonTab::TakePreferredRank() {
     const std::string parentRank = cboDPRank.Text();
     const bool valid = optValid.Value(), invalid = optInvalid.Value();

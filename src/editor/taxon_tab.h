@@ -1,5 +1,6 @@
-// The first tab of a record: a taxon's name, rank, usage, ratings, parent and authors. It joins the controls
-// (taxon_controls.h) with what a rank shows (taxon_fields.h) and what the lists offer (taxon_lists.h).
+// The first tab of a record: a taxon's name, rank, usage, ratings, parent and authors. It combines the
+// controls (taxon_controls.h) with what a rank shows (taxon_fields.h) and what the lists offer
+// (taxon_lists.h).
 //
 // Nothing here writes to the DataSet.
 #pragma once
@@ -29,7 +30,7 @@ public:
     // Takes the record from CurrentTaxon; its kingdom becomes that of the application.
     void Load(int qb_id) override;
     void EnterMode(EditorMode mode) override;
-    // Only a new record takes the preferred rank, when that is another one now.
+    // A new record takes the preferred rank if it has changed.
     void ApplyPreferences(EditorMode mode) override;
 
     // The rank in cboRank has changed, or is shown again.
@@ -44,7 +45,7 @@ public:
     TaxonLists& Lists() { return *lists_; }
     TaxonFields& Fields() { return *fields_; }
 
-    // The text of cboRank just after the load. A save asks when the rank is another one.
+    // The text of cboRank just after the load. A save asks when the rank has changed.
     std::string rankAsLoaded;
 
 private:
@@ -55,7 +56,7 @@ private:
 
     std::unique_ptr<TaxonLists> lists_;
     std::unique_ptr<TaxonFields> fields_;
-    std::string appliedRank_;  // gPrefRank as the tab knows it
+    std::string appliedRank_;  // the gPrefRank applied last
 };
 
 }  // namespace quillon::editor

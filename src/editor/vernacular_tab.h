@@ -1,8 +1,7 @@
 // The vernaculars tab of a record: the common names of a taxon in a grid, and the fields in which one of them
 // is entered.
 //
-// Nothing here writes to the DataSet: the commands of the tab change the grid, and the save stores what
-// stands there.
+// Nothing here writes to the DataSet: the commands of the tab change the grid, and a save stores its rows.
 #pragma once
 
 #include <vector>
@@ -24,17 +23,17 @@ public:
     explicit VernacularTab(Form& form);
 
     const Control& FirstControl() const override { return grdVernacular; }
-    // The languages of the DataSet are read when the list is first looked at.
+    // The languages of the DataSet are read when the list is first used.
     void OfferLists() override;
     void Clear() override;
     void ClearForNextEntry() override;
     void Load(int qb_id) override;
 
-    // The names of the grid have changed: their texts, as "name [language]", with their qb_vern_id. The
-    // pickers of the documentation tabs follow it.
+    // The names in the grid have changed. Passes them as "name [language]" with their qb_vern_id, for the
+    // pickers of the documentation tabs.
     Signal<const std::vector<ChoiceControl::Choice>&> NamesChanged;
-    // Raises NamesChanged with what the grid holds. With `sayWhenNone`, which is for the commands that add or
-    // change a name, it says so when there is no name.
+    // Emits NamesChanged with the names in the grid. With `sayWhenNone`, for the commands that add or change
+    // a name, reports when there is none.
     void OfferNames(bool sayWhenNone = false);
 
     EntryGridControl grdVernacular;
@@ -45,11 +44,11 @@ public:
     CheckControl chkApproved;
     ButtonControl cmdVAdd, cmdVModify, cmdVDelete;
 
-    // The qb_vern_id of the names that were taken from the grid since the record was loaded.
+    // The qb_vern_id of the names removed from the grid since the record was loaded.
     std::vector<int> removed;
 
 private:
-    // The chosen row in the fields; the empty row, and none, empties them.
+    // Shows the selected row in the fields; empties them for the empty row or none.
     void ShowRow();
 };
 

@@ -1,4 +1,4 @@
-// The authors of taxa as stored rows. The deletion of a taxon uses it; the saving of a record will.
+// Deletes authors of taxa. The deletion of a taxon uses it; the saving of a record will.
 #pragma once
 
 #include "core/value.h"

@@ -1,8 +1,8 @@
 // Deletes a taxon with everything that belongs to it. The editor's delete command will call it, and the
 // closing pass of an import calls it for taxa that a file only refers to.
 //
-// Each statement is a unit of its own: what was deleted before a failure stays deleted. Rows with a key of
-// the authority leave a tombstone.
+// Each statement runs in its own unit: what was deleted before a failure stays deleted. Rows whose key the
+// authority assigned leave a tombstone.
 #pragma once
 
 #include <string>
@@ -11,15 +11,15 @@
 
 namespace quillon::records {
 
-// The taxon to delete, as far as the deletion must know it.
+// What the deletion needs to know about the taxon.
 struct DeletedTaxon {
     int qb_id = 0;  // 0 for no record
     int tsn = 0;
     std::string usage;  // decides the words of the question
 };
 
-// Deletes the taxon, with `ask` after a question. Returns true only when everything went. A taxon with a tsn
-// or with children is refused by a message.
+// Deletes the taxon; with `ask`, asks first. Returns true only when everything was deleted. A taxon with a
+// tsn or with children is refused with a message.
 bool DeleteTaxon(const RecordStore& records, const DeletedTaxon& taxon, bool ask);
 
 }  // namespace quillon::records

@@ -10,7 +10,7 @@
 namespace quillon::records {
 
 bool IsInJournal(store::Database& database, int qb_id);
-// Adds the taxon, unless it is there. Belongs to the unit that is open. Throws StoreError.
+// Adds the taxon unless it is there already. Runs within the caller's unit. Throws StoreError.
 void AddToJournal(store::Database& database, int qb_id);
 
 }  // namespace quillon::records

@@ -14,7 +14,7 @@ namespace quillon::records {
 
 namespace {
 
-// A link row that is about to go: where its keys are read, and which of them make the tombstone.
+// A link row to delete: how its keys are read, and which of them form the tombstone.
 struct Link {
     std::string_view readKeys;  // the text before the condition
     std::string condition;
@@ -29,8 +29,8 @@ constexpr std::string_view kReferenceLinkKeys =
 constexpr std::string_view kVernRefLinkKeys =
     "Select tsn, qb_documentation_id_prefix, documentation_id, vern_id from qb_vern_ref_links where ";
 
-// Who else links a document: the stored queries "Check Reference Links" and "Check VReference Links" without
-// their UNION, which reads every link of the document before it gives the first.
+// Finds other links to a document: the stored queries "Check Reference Links" and "Check VReference Links"
+// without their UNION, which reads every link of the document before it returns the first.
 constexpr std::string_view kOtherReferences =
     "PARAMETERS qbid Long, prefix Text, docid Long; SELECT qb_id FROM qb_reference_links "
     "WHERE qb_documentation_id_prefix = prefix and qb_documentation_id = docid and qb_id <> qbid;";
@@ -152,7 +152,7 @@ void DeleteVernRefLink(const RecordStore& records, int qb_id, std::string_view p
 }
 
 void DeleteReferenceLinks(const RecordStore& records, int qb_id) {
-    // Gathered first: each deletion changes the rows under the walk.
+    // Collected first, because each deletion changes the rows being read.
     std::vector<std::pair<int, std::string>> links;
     {
         store::QueryDef query = records.database.OpenQueryDef("Get Reference Links");

@@ -15,11 +15,11 @@ void DeleteReferenceLink(const RecordStore& records, int qb_id, int docId, std::
 void DeleteVernRefLink(const RecordStore& records, int qb_id, std::string_view prefix,
                        std::string_view value);
 
-// All of the taxon's. These two throw StoreError when the links cannot be read.
+// Delete all links of the taxon. These two throw StoreError when the links cannot be read.
 void DeleteCommentLinks(const RecordStore& records, int qb_id);
 void DeleteReferenceLinks(const RecordStore& records, int qb_id);
 
-// The links in which the taxon is the synonym, or the accepted name. The names themselves stay.
+// Delete the links in which the taxon is the synonym, or the accepted name, but not the names themselves.
 void DeleteSynonymLinks(const RecordStore& records, int qb_id);
 void DeleteSynonymsOfAccepted(const RecordStore& records, int qb_id);
 

@@ -1,4 +1,4 @@
-// The open DataSet as the procedures on its records use it, with the place where they report failures.
+// The open DataSet for the procedures on its records, and the prompter to which they report failures.
 //
 // The editor and the import make one for a command or a run and pass it on. It holds no record: the taxon
 // that a procedure works on is an argument of that procedure.
@@ -22,10 +22,10 @@ struct RecordStore {
     store::Database& database;
     Prompter& prompter;
 
-    // Runs one statement as a unit of its own. A failure is reported under `title`, and false returned.
+    // Runs one statement in its own unit. Reports a failure under `title` and returns false.
     bool RunUnit(store::QueryDef query, std::string_view title = {}) const;
 
-    // Runs `action`; a failure in it is reported under `title`, and false returned.
+    // Runs `action`. Reports a failure under `title` and returns false.
     template <typename Action>
     bool Reporting(const Action& action, std::string_view title = {}) const {
         try {

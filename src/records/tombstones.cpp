@@ -9,7 +9,7 @@ namespace quillon::records {
 
 namespace {
 
-// One column of the key in the condition that finds a tombstone again.
+// The condition on one key column of a tombstone.
 std::string KeyCondition(std::string_view column, const Value& key) {
     const std::string text = ReplaceText(Trim(key.AsText()), "'", "''");
     return " AND strcomp( " + std::string(column) + ", '" + text + "', 0) = 0";

@@ -1,8 +1,9 @@
-// The rows of db_tombstone: keys of deleted rows that the authority had assigned, so that it learns of the
-// deletion.
+// The rows of db_tombstone: keys of deleted rows that the authority had assigned, so that the deletion can be
+// reported to it.
 //
-// Whoever deletes such a row writes its tombstone first, and whoever stores the same key again removes it. A
-// key that exists only locally (an authority's id that is Null or 0) gets none; the callers test that.
+// Callers write the tombstone before they delete such a row, and remove it when they store the same key
+// again. A key that exists only locally (an authority's id that is Null or 0) gets none; the callers test
+// that.
 #pragma once
 
 #include <optional>
@@ -13,8 +14,8 @@
 
 namespace quillon::records {
 
-// Adds a row, in a unit of its own. A key is stored only when all before it are given. A failure is not
-// reported: the result says whether the row was stored.
+// Adds a row in its own unit. A key is stored only when all before it are given. Returns whether the row was
+// stored; a failure is not reported.
 bool WriteTombstone(const RecordStore& records, std::string_view table_name, const Value& pk1,
                     const std::optional<Value>& pk2 = {}, const std::optional<Value>& pk3 = {},
                     const std::optional<Value>& pk4 = {});

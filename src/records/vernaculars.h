@@ -1,5 +1,5 @@
-// The vernaculars of a taxon as stored rows, each with its own links to documents. Used by the deletion of a
-// taxon; the saving of its vernaculars will use it.
+// Deletes the vernaculars of a taxon, each with its links to documents. The deletion of a taxon uses it; the
+// saving of its vernaculars will.
 #pragma once
 
 #include <optional>
@@ -8,8 +8,8 @@
 
 namespace quillon::records {
 
-// Deletes all vernaculars of the taxon with their links. With `vernId`, those whose qb_vern_id is another
-// than that. A failure is reported.
+// Deletes all vernaculars of the taxon with their links. With `vernId`, all except that one. A failure is
+// reported.
 void DeleteVernaculars(const RecordStore& records, int qb_id, std::optional<int> vernId = {});
 
 }  // namespace quillon::records

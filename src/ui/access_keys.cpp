@@ -37,7 +37,7 @@ bool CanBeKey(QChar letter) {
     return letter.unicode() < 0x80 && letter.isLetter();
 }
 
-// The places of letters that may be underlined, the first of each word before the others.
+// The positions of letters that may be underlined: first letters of words come before all others.
 std::vector<qsizetype> PlacesIn(const QString& text) {
     std::vector<qsizetype> initials, others;
     for (qsizetype i = 0; i < text.size(); ++i) {
@@ -54,7 +54,7 @@ const QWidget* PageOf(const QObject& object) {
     return nullptr;
 }
 
-// The keys that are given so far, each with the page where it counts; no page is everywhere.
+// The keys in use, each with its page; a key without a page is in use on all pages.
 class Keys {
 public:
     bool IsFree(QChar key, const QWidget* page) const {
@@ -64,7 +64,7 @@ public:
     }
     void Give(QChar key, const QWidget* page) { given_.push_back({key, page}); }
 
-    // Lets the object keep the letter that it has, if that is free.
+    // Keeps the letter that the object has, if that is free.
     bool Keep(QObject& object) {
         const QChar key = AccessKeyOf(object);
         const QWidget* page = PageOf(object);
@@ -72,7 +72,7 @@ public:
         Give(key, page);
         return true;
     }
-    // Another letter of the object's own text; a digit for a button where none is free.
+    // Picks another letter of the object's text, or a digit for a button when none is free.
     void Find(QObject& object) {
         const QWidget* page = PageOf(object);
         QString text = TextOf(object).remove('&');

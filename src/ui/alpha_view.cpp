@@ -1,4 +1,3 @@
-// Typed characters, and tool tips for lines that are cut.
 #include "ui/alpha_view.h"
 
 #include <QHelpEvent>
@@ -42,7 +41,7 @@ bool AlphaView::viewportEvent(QEvent* event) {
     return true;
 }
 
-// The row that the view has for a line can be narrower than the line, and the view narrower than the row.
+// The row can be narrower than the line, and the view narrower than the row.
 bool AlphaView::IsCut(const QModelIndex& index) const {
     const QRect row = visualRect(index) & viewport()->rect();
     return sizeHintForIndex(index).width() > row.width();

@@ -1,5 +1,5 @@
-// The view of the alphabetical list. It reports every character that is typed, by key or by input method, as
-// one key, and shows a line that is cut in full in a tool tip.
+// The view of the alphabetical list. It reports every character typed, by key or by input method, as one key,
+// and shows the full text of a truncated line in a tool tip.
 #pragma once
 
 #include <QListView>
@@ -10,7 +10,7 @@ class AlphaView : public QListView {
     Q_OBJECT
 public:
     explicit AlphaView(QWidget* parent = nullptr);
-    // The explorer searches the lines.
+    // Disabled: the explorer searches the lines.
     void keyboardSearch(const QString&) override {}
 
 signals:

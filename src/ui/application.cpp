@@ -25,8 +25,8 @@ std::string TextOfException() {
     }
 }
 
-// Alt and a letter that led to no button, because it is disabled or hidden. The toolkit would type the letter
-// into the field that has the focus; in a menu it chooses an item.
+// Alt with a letter whose button is disabled or hidden. The toolkit would type the letter into the field that
+// has the focus; in a menu the letter chooses an item.
 bool IsLostAccessKey(const QObject& receiver, const QEvent& event) {
     if (event.type() != QEvent::KeyPress || !receiver.isWidgetType()) return false;
     if (qobject_cast<const QMenu*>(&receiver) || qobject_cast<const QMenuBar*>(&receiver)) return false;

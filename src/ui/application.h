@@ -1,5 +1,5 @@
-// The application object of the desktop program and of the tests of windows: the last border of exceptions
-// (ui/guard.h), and what keyboard input means everywhere.
+// The application object of the desktop program and of the tests of windows: it catches the last exceptions
+// (ui/guard.h) and handles keyboard input for all windows.
 #pragma once
 
 #include <QApplication>
@@ -12,7 +12,7 @@ class Application : public QApplication {
     Q_OBJECT
 public:
     using QApplication::QApplication;
-    // Takes the text of each failure; without one a message box shows it.
+    // Receives the text of each failure; by default a message box shows it.
     void OnFailure(std::function<void(const std::string&)> report) { report_ = std::move(report); }
     bool notify(QObject* receiver, QEvent* event) override;
 

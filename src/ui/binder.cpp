@@ -25,7 +25,7 @@ void BindButton(ButtonControl& control, const QWidget& window) {
     }
 }
 
-// The toolkit keeps one radio button of a group chosen; the model may have none.
+// The toolkit keeps one radio button of a group checked; the model allows none.
 void ShowChecked(QAbstractButton& shown, bool checked) {
     const bool exclusive = shown.autoExclusive();
     shown.setAutoExclusive(false);
@@ -33,7 +33,7 @@ void ShowChecked(QAbstractButton& shown, bool checked) {
     shown.setAutoExclusive(exclusive);
 }
 
-// An option or a check: both are on or off. `take` hands the user's choice to the model.
+// Binds an option or a check, which are both on or off. `take` passes the user's choice to the model.
 template <typename Model, typename Take>
 void BindToggle(Model& control, const QWidget& window, Take take) {
     if (auto* action = Partner<QAction>(window, control)) {
@@ -59,7 +59,7 @@ void BindToggle(Model& control, const QWidget& window, Take take) {
     }
 }
 
-// A field is called as its label says, and so is another one that stands in its place.
+// Gives a field the name in its label, and also a field that takes its place.
 void CallBuddy(const QLabel& label) {
     const QString name = label.text().remove('&');
     if (label.buddy() != nullptr && !name.isEmpty()) SetAccessibleName(*label.buddy(), name);
@@ -83,7 +83,7 @@ void BindLabel(LabelControl& control, const QWidget& window) {
     });
 }
 
-// Brings a line edit back to the beginning of its text when it is left.
+// Moves the cursor of a line edit to the beginning when it loses the focus.
 class ShowBeginning : public QObject {
 public:
     explicit ShowBeginning(QLineEdit* line) : QObject(line), line_(*line) { line->installEventFilter(this); }
@@ -103,7 +103,7 @@ void BindText(TextControl& control, const QWidget& window) {
             shown.setReadOnly(model.Locked());
             if (shown.text() == ToQt(model.Text())) return;
             shown.setText(ToQt(model.Text()));
-            if (!shown.hasFocus()) shown.setCursorPosition(0);  // of a long text the beginning is seen
+            if (!shown.hasFocus()) shown.setCursorPosition(0);  // show the beginning of a long text
         });
         new ShowBeginning(edit);
         Connect(edit, &QLineEdit::textEdited, edit, [&control, edit](const QString& text) {
@@ -176,7 +176,7 @@ void BindOne(Control& control, const QWidget& window) {
     if (auto* tabs = dynamic_cast<TabStripControl*>(&control)) return BindTabs(*tabs, window);
 }
 
-// A field on a page that is not shown takes no focus: the form brings up its tab first.
+// A field on a hidden page cannot take the focus: the form brings up its tab first.
 void BindFocus(Control& control, const QWidget& window) {
     auto* widget = Partner<QWidget>(window, control);
     if (widget == nullptr) return;

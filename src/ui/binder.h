@@ -1,6 +1,7 @@
 // clang-format off
-// Connects the control models of a form with the widgets and actions of a window that have the same objectName.
-// What the model says is shown; what the user does reaches the model as the user's action. No rule stands here.
+// Connects the control models of a form with the widgets and actions of a window that have the same
+// objectName. The window shows the model's state, and the model receives the user's actions. There is no
+// logic here.
 //
 //     ButtonControl    QAction, QAbstractButton
 //     OptionControl    QAction, QAbstractButton
@@ -26,8 +27,8 @@ namespace quillon::ui {
 // shown.
 void Bind(Form& form, QWidget& window);
 
-// The names of controls without a partner of a fitting kind in the window, and of actions and input widgets
-// with a name but without a control. Empty when the two fit.
+// The names of controls without a matching widget in the window, and of named actions and input widgets
+// without a control. Empty when the form and the window match.
 QStringList NamesWithoutPartner(const Form& form, const QWidget& window);
 
 }  // namespace quillon::ui

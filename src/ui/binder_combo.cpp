@@ -10,14 +10,14 @@ namespace {
 
 constexpr int kLeastCharacters = 12;
 
-// Keys that open the list or walk through it; the combo gets them, from its line edit too.
+// Keys that open the list or move in it; the combo handles them for its line edit too.
 bool OpensList(int key) {
     return key == Qt::Key_F4 || key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp ||
            key == Qt::Key_PageDown;
 }
 
-// Whether another field has the focus now: the list of the combo is a part of it, and another program leaves
-// the field where it is.
+// True when another field has the focus. The list is part of the combo, and switching to another program does
+// not leave the field.
 bool IsLeft(const QComboBox& combo) {
     const QWidget* now = QApplication::focusWidget();
     if (now == nullptr) return false;
@@ -26,7 +26,7 @@ bool IsLeft(const QComboBox& combo) {
     return true;
 }
 
-// Restores the text, cursor and selection of an editable combo's line after its list was replaced.
+// Restores the text, cursor and selection of an editable combo after its list was replaced.
 class KeepLine {
 public:
     explicit KeepLine(QLineEdit* line) : line_(line) {
@@ -53,8 +53,8 @@ private:
     int cursor_ = 0, start_ = -1, length_ = 0;
 };
 
-// One combo box and its model. The box takes the list only when the choices have changed, and pending choices
-// only when the user opens the list or types.
+// One combo box and its model. The box copies the list only when the choices have changed, and asks for
+// pending choices only when the user opens the list or types.
 class ComboBinding : public QObject {
 public:
     ComboBinding(ComboControl& control, QComboBox& combo);
@@ -87,7 +87,7 @@ ComboBinding::ComboBinding(ComboControl& control, QComboBox& combo)
       offered_(new QStringListModel(this)) {
     combo_.setEditable(control_.GetStyle() == ComboControl::Style::Editable);
     combo_.setInsertPolicy(QComboBox::NoInsert);
-    combo_.setFocusPolicy(Qt::StrongFocus);  // the wheel does not give it the focus, and so changes nothing
+    combo_.setFocusPolicy(Qt::StrongFocus);  // so that the wheel neither focuses nor changes it
     SetAccessibleName(combo_, combo_.accessibleName());
     PrepareList();
     combo_.installEventFilter(this);
@@ -100,14 +100,14 @@ ComboBinding::ComboBinding(ComboControl& control, QComboBox& combo)
     if (combo_.lineEdit() != nullptr) ConnectLine();
 }
 
-// A list that stays quick with a hundred thousand names in it.
+// Keeps the list fast with a hundred thousand names.
 void ComboBinding::PrepareList() {
     combo_.setModel(offered_);
     if (auto* list = qobject_cast<QListView*>(combo_.view())) {
         list->setUniformItemSizes(true);
         list->setLayoutMode(QListView::Batched);
     }
-    // The width goes by the layout, not by the longest name of the DataSet.
+    // The layout sets the width, not the longest name of the DataSet.
     if (!combo_.isEditable()) return;
     combo_.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     if (combo_.minimumContentsLength() == 0) combo_.setMinimumContentsLength(kLeastCharacters);
@@ -156,7 +156,7 @@ void ComboBinding::ShowText() {
     const int cursor = typing_ || line->hasFocus() ? line->cursorPosition() : 0;
     combo_.setCurrentIndex(index);
     if (line->text() != text) line->setText(text);
-    line->setCursorPosition(cursor);  // away from the field the beginning of the text is seen
+    line->setCursorPosition(cursor);  // without the focus it shows the beginning of the text
 }
 
 void ComboBinding::DropDown() {
@@ -174,7 +174,7 @@ void ComboBinding::Typed(const QString& text) {
     typing_ = false;
 }
 
-// The line is about to take the end of a choice that begins as what was typed.
+// The line is about to be completed to a choice that begins with the typed text.
 void ComboBinding::Completed(const QString& completion) {
     const QLineEdit* line = combo_.lineEdit();
     if (!line->hasFocus()) return;
@@ -209,7 +209,7 @@ bool ComboBinding::eventFilter(QObject* watched, QEvent* event) {
             return false;
         }
         case QEvent::FocusOut:
-            // A combo that is being destroyed loses the focus when it is a combo no more.
+            // A combo loses the focus during its destruction, when it is no longer a combo.
             if (qobject_cast<QComboBox*>(parent()) == nullptr) return false;
             if (combo_.lineEdit() != nullptr && LeavesField(*event)) combo_.lineEdit()->setCursorPosition(0);
             if (pickList_ != nullptr && IsLeft(combo_)) Guard([this] { pickList_->UserLeave(); });

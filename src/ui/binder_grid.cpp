@@ -19,7 +19,7 @@ void ShowColumns(const GridControl& model, QTableWidget& shown) {
     }
 }
 
-// Only what differs is set, so that a row that is chosen, or added, costs no more than it changes.
+// Sets only cells that differ, so that selecting or adding a row does not rebuild the table.
 void ShowCells(const GridControl& model, QTableWidget& shown) {
     shown.setRowCount(static_cast<int>(model.Rows().size()));
     for (int row = 0; row < shown.rowCount(); ++row) {
@@ -39,7 +39,7 @@ void ShowSelection(const GridControl& model, QTableWidget& shown) {
     const int row = model.SelectedRow();
     if (row < 0) {
         shown.clearSelection();
-        shown.setCurrentItem(nullptr);  // or a click on the same row again would be none
+        shown.setCurrentItem(nullptr);  // so that a click on the same row is reported again
     } else if (shown.currentRow() != row || !shown.selectionModel()->isRowSelected(row)) {
         shown.selectRow(row);
     }

@@ -1,4 +1,4 @@
-// What the files of the binder share; nobody else includes this.
+// Shared parts of the binder. Only the files of the binder include this.
 #pragma once
 
 #include <QtWidgets>
@@ -10,7 +10,7 @@
 
 namespace quillon::ui {
 
-// The widget or action of the control's name, or nullptr.
+// The widget or action with the control's name, or nullptr.
 template <typename Target>
 Target* Partner(const QWidget& window, const Control& control) {
     return window.findChild<Target*>(ToQt(control.Name()));
@@ -22,8 +22,8 @@ inline void ShowCommon(const Control& control, QWidget& widget) {
 }
 
 // Shows the control now and after each change, as long as the widget lives. A widget's signals are blocked
-// meanwhile, so that what the program shows is not taken for the user's input. An action's are not: its menus
-// must hear of the change, and `triggered` comes from the user alone.
+// meanwhile, so that an update by the program is not mistaken for user input. An action's signals are not
+// blocked: its menus need the change, and only the user causes `triggered`.
 template <typename Model, typename Target, typename Show>
 void Mirror(Model& control, Target& target, Show show) {
     show(control, target);
@@ -35,21 +35,21 @@ void Mirror(Model& control, Target& target, Show show) {
     });
 }
 
-// The name for assistive technology; that of a combo box is its line edit's too, which has the focus.
+// Sets the name for assistive technology, for a combo box also on its line edit, which has the focus.
 inline void SetAccessibleName(QWidget& widget, const QString& name) {
     widget.setAccessibleName(name);
     const auto* combo = qobject_cast<QComboBox*>(&widget);
     if (combo != nullptr && combo->lineEdit() != nullptr) combo->lineEdit()->setAccessibleName(name);
 }
 
-// Whether the focus goes to another field. A popup, or another program, leaves the field where it is.
+// True when the focus moves to another field. A popup or another program does not count.
 inline bool LeavesField(const QEvent& event) {
     if (event.type() != QEvent::FocusOut) return false;
     const Qt::FocusReason reason = static_cast<const QFocusEvent&>(event).reason();
     return reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason;
 }
 
-// The kinds that take more than a few lines.
+// Controls whose binding takes more than a few lines.
 void BindCombo(ComboControl& control, const QWidget& window);
 void BindGrid(GridControl& control, const QWidget& window);
 void BindListView(ListControl& control, const QWidget& window);

@@ -1,6 +1,6 @@
-// The choices of a list as an item model: a view asks for the lines that it shows, so that a log of hundreds
-// of thousands of lines opens at once. The binder sets it on list views, which give all lines one size, that
-// of the longest.
+// The choices of a list as an item model: a view reads only the lines that it shows, so that a log of
+// hundreds of thousands of lines opens at once. The binder sets it on list views, where all lines have the
+// size of the longest.
 #pragma once
 
 #include <QAbstractListModel>

@@ -12,7 +12,7 @@ namespace {
 constexpr qint64 kMillisecondsBetweenEvents = 20;
 const QString kProgram = QStringLiteral("Taxonomic Quillon");
 
-// Plain text with the line ends of the program's messages.
+// Every line end becomes LF.
 QString MessageText(std::string_view text) {
     return ToQt(text).replace("\r\n", "\n").replace('\r', '\n');
 }
@@ -23,8 +23,8 @@ void SetUp(QMessageBox& box, std::string_view text, std::string_view title) {
     box.setWindowTitle(title.empty() ? kProgram : ToQt(title));
 }
 
-// While a dialog waits for the user the cursor is the arrow, whatever the job behind it shows. Afterwards the
-// window below is active again.
+// Shows the arrow cursor while a dialog waits for the user, even during a job, and activates the window below
+// afterwards.
 class DialogScope {
 public:
     explicit DialogScope(QWidget* above) : above_(above) { QApplication::setOverrideCursor(Qt::ArrowCursor); }
@@ -46,7 +46,7 @@ void ShowMessage(QMessageBox::Icon icon, std::string_view text, std::string_view
     box.exec();
 }
 
-// `usual` is the answer that Return gives.
+// `usual` is the default button.
 bool Ask(std::string_view text, std::string_view title, QMessageBox::StandardButton usual, QWidget* above) {
     const DialogScope scope(above);
     QMessageBox box(QMessageBox::Question, {}, {}, QMessageBox::Yes | QMessageBox::No, above);
@@ -56,14 +56,15 @@ bool Ask(std::string_view text, std::string_view title, QMessageBox::StandardBut
     return box.exec() == QMessageBox::Yes;
 }
 
-// DataSets and logs get an ending when their name has none. The dialog adds it first, so that its question
-// about overwriting is about the right file.
+// The ending for names of DataSets and logs that have none. The dialog adds it, so that it asks about
+// overwriting the right file.
 QString EndingOfBareNames(std::string_view filter) {
     const QString first = ToQt(filter).section('|', 1, 1);
     return first == "*.mdb" || first == "*.log" ? first.mid(2).toUpper() : QString();
 }
 
-// Takes a bare name for the file that has it with the ending of the filter, in small letters or large ones.
+// Accepts a name without its ending for an existing file with the ending of the filter, in lower or upper
+// case.
 class OpenDialog : public QFileDialog {
 public:
     OpenDialog(QWidget* above, const QString& title, const QString& folder, std::string_view filter)
@@ -95,7 +96,7 @@ DesktopPrompter::~DesktopPrompter() {
 QWidget* DesktopPrompter::Above() const {
     QWidget* modal = QApplication::activeModalWidget();
     if (modal != nullptr) return modal;
-    // Above a window that is not shown yet, boxes would appear anywhere.
+    // Above a hidden window, boxes would appear anywhere.
     return window_ != nullptr && window_->isVisible() ? window_.data() : nullptr;
 }
 
@@ -167,7 +168,7 @@ std::optional<std::string> DesktopPrompter::FileToSave(std::string_view title, s
 void DesktopPrompter::ShowModal(std::string_view formName) {
     const auto show = forms_.value(ToQt(formName));
     if (!show) return;
-    const DialogScope scope(nullptr);  // the form's window activates the one below it
+    const DialogScope scope(nullptr);  // the form's window activates the window below it
     show(Above());
 }
 

@@ -1,5 +1,5 @@
-// The outside of the desktop program: message boxes, file dialogs, the wait cursor, modal forms and the event
-// loop.
+// Implements core/outside.h for the desktop program: message boxes, file dialogs, the wait cursor, modal
+// forms and the event loop.
 #pragma once
 
 #include <QElapsedTimer>
@@ -20,12 +20,12 @@ public:
     ~DesktopPrompter() override;
     // The window that boxes and dialogs belong to.
     void SetWindow(QWidget* window) { window_ = window; }
-    // The folder that file dialogs show until the user has chosen a file; from then on they show the folder
-    // of the last one. When it returns nothing they show the user's documents.
+    // The initial folder of file dialogs; once the user has chosen a file they open in its folder. An empty
+    // result stands for the user's documents.
     void SetFolder(std::function<std::string()> folder) { folder_ = std::move(folder); }
-    // How the form of that name is shown until it closes; `parent` is the window above it.
+    // Registers how to show a form until it closes; `parent` is the window that it belongs to.
     void Register(std::string_view formName, std::function<void(QWidget* parent)> show);
-    // The names of the forms that it can show, sorted.
+    // The names of the registered forms, sorted.
     QStringList Forms() const;
 
     void Message(std::string_view text, std::string_view title) override;
@@ -40,7 +40,7 @@ public:
     void WaitCursor(bool on) override;
 
 private:
-    // The modal window on top, or the main window once it is shown.
+    // The topmost modal window, or the main window once it is shown.
     QWidget* Above() const;
     QString StartFolder() const;
     std::optional<std::string> Chosen(QFileDialog& dialog);
@@ -49,10 +49,10 @@ private:
     QHash<QString, std::function<void(QWidget*)>> forms_;
     std::function<std::string()> folder_;
     QString lastFolder_;
-    int waiting_ = 0;  // scopes of the wait cursor
+    int waiting_ = 0;  // open scopes of the wait cursor
 };
 
-// The filter of the toolkit for "Name (*.x)|*.x|...": upper and lower case extensions alike.
+// Converts "Name (*.x)|*.x|..." to a filter of the toolkit that accepts upper and lower case extensions.
 QString ToolkitFilter(std::string_view filter);
 
 // Lets events through at most every 20 ms.

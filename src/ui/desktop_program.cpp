@@ -25,7 +25,7 @@ namespace {
 
 constexpr int kFailed = 3;  // exit status
 
-// The windows finish what they do, but take nothing new from the user.
+// Lets windows repaint and finish, but ignores user input.
 class QuietPump : public EventPump {
 public:
     void Yield() override { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); }
@@ -65,7 +65,7 @@ DesktopProgram::~DesktopProgram() {
     if (auto* application = dynamic_cast<Application*>(qApp)) application->OnFailure(nullptr);
 }
 
-// A job that failed has not ended its task.
+// A failed job has not closed its progress.
 void DesktopProgram::ReportFailure(const std::string& text) {
     progress_.EndTask();
     prompter_.WarningMessage(text);
@@ -157,13 +157,13 @@ void DesktopProgram::RegisterExportForms() {
     });
 }
 
-// The list must not be reading while a job reads as fast as it can, or writes.
+// Stops reading the list while a job reads at full speed or writes.
 void DesktopProgram::ShowJob(std::string_view formName) {
     explorer_.ListV().LoadAll();
     prompter_.ShowModal(formName);
 }
 
-// Both are gone once the window is closed and its events are done with.
+// Deletes the form and its window after the window has closed and its events are processed.
 void DesktopProgram::ShowErrorLog() {
     errorWindow_.reset();
     errorLog_ = std::make_unique<validation::FrmVError>(
@@ -184,7 +184,7 @@ void DesktopProgram::CloseErrorLog() {
     if (errorWindow_ != nullptr && errorWindow_->isVisible()) errorLog_->Exit();
 }
 
-// A record of a taxon that is gone stays where it is, behind the log.
+// When the taxon no longer exists, the current record stays, behind the log.
 void DesktopProgram::GoToTaxon(int qb_id, std::string_view tab) {
     if (!explorer_.ListDblClick(qb_id))
         return prompter_.Message("The taxon of this record is not in the explorer.");
@@ -193,8 +193,8 @@ void DesktopProgram::GoToTaxon(int qb_id, std::string_view tab) {
     tabs.UserSelect(tabs.IndexOf(tab));
 }
 
-// The list must not be reading while the import writes. An import that fails can leave another handle on the
-// DataSet as it was.
+// Stops reading the list while the import writes. A failed import may have replaced the handle of the
+// unchanged DataSet.
 editor::ImportEnd DesktopProgram::Import() {
     explorer_.ListV().LoadAll();
     const auto before = state_.gDatabase;
@@ -225,7 +225,7 @@ void DesktopProgram::OpenPreferredDataSet() {
 void DesktopProgram::EndOnSignals() {
     signals_ = std::make_unique<QuitSignals>([this] {
         state_.gBatchCancel = true;
-        state_.gQuitRequested = true;  // the start goes no further
+        state_.gQuitRequested = true;  // stops the start
         QCoreApplication::exit(kFailed);
     });
 }

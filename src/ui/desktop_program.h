@@ -1,5 +1,5 @@
-// The whole desktop program: state, store, outside, explorer, main form and main window, connected with each
-// other. main() makes one and starts it; tests make one with answers of their own.
+// The whole desktop program: state, store, outside, explorer, main form and main window. main() makes one and
+// starts it; tests make one with scripted answers.
 #pragma once
 
 #include <memory>
@@ -28,7 +28,7 @@ namespace quillon::ui {
 
 class DesktopProgram : private startup::Stage {
 public:
-    // `prompter` takes the questions instead of the screen. `workDirectory` holds the logs and becomes the
+    // `prompter` answers the questions instead of the user. `workDirectory` holds the logs and becomes the
     // current directory at the start; empty means the current one. `preferencesFile` is Qln.Ini.
     explicit DesktopProgram(Prompter* prompter = nullptr, std::string workDirectory = {},
                             std::string preferencesFile = {});
@@ -37,10 +37,11 @@ public:
 
     // The whole start, up to a main window on the screen. False when the user chose to leave instead.
     bool Start();
-    // Opens the DataSet of gPrefDataSet, asking where that fails, and shows it or none.
+    // Opens and shows the DataSet of gPrefDataSet. Asks what to do when that fails, which may leave none
+    // open.
     void OpenPreferredDataSet();
 
-    // From now on SIGHUP, SIGINT and SIGTERM cancel the job that runs and end the event loop with status 3.
+    // Makes SIGHUP, SIGINT and SIGTERM cancel a running job and end the event loop with status 3.
     void EndOnSignals();
 
     ApplicationState& State() { return state_; }
@@ -91,7 +92,7 @@ private:
     std::unique_ptr<RecViewWindow> window_;
     std::unique_ptr<Help> help_;
     std::unique_ptr<QuitSignals> signals_;
-    std::unique_ptr<validation::FrmVError> errorLog_;  // stands beside the main window
+    std::unique_ptr<validation::FrmVError> errorLog_;  // not modal
     std::unique_ptr<ValidationErrorWindow> errorWindow_;
 };
 

@@ -1,5 +1,5 @@
-// A label for paths: what does not fit is left out in its middle and stands in the tool tip, and the window
-// does not grow with it.
+// A label for paths. A text that does not fit is shortened in the middle and shown in full in the tool tip;
+// the window does not grow with it.
 #pragma once
 
 #include <QLabel>

@@ -1,4 +1,3 @@
-// How the two views and the explorer are kept in step.
 #include "ui/explorer_view.h"
 
 #include <QtWidgets>
@@ -17,7 +16,7 @@ namespace {
 
 constexpr std::chrono::milliseconds kTypedTextEnds(1500);
 
-// A little air between the lines.
+// Adds space between the lines.
 class AiryLines : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -38,7 +37,7 @@ ExplorerView::ExplorerView(navigation::cExplorer& explorer, QWidget* parent)
     ShowHierarchy(true);
 }
 
-// The explorer lives longer than the view and must not call it any more.
+// The explorer outlives the view and must not call it any more.
 ExplorerView::~ExplorerView() {
     explorer_.ListMoved = nullptr;
     explorer_.StartListTimer = nullptr;
@@ -113,7 +112,7 @@ void ExplorerView::ConnectList() {
             });
 }
 
-// When the rows change while they are being read, the current taxon stays the same, at the same height.
+// When rows change during reading, keeps the current taxon at the same place in the view.
 void ExplorerView::ConnectListRows() {
     Connect(listModel_, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
         const QModelIndex current = list_->currentIndex(), top = list_->indexAt(QPoint(0, 0));
@@ -130,7 +129,7 @@ void ExplorerView::ConnectListRows() {
 }
 
 void ExplorerView::ShowHierarchy(bool hierarchy) {
-    const int current = explorer_.ListId();  // a list that gets the focus first stands on its first row
+    const int current = explorer_.ListId();  // a list without a current row would select its first on focus
     explorer_.SetTreeVisible(hierarchy);
     const bool hadFocus = CurrentView()->hasFocus();
     views_->setCurrentWidget(hierarchy ? static_cast<QWidget*>(tree_) : list_);
@@ -147,7 +146,7 @@ void ExplorerView::SetContextActions(const QList<QAction*>& actions) {
     actions_ = actions;
 }
 
-// The menu key opens it at the current row, not where the mouse happens to be.
+// The menu key opens the menu at the current row, not at the mouse.
 void ExplorerView::contextMenuEvent(QContextMenuEvent* event) {
     if (!ChooseForMenu(*event)) return;
     QMenu menu(this);
@@ -161,9 +160,9 @@ void ExplorerView::contextMenuEvent(QContextMenuEvent* event) {
     menu.exec(at);
 }
 
-// The commands work on the record: a row of the list becomes it first, the one under the mouse or the current
-// one. In the tree the press has chosen the node already. False when the row did not become the record
-// because the user stays on an unsaved one: a command would work on another name than the one marked.
+// The commands work on the current record, so the row under the mouse, or the current row, becomes the record
+// first. In the tree the press has already selected the node. False when the user stays on an unsaved record:
+// a command would then work on another name than the marked one.
 bool ExplorerView::ChooseForMenu(const QContextMenuEvent& event) {
     if (CurrentView() != list_) return true;
     const QModelIndex index = event.reason() == QContextMenuEvent::Mouse

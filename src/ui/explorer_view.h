@@ -1,9 +1,9 @@
 // The explorer's pane of the main window: the hierarchy "HierView" and the alphabetical list "AlphaView", one
-// of which is on show. It shows what cExplorer holds and reports to it what the user does; the main window
-// makes one and puts it beside the editor.
+// of which is on show. It shows what cExplorer holds and passes user actions to it. The main window creates
+// it beside the editor.
 //
-// Of the explorer's events it takes those of the list and of the timers, and its notes. ItemSelected,
-// CurrentPos, Dropped and Expand belong to the form that owns the explorer.
+// It handles the explorer's events for the list, the timers and the notes. ItemSelected, CurrentPos, Dropped
+// and Expand are handled by the form that owns the explorer.
 #pragma once
 
 #include <QList>
@@ -30,12 +30,12 @@ public:
     explicit ExplorerView(navigation::cExplorer& explorer, QWidget* parent = nullptr);
     ~ExplorerView() override;
 
-    // Shows the hierarchy, or the list standing on the explorer's taxon.
+    // Shows the hierarchy, or the list at the explorer's taxon.
     void ShowHierarchy(bool hierarchy);
-    // The view on show, which takes the focus of this widget too.
+    // The visible view, which also gets the focus of this widget.
     QWidget* CurrentView() const;
-    // The commands of the menu that a right click or the menu key opens; those disabled at that time are left
-    // out. A null action stands for a separator.
+    // Sets the commands of the context menu, which leaves out those that are disabled. A null action is a
+    // separator.
     void SetContextActions(const QList<QAction*>& actions);
 
 signals:
@@ -62,8 +62,8 @@ private:
     AlphaView* list_ = nullptr;
     QStackedLayout* views_ = nullptr;
     QList<QAction*> actions_;
-    const navigation::TreeNode* clicked_ = nullptr;  // chosen by the press of a click that is under way
-    int rowsAboveCurrent_ = -1;  // on show in the list before its rows changed; -1 when it stood nowhere
+    const navigation::TreeNode* clicked_ = nullptr;  // selected by the press of an unfinished click
+    int rowsAboveCurrent_ = -1;  // visible in the list before its rows changed; -1 when none was current
     QTimer listTimer_;
 };
 

@@ -1,4 +1,4 @@
-// Widgets that the export windows share. Each is named after its control, so that the binder finds it.
+// Widgets of the export windows, each named after its control for the binder.
 #pragma once
 
 #include <initializer_list>
@@ -11,11 +11,11 @@ class QWidget;
 
 namespace quillon::ui {
 
-// A frame with its options, one below the other.
+// A group box with its options in a column.
 QGroupBox* MakeOptions(QWidget* parent, const char* frame, std::initializer_list<const char*> options);
 // Gauge1.
 QProgressBar* MakeGauge(QWidget* parent);
-// cmdOK, which Return presses, and cmdCancel, at the right.
+// cmdOK, the default button, and cmdCancel, aligned right.
 QLayout* MakeStartAndCancel(QWidget* parent);
 
 }  // namespace quillon::ui

@@ -1,5 +1,5 @@
-// The window of ExpType, "Taxonomic Compare Export Type", which leads to FrmTExport. No command of the main
-// window shows it.
+// The window of ExpType, "Taxonomic Compare Export Type", which opens FrmTExport. No command of the main
+// window shows it yet.
 #pragma once
 
 #include "export/name_export_form.h"

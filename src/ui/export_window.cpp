@@ -13,7 +13,7 @@ namespace {
 
 constexpr int kWidth = 84;  // in average characters
 
-// What is exported and where to, with the buttons that ask for another.
+// The exported DataSet and the target, with the buttons that change them.
 QLayout* MakePaths(QWidget* parent) {
     auto* grid = new QGridLayout;
     grid->setColumnStretch(0, 1);

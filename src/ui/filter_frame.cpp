@@ -20,7 +20,7 @@ QComboBox* MakeCombo(QWidget* parent, const char* name, const QString& accessibl
 
 }  // namespace
 
-// The tab order is that of making.
+// The tab order is the order of creation.
 QGroupBox* MakeFilterFrame(QWidget* parent) {
     auto* frame = Named<QGroupBox>(parent, "fraFilter");
     auto* layout = new QVBoxLayout(frame);

@@ -1,5 +1,5 @@
-// The frame in which the forms of validation and export let the user choose the records: no filter, changed
-// and new ones, or those that meet a condition of column, operator and value.
+// The filter frame of the validation and export forms: all records, changed and new ones, or those that meet
+// a condition of column, operator and value.
 #pragma once
 
 class QGroupBox;
@@ -7,7 +7,7 @@ class QWidget;
 
 namespace quillon::ui {
 
-// "fraFilter" with the options and combo boxes that both forms have, by their names.
+// Makes "fraFilter" with the named options and combo boxes of both forms.
 QGroupBox* MakeFilterFrame(QWidget* parent);
 
 }  // namespace quillon::ui

@@ -1,4 +1,4 @@
-// A dialog over a form: closing it asks the form, and the form closes it.
+// A dialog for a form. A request to close it goes to the form, which closes the dialog.
 #pragma once
 
 #include <QDialog>
@@ -17,12 +17,12 @@ public:
     // The form must outlive the dialog. The dialog's objectName is the form's name.
     FormDialog(Form& form, QWidget* parent);
     Form& Model() { return form_; }
-    // Escape and the window's own button.
+    // Called for Escape and the close button of the window.
     void reject() override;
     void done(int result) override;
 
 protected:
-    // Connects the widgets with the controls, once they are made.
+    // Connects the widgets with the controls. Call it once all widgets exist.
     void BindAll();
 
 private:

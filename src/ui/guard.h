@@ -1,9 +1,9 @@
-// The border of the windows: no exception leaves a slot, a timer, an observer or an event. What arrives here
-// is reported in a message box, and the event loop goes on.
+// Catches exceptions in windows: none leaves a slot, a timer, an observer or an event handler. They are
+// reported in a message box, and the event loop continues.
 //
 // Every connection of src/ui to a function is made with Connect, every delayed call with Later, and overrides
-// of the toolkit's handlers that run rules wrap them in Guard. The toolkit's own frames clean nothing up when
-// an exception passes through them, so it is caught below them; Application::notify catches what is left.
+// of the toolkit's handlers wrap calls into the logic in Guard. The toolkit is not exception safe, so
+// exceptions are caught before they reach it; Application::notify catches the rest.
 #pragma once
 
 #include <QObject>
@@ -16,11 +16,11 @@
 
 namespace quillon::ui {
 
-// Reports the exception that is being handled; call it from a catch block. A failure while another one is on
-// the screen goes to standard error.
+// Reports the exception that is being handled; call it from a catch block. A failure while another one is
+// being shown goes to standard error.
 void ReportException() noexcept;
 
-// Runs `act`; what it throws is reported.
+// Runs `act` and reports what it throws.
 template <std::invocable Act>
 void Guard(const Act& act) noexcept {
     try {
@@ -54,7 +54,7 @@ QMetaObject::Connection Connect(const Sender* sender, Signal signal, Receiver* r
         return QObject::connect(sender, signal, receiver, Guarded(std::move(act)));
 }
 
-// Runs `act` from the event loop, unless `context` is gone by then.
+// Runs `act` from the event loop, unless `context` has been destroyed by then.
 template <typename Act>
 void Later(const QObject* context, Act act) {
     QTimer::singleShot(0, context, Guarded(std::move(act)));

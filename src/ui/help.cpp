@@ -9,7 +9,7 @@ namespace quillon::ui {
 
 namespace {
 
-// The page for boxes and dialogs that have none of their own.
+// The page for message boxes and dialogs without a page.
 const QString kDialogsPage = QStringLiteral("dialogs.md");
 
 bool IsHelpKey(const QEvent& event) {
@@ -32,7 +32,7 @@ void Help::ShowSearch() {
     OpenAbove(*Front()).FocusSearch();
 }
 
-// F1 in the main window is a command of its menu.
+// F1 in the main window is handled by its menu.
 bool Help::eventFilter(QObject* watched, QEvent* event) {
     if (!IsHelpKey(*event) || !watched->isWidgetType()) return false;
     QWidget* front = static_cast<QWidget*>(watched)->window();
@@ -67,7 +67,7 @@ HelpWindow& Help::OpenAbove(QWidget& front) {
 }
 
 void Help::BelongTo(QWidget& front) {
-    help_->winId();  // makes the window of the system
+    help_->winId();  // creates the native window
     if (help_->windowHandle()->transientParent() == front.windowHandle()) return;
     help_->hide();
     help_->windowHandle()->setTransientParent(front.windowHandle());

@@ -1,5 +1,4 @@
-// The one help window of the program, and when it opens: by the commands of the menu Help, and by F1 in a
-// dialog.
+// The help window of the program. It opens by the commands of the Help menu, and by F1 in a dialog.
 #pragma once
 
 #include <QObject>
@@ -13,13 +12,13 @@ namespace quillon::ui {
 class Help : public QObject {
     Q_OBJECT
 public:
-    // `window` is the main window; `tabKey` gives the key of the tab that it shows.
+    // `window` is the main window; `tabKey` returns the key of its current tab.
     Help(QWidget& window, std::function<QString()> tabKey);
 
-    // Help, Contents and Help, Search: at the page for what is in front.
+    // Help, Contents and Help, Search: open at the page for the active window.
     void ShowContents();
     void ShowSearch();
-    // Nothing before the first use.
+    // nullptr before the first use.
     HelpWindow* Window() const { return help_; }
 
 protected:
@@ -29,7 +28,7 @@ private:
     QWidget* Front() const;
     QString PageFor(const QWidget& front) const;
     HelpWindow& OpenAbove(QWidget& front);
-    // A modal dialog lets through only windows that belong to it.
+    // A modal dialog blocks all windows except its children.
     void BelongTo(QWidget& front);
 
     QWidget& window_;

@@ -5,8 +5,8 @@
 #include <QTextDocument>
 #include <algorithm>
 
-// The pages are in a static library, whose resources are not linked unless asked for. The macro must be
-// outside any namespace.
+// The pages are in a static library, whose resources are not linked by default. The macro must be outside any
+// namespace.
 static void TakeInPages() {
     Q_INIT_RESOURCE(help);
 }

@@ -1,5 +1,5 @@
-// The pages of the manual as the program carries them: their order, their texts, the page of each tab and
-// dialog, and the search over them. The help window shows them; nothing here shows anything.
+// The pages of the manual, built into the program: their order, their texts, the page of each tab and dialog,
+// and the search. The help window shows them.
 #pragma once
 
 #include <QHash>
@@ -12,7 +12,7 @@ namespace quillon::ui {
 
 inline const QString kFirstHelpPage = QStringLiteral("index.md");
 
-// A line of the contents: a page, or a heading over pages.
+// A line of the contents: a page, or a heading above pages.
 struct HelpEntry {
     int level;  // 0 and down
     QString title;
@@ -20,14 +20,14 @@ struct HelpEntry {
     bool operator==(const HelpEntry&) const = default;
 };
 
-// Where a word that was searched for stands in the text of a page.
+// The position of a search word in the text of a page.
 struct HelpHit {
     int start;
     int length;
     bool operator==(const HelpHit&) const = default;
 };
 
-// The page for a tab by its key, or for a form by its name; empty when it has none.
+// The page for the key of a tab or the name of a form; empty when there is none.
 QString HelpPageFor(const QString& key);
 // The keys and names that have a page.
 QStringList HelpKeys();
@@ -38,20 +38,20 @@ QString HelpPageAt(const QUrl& url);
 
 // The words of what was typed into the search field, each once.
 QStringList HelpWords(const QString& typed);
-// Where the words stand, in the order of the text and without overlapping; nothing unless the text holds
-// every one of them. Upper and lower case are the same.
+// The positions of the words in text order, without overlaps; empty unless the text holds all of them.
+// Ignores case.
 QList<HelpHit> HelpHits(const QString& text, const QStringList& words);
 
 class HelpPages {
 public:
     HelpPages();
-    // The first page, then what it lists, in its order.
+    // The first page, then the pages that it lists, in its order.
     const QList<HelpEntry>& Contents() const { return contents_; }
     // The files of the pages in the order of the contents.
     QStringList Pages() const;
     // The title of a page; empty when there is no such page.
     QString TitleOf(const QString& page) const;
-    // What a page says, each character where the shown page has it.
+    // The text of a page, with the same character positions as the shown page.
     const QString& TextOf(const QString& page);
 
 private:

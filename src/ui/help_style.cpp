@@ -16,7 +16,7 @@ constexpr qreal kCellPadding = 5;
 constexpr qreal kLineHeight = 125;  // per cent
 constexpr qreal kAir = 8;
 
-// A rule that is seen on light and dark alike.
+// A rule that is visible in light and dark palettes.
 QColor RuleColour(const QPalette& palette) {
     const QColor base = palette.color(QPalette::Base), text = palette.color(QPalette::Text);
     const auto mixed = [](int from, int to) { return from + (to - from) / 4; };

@@ -1,4 +1,4 @@
-// The looks of a page of the manual: air between the lines, tables with rules, in the colours of the palette.
+// Formats a page of the manual: line spacing, tables with rules, the colours of the palette.
 #pragma once
 
 class QPalette;

@@ -15,7 +15,7 @@ namespace {
 constexpr int kPageRole = Qt::UserRole;
 enum Column { Title, Hits };
 
-// Dark text on them reads in every palette.
+// Dark text on it is readable in every palette.
 const QColor kHitColour(255, 224, 138);
 const QColor kCurrentHitColour(255, 157, 60);
 
@@ -182,7 +182,7 @@ void HelpWindow::FocusSearch() {
     search_->selectAll();
 }
 
-// The page's colours are of the palette that it was styled with.
+// A page must be styled again after a change of the palette.
 void HelpWindow::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::PaletteChange && page_ != nullptr) page_->reload();

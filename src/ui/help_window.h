@@ -1,5 +1,5 @@
-// The help: contents on the left, a page of the manual on the right, a search over all pages. It shows what
-// the program contains and opens nothing else. Help (ui/help.h) opens it.
+// The help window: contents on the left, a page of the manual on the right, a search over all pages. It shows
+// only pages built into the program. Help (ui/help.h) opens it.
 #pragma once
 
 #include <QKeySequence>
@@ -22,9 +22,9 @@ class HelpWindow : public QWidget {
 public:
     explicit HelpWindow(QWidget* parent);
 
-    // Goes to a page of the manual; to the first one when there is no such page.
+    // Shows a page of the manual, or the first one when there is no such page.
     void ShowPage(const QString& page);
-    // The keyboard to the contents, or to the search field.
+    // Moves the focus to the contents, or to the search field.
     void FocusContents();
     void FocusSearch();
 
@@ -45,7 +45,7 @@ private:
     void ShowCounts(const QList<qsizetype>& counts);
     void MarkHits();
     void ShowHit(qsizetype hit);
-    // One hit on, or back: on this page, then on the next page that has any.
+    // Goes to the next or previous hit, on this page or on the next one with hits.
     void Step(bool forward);
     void StepToPage(bool forward);
     void SwitchSides();
@@ -61,7 +61,7 @@ private:
     QAction* first_ = nullptr;
     QString shownPage_;
     QList<HelpHit> hits_;  // on the page that is shown
-    qsizetype hit_ = -1;   // the one that the user stands on
+    qsizetype hit_ = -1;   // index of the current hit
 };
 
 }  // namespace quillon::ui

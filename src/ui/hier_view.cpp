@@ -20,7 +20,7 @@ constexpr int kPicture = 24;
 constexpr QPoint kGhostFromMouse(14, 18);
 constexpr int kWidestGhost = 320;
 
-// A little air between the lines, and a frame around the node that would take what is dragged.
+// Adds space between the lines, and a frame around the drop target.
 class TreeLines : public QStyledItemDelegate {
 public:
     explicit TreeLines(HierView* view) : QStyledItemDelegate(view), view_(*view) {}
@@ -112,7 +112,7 @@ void HierView::SetTreeModel(TreeModel* model) {
     Connect(model_, &TreeModel::HighlightMoved, viewport(), qOverload<>(&QWidget::update));
 }
 
-// The press selects the node, and may ask the user something; what is selected afterwards is dragged.
+// The press selects the node and may open a question; the node selected afterwards is dragged.
 void HierView::mousePressEvent(QMouseEvent* event) {
     if (explorer_.IsDragging()) return EndDrag();
     QTreeView::mousePressEvent(event);
@@ -123,7 +123,7 @@ void HierView::mousePressEvent(QMouseEvent* event) {
     pressedAt_ = event->pos();
 }
 
-// While the button is held the mouse selects nothing: it drags a node, or nothing.
+// While the button is held, the mouse drags a node and never selects.
 void HierView::mouseMoveEvent(QMouseEvent* event) {
     if (!event->buttons().testFlag(Qt::LeftButton)) {
         if (explorer_.IsDragging()) EndDrag();
@@ -150,7 +150,7 @@ void HierView::keyPressEvent(QKeyEvent* event) {
         if (event->key() == Qt::Key_Escape) EndDrag();
         return;
     }
-    // A plain view would open everything below.
+    // The base class would expand everything below.
     if (event->key() == Qt::Key_Asterisk && currentIndex().isValid())
         return explorer_.ExpandBelow(model_->NodeOf(currentIndex()));
     QTreeView::keyPressEvent(event);
@@ -171,7 +171,7 @@ void HierView::BeginDrag() {
     ghost_->adjustSize();
     ghost_->show();
     ghost_->raise();
-    viewport()->setMouseTracking(true);  // to see that the button was let go elsewhere
+    viewport()->setMouseTracking(true);  // to notice a release outside the view
 }
 
 void HierView::DragTo(const QPoint& at) {
@@ -202,14 +202,14 @@ void HierView::ShowNoDrag() {
     viewport()->setMouseTracking(false);
 }
 
-// What is under the mouse has changed.
+// The node under the mouse has changed.
 void HierView::ScrollLine(int lines) {
     verticalScrollBar()->triggerAction(lines < 0 ? QAbstractSlider::SliderSingleStepSub
                                                  : QAbstractSlider::SliderSingleStepAdd);
     DragTo(lastAt_);
 }
 
-// The name as its row shows it, in a frame.
+// The framed picture of the name in its row.
 QPixmap HierView::GhostOf(const QModelIndex& index) const {
     const QString text = fontMetrics().elidedText(index.data().toString(), Qt::ElideRight, kWidestGhost);
     const QSize size(fontMetrics().horizontalAdvance(text) + 16, fontMetrics().height() + 8);

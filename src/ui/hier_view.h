@@ -1,9 +1,9 @@
-// The view of the tree. It adds to a plain one what dragging a node takes: it reports to the explorer what
-// the mouse does, and shows the dragged name beside a picture that says whether it may be dropped there.
-// Where it may be dropped, and what a drop does, the explorer knows. It also gives the explorer its idle
-// time.
+// The view of the tree, with support for dragging a node: it reports mouse events to the explorer, and shows
+// the dragged name with a picture that says whether it may be dropped there. The explorer decides where it
+// may be dropped and what a drop does. The view also calls the explorer's idle work.
 //
-// A drag ends without a drop on Escape, on another button, and when the view is left or hidden.
+// A drag ends without a drop on Escape, on another button, and when the mouse leaves the view or the view is
+// hidden.
 #pragma once
 
 #include <QCursor>
@@ -25,11 +25,11 @@ public:
     explicit HierView(navigation::cExplorer& explorer, QWidget* parent = nullptr);
     ~HierView() override;
 
-    // Takes the place of setModel().
+    // Use this instead of setModel().
     void SetTreeModel(TreeModel* model);
-    // Opens or closes a node as the program has it. Rows are laid out once for any number of nodes.
+    // Expands or collapses a node. Rows are laid out once for any number of nodes.
     void SetOpen(const QModelIndex& index, bool open);
-    // Scrolls to a name that the program chose, sidewise too, so that as much of it shows as fits.
+    // Scrolls to a name that the program selected, also horizontally, to show as much of it as fits.
     void Reveal(const QModelIndex& index);
 
 protected:

@@ -1,7 +1,7 @@
 #include "ui/icons.h"
 
-// The icons are in a static library, whose resources are not linked unless asked for. The macro must be
-// outside any namespace.
+// The icons are in a static library, whose resources are not linked by default. The macro must be outside any
+// namespace.
 static void TakeInIcons() {
     Q_INIT_RESOURCE(icons);
 }

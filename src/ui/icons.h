@@ -1,4 +1,4 @@
-// The program's own icons, drawn in colours that read on light and dark alike.
+// The icons of the program, in colours that work on light and dark backgrounds.
 #pragma once
 
 #include <QIcon>

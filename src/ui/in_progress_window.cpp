@@ -65,7 +65,7 @@ void InProgress::UpdateValue(int value) {
     if (window_ != nullptr) window_->repaint();
 }
 
-// A window that is only hidden can be left on the screen by a window manager that had not mapped it yet.
+// Destroys the window: a window manager that has not mapped it yet may leave a hidden window on the screen.
 void InProgress::EndTask() {
     wait_.stop();
     delete window_;

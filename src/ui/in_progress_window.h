@@ -1,6 +1,6 @@
-// frmInProgress, the one shared progress dialog: a status line and a bar, without a Cancel button. InProgress
-// is what a job is handed; it shows the window once the task has taken half a second, and destroys it with
-// the task. The window belongs to the main window and never takes the focus.
+// frmInProgress, the shared progress dialog: a status line and a bar, without a Cancel button. Jobs use it
+// through InProgress, which shows the window once the task has taken half a second and destroys it with the
+// task. The window belongs to the main window and never takes the focus.
 #pragma once
 
 #include <QDialog>
@@ -25,19 +25,19 @@ class InProgressWindow : public QDialog {
 public:
     // `form` must outlive the window.
     InProgressWindow(FrmInProgress& form, QWidget* parent);
-    // It closes with its task only.
+    // Only the end of the task closes it.
     void reject() override {}
 };
 
 class InProgress : public ProgressDialog {
 public:
-    // The window comes at the first turn of the event loop after `delay`.
+    // The window appears at the first turn of the event loop after `delay`.
     explicit InProgress(std::chrono::milliseconds delay = std::chrono::milliseconds(500));
     ~InProgress() override;
     InProgress(const InProgress&) = delete;
     InProgress& operator=(const InProgress&) = delete;
 
-    // The window that the progress window belongs to. While it is not shown, no progress is either.
+    // Sets the parent of the progress window. While the parent is hidden, no progress is shown.
     void SetWindow(QWidget* owner) { owner_ = owner; }
     // nullptr while no window is on the screen.
     InProgressWindow* Window() const { return window_; }
@@ -53,7 +53,7 @@ public:
 private:
     void Show();
 
-    std::unique_ptr<FrmInProgress> form_;  // another one for each task
+    std::unique_ptr<FrmInProgress> form_;  // a new one for each task
     QPointer<QWidget> owner_;
     QPointer<InProgressWindow> window_;
     QTimer wait_;

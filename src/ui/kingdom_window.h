@@ -1,4 +1,4 @@
-// FrmKingdom, which asks for a kingdom when the preferences name none.
+// FrmKingdom, which asks for a kingdom when the preferences have none.
 #pragma once
 
 #include "startup/dialogs.h"

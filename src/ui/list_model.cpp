@@ -1,4 +1,3 @@
-// Rows that arrive in lots, and lines that are read when they are shown.
 #include "ui/list_model.h"
 
 #include "ui/guard.h"
@@ -77,7 +76,7 @@ void ListModel::CatchUp() {
     emit RowsArrived();
 }
 
-// The list reports single rows only after all are there and on show.
+// The list reports single rows only after all rows are loaded and shown.
 void ListModel::BeforeInsert(std::size_t row) {
     beginInsertRows({}, static_cast<int>(row), static_cast<int>(row));
 }

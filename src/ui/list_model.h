@@ -1,5 +1,5 @@
 // The alphabetical list as an item model over a TaxonList. The rows are read while the window is idle; the
-// view gets them in few, growing lots, since it lays out all its rows each time.
+// view gets them in a few growing batches, because it lays out all its rows each time.
 #pragma once
 
 #include <QAbstractListModel>
@@ -21,8 +21,8 @@ public:
     QModelIndex index(int row, int column = 0, const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
     int IdAt(const QModelIndex& index) const { return list_.IdAt(static_cast<std::size_t>(index.row())); }
-    // Makes the list show a taxon that is not loaded yet, which resets the model. Invalid when there is no
-    // such taxon.
+    // The index of a taxon. Loads the list around it when it is not loaded yet, which resets the model.
+    // Invalid when there is no such taxon.
     QModelIndex IndexOf(int qb_id);
 
 signals:
@@ -38,7 +38,7 @@ private:
     void AfterRemove() override;
     void LinesChanged() override;
     void LoadMore();
-    // Shows all rows that the list has.
+    // Shows all rows loaded so far.
     void CatchUp();
 
     navigation::TaxonList& list_;

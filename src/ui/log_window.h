@@ -1,5 +1,5 @@
-// What the windows over the log of an import and that of a validation share: the buttons, and a size for
-// lines of text.
+// The base of the windows for the log of an import and of a validation: the buttons, and a size for lines of
+// text.
 #pragma once
 
 #include "core/log_form.h"
@@ -14,7 +14,7 @@ class LogWindow : public FormDialog {
 protected:
     LogWindow(LogForm& form, QWidget* parent) : FormDialog(form.form, parent) {}
 
-    // The row of the buttons, which are not pressed by Return in another control.
+    // The row of buttons. None of them is a default button.
     QLayout* MakeButtons();
     // Binds the controls and gives the window its size.
     void Finish();

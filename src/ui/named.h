@@ -1,4 +1,4 @@
-// Widgets by the names of the controls that the binder connects them with.
+// Makes widgets named after their controls, for the binder.
 #pragma once
 
 #include <QFont>
@@ -7,7 +7,7 @@
 
 namespace quillon::ui {
 
-// A widget with this property is called by the label of that name, as the label's buddy is.
+// Names a label whose text becomes the accessible name of the widget, as for the label's buddy.
 inline constexpr const char* kCalledBy = "quillonCalledBy";
 
 template <typename Widget>
@@ -17,7 +17,7 @@ Widget* Named(QWidget* parent, const char* name) {
     return widget;
 }
 
-// A line of a box that shows texts only; `scale` is that of its letters to the usual ones.
+// A centred line of text; `scale` is relative to the default font size.
 inline QLabel* CenteredLine(QWidget* parent, const char* name, double scale, bool bold) {
     auto* label = Named<QLabel>(parent, name);
     label->setAlignment(Qt::AlignCenter);

@@ -11,7 +11,7 @@ namespace {
 constexpr int kTextWidth = 64;  // average characters
 constexpr int kPicture = 48;
 
-// A text of any length, with paths in it.
+// A wrapped text of any length that may contain paths.
 QLabel* Text(QWidget* parent, const char* name) {
     auto* label = new QLabel(parent);
     label->setObjectName(name);

@@ -1,4 +1,4 @@
-// frmNoDB, which asks what to do when the DataSet of the preferences does not open.
+// frmNoDB, which asks what to do when the DataSet of the preferences cannot be opened.
 #pragma once
 
 #include "startup/dialogs.h"

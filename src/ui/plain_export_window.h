@@ -1,5 +1,5 @@
 // The window of FrmDExport, "Export DataSet to File", and of FrmTExport, "Export Taxonomy Data to File". No
-// command of the main window shows it.
+// command of the main window shows it yet.
 #pragma once
 
 #include "export/plain_export_form.h"

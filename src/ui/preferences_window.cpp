@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kPathWidth = 56;  // average characters
 
-// A frame with the buttons of the names given, in columns.
+// A group box with the named buttons in columns.
 template <typename Button>
 QGroupBox* Group(QWidget* parent, const char* frame, std::initializer_list<const char*> names, int columns) {
     auto* group = Named<QGroupBox>(parent, frame);

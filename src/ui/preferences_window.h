@@ -1,5 +1,5 @@
-// FrmPreferences, the dialog of File, Preferences, with menus of its own. The commands of its Edit menu work
-// on the field that has, or last had, the keyboard.
+// FrmPreferences, the dialog of File, Preferences, with its menus. The commands of its Edit menu work on the
+// field that has, or last had, the focus.
 #pragma once
 
 #include <QPointer>

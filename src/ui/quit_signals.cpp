@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::array kSignals = {SIGHUP, SIGINT, SIGTERM};
 
-int ends[2] = {-1, -1};  // a pipe from the handler, which may do no more than write, to the event loop
+int ends[2] = {-1, -1};  // a pipe to the event loop: a signal handler may write, but little else
 
 void Note(int) {
     const int before = errno;

@@ -1,5 +1,5 @@
-// SIGHUP, SIGINT and SIGTERM of the desktop program, as a call from the event loop: a job that runs is
-// canceled and cleans up after itself, where the signal's own way would leave half of a file behind.
+// Turns SIGHUP, SIGINT and SIGTERM into a call from the event loop, so that a running job is canceled and
+// cleans up instead of leaving half a file behind.
 #pragma once
 
 #include <QObject>
@@ -9,7 +9,7 @@ class QSocketNotifier;
 
 namespace quillon::ui {
 
-// Only one object may exist at a time. The signals are as before when it goes.
+// Only one object may exist at a time. Its destructor restores the previous handlers.
 class QuitSignals : public QObject {
     Q_OBJECT
 public:

@@ -1,5 +1,5 @@
-// The commands of the main window as menus and toolbars have them: name, key of the toolbar, icon, keyboard
-// shortcut. The captions come from the form.
+// The commands of the main window for menus and toolbars: name, toolbar key, icon, keyboard shortcut. The
+// captions come from the form.
 #pragma once
 
 #include <QString>
@@ -19,7 +19,7 @@ struct CommandSpec {
 
 std::span<const CommandSpec> Commands();
 
-// Makes the actions of all commands, the menus and the two toolbars.
+// Creates the actions of all commands, the menus and the two toolbars.
 void BuildCommands(QMainWindow& window);
 // The tool tip of an action: its caption and its keyboard shortcut.
 QString ToolTipOf(const QAction& action);

@@ -34,7 +34,7 @@ constexpr BuildPage kPages[] = {BuildTaxonPage,        BuildVernacularPage, Buil
                                 BuildDistributionPage, BuildCommentPage,    BuildPublicationPage,
                                 BuildExpertPage,       BuildOtherSourcePage};
 
-// The commands of the explorer's own menu; "-" for a separator.
+// The commands of the explorer's context menu; "-" for a separator.
 constexpr const char* kExplorerMenu[] = {"mnuAdd",   "mnuCopy", "-",          "mnuECut", "mnuPaste",
                                          "mnuEUndo", "-",       "mnuEDelete", "-",       "mnuParent"};
 
@@ -56,33 +56,33 @@ RecViewWindow::RecViewWindow(editor::RecView& recView, navigation::cExplorer& ex
     ShowPage();
     const int character = fontMetrics().averageCharWidth();
     resize((QSize(kExplorerWidth + kEditorWidth, kHeight) * character).boundedTo(Room()));
-    // Where the screen is too narrow for both, the explorer gives way from the start.
+    // On a narrow screen the explorer starts smaller.
     const int most = character * kExplorerWidth;
     const int beside = std::clamp(width() - EditorWidth(), explorerView_->minimumWidth(), most);
     splitter_->setSizes({beside, width() - beside});
 }
 
-// What the editor needs to show the page without scrolling it sideways.
+// The width at which the editor shows the page without horizontal scrolling.
 int RecViewWindow::EditorWidth() const {
     const QMargins margins = editor_->layout()->contentsMargins();
     return scroller_->widget()->minimumSizeHint().width() + 2 * scroller_->frameWidth() +
            scroller_->verticalScrollBar()->sizeHint().width() + margins.left() + margins.right();
 }
 
-// What the screen has for the window, without its frame and title bar.
+// The size of the screen without the frame and title bar of the window.
 QSize RecViewWindow::Room() const {
     const int frame = style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
     const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight);
     return screen()->availableSize() - QSize(2 * frame, title + frame);
 }
 
-// The form outlives the window and must not call it any more.
+// The form outlives the window and must no longer call it.
 RecViewWindow::~RecViewWindow() {
     recView_.ReselectLater.Disconnect(reselection_);
     recView_.Controls().form.RemoveClosedObserver(closing_);
 }
 
-// A note takes the place of the name for a while; the other panels stay.
+// A note covers the name for a while; the other panels stay visible.
 void RecViewWindow::BuildStatusBar() {
     const auto panel = [this](const char* name, int stretch) {
         auto* label = new QLabel(this);
@@ -121,7 +121,7 @@ void RecViewWindow::BuildBody() {
     setCentralWidget(splitter_);
 }
 
-// A window that gets narrower takes the room from the explorer as long as the page would have to scroll.
+// A narrower window shrinks the explorer while the page would otherwise have to scroll.
 void RecViewWindow::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
     const QList<int> widths = splitter_->sizes();
@@ -209,7 +209,7 @@ void RecViewWindow::ShowView() {
     explorerView_->ShowHierarchy(recView_.Controls().hierarchy.Value());
 }
 
-// A page never gets smaller than its size hint: the area scrolls instead.
+// A page is never smaller than its size hint: the area scrolls instead.
 void RecViewWindow::ShowPage() {
     const int index = recView_.Controls().TabStrip1.SelectedIndex();
     if (std::exchange(page_, index) == index) return;
@@ -225,7 +225,7 @@ void RecViewWindow::TurnTab(int step) {
     if (wanted >= 0 && wanted < tabs_->count()) tabs_->setCurrentIndex(wanted);
 }
 
-// From the explorer to the editor and back.
+// Moves the focus from the explorer to the editor and back.
 void RecViewWindow::MoveFocus() {
     QWidget* view = explorerView_->CurrentView();
     if (!view->hasFocus()) return view->setFocus(Qt::ShortcutFocusReason);
@@ -233,7 +233,7 @@ void RecViewWindow::MoveFocus() {
     (field != nullptr ? field : tabs_)->setFocus(Qt::ShortcutFocusReason);
 }
 
-// The first field of the page that the Tab key stops at; nullptr when there is none.
+// The first field of the page in tab order; nullptr when there is none.
 QWidget* RecViewWindow::FirstField() const {
     QWidget* page = pages_[static_cast<std::size_t>(page_ - 1)];
     for (QWidget* at = page->nextInFocusChain(); at != page; at = at->nextInFocusChain()) {

@@ -1,5 +1,5 @@
 // The main window: menus, toolbars, the explorer, the record's tabs and the status bar. It shows what RecView
-// and cExplorer hold, and hands them what the user does.
+// and cExplorer hold, and passes user actions to them.
 #pragma once
 
 #include <QMainWindow>
@@ -52,7 +52,7 @@ private:
     QTabBar* tabs_ = nullptr;
     QScrollArea* scroller_ = nullptr;
     std::vector<QWidget*> pages_;                  // RVPanel1 to RVPanel8
-    int page_ = 0;                                 // the one on show, from 1; 0 for none yet
+    int page_ = 0;                                 // the visible one, from 1; 0 for none yet
     std::uint64_t reselection_ = 0, closing_ = 0;  // connections to RecView and its form
     bool activated_ = false;
     bool mayClose_ = false;

@@ -15,7 +15,7 @@ bool IsGenusOrBelow(DesktopProgram& program, const navigation::TreeNode* node) {
     return item && program.State().gRankGenus != 0 && item->rank() >= program.State().gRankGenus;
 }
 
-// Down the first branch until a genus stands open and one of its species is there to choose.
+// Expands the first branch down to a genus and returns the first node below it.
 navigation::TreeNode* OpenFirstBranch(DesktopProgram& program) {
     auto& explorer = program.Explorer();
     navigation::TreeNode* node = explorer.TreeV().TopCount() > 0 ? explorer.TreeV().Top(0) : nullptr;

@@ -12,7 +12,7 @@ class SplashWindow : public QWidget {
 public:
     // The form must outlive the window.
     explicit SplashWindow(startup::FrmSplash& form);
-    // On the screen when this returns, though no event loop runs.
+    // The window is on the screen when this returns, even without an event loop.
     void ShowNow();
 };
 

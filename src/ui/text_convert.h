@@ -1,4 +1,4 @@
-// UTF-8 of the program to and from the text of the toolkit.
+// Converts between the program's UTF-8 and the toolkit's strings.
 #pragma once
 
 #include <QString>

@@ -1,4 +1,4 @@
-// The observer that turns changes of the tree into those of an item model.
+// Turns changes of the tree into changes of an item model.
 #include "ui/tree_model.h"
 
 #include "ui/text_convert.h"
@@ -41,7 +41,7 @@ int TreeModel::rowCount(const QModelIndex& parent) const {
     return static_cast<int>(node == nullptr ? tree_.TopCount() : node->RowCount());
 }
 
-// A node whose children have not been fetched can be opened too.
+// A node whose children have not been read can be expanded too.
 bool TreeModel::hasChildren(const QModelIndex& parent) const {
     const TreeNode* node = NodeOf(parent);
     return (node == nullptr ? tree_.TopCount() : node->ChildCount()) > 0;

@@ -18,9 +18,9 @@ public:
     navigation::TreeNode* NodeOf(const QModelIndex& index) const;
     // Invalid for nullptr.
     QModelIndex IndexOf(navigation::TreeNode* node) const;
-    // The node that would take what is dragged.
+    // True for the drop target.
     bool IsDropHighlight(const QModelIndex& index) const;
-    // True while nodes are added or removed: a change of the current row is then not the user's doing.
+    // True while nodes are added or removed: a change of the current row then does not come from the user.
     bool IsChanging() const { return changing_; }
 
     QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
@@ -33,9 +33,9 @@ public:
 signals:
     void NodeExpanded(const QModelIndex& index, bool expanded);
     void NodeSelected(const QModelIndex& index);
-    // The view must scroll to it; all nodes above are open.
+    // The view must scroll to this node; all nodes above it are expanded.
     void NodeMadeVisible(const QModelIndex& index);
-    // Another node, or none, would now take what is dragged.
+    // The drop target has changed, or there is none any more.
     void HighlightMoved();
 
 private:

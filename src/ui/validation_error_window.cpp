@@ -8,7 +8,7 @@ namespace quillon::ui {
 
 namespace {
 
-// What narrows the log: a text, and a rule.
+// The filters of the log: a text and a rule.
 QLayout* MakeFilterLine(QWidget* parent) {
     auto* label = Named<QLabel>(parent, "lblFilter");
     auto* filter = Named<QLineEdit>(parent, "txtFilter");
@@ -41,7 +41,7 @@ QLabel* MakeText(QWidget* parent, const char* name) {
     return label;
 }
 
-// To the right of the other window, else to its left, else at the right edge of the screen.
+// Right of the other window, else left of it, else at the right edge of the screen.
 QPoint PlaceBeside(const QRect& other, const QSize& size, const QRect& screen) {
     int left = other.right() + 1;
     if (left + size.width() > screen.right() + 1) left = other.left() - size.width();

@@ -10,8 +10,7 @@ class ValidationErrorWindow : public LogWindow {
     Q_OBJECT
 public:
     ValidationErrorWindow(validation::FrmVError& form, QWidget* parent);
-    // Shows the window beside the one that it belongs to, as far as the screen has room, and does not block
-    // it.
+    // Shows the window, not modal, beside the main window as far as the screen has room.
     void ShowBeside(const QWidget& main);
 };
 

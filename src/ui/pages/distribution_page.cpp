@@ -27,7 +27,7 @@ constexpr std::array<Jurisdiction, 7> kJurisdictions = {{{"lblContinentalUS", "c
                                                          {"lblCanada", "cboCanada"},
                                                          {"lblMexico", "cboMexico"}}};
 
-// Down the first column, then down the second, as Tab goes too.
+// The first column from top to bottom, then the second; also the tab order.
 struct Place {
     int row, column;
 };

@@ -8,14 +8,14 @@ namespace quillon::ui {
 
 namespace {
 
-constexpr int kShortest = 10;  // characters that a field is wide at least
+constexpr int kShortest = 10;  // minimum width of a field in characters
 constexpr int kCommentLines = 3;
 constexpr int kIdCharacters = 14;
 
 enum class Kind { Line, PickList, Text, Check, Association, Vernacular };
 
-// A field with its label, in the order in which the Tab key leads through them. `column` is the label's; the
-// field takes `span` columns behind it. A label that begins with "lbl" is a control of its own.
+// A field with its label, in tab order. `column` is that of the label; the field takes the next `span`
+// columns. A label that begins with "lbl" is a control.
 struct Place {
     const char* label;
     const char* name;
@@ -27,7 +27,7 @@ struct Layout {
     const char* title;
     const char* grid;
     std::span<const Place> places;
-    int stretch[3];  // of the columns of fields
+    int stretch[3];  // of the field columns
     const char* qbIdLabel;
     const char* qbId;
     const char* idLabel;
@@ -105,7 +105,7 @@ int CharacterWidth(const QWidget& widget) {
     return widget.fontMetrics().averageCharWidth();
 }
 
-// A field that takes what room there is, with a list to pick from.
+// A combo box that takes the available width.
 QComboBox* PickList(QWidget* parent, const char* name) {
     auto* list = Named<QComboBox>(parent, name);
     list->setEditable(true);
@@ -115,7 +115,7 @@ QComboBox* PickList(QWidget* parent, const char* name) {
     return list;
 }
 
-// What the picker of a vernacular shows need not be in its list, but nothing is typed into it.
+// Editable so that it can show a text that is not in its list, but read-only for the user.
 QComboBox* VernacularPicker(QWidget* parent, const char* name) {
     QComboBox* picker = PickList(parent, name);
     picker->lineEdit()->setReadOnly(true);
@@ -174,7 +174,7 @@ QGridLayout* FieldsOf(QWidget* page, const Layout& layout) {
     return fields;
 }
 
-// An id, to be read and copied.
+// A read-only id that can be copied.
 void AddId(QHBoxLayout& line, QWidget* page, const char* label, const char* name) {
     auto* id = Named<QLineEdit>(page, name);
     id->setReadOnly(true);
@@ -193,7 +193,7 @@ QHBoxLayout* FootOf(QWidget* page, const Layout& layout) {
     return foot;
 }
 
-// Widgets are made in the order in which the Tab key leads through them.
+// Creates widgets in tab order.
 QWidget* BuildPage(QWidget* parent, const Layout& layout) {
     auto* page = new QWidget(parent);
     auto* lines = PageLayout(page);

@@ -7,7 +7,7 @@ namespace {
 constexpr int kLeastRows = 6;
 constexpr int kMargin = 12;
 
-// A text of several lines on one; the whole text in a tool tip.
+// Shows a text of several lines on one line, and the whole text in a tool tip.
 class OneLine : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -40,7 +40,7 @@ QTableWidget* RowTable(QWidget* parent, const char* name, const QString& accessi
     table->setSelectionBehavior(QAbstractItemView::SelectRows);
     table->setSelectionMode(QAbstractItemView::SingleSelection);
     table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    table->setTabKeyNavigation(false);  // Tab leads on to the fields
+    table->setTabKeyNavigation(false);  // Tab moves on to the fields
     table->setWordWrap(false);
     table->setAlternatingRowColors(true);
     table->setItemDelegate(new OneLine(table));

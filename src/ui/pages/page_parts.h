@@ -1,5 +1,5 @@
-// What the pages of the record have in common: how their widgets are made and laid out. The pages hold no
-// rules and no texts but accessible names: the binder gives every widget what its control model says.
+// Functions that make and lay out the widgets of the record's pages. The pages hold no logic, and no texts
+// except accessible names: the binder fills every widget from its control model.
 #pragma once
 
 #include <QtWidgets>
@@ -9,18 +9,17 @@
 
 namespace quillon::ui {
 
-// The label of a field, which its access key leads to.
+// The label of a field, with the field as its buddy.
 QLabel* FieldLabel(QWidget* parent, const char* name, QWidget* field);
-// A table of rows that are chosen whole and not edited, each on one line. The last column takes the width
-// that the others leave.
+// A read-only table with selection by row, one line each. The last column takes the remaining width.
 QTableWidget* RowTable(QWidget* parent, const char* name, const QString& accessibleName);
-// An empty page with its layout, ready to take the table and what stands below it.
+// Sets up an empty page; the caller adds the table and what is below it.
 QVBoxLayout* PageLayout(QWidget* page);
 // Labels in the first column, fields in the second, which grows.
 QGridLayout* FieldLayout();
-// Several lines of text. Tab moves on to the next field.
+// A box for several lines of text. Tab moves to the next field.
 QPlainTextEdit* TextBox(QWidget* parent, const char* name);
-// The height at which a text box shows so many lines.
+// The height at which a text box shows `lines` lines.
 int HeightOf(const QPlainTextEdit& box, int lines);
 QHBoxLayout* ButtonRow(QWidget* parent, const std::vector<const char*>& names);
 

@@ -11,7 +11,7 @@ constexpr int kRankCharacters = 14;
 constexpr int kNameCharacters = 24;
 constexpr int kNumberCharacters = 9;
 
-// Widgets are made in the order in which the Tab key leads through them.
+// Creates widgets in tab order.
 class TaxonPage {
 public:
     explicit TaxonPage(QWidget* parent) : page_(new QWidget(parent)) {
@@ -56,7 +56,7 @@ private:
         edit->setMinimumWidth(edit->fontMetrics().averageCharWidth() * characters);
         return edit;
     }
-    // A number or word for reading, as wide as it needs to be.
+    // A read-only field of fixed width.
     QLineEdit* Reading(const char* name, int characters) {
         auto* edit = Named<QLineEdit>(page_, name);
         edit->setFixedWidth(edit->fontMetrics().averageCharWidth() * (characters + 3));
@@ -107,7 +107,7 @@ private:
         AddRow("lblHybridAuthority", hybridAuthor, Line({hybridAuthor}));
         uninomial->setProperty(kCalledBy, "lblName1");
         epithet->setProperty(kCalledBy, "lblName2");
-        // Until the rank gives their labels a text.
+        // Hidden until the rank sets their labels.
         for (QWidget* name : std::initializer_list<QWidget*>{genus, uninomial})
             Name(name, QObject::tr("First Name"));
         for (QWidget* name : std::initializer_list<QWidget*>{species, epithet})
