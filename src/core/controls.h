@@ -326,6 +326,10 @@ public:
     const std::string& Cell(std::size_t row, std::size_t column) const { return rows_.at(row).at(column); }
     // A row shorter than the columns is filled up with empty texts.
     void AddRow(Row row);
+    // Inserts a row before the row `index`, or behind the last one when there is no such row. The selected
+    // row stays selected.
+    void InsertRow(std::size_t index, Row row);
+    void ReplaceRow(std::size_t index, Row row);
     void SetRows(std::vector<Row> rows);
     void SetCell(std::size_t row, std::size_t column, std::string_view text);
     void RemoveRow(std::size_t row);

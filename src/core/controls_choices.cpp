@@ -134,9 +134,21 @@ void GridControl::SetHeading(std::size_t column, std::string_view heading) {
 }
 
 void GridControl::AddRow(Row row) {
+    InsertRow(rows_.size(), std::move(row));
+}
+
+void GridControl::InsertRow(std::size_t index, Row row) {
+    ChangeScope scope(form_);
+    const int place = static_cast<int>(std::min(index, rows_.size()));
     row.resize(columns_.size());
-    rows_.push_back(std::move(row));
+    rows_.insert(rows_.begin() + place, std::move(row));
+    if (selected_ >= place) ++selected_;
     Touch();
+}
+
+void GridControl::ReplaceRow(std::size_t index, Row row) {
+    row.resize(columns_.size());
+    Assign(rows_.at(index), std::move(row));
 }
 
 void GridControl::SetRows(std::vector<Row> rows) {

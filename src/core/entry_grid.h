@@ -26,11 +26,18 @@ public:
         SetRows(std::move(rows));
     }
     // Adds a data row as the last of them.
-    void AddDataRow(Row row) {
-        RemoveRow(Rows().size() - 1);
-        AddRow(std::move(row));
-        AddRow({});
+    void AddDataRow(Row row) { InsertRow(Rows().size() - 1, std::move(row)); }
+    // Removes the selected row, and selects the next one. False, and nothing changes, when it is not a data
+    // row.
+    bool RemoveSelectedData() {
+        const int row = SelectedRow();
+        if (!IsDataRow(row)) return false;
+        RemoveRow(static_cast<std::size_t>(row));
+        SetSelectedRow(row);
+        return true;
     }
+    // The number of data rows.
+    std::size_t DataCount() const { return Rows().size() - 1; }
     // False for the empty row and for a number that is no row.
     bool IsDataRow(int row) const { return row >= 0 && static_cast<std::size_t>(row) + 1 < Rows().size(); }
     // The cells of the selected row; nullptr when it is not a data row.

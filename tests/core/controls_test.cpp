@@ -4,6 +4,8 @@
 
 #include <memory>
 
+#include "core/entry_grid.h"
+
 namespace quillon {
 namespace {
 
@@ -217,6 +219,44 @@ TEST(GridControl, FillsShortRowsAndKeepsTheSelection) {
     sample.grdComments.Clear();
     EXPECT_EQ(sample.grdComments.SelectedRow(), -1);
     EXPECT_FALSE(sample.grdComments.UserActivateRow(0));
+}
+
+TEST(GridControl, InsertsAndReplacesRowsUnderTheSelection) {
+    SampleForm sample;
+    sample.grdComments.SetRows({{"first"}, {"third"}});
+    sample.grdComments.SetSelectedRow(1);
+    sample.grdComments.InsertRow(1, {"second", "2"});
+    EXPECT_EQ(sample.grdComments.SelectedRow(), 2);
+    sample.grdComments.InsertRow(9, {"last"});
+    EXPECT_EQ(sample.grdComments.SelectedRow(), 2);
+    sample.grdComments.ReplaceRow(2, {"changed"});
+    EXPECT_EQ(sample.grdComments.SelectedRow(), 2);
+    EXPECT_EQ(sample.grdComments.Rows(),
+              (std::vector<GridControl::Row>{{"first", ""}, {"second", "2"}, {"changed", ""}, {"last", ""}}));
+    const auto told = CountOf(sample.grdComments);
+    sample.grdComments.ReplaceRow(3, {"last"});
+    EXPECT_EQ(*told, 0) << "an equal row is no change";
+}
+
+TEST(EntryGridControl, KeepsTheEmptyRowLast) {
+    Form form("RecView");
+    EntryGridControl grid(form, "grdVernacular", {{"Name"}});
+    grid.SetSelectedRow(0);
+    grid.AddDataRow({"orca"});
+    EXPECT_EQ(grid.SelectedRow(), 1) << "the empty row";
+    grid.AddDataRow({"orque"});
+    EXPECT_EQ(grid.Rows(), (std::vector<GridControl::Row>{{"orca"}, {"orque"}, {""}}));
+    EXPECT_EQ(grid.DataCount(), 2U);
+    EXPECT_FALSE(grid.RemoveSelectedData()) << "the empty row stays";
+    grid.SetSelectedRow(0);
+    EXPECT_TRUE(grid.RemoveSelectedData());
+    EXPECT_EQ(grid.Rows(), (std::vector<GridControl::Row>{{"orque"}, {""}}));
+    EXPECT_EQ(grid.SelectedRow(), 0);
+    EXPECT_TRUE(grid.RemoveSelectedData());
+    EXPECT_EQ(grid.SelectedRow(), 0) << "the empty row";
+    grid.SetSelectedRow(-1);
+    EXPECT_FALSE(grid.RemoveSelectedData());
+    EXPECT_EQ(grid.Rows(), (std::vector<GridControl::Row>{{""}}));
 }
 
 TEST(GaugeControl, StaysWithinItsLimits) {
