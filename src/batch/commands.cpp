@@ -10,6 +10,7 @@
 #include "batch/batch_job.h"
 #include "core/text.h"
 #include "core/vocabulary.h"
+#include "store/lifecycle/create.h"
 #include "store/lifecycle/file_copy.h"
 #include "store/lifecycle/version.h"
 #include "store/statement_turns.h"
@@ -155,8 +156,8 @@ ExitStatus RunNew(const CommonOptions& options, const std::string& path) {
         Fail("Canceled.");
         return ExitStatus::Failed;
     }
-    batchJob.lifecycle.MakeDataSet(path);
-    batchJob.lifecycle.CloseDataSet();
+    // It is not opened: another process may have it as soon as it is there.
+    store::MakeDataSetFile(batchJob.engine, path, options.kingdom, batchJob.state.gVersion);
     return ExitStatus::Done;
 }
 

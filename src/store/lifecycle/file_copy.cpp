@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <chrono>
+#include <thread>
 
 #include "core/file_identity.h"
 
@@ -17,6 +19,8 @@ namespace quillon::store {
 namespace {
 
 constexpr std::string_view kMagic("SQLite format 3\0", 16);
+constexpr auto kWaitForOthers = std::chrono::seconds(10);
+constexpr auto kWaitStep = std::chrono::milliseconds(10);
 constexpr std::array<const char*, 3> kLogs = {"-journal", "-wal", "-shm"};
 
 class Source {
@@ -102,6 +106,22 @@ void RefuseFileInUse(Engine& engine, const std::string& path) {
         engine.OpenDatabase(path)->Close();
     } catch (const StoreError& error) {
         if (error.Is(ErrorNumber::FileInUse)) throw;
+    }
+}
+
+DatabaseHandle OpenReplaced(Engine& engine, const std::string& path, const std::function<void()>& turn) {
+    const auto latest = std::chrono::steady_clock::now() + kWaitForOthers;
+    for (;;) {
+        try {
+            return engine.OpenDatabase(path);
+        } catch (const StoreError& error) {
+            if (!error.Is(ErrorNumber::FileInUse)) throw;
+        }
+        if (std::chrono::steady_clock::now() > latest)
+            throw StoreError(ErrorNumber::FileInUse,
+                             "The DataSet was replaced, but another program has opened it meanwhile.");
+        turn();
+        std::this_thread::sleep_for(kWaitStep);
     }
 }
 

@@ -3,6 +3,7 @@
 // is a StoreError.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -39,5 +40,10 @@ void CopyDataSetFile(const std::string& from, const std::string& to);
 
 // Throws FileInUse when `path` is a DataSet that another process has open; anything else passes.
 void RefuseFileInUse(Engine& engine, const std::string& path);
+
+// Opens the DataSet that was just put in place at `path`. Another process may look at it first and have it
+// for a moment: it is waited for, up to ten seconds, with `turn` called meanwhile. After that the FileInUse
+// says that the DataSet was replaced.
+DatabaseHandle OpenReplaced(Engine& engine, const std::string& path, const std::function<void()>& turn);
 
 }  // namespace quillon::store

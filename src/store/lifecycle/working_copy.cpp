@@ -104,7 +104,7 @@ void WorkingCopy::Replace(DatabaseHandle& original) {
     // Only now: until the new file stood in its place, nobody else could open the DataSet.
     LeaveNoJournal(*original);
     original->Close();
-    original = engine_.OpenDatabase(path);
+    original = OpenReplaced(engine_, path, [this] { goOn_(); });
 }
 
 void WorkingCopy::RequireSameFile(Database& original) const {
