@@ -72,6 +72,7 @@ void RecView::ConnectTabs() {
         const int tab = controls_.TabOf(*control);
         if (tab != 0) control->OnTakeFocus([this, tab] { ShowTab(tab); });
     }
+    controls_.taxon.BringUp.Connect([this] { ShowTab(controls_.TabOf(controls_.taxon.FirstControl())); });
     controls_.TabStrip1.OnEdit([this] { Guarded([this] { TabClicked(); }); });
 }
 

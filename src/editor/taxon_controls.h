@@ -5,6 +5,7 @@
 #pragma once
 
 #include "core/controls.h"
+#include "core/signal.h"
 #include "documentation/pick_list.h"
 
 namespace quillon::editor {
@@ -14,6 +15,8 @@ struct TaxonControls {
     explicit TaxonControls(Form& owner);
 
     Form& form;
+    // The form that has these controls shows them, when they are on one of its tabs.
+    Signal<> BringUp;
 
     LabelControl lblKingdom{form, "lblKingdom", "Kingdom"};
     TextControl txtKingdom{form, "txtKingdom"};
