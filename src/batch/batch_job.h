@@ -1,4 +1,4 @@
-// One DataSet open for one job of quillon-batch, with everything that the job's procedures ask for.
+// The open DataSet of one job of quillon-batch, with all objects that the job's procedures need.
 #pragma once
 
 #include <string>
@@ -11,7 +11,7 @@ namespace quillon::batch {
 struct BatchJob {
     explicit BatchJob(const CommonOptions& options);
 
-    // Opens `path` and takes its kingdom. A failure is a StoreError with a text for the user.
+    // Opens `path` and reads its kingdom. Throws StoreError with a text for the user.
     void Open(const std::string& path);
 
     ApplicationState state;

@@ -46,13 +46,13 @@ std::string Escape(std::string_view text) {
     return escaped;
 }
 
-// Exchange of values as the file has them: a Boolean is 0 or 1.
+// The text of a value as it is stored: a Boolean is 0 or 1.
 std::string Field(const Value& value) {
     if (value.IsNull()) return "\\N";
     return value.IsBoolean() ? (value.AsBoolean() ? "1" : "0") : Escape(value.AsText());
 }
 
-// A result that cannot be delivered is a failure of the job.
+// Output that cannot be written is a failure of the job.
 [[noreturn]] void FailToPrint() {
     throw std::runtime_error(std::string("Standard output cannot be written: ") + std::strerror(errno) + ".");
 }
@@ -65,7 +65,7 @@ void FlushOutput() {
     if (std::fflush(stdout) != 0) FailToPrint();
 }
 
-// Ends the statement that runs when the job is canceled.
+// Interrupts the running statement when the job is canceled.
 store::StatementTurns CancelableStatements(BatchJob& batchJob) {
     return {*batchJob.state.gDatabase, [&batchJob] {
                 batchJob.pump.Yield();
@@ -96,7 +96,7 @@ bool IsSelect(std::string_view query) {
     return EqualText(query.substr(0, 6), "select");
 }
 
-// False when a parameter is not NAME=VALUE, which is reported.
+// Reports a parameter that is not NAME=VALUE and returns false.
 bool SetParameters(store::QueryDef& def, const std::vector<std::string>& parameters) {
     for (const std::string& parameter : parameters) {
         const std::size_t equals = parameter.find('=');

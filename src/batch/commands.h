@@ -1,5 +1,4 @@
-// The jobs of quillon-batch: each fills in what the form of the job would hold, and calls what the form's
-// button calls.
+// The jobs of quillon-batch. Each fills in the form of the job and runs the command of its button.
 #pragma once
 
 #include <string>
@@ -12,7 +11,7 @@ namespace quillon::batch {
 enum class ExitStatus { Done = 0, Findings = 1, Usage = 2, Failed = 3 };
 
 struct CommonOptions {
-    std::string workDir;  // where logs land; "" for the current directory
+    std::string workDir;  // the folder for logs; "" for the current directory
     Answer answer = Answer::No;
     std::string kingdom;  // the preference kingdom; "" for the DataSet's own
     bool progress = false;

@@ -70,7 +70,7 @@ SignalPump::SignalPump(ApplicationState& state) : state_(state) {
         sigaction(signal, &action, nullptr);
         sigaddset(&taken, signal);
     }
-    sigprocmask(SIG_UNBLOCK, &taken, nullptr);  // the caller may have blocked them
+    sigprocmask(SIG_UNBLOCK, &taken, nullptr);  // the parent process may have blocked them
 }
 
 void SignalPump::Yield() {

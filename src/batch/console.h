@@ -1,5 +1,5 @@
-// The outside of quillon-batch: messages and questions as lines on standard error, answers from the command
-// line, and SIGINT as the Cancel button.
+// Implements core/outside.h for quillon-batch: messages and questions are lines on standard error, the
+// command line gives the answers, and SIGINT acts as the Cancel button.
 #pragma once
 
 #include <optional>
@@ -13,20 +13,20 @@ namespace quillon::batch {
 
 enum class Answer { No, Yes };
 
-// "message: " and the text on standard error, in one line. It needs no memory.
+// Prints "message: " and the text on standard error, in one line. Allocates nothing.
 void PrintMessage(std::string_view text, std::string_view more = {});
 
 class ConsolePrompter : public Prompter {
 public:
     explicit ConsolePrompter(Answer answer) : answer_(answer) {}
 
-    // Whether a job of this process ran out of memory and reported it.
+    // True when a job of this process has reported that it ran out of memory.
     static bool SaidOutOfMemory();
 
     void Message(std::string_view text, std::string_view title) override;
-    // "question: ", the text, and the answer taken in brackets.
+    // Prints "question: ", the text, and the chosen answer in brackets.
     bool AskYesNo(std::string_view text, std::string_view title) override;
-    // There is nobody to choose a file or to look at a form: the answer is Cancel.
+    // Without a screen there are no dialogs: the answer is always Cancel.
     std::optional<std::string> FileToOpen(std::string_view title, std::string_view filter) override;
     std::optional<std::string> FileToSave(std::string_view title, std::string_view filter,
                                           bool overwritePrompt, std::string_view suggested) override;
@@ -37,8 +37,7 @@ private:
     Answer answer_;
 };
 
-// Passes SIGHUP, SIGINT and SIGTERM on as gBatchCancel, also one that was sent before the program could take
-// it.
+// Sets gBatchCancel on SIGHUP, SIGINT and SIGTERM, including signals that were pending at the start.
 class SignalPump : public EventPump {
 public:
     explicit SignalPump(ApplicationState& state);
@@ -48,7 +47,7 @@ private:
     ApplicationState& state_;
 };
 
-// A line on standard error that is drawn over itself, on a terminal only.
+// A progress line on standard error that overwrites itself, only on a terminal.
 class ProgressLine {
 public:
     explicit ProgressLine(bool wanted);

@@ -40,7 +40,7 @@ bool Exists(const std::string& path) {
     return lstat(path.c_str(), &info) == 0;
 }
 
-// The list of values that CP1252 cannot hold, and how many they are.
+// Reports the values that CP1252 cannot hold, and their number.
 void RefuseForeign(exporting::ExportJob& job, Prompter& prompter) {
     job.onForeign = [](const exporting::OddValue& value) {
         std::fprintf(stderr, "%s\n", exporting::Describe(value).c_str());

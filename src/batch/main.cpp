@@ -69,7 +69,7 @@ ExitStatus Dispatch(const CLI::App& app, Arguments& arguments) {
     return RunInfo(arguments.common, arguments.dataSet);
 }
 
-// A job that runs out of memory ends with Failed, whatever it made of the failure itself.
+// A job that runs out of memory ends with Failed, whatever status it returns.
 ExitStatus RunGuarded(const CLI::App& app, Arguments& arguments) {
     try {
         const ExitStatus status = Dispatch(app, arguments);
@@ -133,11 +133,11 @@ int Run(int argc, char** argv) {
 }  // namespace quillon::batch
 
 int main(int argc, char** argv) {
-    signal(SIGXFSZ, SIG_IGN);  // so that a write beyond the limit on file sizes fails, and is reported
+    signal(SIGXFSZ, SIG_IGN);  // so that a write beyond the file size limit fails and is reported
     try {
         return quillon::batch::Run(argc, argv);
     } catch (const std::exception&) {
-        // Only want of memory gets here: the command line itself found none.
+        // Parsing the command line ran out of memory.
         quillon::batch::PrintMessage(quillon::kNotEnoughMemory);
         return static_cast<int>(quillon::batch::ExitStatus::Failed);
     }

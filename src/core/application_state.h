@@ -1,5 +1,5 @@
-// The application-wide state: one object that main makes and hands down. Each member has one writer rule; a
-// fresh one is empty, zero or false throughout.
+// The application-wide state: one object that main creates and passes down. Its members are empty, zero or
+// false at first.
 #pragma once
 
 #include <memory>
@@ -19,15 +19,15 @@ struct ApplicationState {
     std::shared_ptr<store::Database> gDatabase;  // the open DataSet
     bool gDataSetOpen = false;
     std::string gDataSetPath;    // empty when none is open
-    bool gDataSetIsNew = false;  // created in this run; makes the first import a plain load
+    bool gDataSetIsNew = false;  // created in this run; the first import only inserts
     std::string gVersion;        // major.minor.revision of the program
 
     std::string gKingdomName;     // the preference, until the open DataSet overrides it
-    std::string gOldKingdomName;  // what the override replaced
+    std::string gOldKingdomName;  // the preference that was overridden
     int gKingdomId = 0;
     std::string gPrefRank;
     std::string gOldPrefRank;
-    std::string gPrefDataSet;  // path opened at start
+    std::string gPrefDataSet;  // path to open at the start
     std::string gPrefAuthor, gPrefWarnings;
     std::string gPrefSaveReferences, gPrefSaveAuthor, gPrefSaveParent, gPrefSaveComments,
         gPrefSaveOtherFields;
@@ -39,14 +39,14 @@ struct ApplicationState {
     CurrentTaxon currentTaxon;  // CurrentTaxon, qb_id 0 when none
     int gRankGenus = 0, gRankSpecies = 0;
 
-    // The run of a long job.
+    // A long job.
     bool gBatchRunning = false;
     bool gBatchCancel = false;
     std::string gRecordFilter = "none";  // "none", "journal", or ` WHERE <column> <operator> "<value>"`
     bool gValidatingForExport = false;
     int gRecordsDone = 0, gRecordsTotal = 0, gValidatedTotal = 0;
     bool gErrorsOccurred = false;       // at least one finding was logged
-    bool gRecordHeaderPending = false;  // the row at hand has not had its heading written
+    bool gRecordHeaderPending = false;  // the heading of the current row is not written yet
     int gLogQbId = 0;                   // the taxon under validation
     std::vector<int> gRejectedTaxa;     // refused in a run for export
     std::vector<std::pair<std::string, int>> gRejectedDocs;  // prefix and id, refused in a run for export

@@ -1,9 +1,7 @@
-// The one border between a step that can fail and the user: a failure becomes a message, and the program goes
-// on.
+// Turns the failure of a step into a message to the user, after which the program continues.
 //
-// Every command, and every procedure that carries on after a failed step, runs through Attempt. A procedure
-// that must undo something makes a unit of the store inside the step. Nothing here throws what the step
-// threw.
+// Every command, and every procedure that continues after a failed step, runs the step through Attempt. A
+// step that must be undone on failure opens a unit of the store. Attempt never throws what the step threw.
 #pragma once
 
 #include <exception>
@@ -16,12 +14,12 @@ namespace quillon {
 
 inline constexpr std::string_view kNotEnoughMemory = "Not enough memory.";
 
-// What the user reads about a failure: "Failed " and its description, or kNotEnoughMemory.
+// The message for a failure: "Failed " and its description, or kNotEnoughMemory.
 std::string FailureText(const std::exception& failure);
 // Shows that text as a warning.
 void ReportFailure(Prompter& prompter, const std::exception& failure, std::string_view title = {});
 
-// Runs `step`. False when it failed, which has been reported then.
+// Runs `step`. Reports its failure and then returns false.
 template <typename Step>
 bool Attempt(Prompter& prompter, const Step& step, std::string_view title = {}) {
     try {

@@ -10,7 +10,7 @@ namespace quillon {
 
 namespace {
 
-// The bytes 80 to 9F; every other byte has the code point of its own number.
+// The bytes 80 to 9F; every other byte equals its code point.
 constexpr std::array<char16_t, 32> kMiddle = {
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,  // 80
     0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,  // 88

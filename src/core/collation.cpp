@@ -14,7 +14,7 @@ namespace {
 enum Lead : std::uint8_t {
     ControlLead = 0x01,
     DeleteLead = 0x21,  // U+007F to U+009F
-    SymbolLead = 0x42,  // the blank and what kSymbols lists after it
+    SymbolLead = 0x42,  // the characters of kSymbols
     FarSymbolLead = 0x8F,
     DigitLead = 0x90,
     LatinLead = 0xA0,
@@ -23,7 +23,7 @@ enum Lead : std::uint8_t {
     InvalidByteLead = 0xF0
 };
 
-// Punctuation and symbols of ASCII and Latin-1 in their order, the blank lowest.
+// Punctuation and symbols of ASCII and Latin-1 in ascending order.
 constexpr char32_t kSymbols[] =
     U" \u00A0_\u00AF-\u00AD,;:!\u00A1?\u00BF.\u00B7\u00B8'\"\u00AB\u00BB()[]{}\u00A7\u00B6@*/"
     U"\\&#%`\u00B4^\u00A8"
@@ -73,7 +73,7 @@ bool IsMark(char32_t code) {
     return Within(code, kFirstCombiningMark, kLastCombiningMark);
 }
 
-// The weight of a character that is not taken apart, in lower case.
+// The weight of a character that is not decomposed, in lower case.
 BaseWeight PlainWeight(char32_t code) {
     if (code < kLatin1Weights.size() && kLatin1Weights[code] != 0) return kLatin1Weights[code];
     if (code >= kInvalidByteBase) return Weight(InvalidByteLead, code - kInvalidByteBase);

@@ -1,9 +1,9 @@
-// What one character counts for in the order of texts: base weights, compared first over the whole text, and
-// mark weights, compared only between texts whose base weights are all equal. CompareText and SortKey read
-// it; it decides the order of characters and nothing about texts.
+// The weights of single characters for ordering texts: base weights, compared first over the whole text, and
+// mark weights, compared only between texts whose base weights are all equal. Used by CompareText and
+// SortKey.
 //
-// A base weight holds its byte form: the lead byte on top, then the bytes that follow it, so that comparing
-// weights and comparing keys give the same order. Marks are weighed in the order in which they stand.
+// A base weight is its key bytes as a number: the lead byte on top, then the bytes that follow it, so that
+// weights and keys compare alike. Marks are compared in the order of the text.
 #pragma once
 
 #include <array>
@@ -16,7 +16,7 @@ namespace quillon {
 using BaseWeight = std::uint32_t;
 using MarkWeight = std::uint8_t;
 
-// The mark weight of every base letter itself; all marks weigh more.
+// The mark weight of a base letter without marks; all marks weigh more.
 inline constexpr MarkWeight kPlainMark = 1;
 
 struct CollationElements {
@@ -26,10 +26,10 @@ struct CollationElements {
     std::uint8_t markCount = 0;
 };
 
-// The weights of a character; an invalid byte has one too. A combining mark has no base weight.
+// The weights of a character or an invalid byte. A combining mark has no base weight.
 CollationElements ElementsOf(char32_t code);
 
-// How many bytes follow the lead byte of a base weight: 0 to 3.
+// The number of bytes after the lead byte of a base weight: 0 to 3.
 int FollowingBytes(BaseWeight weight);
 
 // The base weight of each ASCII character by its byte, 0 for every other byte. Each has kPlainMark.

@@ -6,7 +6,7 @@ namespace quillon {
 
 namespace {
 
-// Rows of four letters; the comment names the code point of the first.
+// Rows of four letters; the comment is the code point of the first.
 // clang-format off
 constexpr LetterParts kLatin[] = {
     {'a', 0, 0x300}, {'a', 0, 0x301}, {'a', 0, 0x302}, {'a', 0, 0x303},  // 00C0

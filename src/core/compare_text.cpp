@@ -9,8 +9,8 @@ namespace quillon {
 
 namespace {
 
-// Hands out the weights of a text one after the other, then 0. It walks the text anew for bases and for
-// marks, so that a comparison needs no memory of its own.
+// Returns the weights of a text one after the other, then 0. It reads the text once for bases and once for
+// marks, so that a comparison allocates nothing.
 class WeightReader {
 public:
     explicit WeightReader(std::string_view text) : text_(text) {}
@@ -66,7 +66,7 @@ BaseWeight AsciiWeight(std::string_view text, std::size_t position) {
     return kAsciiWeights[static_cast<unsigned char>(text[position])];
 }
 
-// How far two texts begin with the same ASCII bytes, in whole words: names of one genus begin alike.
+// The length of the common ASCII beginning of two texts, in whole words: names of one genus begin alike.
 std::size_t SameAsciiWords(std::string_view left, std::string_view right, std::size_t size) {
     constexpr std::uint64_t highBits = 0x8080808080808080u;
     std::size_t position = 0;
@@ -90,8 +90,8 @@ void AppendMarks(std::string_view text, std::string& key) {
     key.push_back('\0');
     WeightReader reader(text);
     while (const MarkWeight mark = reader.NextMark()) key.push_back(static_cast<char>(mark));
-    // A text ends in plain letters more often than not; what is left out on both sides cannot tell them
-    // apart.
+    // Most texts end in letters without marks; equal weights dropped at the end of both keys do not change
+    // the order.
     while (key.size() > basesEnd + 1 && key.back() == static_cast<char>(kPlainMark)) key.pop_back();
     if (key.size() == basesEnd + 1) key.pop_back();
 }
@@ -110,7 +110,7 @@ int CompareText(std::string_view left, std::string_view right) {
         if (leftWeight != 0 && rightWeight != 0) return leftWeight < rightWeight ? -1 : 1;
         break;
     }
-    // All before this place has equal bases and no marks on either side, so it need not be looked at again.
+    // Everything before this position has equal bases and no marks on either side, so it is skipped.
     return CompareWithMarks(left.substr(position), right.substr(position));
 }
 

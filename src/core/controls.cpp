@@ -36,7 +36,8 @@ void Form::End() {
         for (const auto& observer : control->focusObservers_) observer();
 }
 
-// What an observer changes is reported in another round, so that no observer is called twice for one state.
+// Changes made by an observer are reported in another round, so that no observer is called twice for one
+// state.
 void Form::TellChanges() {
     if (telling_) return;
     telling_ = true;

@@ -1,13 +1,12 @@
-// The control models of forms: what a form's controls hold and allow, without a widget in sight.
+// The control models of forms: the content and state of a form's controls, independent of widgets.
 //
-// A form is a struct whose first member is a Form and whose other members are controls under the names that
-// the form has for them. The form's rules are procedures over that struct; a window shows it through the
-// binder of src/ui, and a test calls it directly. The program sets controls with Set...; the user's input
-// comes through User..., which a disabled or locked control ignores, and which runs the rules added with
-// OnEdit or OnClick.
+// A form is a struct whose first member is a Form and whose other members are controls, each named like its
+// member. The form's logic is the procedures of that struct; a window shows it through the binder of src/ui,
+// and a test calls it directly. The program sets controls with Set...; the user's input comes through
+// User..., which a disabled or locked control ignores, and which runs the rules added with OnEdit or OnClick.
 //
 // Observers are notified of a change once, when the outermost action ends: a user's action or a ChangeScope.
-// Setting an equal value notifies nobody. A form and its controls are neither copied nor moved.
+// Setting an equal value notifies no observer. A form and its controls cannot be copied or moved.
 #pragma once
 
 #include <cstddef>
@@ -27,7 +26,7 @@ class Control;
 
 class Form {
 public:
-    // `name` is the form's own ("FrmImport").
+    // `name` is the name of the form, such as "FrmImport".
     explicit Form(std::string name) : name_(std::move(name)) {}
     Form(const Form&) = delete;
     Form& operator=(const Form&) = delete;
@@ -40,20 +39,20 @@ public:
 
     const std::string& Title() const { return title_; }
     void SetTitle(std::string_view title);
-    // Asks whoever shows the form to close it, at once.
+    // Notifies the window at once that the form closes.
     void Close();
-    // Run by the window when the user closes it; without a handler the form just closes. A handler decides by
-    // calling Close() or not.
+    // Called by the window when the user closes it. Without a handler the form closes; a handler calls
+    // Close() or keeps the form open.
     void UserClose();
     void OnUserClose(std::function<void()> rule) { closeRule_ = std::move(rule); }
 
-    // Notifies the observers of what changed so far, in the middle of an action: for jobs that let the window
+    // Notifies the observers of the changes so far, in the middle of an action, for jobs that let the window
     // repaint while they run.
     void TellChanges();
 
     // Called after an action that changed the title, and at each Close().
     void OnTitle(std::function<void()> observer) { titleObservers_.Connect(std::move(observer)); }
-    // Returns the number that removes the observer, for one that the form outlives.
+    // Returns a number to remove the observer with, which an observer that dies before the form must do.
     std::uint64_t OnClosed(std::function<void()> observer) { return closed_.Connect(std::move(observer)); }
     void RemoveClosedObserver(std::uint64_t number) { closed_.Disconnect(number); }
 
@@ -67,11 +66,11 @@ private:
     std::string title_;
     std::vector<Control*> controls_;
     std::vector<Control*> changed_;
-    Control* focus_ = nullptr;  // the control that has asked for the focus
+    Control* focus_ = nullptr;  // the control that requested the focus
     int depth_ = 0;
     bool telling_ = false;
     bool titleChanged_ = false;
-    std::function<void()> closeRule_;  // the one that decides
+    std::function<void()> closeRule_;  // decides whether the form closes
     Signal<> titleObservers_, closed_;
 };
 
@@ -97,7 +96,7 @@ public:
     const std::string& Name() const { return name_; }
     bool Enabled() const { return enabled_; }
     bool Visible() const { return visible_; }
-    // Shown and enabled as ever, but not to be changed by the user.
+    // A locked control looks enabled, but the user cannot change it.
     bool Locked() const { return locked_; }
     // With the "&" of its access key.
     const std::string& Caption() const { return caption_; }
@@ -106,14 +105,15 @@ public:
     void SetLocked(bool locked) { Assign(locked_, locked); }
     void SetCaption(std::string_view caption) { Assign(caption_, std::string(caption)); }
 
-    // Called once after each outermost action in which anything of the control changed.
+    // `observer` is called once after each outermost action that changed the control.
     void Observe(std::function<void()> observer) { observers_.push_back(std::move(observer)); }
-    // Asks for the keyboard focus. It moves when the outermost action has ended and its changes are shown; of
-    // several requests the last one counts.
+    // Requests the keyboard focus. It moves after the outermost action has ended and its changes are shown;
+    // the last of several requests wins.
     void TakeFocus();
-    // Notified when the focus is to move here. Whoever shows the control ignores it while it takes no input.
+    // `observer` is called when the focus is to move here. A window ignores it while the control takes no
+    // input.
     void OnTakeFocus(std::function<void()> observer) { focusObservers_.push_back(std::move(observer)); }
-    // A rule that follows a change by the user; it runs inside the action, before any observer.
+    // `rule` runs after a change by the user, inside the action and before any observer.
     void OnEdit(std::function<void()> rule) { rules_.push_back(std::move(rule)); }
 
 protected:
@@ -128,8 +128,8 @@ protected:
     }
     void Touch();
     bool AcceptsUser() const { return enabled_ && !locked_; }
-    // Runs `change` as the user's action; when it gives true the rules follow. False when it was not let
-    // through.
+    // Runs `change` as a user's action, and then the rules if it returns true. False when the control takes
+    // no input.
     bool ByUser(const std::function<bool()>& change);
 
     Form& form_;
@@ -155,7 +155,7 @@ public:
 
 class TextControl : public Control {
 public:
-    // `maxLength` in characters bounds what the user types; 0 for none.
+    // `maxLength` limits typed text, in characters; 0 for no limit.
     TextControl(Form& form, std::string name, std::size_t maxLength = 0);
 
     const std::string& Text() const { return text_; }
@@ -180,8 +180,8 @@ private:
     bool value_ = false;
 };
 
-// One of a group of which at most one is chosen; the group is all option controls of the form with the same
-// group name.
+// An option of a group, of which at most one is chosen. All options of a form with the same group name form a
+// group.
 class OptionControl : public Control {
 public:
     OptionControl(Form& form, std::string name, std::string group, std::string_view caption = {});
@@ -202,12 +202,12 @@ class ButtonControl : public Control {
 public:
     ButtonControl(Form& form, std::string name, std::string_view caption = {});
 
-    // The rule that a click runs, inside one action; several run in the order in which they were added.
+    // `rule` runs at a click, inside one action; several rules run in the order in which they were added.
     void OnClick(std::function<void()> rule) { OnEdit(std::move(rule)); }
     bool UserClick();
 };
 
-// The choices that combo boxes and lists have in common. A choice is known by its place, from 0.
+// The common part of combo boxes and lists: their choices, with indexes from 0.
 class ChoiceControl : public Control {
 public:
     struct Choice {
@@ -226,7 +226,7 @@ public:
         Fetch();
         return listIndex_;
     }
-    // The item data of the choice; 0 when `index` is none.
+    // The item data of the choice; 0 for an invalid `index`.
     std::int64_t ItemData(int index) const { return Has(index) ? At(index).itemData : 0; }
     // -1 when no choice has exactly this text.
     int FindText(std::string_view text) const;
@@ -236,12 +236,12 @@ public:
     // Replaces all choices; nothing is chosen afterwards, but an editable combo keeps its text.
     void SetChoices(std::vector<Choice> choices);
     void SetTexts(const std::vector<std::string>& texts);
-    // Replaces all choices by some that take long to read: `fetch` runs once, when they are first asked for.
-    // Then the one that equals the text of a combo is the chosen one. `fetch` must not throw.
+    // Replaces all choices with choices that are slow to read: `fetch` runs once, when they are first needed.
+    // The choice that equals the text of a combo is then chosen. `fetch` must not throw.
     void SetChoicesLater(std::function<std::vector<Choice>()> fetch);
-    // True until they are asked for.
+    // True until they have been fetched.
     bool ChoicesPending() const { return fetch_ != nullptr; }
-    // Another number after each change of the choices.
+    // Changes with each change of the choices.
     std::uint64_t ChoicesRevision() const { return revision_; }
     void RemoveItem(int index);
     void Clear();
@@ -253,7 +253,7 @@ protected:
 
     // The chosen one has been removed from the choices.
     virtual void ChoiceLost() {}
-    // The choices have been fetched; gives the one that is chosen.
+    // Called when the choices have been fetched; returns the index of the chosen one.
     virtual int ChosenOfFetched() const { return -1; }
 
     mutable std::vector<Choice> choices_;
@@ -266,7 +266,7 @@ private:
     std::uint64_t revision_ = 0;
 };
 
-// A text with choices to take it from. Of a list-only one the text is always a choice, or empty.
+// A text with a list of choices. The text of a list-only combo is always a choice, or empty.
 class ComboControl : public ChoiceControl {
 public:
     enum class Style { Editable, ListOnly };
@@ -275,8 +275,8 @@ public:
     Style GetStyle() const { return style_; }
     const std::string& Text() const { return text_; }
     std::size_t MaxLength() const { return maxLength_; }
-    // Chooses the choice of exactly this text; an editable combo takes any other text too, a list-only one
-    // empties.
+    // Selects the choice with exactly this text. Any other text is set in an editable combo and empties a
+    // list-only one.
     void SetText(std::string_view text);
     // -1 empties the text.
     void SetListIndex(int index);
@@ -292,7 +292,7 @@ private:
     std::size_t maxLength_;
 };
 
-// A list of which one item may be selected.
+// A list with at most one selected item.
 class ListControl : public ChoiceControl {
 public:
     ListControl(Form& form, std::string name);
@@ -301,7 +301,7 @@ public:
     std::string Text() const { return Has(listIndex_) ? At(listIndex_).text : std::string(); }
     void SetListIndex(int index) { Assign(listIndex_, Has(index) ? index : -1); }
     bool UserSelect(int index);
-    // A rule that follows a double click, or Return, on the selected item.
+    // `rule` runs after a double click, or Return, on the selected item.
     void OnActivate(std::function<void()> rule) { activateRules_.push_back(std::move(rule)); }
     bool UserActivate(int index);
 
@@ -309,7 +309,7 @@ private:
     std::vector<std::function<void()>> activateRules_;
 };
 
-// Rows of texts under columns, some of them hidden (they hold the keys). Rows and columns count from 0.
+// Rows of texts in columns; hidden columns hold the keys. Rows and columns count from 0.
 class GridControl : public Control {
 public:
     struct Column {
@@ -324,7 +324,7 @@ public:
     void SetHeading(std::size_t column, std::string_view heading);
     const std::vector<Row>& Rows() const { return rows_; }
     const std::string& Cell(std::size_t row, std::size_t column) const { return rows_.at(row).at(column); }
-    // A row shorter than the columns is filled up with empty texts.
+    // A short row is filled up with empty texts.
     void AddRow(Row row);
     // Inserts a row before the row `index`, or behind the last one when there is no such row. The selected
     // row stays selected.
@@ -339,7 +339,7 @@ public:
     int SelectedRow() const { return selected_; }
     void SetSelectedRow(int row) { Assign(selected_, HasRow(row) ? row : -1); }
     bool UserSelectRow(int row);
-    // A rule that follows a double click, or Return, on a row.
+    // `rule` runs after a double click, or Return, on a row.
     void OnActivate(std::function<void()> rule) { activateRules_.push_back(std::move(rule)); }
     bool UserActivateRow(int row);
 
@@ -351,8 +351,8 @@ private:
     std::vector<std::function<void()>> activateRules_;
 };
 
-// How far a job is. The value stays within the limits, whatever it is set to. Observers are notified of a new
-// value at once, together with all that changed before it.
+// The progress of a job. Values are clamped to the limits. Observers are notified of a new value at once,
+// together with all earlier changes.
 class GaugeControl : public Control {
 public:
     GaugeControl(Form& form, std::string name, int minimum = 0, int maximum = 100);
@@ -368,7 +368,7 @@ private:
     int minimum_, maximum_, value_;
 };
 
-// Tabs known by key; the selected one by its place, from 1.
+// Tabs with keys. The index of the selected tab counts from 1.
 class TabStripControl : public Control {
 public:
     struct Tab {
@@ -383,7 +383,7 @@ public:
     // 0 when there is no such key.
     int IndexOf(std::string_view key) const;
     void SetSelectedIndex(int index);
-    // A click on the tab that is shown changes nothing.
+    // A click on the selected tab changes nothing.
     bool UserSelect(int index);
 
 private:

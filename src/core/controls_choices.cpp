@@ -81,7 +81,7 @@ void ComboControl::ChoiceLost() {
 
 void ComboControl::SetText(std::string_view text) {
     ChangeScope scope(form_);
-    // What a list-only combo takes depends on the choices; an editable one can wait for them.
+    // A list-only combo needs the choices to accept a text; an editable one does not.
     const bool waits = style_ == Style::Editable && ChoicesPending();
     const int index = waits ? -1 : FindText(text);
     Assign(listIndex_, index);

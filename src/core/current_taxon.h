@@ -1,4 +1,4 @@
-// The one record of the taxon under edit. Texts are "" and ids 0 where the column is Null; 0 means none.
+// The one record of the taxon under edit. Texts are "" and ids are 0 where the column is Null.
 #pragma once
 
 #include <array>

@@ -1,5 +1,5 @@
-// The kinds of documents that a record can cite: the prefix by which links name each, its table and key, and
-// its words. Everyone who treats the kinds alike takes them from here.
+// The kinds of documents that a record can cite: for each the prefix in links, its table and key, and its
+// words. Code that treats the kinds alike uses this table.
 #pragma once
 
 #include <array>
@@ -38,13 +38,13 @@ inline constexpr DocumentKind kOtherSources{
 inline constexpr std::array<const DocumentKind*, 3> kDocumentKinds = {&kPublications, &kExperts,
                                                                       &kOtherSources};
 
-// The kind with that prefix, letter for letter; nullptr for another prefix.
+// The kind with exactly that prefix, or nullptr.
 constexpr const DocumentKind* FindDocumentKind(std::string_view prefix) {
     for (const DocumentKind* kind : kDocumentKinds)
         if (kind->prefix == prefix) return kind;
     return nullptr;
 }
-// The kind whose documents are in `table`, as the schema writes it; nullptr for another table.
+// The kind whose documents are in `table`, spelled as in the schema, or nullptr.
 constexpr const DocumentKind* DocumentKindOfTable(std::string_view table) {
     for (const DocumentKind* kind : kDocumentKinds)
         if (kind->table == table) return kind;

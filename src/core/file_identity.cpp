@@ -11,9 +11,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kMostLinks = 40;  // as many as the system follows
+constexpr int kMostLinks = 40;  // the kernel's limit
 
-// The folders of `path` are followed; its last part stays as it stands.
+// Follows the symbolic links in the folders of `path` but not in its last part.
 fs::path InRealFolder(const fs::path& path) {
     std::error_code failure;
     const fs::path folder = path.has_parent_path() ? path.parent_path() : fs::path(".");

@@ -1,5 +1,5 @@
-// Small files read and replaced as a whole, for what must survive a crash and a full disk. Nothing here
-// throws; a failure is returned as text.
+// Reads and replaces small files as a whole, safe against a crash and a full disk. Nothing here throws; a
+// failure is returned as text.
 #pragma once
 
 #include <string>
@@ -9,15 +9,15 @@ namespace quillon {
 
 struct SmallFile {
     std::string bytes;
-    // Why a file that is there could not be read; empty when it was read, and when there is none.
+    // Why an existing file could not be read; empty when it was read or does not exist.
     std::string failure;
 };
-// A plain file of at most a megabyte; anything else at `path` is a failure, and nothing waits for it.
+// Reads a regular file of at most a megabyte; anything else at `path` is a failure. Never blocks.
 SmallFile ReadSmallFile(const std::string& path);
 
-// Replaces the content of a file in one durable step, through a TemporaryFile. Makes the folders that are
-// missing; keeps a symbolic link and the permissions of the file. Returns the failure, empty when it is done;
-// after a failure the old file is as it was and nothing is left beside it.
+// Replaces the content of a file in one durable step, through a TemporaryFile. Creates missing folders; keeps
+// a symbolic link and the permissions of the file. Returns the failure, or an empty text. After a failure the
+// old file is unchanged and no other file is left.
 std::string ReplaceFile(const std::string& path, std::string_view content);
 
 }  // namespace quillon

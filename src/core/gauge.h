@@ -1,11 +1,11 @@
-// How far a long job is.
+// Reports the progress of a long job.
 #pragma once
 
 #include <functional>
 
 namespace quillon {
 
-// Takes the per cent done, 0 to 100.
+// Receives the percentage done, 0 to 100.
 using Gauge = std::function<void(double)>;
 
 }  // namespace quillon

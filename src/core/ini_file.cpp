@@ -29,7 +29,7 @@ std::string_view Unquoted(std::string_view text) {
     return IsQuoted(text) ? text.substr(1, text.size() - 2) : text;
 }
 
-// A pair of quotes keeps the blanks and quotes that reading would strip.
+// Quotes protect blanks and quotes that reading would strip.
 std::string Quoted(std::string_view value) {
     if (!IsQuoted(value) && Stripped(value).size() == value.size()) return std::string(value);
     return '"' + std::string(value) + '"';
@@ -129,8 +129,8 @@ bool IniFile::SetValue(std::string_view section, std::string_view key, std::stri
     return true;
 }
 
-// The place behind the section's last line that is not blank, before any other section begins. A section that
-// is missing is added at the end of the file.
+// The position after the section's last line that is not blank. A missing section is added at the end of the
+// file.
 std::size_t IniFile::EndOfSection(std::string_view section) {
     const auto inSection = [&](const Line& line) { return EqualName(line.section, section); };
     const auto first = std::find_if(lines_.begin(), lines_.end(), inSection);
@@ -147,7 +147,7 @@ std::size_t IniFile::EndOfSection(std::string_view section) {
     return static_cast<std::size_t>(last - lines_.begin());
 }
 
-// As the file has them.
+// The line end that the file uses.
 std::string IniFile::LineEnd() const {
     return !lines_.empty() && lines_.front().end == "\n" ? "\n" : "\r\n";
 }

@@ -11,11 +11,11 @@ namespace quillon {
 
 namespace {
 
-// The buffers of the platform's routines, less the NULs that end what they hold.
+// The buffer sizes of profile files, less the NULs at the end.
 constexpr std::size_t kNamesBuffer = 4096 - 2;
 constexpr std::size_t kValueBuffer = 255 - 1;
 
-// A text ends at its first NUL.
+// The text up to the first NUL.
 std::string_view TextIn(std::string_view buffer) {
     return buffer.substr(0, buffer.find('\0'));
 }
@@ -34,7 +34,7 @@ void IniProfile::IniSetTarget(std::string_view section, std::string_view file) {
     isSet_ = true;
 }
 
-// The target with what waits to be written.
+// The target with the values that are not written yet.
 IniFile IniProfile::Target() const {
     IniFile file = IniFile::Read(file_);
     for (const Waiting& entry : waiting_) {
@@ -94,8 +94,8 @@ bool IniProfile::IniFlush() {
     return done;
 }
 
-// Gives the failure, empty when it is done. A file that is there but cannot be read is not replaced, since
-// what else it holds would be lost.
+// Returns the failure, or an empty text. An existing file that cannot be read is not replaced, because its
+// other content would be lost.
 std::string IniProfile::FlushFile(const std::string& file) const {
     const SmallFile old = ReadSmallFile(file);
     if (!old.failure.empty()) return old.failure;

@@ -1,8 +1,8 @@
-// The preferences file: a section of it as the target, the section's keys and values, and the writing of
-// single keys. Start-up and FrmPreferences use it; it knows none of their keys.
+// The preferences file: selects a section as the target, and reads and writes its keys. Start-up and
+// FrmPreferences use it and define the keys.
 //
-// Written values wait for IniFlush, which puts all of them into the file in one step, or leaves the file as
-// it was and reports why.
+// IniFlush writes all new values to the file in one step. If that fails it reports why and leaves the file
+// unchanged.
 #pragma once
 
 #include <string>
@@ -18,20 +18,19 @@ class IniProfile {
 public:
     explicit IniProfile(Prompter& prompter) : prompter_(prompter) {}
 
-    // Without the blanks around them.
+    // Surrounding blanks are ignored.
     void IniSetTarget(std::string_view section, std::string_view file);
     struct KeyAndValue {
         std::string key, value;
         bool operator==(const KeyAndValue&) const = default;
     };
-    // The keys of the target in their order, as far as their names fit into the platform's buffer; gives
-    // their number.
+    // Reads the keys of the target in file order, up to 4,094 bytes of names; returns their number.
     int IniGetAllKeys(std::vector<KeyAndValue>& table);
-    // `otherwise` when the key is absent. Longer values come cut to 254 characters.
+    // `otherwise` when the key is absent. Values are cut to 254 characters.
     std::string IniGetValue(std::string_view key, std::string_view otherwise);
     void IniWriteValue(std::string_view section, std::string_view file, std::string_view key,
                        std::string_view value);
-    // False, with a message, when a file could not be written; what waited for it is dropped.
+    // Returns false, with a message, when a file could not be written; its new values are dropped.
     bool IniFlush();
     // Reports an error in the program itself: a target was read before it was set.
     void IniLogicError();

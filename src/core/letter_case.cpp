@@ -7,8 +7,7 @@ namespace quillon {
 
 namespace {
 
-// Upper-case letters from first to last, every `step`th of them, each with its lower-case letter `toLower`
-// further on.
+// Every `step`th letter from first to last is upper case; its lower-case letter is `toLower` further on.
 struct CaseRange {
     char32_t first;
     char32_t last;

@@ -22,7 +22,7 @@ bool IsInRange(std::string_view character, std::string_view first, std::string_v
     return CompareText(first, character) <= 0 && CompareText(character, last) <= 0;
 }
 
-// Whether `character` is one of the characters or in one of the ranges of a set's body.
+// True when `character` is in the characters or ranges between the brackets of a set.
 bool IsListed(std::string_view character, std::string_view body) {
     for (std::size_t position = 0; position < body.size();) {
         const std::string_view first = CharacterAt(body, position);
@@ -40,9 +40,9 @@ bool IsListed(std::string_view character, std::string_view body) {
 
 // One element of a pattern other than the asterisk.
 struct PatternItem {
-    std::string_view set;  // what stands between the brackets of a set
+    std::string_view set;  // the part between the brackets of a set
     bool isSet = false;
-    char32_t literal = 0;    // the character itself when it is no set
+    char32_t literal = 0;    // the character when it is not a set
     std::size_t length = 0;  // bytes of the pattern
 };
 
@@ -60,7 +60,7 @@ bool SetMatches(std::string_view character, std::string_view body) {
     return IsListed(character, excludes ? body.substr(1) : body) != excludes;
 }
 
-// How many bytes of the text from `position` the item takes; nothing when it does not match there.
+// The number of bytes that the item matches at `position`; empty when it does not match.
 std::optional<std::size_t> MatchItem(const PatternItem& item, std::string_view text, std::size_t position) {
     if (item.isSet && item.set.empty()) return 0;
     if (position == text.size()) return std::nullopt;
@@ -85,8 +85,8 @@ bool HasOpenBracket(std::string_view pattern) {
     return false;
 }
 
-// Walks text and pattern together. When an item fails, the last asterisk takes one character more and the
-// items behind it are tried again; earlier asterisks never need to be.
+// Matches text and pattern in parallel. When an item fails, the last asterisk takes one more character and
+// the items after it are tried again; earlier asterisks never need a retry.
 class LikeMatcher {
 public:
     LikeMatcher(std::string_view text, std::string_view pattern) : text_(text), pattern_(pattern) {}

@@ -39,13 +39,13 @@ LineFile::~LineFile() {
     try {
         Close();
     } catch (const std::exception&) {
-        // Whoever does not call Close() does not ask whether the file is whole.
+        // A caller that needs the failure calls Close().
         failure_.clear();
     }
 }
 
-// Looked at before it is opened: opening some devices has an effect, and a file in use must not even be
-// opened, because closing it again would drop the locks that this process has on it.
+// Checks the file before it opens it: opening some devices has side effects, and closing a file in use would
+// drop the locks that this process holds on it.
 void LineFile::OpenFile(const std::vector<std::string>& inUse) {
     struct stat file {};
     if (stat(path_.c_str(), &file) == 0) {

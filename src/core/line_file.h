@@ -1,7 +1,7 @@
-// A text file that a job writes line by line from its start: the logs, and the reports that people read.
+// A text file that a job writes line by line: logs and reports.
 //
-// It replaces an ordinary file, and nothing else: a device or a pipe is refused, and so is a file that the
-// job itself reads. Nothing here throws but for want of memory.
+// It overwrites only a regular file: a device or a pipe is refused, and so is a file that the job reads.
+// Nothing here throws except when memory runs out.
 #pragma once
 
 #include <cstdint>
@@ -11,31 +11,31 @@
 
 namespace quillon {
 
-// `name` in `directory`; `name` itself when there is no directory.
+// `name` in `directory`; just `name` when `directory` is empty.
 std::string PathIn(const std::string& directory, std::string_view name);
 
 class LineFile {
 public:
     static constexpr std::string_view kCrLf = "\r\n", kLineFeed = "\n";
 
-    // Opens the file and empties it, unless it is one of `inUse`, by whatever name. Failure() has the reason
-    // when it could not be opened.
+    // Opens and truncates the file, unless it is the same file as one of `inUse`. Failure() returns the
+    // reason when it could not be opened.
     explicit LineFile(std::string path, const std::vector<std::string>& inUse = {},
                       std::string_view lineEnd = kCrLf);
-    // Writes what is left; call Close() to learn whether that worked.
+    // Writes buffered lines; call Close() to find out whether that worked.
     ~LineFile();
     LineFile(const LineFile&) = delete;
     LineFile& operator=(const LineFile&) = delete;
 
     const std::string& Path() const { return path_; }
     bool Open() const { return descriptor_ >= 0; }
-    // The first failure, in plain words; empty as long as all went well.
+    // The first failure, as a text for the user; empty when there is none.
     const std::string& Failure() const { return failure_; }
-    // Adds the line and its end.
+    // Appends the line and a line end.
     void Print(std::string_view line);
     // Lines so far; a line break within a line counts.
     std::uint32_t Lines() const { return lines_; }
-    // False when not all of it could be written.
+    // False when not everything could be written.
     bool Close();
 
 private:

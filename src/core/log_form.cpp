@@ -50,7 +50,7 @@ LogForm::LogForm(std::string name, std::string_view title, const ApplicationStat
     form.OnUserClose([this] { Exit(); });
 }
 
-// The dialog has asked about the name as it was typed.
+// The dialog has asked about the name as typed.
 void LogForm::SaveLogAs() {
     auto path = prompter_.FileToSave(kSaveTitle, kLogFilter, true);
     if (!path) return;

@@ -1,5 +1,5 @@
-// What the two forms over a log share: the log of an import and that of a validation are kept under another
-// name, or go when the form closes. The forms show the log; nothing here reads what it says.
+// The base of the forms for the log of an import and of a validation. A log is saved under another name, or
+// removed when the form closes.
 #pragma once
 
 #include <string>
@@ -18,14 +18,13 @@ public:
     ButtonControl cmdOK{form, "cmdOK", "E&xit"};
 
     // The command of cmdSave: moves the log to a path that the user chooses. A name without a full stop gets
-    // ".LOG", and then an existing file is asked about. It never replaces an open DataSet, a pipe or a
-    // device.
+    // ".LOG"; if that file exists, it asks. It never replaces an open DataSet, a pipe or a device.
     void SaveLogAs();
-    // Removes the log and closes the form: the command of cmdOK, and what closing the window does.
+    // Removes the log and closes the form: the command of cmdOK and of closing the window.
     void Exit();
 
 protected:
-    // `logPath` is the log shown, `removedPath` the file that goes when the form closes.
+    // `logPath` is the log to show, `removedPath` the file to remove when the form closes.
     LogForm(std::string name, std::string_view title, const ApplicationState& state, Prompter& prompter,
             std::string logPath, std::string removedPath);
     ~LogForm() = default;
@@ -35,7 +34,7 @@ protected:
     const std::string logPath_;
 
 private:
-    // Why the log cannot be kept at the path; empty when it can.
+    // Why the log cannot be saved at the path; empty when it can.
     std::string Refusal(const std::string& path) const;
     void MoveLogTo(const std::string& path);
 

@@ -6,7 +6,7 @@ namespace quillon {
 
 namespace {
 
-// Appends a mark and a name, each with a blank behind; a mark that is Null leaves no blank.
+// Appends a mark and a name, each followed by a blank; a Null mark adds no blank.
 void AppendUnit(const Value& mark, const Value& name, std::string& sciName) {
     if (!mark.IsNull()) sciName.append(mark.AsText()).append(" ");
     sciName.append(name.AsText()).append(" ");
@@ -33,7 +33,7 @@ bool RecordHasName(const EditedName& name) {
     return !name.unit_name1.empty() || !name.unit_name2.empty() || !name.unit_name3.empty();
 }
 
-// The marks are texts here, so an empty one still has its blank.
+// The marks are texts here, so an empty one still adds its blank.
 std::string NameOfRecord(const EditedName& name) {
     return name.unit_ind1 + " " + name.unit_name1 + " " + name.unit_ind2 + " " + name.unit_name2 + " " +
            name.unit_ind3 + " " + name.unit_name3 + " " + name.unit_ind4 + " " + name.unit_name4 + " ";
@@ -43,7 +43,7 @@ std::string_view ChosenOrTyped(const std::string& combo, const std::string& text
     return Trim(combo.empty() ? text : combo);
 }
 
-// The second name counts only when it was typed, and the third only behind a second.
+// The second name counts only when it was typed, and the third only after a second.
 std::string NameOfControls(const EditedName& name) {
     std::string result(ChosenOrTyped(name.cboName1, name.txtName1));
     result.append(" ");
@@ -79,7 +79,7 @@ std::string BuildSciName(const NameFields& name) {
     return sciName;
 }
 
-// The trims of the first two units take away nothing that the compression would leave.
+// The first two units need no trim, because the compression removes the same blanks.
 std::string ConcatSName(const NameFields& name) {
     return CompressSpacesAndTrim(BuildSciName(name));
 }

@@ -1,8 +1,7 @@
-// The compositions of a scientific name. They differ in blanks, in what they drop and in what Null does, and
-// the differences decide matches and are seen by users: each procedure keeps its own output.
+// The compositions of a scientific name. They differ in blanks, in dropped units and in the treatment of
+// Null. Matches depend on these differences and users see them, so the procedures must not be merged.
 //
-// The procedures take the eight fields as a NameFields, filled by whoever holds the row; none reads the
-// store.
+// The procedures take the eight fields as a NameFields, filled by the caller; none reads the store.
 #pragma once
 
 #include <string>
@@ -17,7 +16,7 @@ struct NameFields {
     Value unit_ind1, unit_name1, unit_ind2, unit_name2, unit_ind3, unit_name3, unit_ind4, unit_name4;
 };
 
-// The name of a row that has these eight fields under their names, of whatever kind the row is.
+// The name fields of any row that has these eight fields by name.
 template <typename Row>
 NameFields NameFieldsOf(const Row& row) {
     return {row["unit_ind1"], row["unit_name1"], row["unit_ind2"], row["unit_name2"],
@@ -34,10 +33,10 @@ std::string BuildSciName(const NameFields& name);
 // The composition of the merge: as BuildSciName with the first two units trimmed, then compressed.
 std::string ConcatSName(const NameFields& name);
 
-// The line of a tree node without the usage mark: all units whatever they hold, each mark and name after a
+// The line of a tree node without the usage mark: all units, also empty ones, each mark and name after a
 // blank, then two blanks and the author. `taxonAuthor` may be Null.
 std::string CalcPlainNodeName(const NameFields& name, const Value& taxonAuthor);
-// What CalcPlainNodeName gives for no row at all: one blank.
+// What CalcPlainNodeName returns for a missing row: one blank.
 std::string CalcPlainNodeNameOfNoRow();
 
 // The name units of the taxon under edit and of the form's name controls, texts that are never Null.
@@ -45,8 +44,8 @@ struct EditedName {
     std::string unit_ind1, unit_name1, unit_ind2, unit_name2, unit_ind3, unit_name3, unit_ind4, unit_name4;
     std::string cboName1, txtName1, cboName2, txtName2, txtName3;
 };
-// The name of the taxon on the form: from the record when one of its first three units is given, else from
-// the controls.
+// The name of the taxon on the form: from the record when it has one of its first three units, else from the
+// controls.
 std::string CurrentTaxonName(const EditedName& name);
 
 }  // namespace quillon

@@ -1,6 +1,5 @@
-// Numbers at the beginning of a text, in the plain decimal form that the program's fields hold: digits with
-// an optional sign, decimal point and exponent. Used by Value and by the test for a numeric text; no
-// thousands marks, no hex.
+// Numbers at the beginning of a text, in plain decimal form: digits with an optional sign, decimal point and
+// exponent, without thousands separators or hex. Used by Value and IsNumericText.
 #pragma once
 
 #include <cstddef>
@@ -15,12 +14,11 @@ struct LeadingNumber {
     std::size_t length = 0;  // bytes from the start of the text, leading blanks and sign included
 };
 
-// The number that the text begins with, after blanks and a sign, which blanks may part from the digits.
-// Nothing when there is no digit or the number is outside the range of a double.
+// The number at the beginning of the text, after blanks and a sign, which blanks may follow. Empty when there
+// is no digit or the number is outside the range of a double.
 std::optional<LeadingNumber> ReadLeadingNumber(std::string_view text);
 
-// Rounded to a whole number, halves to the even neighbour; at the ends of the range beyond it, 0 for no
-// number.
+// Rounds to a whole number, halves to even. Clamps to the range; 0 for NaN.
 std::int64_t RoundToLong(double value);
 
 }  // namespace quillon

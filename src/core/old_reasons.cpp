@@ -5,7 +5,7 @@ namespace quillon {
 
 namespace {
 
-// A word of older files and its successor; an empty successor leaves the reason as it is.
+// A word of older files and its successor; an empty successor keeps the reason.
 struct Successor {
     std::string_view oldReason;
     std::string_view animal;
@@ -24,7 +24,7 @@ constexpr std::array<Successor, 9> kSuccessors = {{
     {"syn-subsequent comb.", "subsequent name/combination", ""},
 }};
 
-// A word without one successor, for a person to change.
+// A word without a single successor, which the user must change.
 struct Withdrawn {
     std::string_view oldReason;
     std::string_view advice;
@@ -67,7 +67,7 @@ OldReason KeptWithFinding(std::string_view reason, std::string_view advice) {
     return {std::string(reason), false, Finding(reason, advice)};
 }
 
-// A valid taxon of uncertain place is an unnamed one today, and has no reason.
+// A valid taxon of uncertain position is now an unnamed one without a reason.
 OldReason RewriteIncertaeSedis(std::string_view usage, std::string_view reason) {
     if (usage == AcceptedUsage(KingdomFamily::Animal)) return {"", true, ""};
     return KeptWithFinding(reason, "a valid reason");

@@ -1,5 +1,5 @@
-// The outside as the program's logic sees it: questions, progress, events, time. Nothing here shows anything
-// itself; the desktop program, the batch program and the tests each hand in their own.
+// The interfaces through which the program's logic reaches the outside: questions, progress, events, time.
+// The desktop program, the batch program and the tests each implement them.
 #pragma once
 
 #include <optional>
@@ -15,31 +15,30 @@ public:
     virtual ~Prompter() = default;
     // A message box with an OK button. `title` may be empty.
     virtual void Message(std::string_view text, std::string_view title = {}) = 0;
-    // The same with the warning icon: something failed or was refused.
+    // The same with the warning icon, for a failure or a refusal.
     virtual void WarningMessage(std::string_view text, std::string_view title = {}) { Message(text, title); }
-    // The same with the stop icon: the program, or one of its files, is broken.
+    // The same with the stop icon, for a fault of the program or of one of its files.
     virtual void StopMessage(std::string_view text, std::string_view title) { Message(text, title); }
-    // A question with Yes and No; true for Yes. Return answers Yes.
+    // A question with Yes and No; true for Yes, the default.
     virtual bool AskYesNo(std::string_view text, std::string_view title) = 0;
-    // A question whose Yes overwrites, deletes or loses something. Return answers No.
+    // A question whose Yes overwrites, deletes or loses something. No is the default.
     virtual bool AskBeforeLoss(std::string_view text, std::string_view title) {
         return AskYesNo(text, title);
     }
-    // A file to open, or nothing when the user cancels. The filter is "Name (*.x)|*.x|..." with pairs split
-    // by bars.
+    // A file to open; empty when the user cancels. The filter is "Name (*.x)|*.x|...".
     virtual std::optional<std::string> FileToOpen(std::string_view title, std::string_view filter) = 0;
-    // A file to save. With `overwritePrompt` the dialog itself asks before an existing file is taken, and
-    // adds the ending of the filter's first pair to a name without one; it offers the path `suggested`, which
-    // may be empty.
+    // A file to save. With `overwritePrompt` the dialog asks before it accepts an existing file, and adds the
+    // ending of the filter's first pair to a name without one. `suggested` is the initial path and may be
+    // empty.
     virtual std::optional<std::string> FileToSave(std::string_view title, std::string_view filter,
                                                   bool overwritePrompt, std::string_view suggested = {}) = 0;
     // Shows the form of that name until it closes.
     virtual void ShowModal(std::string_view formName) = 0;
-    // The wait cursor, and back once each call with true has had its call with false.
+    // Shows the wait cursor until each call with true is matched by one with false.
     virtual void WaitCursor(bool on) = 0;
 };
 
-// The one shared progress dialog. The order is NewTask, SetStatus, SetMax, steps, EndTask.
+// The shared progress dialog. The order is NewTask, SetStatus, SetMax, steps, EndTask.
 class ProgressDialog {
 public:
     virtual ~ProgressDialog() = default;
@@ -53,7 +52,7 @@ public:
     virtual void EndTask() = 0;
 };
 
-// Called at each row of a long job; lets events through now and then, so that calling it costs nothing.
+// Called at each row of a long job; processes events now and then, so that a call costs little.
 class EventPump {
 public:
     virtual ~EventPump() = default;

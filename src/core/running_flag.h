@@ -1,4 +1,4 @@
-// gBatchRunning for as long as an object lives: a long job holds one, and the forms start no other meanwhile.
+// Sets gBatchRunning for its lifetime. A long job holds one, and forms start no other job meanwhile.
 #pragma once
 
 #include "core/application_state.h"

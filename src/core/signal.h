@@ -1,7 +1,6 @@
-// An event of one object that others follow. Any number of listeners may be connected; each is called, in the
-// order in which they came, and none takes another's place.
+// An event with any number of listeners, which are called in the order in which they were connected.
 //
-// A procedure that must give an answer is a std::function with one owner instead.
+// For a callback with a result use a std::function.
 #pragma once
 
 #include <cstdint>
@@ -20,7 +19,7 @@ public:
     Signal(const Signal&) = delete;
     Signal& operator=(const Signal&) = delete;
 
-    // Gives the number to disconnect by. A listener that lives shorter than the signal must disconnect.
+    // Returns the number to disconnect with. A listener that does not outlive the signal must disconnect.
     std::uint64_t Connect(Listener listener) {
         listeners_.emplace_back(++last_, std::move(listener));
         return last_;
@@ -28,7 +27,7 @@ public:
     void Disconnect(std::uint64_t number) {
         std::erase_if(listeners_, [number](const auto& each) { return each.first == number; });
     }
-    // Listeners that are connected or disconnected meanwhile count from the next time on.
+    // Listeners that are connected or disconnected during a call take effect at the next one.
     void operator()(Args... args) const {
         const auto listeners = listeners_;
         for (const auto& [number, listener] : listeners) listener(args...);

@@ -1,4 +1,4 @@
-// The time of this machine, in its own time zone.
+// The local time of this machine.
 #pragma once
 
 #include "core/outside.h"

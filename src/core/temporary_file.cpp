@@ -28,10 +28,10 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::string_view kMark = "~new-";
-constexpr std::string_view kLetters = "abcdefghijklmnopqrstuvwxyz234567";  // 32, so that each is as likely
+constexpr std::string_view kLetters = "abcdefghijklmnopqrstuvwxyz234567";  // 32 letters, all equally likely
 constexpr std::size_t kNameLetters = 10;
 constexpr std::size_t kLongestName =
-    200;  // of the target's that is kept, so that the whole stays a valid name
+    200;  // bytes of the target's name to keep, within the limit on file names
 constexpr int kMostAttempts = 100;
 constexpr std::size_t kFirstBytes = 100;
 constexpr mode_t kAccessBits = 07777;
@@ -49,7 +49,6 @@ std::string RandomLetters(const std::string& target) {
     return letters;
 }
 
-// One file, however many names lead to it.
 bool IsSame(const struct stat& a, const struct stat& b) {
     return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
 }
@@ -73,7 +72,7 @@ bool IsOurName(std::string_view name, std::string_view beginning) {
            name.substr(kMark.size()).find_first_not_of(kLetters) == std::string_view::npos;
 }
 
-// The file itself goes also where there is no memory for the names of its logs.
+// Removes the file even when there is no memory for the names of its logs.
 void RemoveWithLogs(const std::string& path) noexcept {
     try {
         for (const char* ending : {"-journal", "-wal", "-shm"}) unlink((path + ending).c_str());
@@ -84,7 +83,7 @@ void RemoveWithLogs(const std::string& path) noexcept {
     unlink(path.c_str());
 }
 
-// The files that this process is making. Opening and closing one of them would drop SQLite's locks on it.
+// The temporary files of this process. Opening and closing one of them would drop SQLite's locks on it.
 std::set<std::string>& Making() {
     static std::set<std::string> making;
     return making;
@@ -100,7 +99,7 @@ bool IsLeftover(int descriptor, Recognise leftover) {
     return got >= 0 && leftover(std::string_view(first.data(), static_cast<std::size_t>(got)));
 }
 
-// The lock is taken before the file goes, so that a run that is just making it is left alone.
+// Takes the lock before it removes the file, so that it never removes a file in use.
 void RemoveUnheld(const std::string& path, Recognise leftover) noexcept {
     const int descriptor = open(path.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
     if (descriptor < 0) return;
@@ -133,7 +132,7 @@ TemporaryFile::~TemporaryFile() {
     Discard();
 }
 
-// False when the name is taken, or was taken away by a run that saw no lock yet.
+// False when the name exists, or when another run removed the file before it was locked.
 bool TemporaryFile::Make() {
     path_ = (fs::path(target_).parent_path() / NameBeginning(target_)).string() + std::string(kMark) +
             RandomLetters(target_);
@@ -143,7 +142,7 @@ bool TemporaryFile::Make() {
         if (errno == EEXIST) return false;
         Fail("Opening", target_);
     }
-    // A file system without locks gives none; then only the name protects the file.
+    // Fails on a file system without locks; then only the name protects the file.
     flock(descriptor_, LOCK_EX | LOCK_NB);
     if (!LeadsTo(path_, descriptor_)) {
         close(std::exchange(descriptor_, -1));
@@ -170,7 +169,7 @@ void TemporaryFile::Write(std::string_view bytes) {
     WriteAll(descriptor_, bytes, target_);
 }
 
-// Only an administrator can give a file away; for everybody else the permissions are what can be kept.
+// Only root can change the owner; other users can only keep the permissions.
 void TemporaryFile::TakePermissions() {
     const std::string& from = FileExists(target_) ? target_ : original_;
     struct stat old {
@@ -209,7 +208,7 @@ void RemoveLeftovers(const std::string& target, Recognise leftover) noexcept {
             if (Making().count(path) == 0) RemoveUnheld(path, leftover);
         }
     } catch (const std::exception&) {
-        return;  // what stays is removed by a later run
+        return;  // a later run removes the rest
     }
 }
 
@@ -230,7 +229,7 @@ void SyncFolderOf(const std::string& path) noexcept {
         fsync(descriptor);
         close(descriptor);
     } catch (const std::bad_alloc&) {
-        return;  // the file is in place; the system writes the folder on its own
+        return;  // the file is in place; the kernel writes the folder later
     }
 }
 

@@ -1,10 +1,10 @@
 // A file that is written beside its target and then replaces it in one step. Its name cannot be guessed, and
-// it is locked while its run lives. Copies, working copies, new DataSets and preferences are written through
-// it. Failures are FileErrors.
+// it is locked while its process runs. Copies, working copies, new DataSets and preferences are written
+// through it. Failures are FileErrors.
 //
-// The name is the target's, "~new-" and ten letters. What a killed run leaves has such a name, a content that
-// its kind of run writes, and no lock; the next run on the same target removes it. Nothing else beside a
-// target is ever removed.
+// The name is the target's, "~new-" and ten letters. The next run on the same target removes files that
+// killed runs left: those with such a name, the content of such a run, and no lock. It never removes anything
+// else.
 #pragma once
 
 #include <stdexcept>
@@ -13,7 +13,7 @@
 
 namespace quillon {
 
-// "Writing 'NAME' failed: No space left on device.", and the system's number for it.
+// "Writing 'NAME' failed: No space left on device.", and its errno.
 class FileError : public std::runtime_error {
 public:
     FileError(std::string_view step, const std::string& path, int number);
@@ -23,7 +23,7 @@ private:
     int number_;
 };
 
-// Whether a file that begins with these bytes can be the work of a run of this kind.
+// True when a run of this kind can have written a file that begins with these bytes.
 using Recognise = bool (*)(std::string_view firstBytes);
 inline bool AnyContent(std::string_view) {
     return true;
@@ -31,8 +31,8 @@ inline bool AnyContent(std::string_view) {
 
 class TemporaryFile {
 public:
-    // An empty file beside the file that `target` leads to, open for reading and writing. What earlier runs
-    // left there is removed.
+    // Creates an empty file beside the file that `target` leads to, open for reading and writing, and removes
+    // what killed runs left there.
     explicit TemporaryFile(const std::string& target, Recognise leftover = AnyContent);
     // Removes the file, unless it was published.
     ~TemporaryFile();
@@ -40,20 +40,19 @@ public:
     TemporaryFile& operator=(const TemporaryFile&) = delete;
 
     const std::string& Path() const { return path_; }
-    // Where Publish puts the file: the target with its symbolic links followed.
+    // The path that Publish replaces: the target with its symbolic links followed.
     const std::string& Target() const { return target_; }
-    // Open until the file is published or the object goes: closing it would take along the locks that SQLite
-    // has on the file in this process. So SQLite must have closed the file by then.
+    // Open until the file is published or the object is destroyed. Closing it drops the locks that SQLite
+    // holds on the file in this process, so SQLite must have closed the file by then.
     int Descriptor() const { return descriptor_; }
 
     // Appends all of `bytes`.
     void Write(std::string_view bytes);
-    // For a copy: the owner and the permissions that Publish gives the file where there is no target to take
-    // them from.
+    // For a copy: Publish takes the owner and permissions from `original` when the target does not exist.
     void TakePermissionsOf(const std::string& original) { original_ = original; }
     void Sync();
-    // Makes the file durable and puts it in the target's place, with the owner and the permissions of the
-    // file that it replaces. After a failure the target is as it was.
+    // Makes the file durable and replaces the target with it, keeping the target's owner and permissions.
+    // After a failure the target is unchanged.
     void Publish();
 
 private:
@@ -65,13 +64,13 @@ private:
     int descriptor_ = -1;
 };
 
-// Removes what killed runs left beside the real path `target`. A file that a process holds stays.
+// Removes files that killed runs left beside the real path `target`, but none that a process holds.
 void RemoveLeftovers(const std::string& target, Recognise leftover = AnyContent) noexcept;
 
-// Writes all of `bytes`; a failure names `path`.
+// Writes all of `bytes`; `path` is for the error text.
 void WriteAll(int descriptor, std::string_view bytes, const std::string& path);
 
-// Makes the entries of the folder of `path` durable, where the file system can.
+// Makes the entries of the folder of `path` durable, if the file system supports it.
 void SyncFolderOf(const std::string& path) noexcept;
 
 }  // namespace quillon

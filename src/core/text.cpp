@@ -103,7 +103,7 @@ bool IsNumericText(std::string_view text) {
     const auto number = ReadLeadingNumber(text);
     if (!number) return false;
     std::string_view rest = Trim(text.substr(number->length));
-    // A sign may follow the number instead of going before it.
+    // A sign may follow the number instead of preceding it.
     const bool signedBefore =
         text.substr(0, number->length).find_first_of("+-") < text.find_first_of(".0123456789");
     if (!signedBefore && (rest == "-" || rest == "+")) return true;

@@ -3,8 +3,8 @@
 // Every comparison of names in the program goes through CompareText or EqualText, so that memory and store
 // agree. The order is fixed here and the same on every machine: trailing blanks do not count; then the base
 // letters of the whole text are compared, punctuation before digits before letters; then, only between texts
-// whose base letters are all equal, the accents. Case never counts. Invalid UTF-8 is compared byte by byte as
-// characters of its own, after all letters, and never fails.
+// whose base letters are all equal, the accents. Case never counts. Each byte of invalid UTF-8 is compared as
+// a character of its own, after all letters; nothing fails.
 #pragma once
 
 #include <cstddef>
@@ -13,12 +13,12 @@
 
 namespace quillon {
 
-// Negative, 0 or positive as left stands before, equals or stands after right.
+// Negative, 0 or positive when left is before, equal to or after right.
 int CompareText(std::string_view left, std::string_view right);
 inline bool EqualText(std::string_view left, std::string_view right) {
     return CompareText(left, right) == 0;
 }
-// A byte string whose plain byte order is the order of CompareText, and equal exactly where that gives 0.
+// A byte string that compares bytewise exactly as CompareText compares the texts.
 std::string SortKey(std::string_view text);
 // The binary comparison (mode 0 of the dialect's StrComp): -1, 0 or 1 by character code, blanks and case
 // included.
@@ -33,7 +33,7 @@ std::size_t CharacterCount(std::string_view text);
 std::string_view LeftCharacters(std::string_view text, std::size_t count);
 std::string UpperCase(std::string_view text);
 std::string LowerCase(std::string_view text);
-// Without the blanks (and only blanks) at both ends, or at the end.
+// Removes blanks, and only blanks, at both ends or at the end.
 std::string_view Trim(std::string_view text);
 std::string_view TrimEnd(std::string_view text);
 
@@ -43,10 +43,9 @@ std::string ReplaceText(std::string_view text, std::string_view find, std::strin
 std::string QuoteSQL(std::string_view text);
 // Safe between double quotes of a statement.
 std::string QuoteDoubleQuotes(std::string_view text);
-// Two upper-case hexadecimal digits for the code in CP1252 of each character; "3F" where CP1252 has none.
+// Two upper-case hexadecimal digits for the CP1252 code of each character; "3F" when it has none.
 std::string HexString(std::string_view text);
-// "12", "-3", " 1.5 " and the like: a number as the platform's text to number conversion takes it, blanks
-// allowed.
+// True for "12", "-3", " 1.5 " and the like, with blanks allowed.
 bool IsNumericText(std::string_view text);
 
 }  // namespace quillon

@@ -1,5 +1,5 @@
-// The turns of a long job: at each row it lets events through and learns whether it was canceled. Jobs take
-// one by reference, down to the loops that read rows.
+// The turns of a long job: at each row it processes events and checks for Cancel. Jobs pass it by reference
+// down to the loops that read rows.
 #pragma once
 
 #include "core/application_state.h"
@@ -11,12 +11,12 @@ class Turns {
 public:
     Turns(ApplicationState& state, EventPump& events) : state_(state), events_(events) {}
 
-    // Lets events through; false when the job is canceled. Cheap enough for every row.
+    // Processes events; false when the job is canceled. Cheap enough for every row.
     bool Next() {
         events_.Yield();
         return !state_.gBatchCancel;
     }
-    // Whether the job has been canceled so far, without a turn.
+    // True when the job has been canceled. Processes no events.
     bool Canceled() const { return state_.gBatchCancel; }
     // Ends the job as its Cancel button does.
     void Cancel() { state_.gBatchCancel = true; }

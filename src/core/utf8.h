@@ -1,8 +1,7 @@
-// UTF-8 one character at a time, for the text procedures of this folder; nothing else needs to look inside a
-// text.
+// Reads UTF-8 one character at a time, for the text procedures of this folder.
 //
-// A byte that belongs to no well-formed character is a character of its own, so that walking a text always
-// ends and loses nothing. Nothing here allocates but AppendUtf8, which appends to the text that it is given.
+// A byte that belongs to no well-formed character is a character of its own, so that reading a text always
+// ends and loses nothing. Only AppendUtf8 allocates.
 #pragma once
 
 #include <cstddef>
@@ -11,7 +10,7 @@
 
 namespace quillon {
 
-// The code of an invalid byte is this plus the byte, above all code points.
+// The code of an invalid byte is this plus the byte; it is above all code points.
 inline constexpr char32_t kInvalidByteBase = 0x110000;
 
 struct Character {
@@ -21,8 +20,8 @@ struct Character {
     bool IsValid() const { return code < kInvalidByteBase; }
 };
 
-// The character that begins at `position`, which must lie inside the text. Overlong forms, surrogates and
-// codes above U+10FFFF are invalid bytes.
+// The character at `position`, which must be inside the text. Overlong forms, surrogates and codes above
+// U+10FFFF are invalid bytes.
 Character DecodeCharacter(std::string_view text, std::size_t position);
 
 // Appends a code point, or the byte itself for the code of an invalid byte.

@@ -11,8 +11,8 @@ namespace quillon {
 
 namespace {
 
-// The shortest digits that read back as the same number, written out where a person would: exponents only for
-// the very large and the very small.
+// The shortest digits that read back as the same number, with an exponent only for very large and very small
+// numbers.
 std::string RealText(double value) {
     std::array<char, 64> buffer;
     char* const end = buffer.data() + buffer.size();
@@ -23,7 +23,7 @@ std::string RealText(double value) {
     return std::string(buffer.data(), written.ptr);
 }
 
-// Whole numbers are read as such, since a double would lose the last digits of a long one.
+// Whole numbers are read as integers, because a double would lose digits of long ones.
 std::int64_t LongOfText(std::string_view text) {
     const auto number = ReadLeadingNumber(text);
     if (!number) return 0;

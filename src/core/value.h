@@ -1,9 +1,8 @@
 // One value of a field, a parameter or a form: Null, a Boolean, a whole number, a number with a fraction, or
 // a text.
 //
-// Everything that passes between the store and the procedures above it is a Value. It converts only where
-// asked, and the readers below give what the program takes for "none" when the value is Null: 0, false, the
-// empty text.
+// The store and the procedures above it exchange Values. Conversions are explicit; for Null the As...
+// functions return 0, false or the empty text.
 #pragma once
 
 #include <cstdint>
@@ -16,8 +15,7 @@ namespace quillon {
 class Value {
 public:
     Value() = default;
-    // Not the variant's own: the library's destroys what it never made when the copy of a text runs out of
-    // memory.
+    // Not defaulted: the copy constructor of std::variant here destroys a text whose copy ran out of memory.
     Value(const Value& other) { content_ = other.content_; }
     Value(Value&&) = default;
     Value& operator=(const Value&) = default;
@@ -44,11 +42,11 @@ public:
 
     // The text, numbers in decimal, True and False for a Boolean, "" for Null.
     std::string AsText() const;
-    // The number, -1 or 0 for a Boolean, the leading number of a text, 0 for Null.
+    // A number as a whole number, -1 or 0 for a Boolean, the leading number of a text, 0 for Null.
     std::int64_t AsLong() const;
     // False for Null, 0 and any text but "True", "Yes", "Y" and numbers other than 0.
     bool AsBoolean() const;
-    // The stored text itself; only when IsText().
+    // The stored text; only when IsText().
     const std::string& Text() const { return std::get<std::string>(content_); }
     double Real() const { return std::get<double>(content_); }
 

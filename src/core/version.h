@@ -1,5 +1,5 @@
-// The version of the program: what "About" shows, what a new DataSet is stamped with and what an opened one
-// is compared with. CMakeLists.txt reads the number from here.
+// The version of the program. "About" shows it, new DataSets store it, and opened ones are compared with it.
+// CMakeLists.txt reads the number from here.
 #pragma once
 
 #include <string_view>

@@ -16,7 +16,7 @@ constexpr std::array<Rank, 21> kAnimalRanks = {{
     {190, "Subgenus", 180, 180},    {220, "Species", 190, 180},  {230, "Subspecies", 220, 180},
 }};
 
-// "Subclass" and "Order" require a rank 50, which this table lacks: existing DataSets hold these numbers.
+// "Subclass" and "Order" require a rank 50, which this table lacks. Existing DataSets have these numbers.
 constexpr std::array<Rank, 22> kPlantRanks = {{
     {10, "Kingdom", 10, 10},       {20, "Subkingdom", 10, 10},    {30, "Division", 20, 10},
     {40, "Subdivision", 30, 30},   {60, "Class", 40, 30},         {70, "Subclass", 60, 50},

@@ -1,5 +1,5 @@
-// The wait cursor for as long as an object lives. Scopes nest: the cursor goes back with the outermost one.
-// Message boxes and dialogs show the ordinary cursor by themselves.
+// Shows the wait cursor for its lifetime. Scopes nest. Message boxes and dialogs show the normal cursor
+// meanwhile.
 #pragma once
 
 #include "core/outside.h"

@@ -1,4 +1,4 @@
-// The names of DataSet files as people give them in the dialogs.
+// The names of DataSet files as the user enters them.
 #pragma once
 
 #include <optional>
@@ -9,17 +9,18 @@
 
 namespace quillon::dataset {
 
-// A name without a point gets the ending ".MDB". The whole path is looked at, its folders included.
+// A name without a full stop gets the ending ".MDB". The full stop may be anywhere in the path, also in a
+// folder.
 std::string WithExtension(std::string path);
 
-// The file that a person means who opens `path`: a bare name also finds the file with an ending.
+// The file to open for `path`: a name without an ending also finds the file with one.
 std::string FindDataSetFile(const std::string& path);
 
-// The question before a DataSet takes the place of a file.
+// Asks before a DataSet replaces a file.
 bool AskToOverwrite(Prompter& prompter, const std::string& path);
 
-// The dialog of File, New: nothing when the user cancels. The dialog itself asks before it takes an existing
-// file; where the ending makes it another file, this asks, and a No leads back to the dialog.
+// The dialog of File, New; empty when the user cancels. The dialog asks before it accepts an existing file.
+// If the added ending makes it another file that exists, this function asks, and a No returns to the dialog.
 std::optional<std::string> AskNewDataSetFile(Prompter& prompter, std::string_view title);
 
 }  // namespace quillon::dataset

@@ -14,7 +14,7 @@ namespace quillon::dataset {
 
 namespace {
 
-// The number of the kingdom, nothing when the DataSet does not have it.
+// The id of the kingdom; empty when the DataSet does not have it.
 std::optional<int> KingdomIdOf(store::Database& database, const std::string& name) {
     auto index = database.OpenQueryDef("Get Kingdom Index");
     const auto kingdom = index.Set("kingdom", name).CreateSnapshot();

@@ -1,6 +1,6 @@
-// What the program takes over from a DataSet that was opened: its kingdom, and the ranks that it has. A
-// preference that the DataSet does not know gives way, with a warning; it is kept in gOldKingdomName or
-// gOldPrefRank, and holds again with the first DataSet that knows it.
+// Reads the kingdom and the ranks of a DataSet that was opened. A preference that the DataSet does not have
+// is overridden with a warning and kept in gOldKingdomName or gOldPrefRank; it applies again with the next
+// DataSet that has it.
 #pragma once
 
 #include <string>
@@ -10,18 +10,18 @@
 
 namespace quillon::dataset {
 
-// The kingdom that the user prefers, whatever kingdom the open DataSet is of.
+// The preferred kingdom, even if the open DataSet has another one.
 const std::string& PreferredKingdom(const ApplicationState& state);
-// For a DataSet just made for that kingdom: it holds again, and gKingdomId is its number.
+// For a DataSet just made for the preferred kingdom: applies the preference again and sets gKingdomId.
 void TakePreferredKingdom(ApplicationState& state);
 
-// The preferred kingdom when the DataSet has it, else the one that held before, else, with a warning, the
-// first of the DataSet. Sets gKingdomName, gOldKingdomName and gKingdomId.
+// Chooses the preferred kingdom if the DataSet has it, else the previous one, else, with a warning, the first
+// of the DataSet. Sets gKingdomName, gOldKingdomName and gKingdomId.
 void ReadKingdom(ApplicationState& state, Prompter& prompter);
-// The preferred rank when the kingdom has it, else the one that held before, else "Kingdom" with a warning;
-// no warning where no rank was ever preferred. Sets gPrefRank and gOldPrefRank.
+// Chooses the preferred rank if the kingdom has it, else the previous one, else "Kingdom" with a warning.
+// Does not warn when no rank was ever preferred. Sets gPrefRank and gOldPrefRank.
 void CheckPreferenceRank(ApplicationState& state, Prompter& prompter);
-// gRankGenus and gRankSpecies; 0 for a rank that the kingdom does not have.
+// Sets gRankGenus and gRankSpecies; 0 for a rank that the kingdom does not have.
 void ReadRankIds(ApplicationState& state);
 
 }  // namespace quillon::dataset

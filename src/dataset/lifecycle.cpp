@@ -20,7 +20,7 @@ namespace {
 constexpr std::string_view kOpenTitle = "Open Taxonomic DataSet File";
 constexpr std::string_view kSaveAsTitle = "Save Taxonomic DataSet As";
 
-// Where a DataSet that is newer than the program sends its user.
+// Shown in the message for a DataSet that is newer than the program.
 constexpr std::string_view kDownloadPage = "https://example.org/quillon";
 
 }  // namespace
@@ -42,7 +42,7 @@ std::string TitleOf(std::string_view path, bool readOnly) {
 }
 
 std::string Lifecycle::OpenDataSetFile(const std::string& path) {
-    // A caller may hand in gDataSetPath itself, which the closing clears.
+    // `path` may refer to gDataSetPath, which CloseDataSet clears.
     std::string wanted(path);  // NOLINT(performance-unnecessary-copy-initialization)
     lastOpenError_.clear();
     try {
@@ -84,19 +84,19 @@ void Lifecycle::DiscardRecord() {
     if (RecordDiscarded) RecordDiscarded();
 }
 
-// The DataSet of before is the open one again, and new if it was: only an import ends that.
+// Reopens the previous DataSet and keeps gDataSetIsNew, which only an import clears.
 void Lifecycle::GoBackTo(const std::string& path, bool wasNew) {
     try {
         CloseDataSet();
     } catch (const StoreError&) {
-        // The failure that led here is the one to report.
+        // The caller reports the failure that led here.
     }
     if (path.empty()) return;
     state_.gDataSetPath = OpenDataSetFile(path);
     state_.gDataSetIsNew = wasNew && state_.gDataSetOpen;
 }
 
-// A new DataSet is one of the preference kingdom, whatever the open one is.
+// A new DataSet gets the preferred kingdom, even if the open one has another.
 void Lifecycle::MakeDataSet(const std::string& path) {
     store::MakeDataSetFile(engine_, path, PreferredKingdom(state_), state_.gVersion);
     OpenNewDataSet(path);
@@ -153,7 +153,7 @@ bool Lifecycle::OfferUpdate(const std::string& path) {
     if (OrderOfOpen() == store::VersionOrder::Newer) {
         prompter_.WarningMessage(RefusalText(path, store::VersionOrder::Newer));
     } else {
-        // Nothing here brings an older file up to date yet, so a Yes ends like a failed update.
+        // Updates of older files do not exist yet, so a Yes ends like a failed update.
         prompter_.WarningMessage(fmt::format("Unable to update {}!", path));
     }
     return false;
@@ -173,7 +173,7 @@ bool Lifecycle::RefuseVersion(const std::string& path) {
     return true;
 }
 
-// A DataSet whose version cannot be read is none that the program can use.
+// A DataSet whose version cannot be read is Unordered, which is refused.
 store::VersionOrder Lifecycle::OrderOfOpen() const {
     try {
         std::string version;
@@ -230,7 +230,7 @@ void Lifecycle::SaveDataSetAs() {
     CopyOpenTo(path);
 }
 
-// The copy is made from a closed file; the DataSet of before is the open one again.
+// Copies the closed file and then opens the DataSet again.
 void Lifecycle::CopyOpenTo(const std::string& path) {
     const std::string oldPath = state_.gDataSetPath;
     const bool wasNew = state_.gDataSetIsNew;

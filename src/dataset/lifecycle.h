@@ -1,6 +1,6 @@
-// What a person does with DataSets: New, Open, Save As, and the question about an unsaved record,
-// with their dialogs, messages and refusals. The main window, start-up and the batch program call it;
-// store/lifecycle does the work on the files.
+// The commands on DataSets: New, Open, Save As, and the question about an unsaved record, with their dialogs,
+// messages and refusals. The main window, start-up and the batch program call it; store/lifecycle does the
+// work on the files.
 #pragma once
 
 #include <functional>
@@ -17,51 +17,53 @@ namespace quillon::dataset {
 inline constexpr std::string_view kDataSetFilter = "Taxonomic Files (*.MDB)|*.mdb|All Files (*.*)|*.*";
 inline constexpr std::string_view kTitleNoDataSet = "Taxonomic Quillon - No Open DataSet";
 
-// What the user reads about the DataSet `path` when the program cannot use it.
+// The message for a DataSet `path` that the program cannot use.
 std::string RefusalText(const std::string& path, store::VersionOrder order);
 // The title of the main window while the DataSet is open.
 std::string TitleOf(std::string_view path, bool readOnly);
 
 class Lifecycle {
 public:
-    // All references must outlive this object. An empty gVersion becomes the program's.
+    // All references must outlive this object. Sets gVersion if it is empty.
     Lifecycle(ApplicationState& state, store::Engine& engine, Prompter& prompter);
 
-    // Replaces the open DataSet. Returns the path when it is open, "" when not; reports nothing.
+    // Replaces the open DataSet. Returns the path, or "" on failure; reports nothing.
     std::string OpenDataSetFile(const std::string& path);
-    // The reason why the last OpenDataSetFile failed; "" when it did not.
+    // The reason why the last OpenDataSetFile failed; "" after a success.
     const std::string& LastOpenError() const { return lastOpenError_; }
     // Closes the open DataSet and clears the path.
     void CloseDataSet();
 
     // File, New: true when a new DataSet is open.
     bool NewDataSet();
-    // The part of it after the dialog: makes `path`, whatever is there, and opens it. A failure is a
-    // StoreError, and what was at `path` is then as it was.
+    // The part of NewDataSet after the dialog: makes and opens `path`, replacing any file there. Throws
+    // StoreError; `path` is then unchanged.
     void MakeDataSet(const std::string& path);
-    // Opens `path`, which was just made and seeded, and takes the preference kingdom, which is its own.
+    // Opens `path`, which was just made and seeded, and applies the preferred kingdom, which is that of the
+    // file.
     void OpenNewDataSet(const std::string& path);
-    // File, Open: true when another DataSet is open now.
+    // File, Open: true when it has opened a DataSet.
     bool OpenDataSet();
-    // File, Save As: copies the open DataSet, which stays the open one.
+    // File, Save As: copies the open DataSet, which stays open.
     void SaveDataSetAs();
 
-    // How the version of the open DataSet stands to the program's; Unordered also when it cannot be read.
+    // Compares the version of the open DataSet with the program's; Unordered also when it cannot be read.
     store::VersionOrder OrderOfOpen() const;
-    // The question whether the open DataSet, `path`, is to be brought up to date; true when it has been.
+    // Asks whether to update the open DataSet, `path`; true when it has been updated.
     bool OfferUpdate(const std::string& path);
-    // For the DataSet that the program starts with: true, with a message, when it is none of any version.
+    // For the DataSet opened at the start: true, with a message, when it has no valid version.
     bool RefuseAtStart(const std::string& path);
-    // Compares the version of the open DataSet, `path`, with that of the program; true when it may not stay
-    // open, which the user then knows.
+    // Compares the version of the open DataSet, `path`, with the program's. True, after a message, when it
+    // must not stay open.
     bool RefuseVersion(const std::string& path);
 
-    // The question about an unsaved record; true means stay where you are. RecordDirty stays as it is: the
-    // next load clears it.
+    // Asks about an unsaved record. True when the user stays on it. Does not change RecordDirty, which the
+    // next load clears.
     bool AskLoseChanges();
-    // Runs after each Yes to that question, when the change tracks of the record are gone. It must not throw.
+    // Runs after each Yes to that question, after the change tracks of the record have been removed. Must not
+    // throw.
     std::function<void()> RecordDiscarded;
-    // gKingdomId, gPrefRank, gRankGenus and gRankSpecies from the open DataSet, with their warnings.
+    // Reads gKingdomId, gPrefRank, gRankGenus and gRankSpecies from the open DataSet and shows warnings.
     void ReadKingdomAndRanks();
 
 private:

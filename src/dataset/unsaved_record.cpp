@@ -15,7 +15,7 @@ void DeleteRows(store::Database& database, std::string_view table, std::string_v
     database.Execute(fmt::format("DELETE * FROM {} WHERE ({} = {});", table, key, id));
 }
 
-// False when a link has a prefix that names no kind of document.
+// False when a link has an unknown prefix.
 bool DeleteDocuments(store::Database& database, int qbId, int track) {
     const auto links =
         database.CreateSnapshot(fmt::format("SELECT qb_documentation_id_prefix, qb_documentation_id FROM "
@@ -31,13 +31,13 @@ bool DeleteDocuments(store::Database& database, int qbId, int track) {
     return true;
 }
 
-// The steps that remove what one change track wrote, each a unit of its own.
+// Removes what one change track wrote, each step in its own unit.
 class TrackRemoval {
 public:
     TrackRemoval(ApplicationState& state, store::Engine& engine, Prompter& prompter)
         : state_(state), engine_(engine), prompter_(prompter), database_(*state.gDatabase) {}
 
-    // False when a step failed, which has been reported.
+    // Reports a failed step and returns false.
     bool Remove(int track) {
         return RemoveRows("qb_change_comments", track) && RemoveDocuments(track) &&
                RemoveRows("qb_reference_links", track) && RemoveRows("qb_change_tracks", track) &&

@@ -1,5 +1,5 @@
-// The record on the form that was not saved: the question whether it may be lost, and the removal of what was
-// already stored for it. Lifecycle uses it before another DataSet or record takes its place.
+// The unsaved record on the form: asks whether it may be lost, and removes rows already stored for it.
+// Lifecycle calls it before another DataSet or record is shown.
 #pragma once
 
 #include "core/application_state.h"
@@ -8,11 +8,11 @@
 
 namespace quillon::dataset {
 
-// True when the user gives the record up.
+// True when the user gives up the record.
 bool AskToLoseRecord(Prompter& prompter);
 
 // Removes the change tracks of gNewChangeTrackIds from the open DataSet, with the documents that they added,
-// and empties the list. The first failure is reported and ends it; the list then stays.
+// and empties the list. Stops at the first failure, reports it and keeps the list.
 void RemoveChangeTracks(ApplicationState& state, store::Engine& engine, Prompter& prompter);
 
 }  // namespace quillon::dataset

@@ -1,5 +1,5 @@
-// One line of an exchange file cut into its fields. Positions are bytes of the line's UTF-8; a delimiter
-// never lies inside a character.
+// Cuts a line of an exchange file into fields. Positions are bytes of the line's UTF-8; a delimiter is never
+// part of another character.
 #pragma once
 
 #include <cstddef>
@@ -15,23 +15,23 @@ std::string_view TagOfLine(std::string_view line);
 
 class FieldCutter {
 public:
-    // Stands before the field that begins at byte `begin`. The line and the delimiter, which is not empty,
-    // must outlive the cutter.
+    // Starts before the field at byte `begin`. The line and the delimiter, which is not empty, must outlive
+    // the cutter.
     FieldCutter(std::string_view line, std::size_t begin, std::string_view delimiter = kTaggedDelimiter)
         : line_(line), delimiter_(delimiter), start_(begin) {}
 
-    // True when a delimiter follows the next character: a line without one holds no field. The next character
-    // itself is not tested.
+    // True when there is a delimiter after the next character, which is not tested itself. A line without one
+    // has no fields.
     bool HasLaterDelimiter() const;
-    // Goes to the next field; false when no delimiter closes it.
+    // Moves to the next field; false when no delimiter ends it.
     bool NextField();
-    // Without the blanks at both ends.
+    // The current field without blanks at both ends.
     std::string_view Field() const { return field_; }
-    // True when nothing stands after the delimiter of the current field.
+    // True when the line ends after the delimiter of the current field.
     bool AtEnd() const { return start_ >= line_.size(); }
-    // What stands after the delimiter of the current field.
+    // The text after the delimiter of the current field.
     std::string_view Rest() const { return AtEnd() ? std::string_view() : line_.substr(start_); }
-    // True when a delimiter closes one more field.
+    // True when a delimiter ends another field.
     bool HasNext() const { return line_.find(delimiter_, start_) != std::string_view::npos; }
 
 private:

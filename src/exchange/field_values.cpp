@@ -12,7 +12,7 @@ namespace quillon::exchange {
 
 namespace {
 
-// `count` characters from the one numbered `first`, from 1, and the mark that follows them.
+// `count` characters from the 1-based position `first`, and the mark that follows them.
 struct Piece {
     std::size_t first, count;
     std::string_view mark = {};
@@ -58,7 +58,7 @@ std::int32_t ReadNumber(std::string_view text) {
     const auto read = std::from_chars(text.data(), end, real);
     if (read.ec != std::errc() || read.ptr != end) return 0;
     real = std::nearbyint(real);
-    // "nan" reads as a number that is in no range.
+    // NaN is in no range.
     const bool fits =
         real >= std::numeric_limits<std::int32_t>::min() && real <= std::numeric_limits<std::int32_t>::max();
     return fits ? static_cast<std::int32_t>(real) : 0;

@@ -1,4 +1,4 @@
-// The values of a tagged file's fields, both ways: numbers, indicators and dates as text.
+// Converts the fields of a tagged file, in both directions: numbers, indicators and dates.
 #pragma once
 
 #include <cstdint>
@@ -20,10 +20,10 @@ inline std::string_view WrittenIndicator(bool value) {
     return value ? "Yes" : "No";
 }
 
-// A date as it is stored; nothing when the text does not have the length of a written one. Only the length is
-// tested. `form` is Date or Stamp.
+// The stored form of a date; empty when the text does not have the length of a written date. Tests only the
+// length. `form` is Date or Stamp.
 std::optional<std::string> ReadDate(std::string_view written, FieldForm form);
-// A stored date as it is written; empty when it does not have the length of a stored one.
+// The written form of a stored date; empty when it does not have the length of a stored date.
 std::string WrittenDate(std::string_view stored, FieldForm form);
 // "mm/dd/yyyy", "yyyy-mm-dd hh:mm:ss": for a message about a date that cannot be read.
 std::string_view PatternOf(FieldForm form);

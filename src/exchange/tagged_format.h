@@ -1,5 +1,5 @@
-// The tagged format: for each tag its table, and its fields in the order of the line. The import reads by
-// this description and the export writes by it; nothing else spells a tag or the order of a record's columns.
+// The tagged format: for each tag its table, and its fields in the order of the line. The import and the
+// export both use this description; tags and column orders are spelled nowhere else.
 //
 // A line is the tag, then each field followed by the separator. There is no header, no enclosure and no
 // escaping.
@@ -26,7 +26,7 @@ enum class FieldForm {
 struct FieldLayout {
     std::string_view column;
     FieldForm form;
-    bool mayBeMissing = false;  // a line may end before this field, its last
+    bool mayBeMissing = false;  // a line may end before this last field
 };
 
 enum class RecordKind {
@@ -57,17 +57,17 @@ struct RecordLayout {
     std::string_view tag;
     std::string_view table;
     std::span<const FieldLayout> fields;
-    bool closed = true;  // a separator follows the last field, too
+    bool closed = true;  // a separator also follows the last field
 
     // "TU" of "[TU]", "CM-" of "[CM-]".
     std::string_view Letters() const { return tag.substr(1, tag.size() - 2); }
-    // The columns of the fields, in their order; a column that is written twice comes twice.
+    // The columns of the fields, in their order, with duplicates.
     std::vector<std::string_view> Columns() const;
-    // The index of the first field of that column, which must exist.
+    // The index of the first field with that column, which must exist.
     std::size_t Place(std::string_view column) const;
 };
 
-// The indexes of the fields of [TU] that are not written as they are stored.
+// Indexes of the [TU] fields that are not written as stored.
 namespace taxon_field {
 inline constexpr std::size_t kReason = 12, kParentTsn = 18, kParent = 19, kAuthorityAuthor = 20, kAuthor = 21,
                              kHybrid = 22, kKingdom = 23;
@@ -78,11 +78,11 @@ extern const RecordLayout kTaxonRecord, kAuthorRecord, kNodcRecord, kVernacularR
     kVernReferenceRecord, kCommentLinkRecord, kCommentRecord, kChangeTrackRecord, kChangeOperationRecord,
     kChangeCommentRecord;
 
-// Every record that has a tag, deletions included.
+// All records with a tag, including deletions.
 std::span<const RecordLayout* const> AllRecords();
-// The record of a tag; nullptr for an unknown one.
+// The record of a tag; nullptr for an unknown tag.
 const RecordLayout* FindRecord(std::string_view tag);
-// The deletion record for a tombstone's table_name, in any case. A table that has none gets an empty tag and
+// The deletion record for a tombstone's table_name, ignoring case. A table without one gets an empty tag and
 // two keys.
 const RecordLayout& DeletionRecord(std::string_view table_name);
 

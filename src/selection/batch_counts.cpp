@@ -18,7 +18,7 @@ int CountAll(store::Database& database, std::string_view table) {
     return rows.Next() ? static_cast<int>(rows.Long(0)) : 0;
 }
 
-// The rows of a table under a filter, as often as the select counts them.
+// Counts the rows of a table under a filter, as often as the select would.
 class FilteredCount {
 public:
     FilteredCount(store::Database& database, SelectedTaxa& taxa, Turns turns)
@@ -36,7 +36,7 @@ public:
     }
 
 private:
-    // Sums what `count` gives for each row.
+    // The sum of `count` over all rows.
     template <typename Count>
     int Sum(std::string_view table, const std::vector<std::string_view>& columns,
             const store::TableRows& among, const Count& count) const {
@@ -71,7 +71,7 @@ private:
     Turns turns_;
 };
 
-// The tables whose rows count, in the order of counting; all rows of those that only an export visits.
+// The tables to count, in order. Tables that only an export visits count with all rows.
 struct CountedTable {
     std::string_view table;
     bool validated;

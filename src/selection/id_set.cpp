@@ -9,7 +9,7 @@ namespace quillon::selection {
 
 namespace {
 
-// A vector may have this many places for each id that is there, and for a few more.
+// The largest number of bits or elements that a vector may have per id, with some ids to spare.
 constexpr std::size_t kBitsAnId = 64, kNumbersAnId = 16, kMoreIds = 16;
 
 bool IsNear(std::uint32_t place, std::size_t count, std::size_t placesAnId) {
@@ -82,7 +82,7 @@ std::size_t Prefixes::Add(std::string_view prefix) {
     return number;
 }
 
-// The spelling nearly always was seen before.
+// Fast path: nearly every spelling has been seen before.
 std::size_t Prefixes::Find(std::string_view prefix) const {
     const auto spelled = bySpelling_.find(prefix);
     if (spelled != bySpelling_.end()) return spelled->second;

@@ -1,7 +1,6 @@
-// Sets and maps of row ids for the length of one validation or export: which taxa are selected, which
-// documents they reach. Ids that AutoNumbers give lie close together, so they are bits and places of a
-// vector; ids that lie far apart are hashed. The memory taken follows the number of ids and not their size:
-// a file chooses its ids and prefixes freely.
+// Sets and maps of row ids for one validation or export: the selected taxa, the documents that they link.
+// AutoNumbers are dense, so they are stored as bits and elements of a vector; sparse ids are hashed. Memory
+// is proportional to the number of ids, not to their size, because a file may contain any ids and prefixes.
 #pragma once
 
 #include <cstddef>
@@ -15,7 +14,7 @@
 
 namespace quillon::selection {
 
-// Differs from one run of the program to the next, so that no file can hold ids that all fall together.
+// Seeded differently in each run of the program, so that no file can cause collisions on purpose.
 struct IdHash {
     std::size_t operator()(std::int32_t id) const;
 };
@@ -28,7 +27,7 @@ public:
         if (place / 64 < bits_.size() && (bits_[place / 64] >> (place % 64) & 1) != 0) return true;
         return !far_.empty() && far_.count(id) > 0;
     }
-    // Of different ids.
+    // The number of different ids.
     std::size_t Count() const { return count_; }
     // Ascending.
     std::vector<std::int32_t> Ids() const;
@@ -39,11 +38,11 @@ private:
     std::size_t count_ = 0;
 };
 
-// A number other than 0 for an id.
+// Maps ids to numbers other than 0.
 class IdMap {
 public:
     void Add(std::int32_t id, std::int32_t number);
-    // 0 for an id that is not there.
+    // 0 for a missing id.
     std::int32_t Find(std::int32_t id) const;
 
 private:
@@ -52,12 +51,12 @@ private:
     std::size_t count_ = 0;
 };
 
-// The different prefixes of documents, numbered from 0. They compare as the store compares texts.
+// The different prefixes of documents, numbered from 0. They are compared like texts in the store.
 class Prefixes {
 public:
     static constexpr std::size_t kNone = SIZE_MAX;
 
-    // The prefix's number, a new one when it is seen for the first time.
+    // The number of the prefix, which is added if it is new.
     std::size_t Add(std::string_view prefix);
     // kNone for a prefix that was not added.
     std::size_t Find(std::string_view prefix) const;
@@ -66,13 +65,13 @@ private:
     std::map<std::string, std::size_t, std::less<>> bySpelling_, bySortKey_;
 };
 
-// Documents by prefix and id. An empty prefix equals nothing, as Null.
+// Documents by prefix and id. An empty prefix equals nothing, like Null.
 class DocumentSet {
 public:
     void Add(std::string_view prefix, std::int32_t id);
     bool Has(std::string_view prefix, std::int32_t id) const;
     bool IsEmpty() const { return byPrefix_.empty(); }
-    // The ids under all prefixes.
+    // The ids of all prefixes.
     const IdSet& AllIds() const { return ids_; }
 
 private:
@@ -81,13 +80,13 @@ private:
     IdSet ids_;
 };
 
-// Documents, and by how many links each is reached.
+// Documents with the number of links to each.
 class DocumentLinks {
 public:
     void Add(std::string_view prefix, std::int32_t id);
-    // 0 for a document that no link leads to.
+    // 0 for a document without links.
     std::int32_t Count(std::string_view prefix, std::int32_t id) const;
-    // The ids under all prefixes.
+    // The ids of all prefixes.
     const IdSet& Ids() const { return ids_; }
 
 private:

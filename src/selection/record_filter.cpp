@@ -25,7 +25,7 @@ bool IsOperator(std::string_view word) {
     });
 }
 
-// The text up to the next blank, which goes too.
+// Removes and returns the text up to the next blank, which is removed too.
 std::string_view TakeWord(std::string_view& text) {
     const std::size_t blank = std::min(text.find(' '), text.size());
     const std::string_view word = text.substr(0, blank);
@@ -33,7 +33,7 @@ std::string_view TakeWord(std::string_view& text) {
     return word;
 }
 
-// The parts of a clause as ColumnClause puts them together; nothing for a text of another form.
+// The parts of a clause made by ColumnClause; empty for a text of another form.
 std::optional<Condition> TakeApart(std::string_view clause) {
     if (!clause.starts_with(kWhere)) return std::nullopt;
     clause.remove_prefix(kWhere.size());
@@ -51,7 +51,7 @@ bool IsTruthWord(std::string_view value) {
                        [&](std::string_view word) { return EqualText(word, value); });
 }
 
-// A literal that compares with a field of this type.
+// True for a value that can be compared with a field of this type.
 bool Suits(store::FieldType type, std::string_view comparison, std::string_view value) {
     if (type == store::FieldType::Text || type == store::FieldType::Memo || EqualText(comparison, "Like"))
         return true;

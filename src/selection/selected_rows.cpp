@@ -19,14 +19,14 @@ std::vector<std::string_view> ColumnsOf(std::string_view list) {
 
 }  // namespace
 
-// A vernacular is found through the filter's list itself, also one of a taxon that is gone.
+// A vernacular is found through the list of the filter, so also one of a taxon that was deleted.
 SelectedRows::Reach SelectedRows::ReachOf(std::string_view table) {
     if (table == "qb_taxon_authors_lookup") return Reach::Author;
     if (table == "qb_vernaculars") return Reach::Listed;
     return DocumentKindOfTable(table) != nullptr ? Reach::Document : Reach::Taxon;
 }
 
-// The reference links of a taxon come as they stand in the file; all other rows in the order of texts.
+// Reference links are in file order within a taxon; all other rows are in text order.
 store::TableRows SelectedRows::RowsOf(std::string_view table, const std::vector<std::string_view>& columns,
                                       const SelectedTaxa& taxa) {
     using Order = store::TableRows::Order;

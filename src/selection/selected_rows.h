@@ -1,5 +1,5 @@
-// The rows of one of the tables that validation visits, under a filter: in the order of the table's key, read
-// one by one. What they give is what BuildValidationSelect's select would give for the table.
+// Reads the rows of one of the tables that validation visits, under a filter, in the order of the table's
+// key. The result is that of BuildValidationSelect's statement.
 #pragma once
 
 #include <cstdint>
@@ -13,14 +13,15 @@ namespace quillon::selection {
 
 class SelectedRows {
 public:
-    // `columns` is a list with commas, which begins with the columns that link a row to the taxa: the taxon's
-    // qb_id, the author's id, or prefix and id of a document. One column may stand twice. Throws StoreError.
+    // `columns` is a comma-separated list that begins with the columns that link a row to the taxa: the
+    // taxon's qb_id, the author's id, or prefix and id of a document. A column may occur twice. Throws
+    // StoreError.
     SelectedRows(store::Database& database, std::string_view table, std::string_view columns,
                  const SelectedTaxa& taxa);
 
-    // Goes on to the next row of the table, whether it is selected or not; false past the last.
+    // Moves to the next row of the table, whether it is selected or not; false after the last.
     bool Next() { return rows_.Next(); }
-    // How often the row at hand is visited: not at all unless it is selected; an author once a taxon, any
+    // How often the current row is visited: 0 times when it is not selected, an author once per taxon, any
     // other row once.
     int Visits() const;
     const store::RowStream& Row() const { return rows_; }

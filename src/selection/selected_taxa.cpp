@@ -12,7 +12,7 @@ using store::RowStream;
 
 constexpr std::size_t kFewIds = 5000;
 
-// The condition is a column and not a restriction: then rows that do not meet it are turns, too.
+// The condition is a column instead of a restriction, so that rows that do not meet it are turns too.
 constexpr std::string_view kMatching =
     "SELECT qb_id, qb_taxon_author_id, IIf({}, 1, 0) AS matches FROM qb_taxonomic_units;";
 std::int32_t Id(const RowStream& rows, std::size_t column) {

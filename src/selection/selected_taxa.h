@@ -1,8 +1,9 @@
-// The taxa that a filter selects, and what they reach: their authors and, through their reference links,
-// documents. Read once, when a validation or an export begins.
+// The taxa that a filter selects, with their authors and, through their reference links, documents. Read
+// once, when a validation or an export begins.
 //
 // A million names are read row by row and never joined or sorted by the engine: each row is a turn at which
-// the user may cancel, and whole tables are read faster than many rows by their keys. Few taxa are looked up.
+// the user may cancel, and a full scan is faster than many look-ups. A small number of taxa is looked up by
+// key.
 #pragma once
 
 #include <cstddef>
@@ -19,25 +20,24 @@
 
 namespace quillon::selection {
 
-// The rows of a table that have one of the ids in `column`: looked up one by one while the ids are few, and
-// all rows of the table when they are more. The reader leaves out those that do not belong.
+// The rows of a table that have one of the ids in `column`: looked up one by one for few ids, or all rows of
+// the table for many. The caller must skip rows with other ids.
 store::TableRows RowsAmong(std::string_view column, const IdSet& ids,
                            store::TableRows::Order order = store::TableRows::Order::Key);
 
 class SelectedTaxa {
 public:
-    // The filter has been checked. Each row that is read is a turn. Throws StoreError.
+    // `filter` must have been checked. Each row that is read is a turn. Throws StoreError.
     SelectedTaxa(store::Database& database, std::string_view filter, Turns turns);
 
-    // There is no filter: every row of every table is selected, and nothing below has been read.
+    // True without a filter: every row of every table is selected, and nothing below is read.
     bool All() const { return all_; }
     bool Has(std::int64_t qb_id) const { return all_ || ids_.Has(static_cast<std::int32_t>(qb_id)); }
     const IdSet& Ids() const { return ids_; }
-    // The ids that the filter names: those of the journal, whether there is such a taxon or not; else the
-    // taxa.
+    // The ids of the journal, including those of deleted taxa, or else of the taxa that meet the condition.
     const IdSet& Listed() const { return listed_; }
     const IdSet& Authors() const { return authors_; }
-    // How many of the taxa have the author.
+    // The number of selected taxa with that author.
     std::int32_t CountOfAuthor(std::int32_t authorId) const { return taxaOfAuthor_.Find(authorId); }
 
     // Reads the reference links of the taxa, once.

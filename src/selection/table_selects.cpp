@@ -13,10 +13,10 @@ namespace {
 
 struct TableSelect {
     std::string_view table;
-    std::string_view rows;         // the head that gives the rows
-    std::string_view count;        // the head that counts them
-    std::string_view journalBody;  // behind the head, for the changed taxa
-    std::string_view clauseBody;   // behind the head, before the clause
+    std::string_view rows;         // the beginning of a select of rows
+    std::string_view count;        // the beginning of a select of their count
+    std::string_view journalBody;  // the rest, for the changed taxa
+    std::string_view clauseBody;   // the rest before the clause
 };
 
 // clang-format off
