@@ -1,4 +1,3 @@
-// The reading of one item, and of the names of many.
 #include "navigation/bio_list.h"
 
 #include <algorithm>
@@ -34,7 +33,7 @@ std::int64_t CountOf(store::Database& database, std::string_view sql, int id) {
     return row->Eof() ? 0 : row->Get("ChildCount").AsLong();
 }
 
-// Runs a step whose failure shows only in what is missing.
+// Runs a step and ignores its failure, after which the result is incomplete.
 template <typename Step>
 void Silently(Step step) {
     try {

@@ -1,8 +1,8 @@
 // One taxon as the explorer shows it: its identity, its display text, how many items are below it, and how to
 // fetch them. The explorer keeps one for each node of the tree; it never reads the store itself.
 //
-// Nothing here outlives a run. The DataSet is held only during a call. The class reports no errors: what
-// cannot be read leaves the object as it was, or gives an empty list.
+// The DataSet is held only during a call. The class reports no errors: a failed read leaves the object
+// unchanged or returns an empty list.
 #pragma once
 
 #include <memory>
@@ -16,7 +16,7 @@
 
 namespace quillon::navigation {
 
-// Where items read: the DataSet that is open, or another file by its path.
+// Where items are read from: the open DataSet, or another file by its path.
 struct BioListSource {
     ApplicationState& state;
     store::Engine& engine;
@@ -35,8 +35,7 @@ public:
     int qb_id() const { return qb_id_; }
     void SetQbId(int id);
 
-    // Children and synonyms together. The descendants are the same number as of the last time it was
-    // computed: no subtree is walked.
+    // Children and synonyms together. The number of descendants is the same; no subtree is read.
     std::int64_t NumChildren() const { return numChildren_; }
     void SetNumChildren(std::int64_t count) { numChildren_ = count; }
     std::int64_t NumDescendants() const { return numDescendants_; }
@@ -51,27 +50,27 @@ public:
     // The item is in the tree as a synonym of its parent node.
     bool IsSyn() const { return isSyn_; }
     void SetIsSyn(bool isSyn) { isSyn_ = isSyn; }
-    // For a synonym the qb_id of the accepted taxon that it is under; 0 otherwise.
+    // For a synonym, the qb_id of the accepted taxon above it; otherwise 0.
     int accepted() const { return accepted_; }
     void SetAccepted(int id) { accepted_ = id; }
-    // False for a taxon that no path of the tree leads to.
+    // False for a taxon that cannot be reached in the tree.
     bool IsInTree() const { return isInTree_; }
     void SetIsInTree(bool isInTree) { isInTree_ = isInTree; }
     // 0 when Null.
     int tsn() const { return tsn_; }
     void SetTsn(int tsn) { tsn_ = tsn; }
 
-    // The children by rank, sort sequence and name, then the synonyms by name. Refreshes the own NumChildren
-    // when there is a child.
+    // The children by rank, sort sequence and name, then the synonyms by name. Updates NumChildren when there
+    // is a child.
     Collection Children();
-    // Fills this object from one taxon; unchanged when there is none.
+    // Fills this object from one taxon; leaves it unchanged when there is no such taxon.
     void GetOneRecord(int id);
-    // A new item with one taxon of the DataSet at `path`; nullptr when there is none.
+    // A new item for a taxon of the DataSet at `path`; nullptr when there is no such taxon.
     static std::shared_ptr<cBioList> OneRecord(const BioListSource& source, const std::string& path, int id);
-    // Taxa of the open DataSet that no parent and no synonym link reaches, other than the root.
+    // Taxa of the open DataSet without a parent and a synonym link, except the root.
     Collection Orphans();
 
-    // The names of taxa as GetOneRecord gives them; taxa that are gone are left out.
+    // The names of taxa as GetOneRecord returns them, without deleted taxa.
     static std::unordered_map<int, std::string> NodeNames(const BioListSource& source,
                                                           const std::string& dbname,
                                                           const std::vector<int>& ids);

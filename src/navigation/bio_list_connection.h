@@ -1,5 +1,5 @@
-// The DataSet that an item of the explorer reads, held for one call: the open one when the item's path is its
-// path, otherwise the file opened by itself. Only cBioList and the reader of its children use it.
+// The DataSet that an item of the explorer reads, held for one call: the open one if it has the item's path,
+// otherwise the file opened again. Only cBioList and the reader of its children use it.
 #pragma once
 
 #include <memory>

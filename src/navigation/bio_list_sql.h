@@ -16,7 +16,7 @@ inline constexpr std::string_view kOneRecordSql =
     "LEFT JOIN qb_taxon_authors_lookup AS a ON t.qb_taxon_author_id = a.qb_taxon_author_id "
     "WHERE qb_id = [theId]";
 
-// Of several taxa: {0} declares their parameters, {1} lists them.
+// For several taxa: {0} declares their parameters, {1} lists them.
 inline constexpr std::string_view kNamesSql =
     "PARAMETERS {0}; SELECT t.*, a.taxon_author AS TaxAuthor FROM qb_taxonomic_units AS t "
     "LEFT JOIN qb_taxon_authors_lookup AS a ON t.qb_taxon_author_id = a.qb_taxon_author_id "
@@ -29,8 +29,8 @@ inline constexpr std::string_view kCountSynonymsSql =
     "PARAMETERS theId Long; SELECT count(*) AS ChildCount FROM qb_synonym_links WHERE qb_id_accepted = "
     "[theId]";
 
-// What orders the items under a taxon: (qb_id, rank_id, phylo_sort_sequence, four units), in the order of the
-// ids after `theLast`.
+// The sort keys of the items under a taxon: (qb_id, rank_id, phylo_sort_sequence, four units), ordered by id,
+// after `theLast`.
 inline constexpr std::int64_t kFirstKey = -2147483648;
 inline constexpr std::string_view kChildKeysSql =
     "PARAMETERS theId Long, theLast Long; SELECT qb_id, rank_id, phylo_sort_sequence, "
@@ -41,7 +41,7 @@ inline constexpr std::string_view kSynonymKeysSql =
     "t.unit_name1, t.unit_name2, t.unit_name3, t.unit_name4 "
     "FROM qb_synonym_links AS s INNER JOIN qb_taxonomic_units AS t ON s.qb_id = t.qb_id "
     "WHERE s.qb_id_accepted = [theId] AND s.qb_id > [theLast] ORDER BY s.qb_id";
-// The same of all taxa without a parent, and a last column that is Null for those without a synonym link.
+// The same for all taxa without a parent, with a last column that is Null for those without a synonym link.
 inline constexpr std::string_view kOrphanKeysSql =
     "PARAMETERS theLast Long; SELECT t.qb_id, t.rank_id, t.phylo_sort_sequence, "
     "t.unit_name1, t.unit_name2, t.unit_name3, t.unit_name4, s.qb_id AS LinkedId "
@@ -49,7 +49,7 @@ inline constexpr std::string_view kOrphanKeysSql =
     "WHERE t.parent_qb_id Is Null AND t.qb_id > [theLast] ORDER BY t.qb_id";
 inline constexpr std::string_view kKingdomNamesSql = "SELECT kingdom_name FROM kingdoms";
 
-// How many children, and how many synonyms, each of several taxa has: (qb_id, how many).
+// The numbers of children and of synonyms of several taxa: (qb_id, count).
 inline constexpr std::string_view kChildrenOfManySql =
     "PARAMETERS {0}; SELECT parent_qb_id, count(*) AS ChildCount FROM qb_taxonomic_units "
     "WHERE parent_qb_id In ({1}) AND qb_id <> parent_qb_id GROUP BY parent_qb_id";

@@ -1,5 +1,5 @@
-// Reading in two passes, because no index has the order of the tree: the keys along the index on the parents,
-// then the items in their order.
+// Reads in two passes, because no index has the order of the tree: first the keys by the index on the
+// parents, then the items in order.
 #include "navigation/child_reader.h"
 
 #include <algorithm>
@@ -23,7 +23,7 @@ std::int64_t NumberOf(const Value& value) {
     return value.IsNull() ? kNullFirst : value.AsLong();
 }
 
-// Four units as one byte string in the order of the units: no key of a text holds two zero bytes in a row.
+// Four units as one byte string that sorts like the units: a sort key never contains two zero bytes in a row.
 std::string NameOf(const Recordset& row, std::size_t first) {
     std::string name;
     for (std::size_t i = 0; i < 4; ++i) {
@@ -109,7 +109,8 @@ std::size_t ChildReader::ReadKeys(store::Database& database, std::size_t rows) {
     return read;
 }
 
-// A taxon without a parent is no orphan when it is a synonym, has no first unit, or bears a kingdom's name.
+// A taxon without a parent is not an orphan when it is a synonym, has no first unit, or has the name of a
+// kingdom.
 bool ChildReader::IsWanted(const Recordset& row) const {
     if (parts_.back() != Kind::Orphan) return true;
     const std::string name = row.At(3).AsText();

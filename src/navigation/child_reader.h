@@ -1,10 +1,10 @@
 // The items under one taxon in the order of the tree, read in steps of a bounded number of rows, so that a
-// window stays alive over a taxon with hundreds of thousands of children. cBioList reads its children with
-// it in one go, the explorer step by step.
+// window stays responsive with hundreds of thousands of children. cBioList reads all children at once with
+// it, the explorer step by step.
 //
-// The first steps read what orders the items and gives none; the later ones give the items from the first to
-// the last. Children come by rank, sort sequence and name, then synonyms by name; at the top level the
-// orphans come by name. Nothing is held open between two steps. What the store refuses is left out.
+// The first steps read the sort keys and return no items; later steps return the items in order. Children are
+// sorted by rank, sort sequence and name; synonyms follow by name; orphans at the top level are sorted by
+// name. Nothing is held open between two steps. Rows that cannot be read are left out.
 #pragma once
 
 #include <cstdint>
@@ -23,13 +23,13 @@ class ChildReader {
 public:
     enum class Level { UnderTaxon, Top };
 
-    // The children and synonyms of `parent`, which gets its number of children when it has any; or the
+    // Reads the children and synonyms of `parent` and sets its number of children if it has any; or the
     // orphans beside it. The parent must outlive the reader.
     ChildReader(cBioList& parent, Level level);
 
-    // Reads at most `rows` rows and appends the items that came of them. False when all is read.
+    // Reads at most `rows` rows and appends their items. False when everything has been read.
     bool Step(std::size_t rows, cBioList::Collection& items);
-    // How many rows all steps have read.
+    // The number of rows read by all steps.
     std::size_t RowsRead() const { return rowsRead_; }
 
 private:
@@ -52,11 +52,11 @@ private:
     void NextPart();
 
     cBioList& parent_;
-    std::vector<Kind> parts_;  // what is still to be read, the first at the end
+    std::vector<Kind> parts_;  // still to be read, in reverse order
     bool keysComplete_ = false;
     Keys keys_;
     std::int64_t lastKey_;
-    std::vector<std::string> kingdoms_;  // names that are no orphans
+    std::vector<std::string> kingdoms_;  // names that are not orphans
     std::size_t rowsRead_ = 0;
 };
 

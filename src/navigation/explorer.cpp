@@ -1,4 +1,4 @@
-// What the tree begins with, and how its nodes are opened and found.
+// The beginning of the tree, and how its nodes are opened and found.
 #include "navigation/explorer.h"
 
 #include <utility>
@@ -86,7 +86,7 @@ void cExplorer::CollapseNode(TreeNode* node) {
 bool cExplorer::Open(TreeNode* node) {
     if (!NodeHasBeenExpanded(*node) && !IsLoading(node)) {
         const Item item = nodes_.ItemOf(node);
-        // A taxon that bears the placeholder's name is taken for it.
+        // A taxon with the name of the placeholder is treated as the placeholder.
         if (!item || !node->HasPlaceholder()) RemoveSubtree(node->Child(0));
         if (!item) return false;
         BeginLoad(node, item);

@@ -1,4 +1,4 @@
-// Nodes that change their place or their name, or that are removed.
+// Moves, renames and removes nodes.
 #include "core/text.h"
 #include "navigation/explorer.h"
 
@@ -6,7 +6,7 @@ namespace quillon::navigation {
 
 namespace {
 
-// Strictly, by character code, in lower case; the marks before names count.
+// Strictly less by character code in lower case, including the marks before names.
 bool IsBelow(const std::string& leftInLowerCase, std::string_view right) {
     return CompareBinary(leftInLowerCase, LowerCase(right)) < 0;
 }
@@ -18,7 +18,7 @@ bool cExplorer::Reparent(TreeNode* node, TreeNode* newParent) {
     if (newParent != nullptr && IsLoading(newParent) && newParent->HasPlaceholder())
         tree_.Remove(newParent->Child(0));
     const std::string text = LowerCase(node->Text());
-    // The root is always the first at the top.
+    // The root is always the first node of the top level.
     std::size_t row = newParent == nullptr ? 1 : 0;
     while (row < tree_.CountUnder(newParent) && !IsBelow(text, tree_.Under(newParent, row)->Text())) ++row;
     tree_.Move(node, newParent, row);

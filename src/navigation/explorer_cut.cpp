@@ -1,12 +1,12 @@
-// Cut, paste and undo. What was cut is remembered by its item, and its node is found again before each use:
-// the form may have rebuilt the tree meanwhile.
+// Cut, paste and undo. A cut node is stored by its item and found again before each use, because the form may
+// have rebuilt the tree meanwhile.
 #include <utility>
 
 #include "navigation/explorer.h"
 
 namespace quillon::navigation {
 
-// True when the move was agreed to.
+// True when the move was accepted.
 bool cExplorer::ProposeMove(TreeNode* node, TreeNode* newParent, TreeNode* oldParent) {
     bool cancel = !Dropped;
     if (Dropped) Dropped(node, newParent, oldParent, cancel);
@@ -18,8 +18,8 @@ TreeNode* cExplorer::FindAnew(const Item& item) const {
     return FindNodeWithId(item->qb_id());
 }
 
-// The cut node and the one to put it under; not found when either is not loaded, or when the node would
-// come under itself.
+// The cut node and its new parent; not found when either is not loaded, or when the node would be moved under
+// itself.
 cExplorer::CutNodes cExplorer::FindCutNodes(const Item& other) const {
     CutNodes nodes;
     nodes.node = FindAnew(cut_.item);

@@ -1,11 +1,11 @@
-// Drag and drop in the tree: what the mouse does over it, where a node may be dropped, and the drop.
+// Drag and drop in the tree: mouse events, where a node may be dropped, and the drop.
 #include "navigation/explorer.h"
 
 namespace quillon::navigation {
 
 namespace {
 
-// How near to the edge the mouse makes the tree scroll, in twips.
+// The distance from the edge at which the tree scrolls, in twips.
 constexpr int kUpperEdge = 100;
 constexpr int kLowerEdge = 200;
 
@@ -67,7 +67,7 @@ bool cExplorer::MayDrop(const TreeNode* target) const {
     return cBioList::UsageIsInvalid(dragged->usage()) || dragged->rank() > onto->rank();
 }
 
-// The form may rebuild the tree while it decides: afterwards the nodes are found again.
+// The form may rebuild the tree while it decides, so the nodes are found again afterwards.
 void cExplorer::Drop() {
     TreeNode* target = tree_.DropHighlight();
     TreeNode* node = drag_.node;

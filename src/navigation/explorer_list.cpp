@@ -1,4 +1,4 @@
-// The alphabetical list of the explorer: choosing a row, and finding one by typing.
+// The alphabetical list of the explorer: choosing a row, and the typed search.
 #include <utility>
 
 #include "core/text.h"
@@ -75,8 +75,8 @@ void cExplorer::ListKeyPress(std::string_view key) {
     if (StartListTimer) StartListTimer();
 }
 
-// A longer text is looked for from the current row on, so that typing on stays on a row that still
-// matches. A shortened one leads back to the first row that matches.
+// A longer text is searched from the current row on, so that the selection stays on a row that still matches.
+// A shortened text is searched from the first row.
 void cExplorer::SearchTyped(bool onlyBefore) {
     const bool fromTheFirst = CharacterCount(typed_) == 1 || listId_ == 0;
     list_.BeginSearch(typed_,

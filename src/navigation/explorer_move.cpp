@@ -1,5 +1,4 @@
-// Steps through the explorer: from row to row of what is open in the tree, or of the list while that is on
-// show.
+// Steps from row to row of the open nodes of the tree, or of the list while that is visible.
 #include "navigation/explorer.h"
 
 namespace quillon::navigation {
@@ -39,7 +38,7 @@ void cExplorer::MoveTo(TreeNode* node) {
     RaiseCurrentPos();
 }
 
-// What the list moves to is chosen too, so that the tree follows.
+// Chooses the taxon too, so that the tree follows the list.
 void cExplorer::MoveListTo(int id) {
     if (id == 0) return;
     MoveList(id);
@@ -71,7 +70,7 @@ void cExplorer::MovePrev() {
     if (TreeNode* node = tree_.Selected()) MoveTo(GetPreviousNode(node));
 }
 
-// The list knows no parents, so the move is one in the tree, and the list follows.
+// The list has no parents, so this moves in the tree, and the list follows.
 void cExplorer::MoveParent() {
     if (const TreeNode* node = tree_.Selected()) MoveTo(GetParentNode(node));
 }

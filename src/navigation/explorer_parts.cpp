@@ -1,5 +1,4 @@
-// What is done in parts: children that are fetched, branches that are opened together, names that are read
-// again, and a search that takes long.
+// Work done in parts: reading children, opening whole branches, reading names again, and long searches.
 #include <algorithm>
 
 #include <fmt/format.h>
@@ -10,10 +9,10 @@ namespace quillon::navigation {
 
 namespace {
 
-// A window lays all its rows out when some are added, so many children come in few, growing groups.
+// A window lays out all its rows when some are added, so many children are added in few, growing groups.
 constexpr std::size_t kLargestGroup = 8000;
 constexpr std::size_t kOpeningsInAPart = 32;
-constexpr std::size_t kChildrenLikeAnOpening = 64;  // so many take the time of another opening
+constexpr std::size_t kChildrenLikeAnOpening = 64;  // take as long as opening one node
 constexpr std::size_t kNamesInAPart = 1000;
 
 }  // namespace
@@ -30,7 +29,7 @@ void cExplorer::DoRestLater() {
     if (IsBusy() && StartIdleTimer) StartIdleTimer();
 }
 
-// First what the user waits for.
+// Starts with what the user is waiting for.
 bool cExplorer::Continue() {
     if (!IsBusy() || !MayRead()) return IsBusy();
     if (isSearching_) {
@@ -68,7 +67,7 @@ void cExplorer::LoadPart(std::size_t place) {
     if (!hasMore) loads_.erase(loads_.begin() + static_cast<std::ptrdiff_t>(place));
 }
 
-// A node that was moved there meanwhile is not added a second time.
+// Skips a node that was moved there meanwhile.
 void cExplorer::InsertWaiting(Load& load) {
     if (load.node != nullptr && load.node->HasPlaceholder()) tree_.Remove(load.node->Child(0));
     std::vector<TreeControl::NewNode> added;
@@ -85,7 +84,7 @@ void cExplorer::InsertWaiting(Load& load) {
         nodes_.Add(tree_.Under(load.node, first + i), std::move(items[i]));
 }
 
-// A taxon that is its own ancestor cannot be opened there: that would never end.
+// A taxon that is its own ancestor gets no placeholder there, because opening it would never end.
 std::string_view cExplorer::PlaceholderOf(const cBioList& item, const TreeNode* parent) const {
     if (item.NumChildren() == 0) return {};
     if (FindNodeWithId(item.qb_id()) == nullptr) return kPlaceholder;
@@ -106,7 +105,7 @@ void cExplorer::ExpandBelow(TreeNode* node) {
     DoRestLater();
 }
 
-// A node whose children are still being fetched is looked at again when they are there.
+// A node whose children are still being read is tried again later.
 void cExplorer::OpenPart() {
     for (std::size_t looked = 0; looked < kOpeningsInAPart && !openings_.empty(); ++looked) {
         TreeNode* node = openings_.front();

@@ -1,4 +1,4 @@
-// The way to a taxon: up from it to a node that is there, then down, opening one node after the other.
+// Finds the path to a taxon: up from it to a loaded node, then down, opening one node after the other.
 #include <unordered_set>
 
 #include "navigation/explorer.h"
@@ -31,8 +31,8 @@ int cExplorer::ParentOf(int id, std::optional<int> accepted) const {
     return link->Eof() ? 0 : static_cast<int>(link->At(0).AsLong());
 }
 
-// The taxon first, one whose node is there last; empty when there is no way. The search ends at a taxon that
-// it has seen before, in a ring of parents.
+// The taxon first, one with a loaded node last; empty when there is no path. The search ends at a taxon that
+// it has seen before, in a cycle of parents.
 std::vector<int> cExplorer::PathTo(int id, std::optional<int> accepted) const {
     std::vector<int> path = {id};
     std::unordered_set<int> seen = {id};
@@ -44,7 +44,7 @@ std::vector<int> cExplorer::PathTo(int id, std::optional<int> accepted) const {
     return path;
 }
 
-// One step down the path. False when it has to wait: for children that are being fetched, or because no
+// Takes one step down the path. False when it must wait, for children that are being read or because no
 // opening is left.
 bool cExplorer::FollowPath(Quest& quest, std::size_t& openings) {
     const auto at = [&](std::size_t fromEnd) {
@@ -74,8 +74,8 @@ bool cExplorer::FollowPath(Quest& quest, std::size_t& openings) {
     return true;
 }
 
-// True when the quest has ended. Under the parent it looks only when no accepted taxon led to a node: a name
-// that is linked as a synonym though it has a parent is under the parent.
+// True when the quest has ended. Tries the parent only when no accepted taxon led to a node, for a name that
+// is linked as a synonym although it has a parent.
 bool cExplorer::Follow(Quest& quest, std::size_t openings) {
     while (true) {
         if (!quest.path.empty()) {
@@ -96,8 +96,8 @@ TreeNode* cExplorer::ExpandContainingSubtree(int id, std::optional<int> accepted
     return quest.isFound ? FindNodeWithId(id, accepted) : nullptr;
 }
 
-// Where the way is long the record is chosen first, and its node when the way has been opened. False when
-// there is no such taxon.
+// For a long path the record is chosen first, and its node after the path has been opened. False when there
+// is no such taxon.
 bool cExplorer::BeginQuest(Quest quest) {
     quest_.reset();
     isSearching_ = false;
@@ -136,7 +136,7 @@ void cExplorer::Reselect(int qb_id) {
     try {
         BeginQuest({id, {std::nullopt, accepted}, true});
     } catch (const store::StoreError&) {
-        // The tree stays where it is.
+        // The tree keeps its selection.
     }
     RaiseCurrentPos();
 }

@@ -1,4 +1,4 @@
-// Puts nodes that were moved, but not stored, back to where the store has them.
+// Moves nodes whose move was not saved back to their stored place.
 #include "navigation/explorer.h"
 
 namespace quillon::navigation {
@@ -24,7 +24,7 @@ void cExplorer::ReflectRealNodePosition(int qb_id) {
     if (node != nullptr && parent != qb_id) TakeUnder(node, FindNodeWithId(parent));
 }
 
-// When the parent has no node, or was never opened, opening it will bring the node.
+// When the parent has no node, or was never opened, opening it will add the node.
 void cExplorer::TakeUnder(TreeNode* node, TreeNode* parent) {
     if (parent == nullptr || (!parent->Expanded() && !NodeHasBeenExpanded(*parent))) {
         RemoveSubtree(node);
@@ -33,7 +33,7 @@ void cExplorer::TakeUnder(TreeNode* node, TreeNode* parent) {
     }
 }
 
-// A synonym has one node under each of its accepted taxa; a taxon without any is at the top level.
+// A synonym has one node under each accepted taxon; without one it is at the top level.
 void cExplorer::TakeUnderAccepted(int qb_id) {
     const std::vector<int> accepted = AcceptedNamesOf(qb_id);
     std::vector<int> missing = accepted;

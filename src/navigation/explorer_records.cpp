@@ -1,4 +1,4 @@
-// The tree and the list follow a record that was saved or deleted.
+// Updates the tree and the list after a record was saved or deleted.
 #include "navigation/explorer.h"
 
 namespace quillon::navigation {

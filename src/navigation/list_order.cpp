@@ -1,11 +1,10 @@
-// Reading the order slice by slice, and finding a place in it.
 #include "navigation/list_order.h"
 
 namespace quillon::navigation {
 
 namespace {
 
-// A slice reads at least so many rows, since finding its beginning takes time too.
+// A slice reads at least this many rows, because finding its beginning also takes time.
 constexpr std::size_t kLeastRows = 256;
 
 }  // namespace
@@ -29,7 +28,7 @@ bool ListOrder::Read(std::chrono::microseconds slice) {
     return true;
 }
 
-// A row whose taxon is gone takes the key of the next.
+// The row of a deleted taxon has the key of the next one.
 std::size_t ListOrder::PlaceOf(const NameKey& key) const {
     std::size_t low = 0;
     for (std::size_t high = ids_.size(); low < high;) {

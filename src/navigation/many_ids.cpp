@@ -1,4 +1,3 @@
-// The text of the select, and the binding of its parameters.
 #include "navigation/many_ids.h"
 
 #include <fmt/format.h>

@@ -1,8 +1,7 @@
-// One select over many ids: it is run for up to 32 of them at a time, which costs a fraction of a select for
-// each. cBioList, the reader of children and the search in the list use it. It keeps no order: the rows of a
-// run come as the DataSet has them.
+// A select over many ids, run for up to 32 of them at a time, which is much faster than a select for each.
+// Used by cBioList, the reader of children and the search in the list. The rows of a run come in any order.
 //
-// The errors of the store pass through.
+// Functions throw StoreError.
 #pragma once
 
 #include <cstdint>
@@ -18,7 +17,7 @@ class ManyIds {
 public:
     static constexpr std::size_t kAtOnce = 32;
 
-    // In `sql`, {0} is replaced by the declarations of the parameters, {1} by the list of them, and {2} by
+    // In `sql`, {0} is replaced with the declarations of the parameters, {1} with their list, and {2} with
     // the name of a query.
     ManyIds(store::Database& database, std::string_view sql, std::string_view queryName = {});
 

@@ -1,4 +1,4 @@
-// The walk along the index on the names, which begins anywhere by a few selects over ranges of it.
+// Walks the index on the names. It begins at any name with a few selects over ranges of the index.
 #include "navigation/name_walk.h"
 
 #include <fmt/format.h>
@@ -42,8 +42,8 @@ std::string Shares(const Units& from, std::size_t i) {
     return where;
 }
 
-// Names that share the first units with `from` and differ in the next one are neighbours in the index, and
-// come before those that share one unit less.
+// Names that share their first units with `from` and differ in the next one are adjacent in the index, before
+// those that share one unit less.
 std::vector<std::string> Conditions(NameWalk::Direction direction, const Units& from) {
     std::vector<std::string> conditions;
     for (std::size_t i = 4; i-- > 0;) {
@@ -129,7 +129,7 @@ bool NameWalk::Next(std::vector<std::int32_t>& qb_ids) {
     return true;
 }
 
-// Those without an author come first.
+// Names without an author come first.
 void NameWalk::OrderByAuthor(std::vector<std::int32_t>& qb_ids) {
     std::vector<std::pair<std::string, std::int32_t>> byAuthor;
     for (const std::int32_t qb_id : qb_ids) {

@@ -1,4 +1,4 @@
-// Three tables that are kept alike: by node, by taxon, and by taxon and accepted taxon.
+// Keeps three tables: by node, by taxon, and by taxon and accepted taxon.
 #include "navigation/node_table.h"
 
 #include <algorithm>

@@ -1,9 +1,8 @@
-// The link between the nodes of the tree and their items, in the order in which the nodes were
-// added.
+// Maps nodes of the tree to their items and taxa to their nodes, in the order in which the nodes were added.
 //
-// A taxon that is a synonym of several accepted taxa has a node under each, so that a node's identity is the
-// pair of qb_id and accepted. Every look-up takes constant time, however many nodes a taxon has. An item's
-// key is that of the moment when it was added or replaced.
+// A taxon that is a synonym of several accepted taxa has a node under each, so a node is identified by qb_id
+// and accepted. Look-ups take constant time, however many nodes a taxon has. An item's key is read when the
+// item is added or replaced.
 #pragma once
 
 #include <cstdint>
@@ -19,20 +18,20 @@ namespace quillon::navigation {
 
 class NodeTable {
 public:
-    // A place in the table, from 1. Places grow; that of a removed entry is not used again.
+    // A place in the table, from 1. Places increase and are not reused.
     using Place = std::int64_t;
 
     void Add(TreeNode* node, std::shared_ptr<cBioList> item);
     // nullptr when the node is not in the table.
     std::shared_ptr<cBioList> ItemOf(const TreeNode* node) const;
-    // Gives an entry another item, or the same one under its new key.
+    // Replaces the item of an entry, or enters the same item under its new key.
     void Replace(TreeNode* node, std::shared_ptr<cBioList> item);
-    // The first node of the taxon at or after `place`, which moves there; with `accepted` given that must
-    // match too. nullptr when there is none, and `place` stays.
+    // The first node of the taxon at or after `place`, which is set to its place; `accepted`, if given, must
+    // match too. nullptr when there is none; `place` is then unchanged.
     TreeNode* Find(int qb_id, Place& place, std::optional<int> accepted) const;
     // All nodes of a taxon, in their order.
     std::vector<TreeNode*> NodesOf(int qb_id) const;
-    // The taxa that have a node, each once, in no order.
+    // The taxa that have a node, each once, in any order.
     std::vector<int> Taxa() const;
     void Remove(const TreeNode* node);
     void Clear();
@@ -50,7 +49,7 @@ private:
 
     std::unordered_map<const TreeNode*, Entry> entries_;
     std::unordered_map<int, Places> byTaxon_;
-    std::unordered_map<std::uint64_t, Places> byPair_;  // of qb_id and accepted
+    std::unordered_map<std::uint64_t, Places> byPair_;  // by qb_id and accepted
     Place last_ = 0;
 };
 

@@ -1,4 +1,4 @@
-// The walk over the lines, and what the beginning of a pattern says about the first letter of a line.
+// Walks over the lines, and finds which first letters a pattern allows.
 #include "navigation/pattern_search.h"
 
 #include <algorithm>
@@ -19,16 +19,18 @@ constexpr std::string_view kNamesFromSql =
     "PARAMETERS theFirst Text; SELECT unit_name1 FROM qb_taxonomic_units WHERE unit_name1 >= [theFirst] "
     "ORDER BY unit_name1";
 
-// Behind every text that begins with the text before it: no text has such a byte, and it sorts last.
+// Appended to a text, sorts after every text that begins with that text: no text contains this byte, which
+// sorts last.
 constexpr std::string_view kBehindAll = "\xFF\xFF";
-// Behind every name that is empty or begins with a blank: the line of such a name begins with something else.
+// Sorts after every name that is empty or begins with a blank; the line of such a name begins with something
+// else.
 constexpr std::string_view kBehindBlanks = "!";
 
 std::string Behind(std::string_view text) {
     return std::string(text) + std::string(kBehindAll);
 }
 
-// A set without its end matches nothing.
+// An open set matches nothing.
 bool HasOpenSet(std::string_view pattern) {
     for (std::size_t open = pattern.find('['); open != std::string_view::npos;) {
         const std::size_t close = pattern.find(']', open);
@@ -38,15 +40,15 @@ bool HasOpenSet(std::string_view pattern) {
     return false;
 }
 
-// What the first character of a line must match: a character, a wildcard, or a set with its brackets. Empty
-// when the pattern asks nothing of it.
+// The element that the first character of a line must match: a character, a wildcard, or a set with its
+// brackets. Empty when any character will do.
 std::string_view FirstElement(std::string_view pattern) {
     if (pattern.front() == '*' || pattern.front() == '?' || pattern.starts_with("[]")) return {};
     return pattern.front() == '[' ? pattern.substr(0, pattern.find(']') + 1) : LeftCharacters(pattern, 1);
 }
 
-// Whether a name that sorts among those of `letter` may begin with a character that matches: the letter
-// itself, or one that differs from it in case or accent only.
+// True when a name that sorts under `letter` may begin with a matching character: the letter, or one that
+// differs from it only in case or accent.
 bool LetsThrough(std::string_view element, std::string_view letter) {
     if (LikeText(letter, element)) return true;
     for (char32_t code = U' '; code < 0x180; ++code) {
@@ -87,7 +89,7 @@ bool PatternSearch::Step(std::size_t rows) {
     return ended_;
 }
 
-// At least one row counts as looked at, so that a step comes to its end.
+// Counts at least one row, so that a step always ends.
 std::size_t PatternSearch::Walk(std::size_t rows) {
     NameWalk walk(*database_, NameWalk::Direction::Forward, at_ ? &*at_ : nullptr, begin_);
     std::vector<std::int32_t> ids, sameName;
@@ -111,7 +113,7 @@ std::size_t PatternSearch::Walk(std::size_t rows) {
     return std::max<std::size_t>(looked, 1);
 }
 
-// Goes on with the names behind those of a letter.
+// Continues after the names of a letter.
 void PatternSearch::PassOver(std::string_view letter) {
     auto query = database_->CreateQueryDef("", kNamesFromSql);
     const auto row = query.Set("theFirst", Behind(letter)).OpenRecordset(store::RecordsetType::ForwardOnly);
@@ -128,7 +130,7 @@ bool PatternSearch::CanMatch(const std::string& firstUnit) const {
     return LetsThrough(first_, LeftCharacters(firstUnit, 1));
 }
 
-// Of the taxa of one name those stay that are neither before `from` nor at or behind `before`.
+// Keeps those taxa of one name that are neither before `from` nor at or after `before`.
 void PatternSearch::CutToRange(const NameWalk::Units& name, std::vector<std::int32_t>& ids) {
     if (from_) {
         const auto first = std::find(ids.begin(), ids.end(), from_->qb_id);

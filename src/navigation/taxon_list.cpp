@@ -1,4 +1,3 @@
-// The rows of the list and their lines.
 #include "navigation/taxon_list.h"
 
 #include <fmt/format.h>
@@ -12,7 +11,7 @@ using store::RecordsetType;
 namespace {
 
 constexpr std::size_t kCachedLines = 1000;
-// Rows shown on each side of a taxon that the list has not come to yet.
+// Rows shown on each side of a taxon that is not loaded yet.
 constexpr std::size_t kRowsBeside = 200;
 constexpr std::string_view kLineSql = "PARAMETERS theId Long; SELECT line FROM [{}] WHERE qb_id = [theId]";
 
@@ -82,7 +81,7 @@ void TaxonList::ShowAround(int qb_id) {
         if (!key) return;
         AddBeside(*key, NameWalk::Direction::Backward, ids);
         std::reverse(ids.begin(), ids.end());
-        // The name itself is the first one behind those before it.
+        // The name itself follows those before it.
         NameWalk::Units before = key->units;
         if (!ids.empty()) before = KeyOf(*database_, ids.back()).value_or(*key).units;
         NameWalk walk(*database_, NameWalk::Direction::Forward, ids.empty() ? nullptr : &before);

@@ -1,5 +1,5 @@
-// Questions to the list about single taxa: the typed search, the steps from row to row, and the row of a
-// taxon that has been written.
+// Look-ups of single taxa: the typed search, the steps from row to row, and the row of a taxon that has been
+// written.
 #include <algorithm>
 
 #include "navigation/taxon_list.h"
@@ -43,12 +43,12 @@ int TaxonList::PreviousId(int qb_id) {
     return Neighbour(qb_id, -1);
 }
 
-// Where the rows on show end before the list does, those around the taxon are shown; where they still do, all
-// have to be there.
+// At the end of the visible rows, shows those around the taxon; if there is still no neighbour, loads all
+// rows.
 int TaxonList::Neighbour(int qb_id, int step) {
     for (int attempt = 0; attempt < 3; ++attempt) {
         const std::size_t row = RowOf(qb_id);
-        // Before the first row this is a place behind the last one.
+        // Before the first row this wraps to a place after the last one.
         const std::size_t next = row + static_cast<std::size_t>(step);
         if (row != kNone && next < RowCount()) return IdAt(next);
         if (IsComplete()) return 0;
@@ -61,7 +61,7 @@ int TaxonList::Neighbour(int qb_id, int step) {
     return 0;
 }
 
-// The key of a taxon; of one that is gone that of the next row.
+// The key of a taxon, or of the next row for a deleted taxon.
 std::optional<NameKey> TaxonList::KeyFrom(int qb_id) {
     for (std::size_t row = RowOf(qb_id); row < RowCount(); ++row) {
         if (auto key = KeyOf(*database_, IdAt(row))) return key;
@@ -116,7 +116,7 @@ void TaxonList::RemoveRow(std::size_t row) {
     if (observer_ != nullptr) observer_->AfterRemove();
 }
 
-// A list that is still being read begins again, which takes no time.
+// A list that is still being read starts over, which is cheap.
 void TaxonList::Update(int qb_id) {
     if (!order_ || stopped_) return;
     if (!IsComplete()) return Open(database_, std::string(query_));
@@ -133,7 +133,7 @@ void TaxonList::Update(int qb_id) {
         order_->Insert(row, qb_id);
         if (observer_ != nullptr) observer_->AfterInsert();
     } catch (const store::StoreError&) {
-        // The row comes back with the next opening.
+        // The next opening of the list adds the row again.
     }
 }
 

@@ -1,4 +1,3 @@
-// The states of the buttons, and the mask over them.
 #include "navigation/tb_btn_mgr.h"
 
 namespace quillon::navigation {

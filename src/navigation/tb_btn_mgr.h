@@ -1,9 +1,9 @@
-// The states that a toolbar's buttons should have, kept apart from what is shown: a mask disables all
-// buttons, other code goes on enabling and disabling single ones, and without the mask each shows its own
-// state again. RecView makes two, one for navigation and one for editing.
+// Keeps the states of a toolbar's buttons separate from their appearance: a mask disables all buttons while
+// other code still sets the states of single buttons, which show again without the mask. RecView has two, one
+// for navigation and one for editing.
 //
-// A key that is not known is passed over; nothing here is an error. The buttons and menu items must outlive
-// the manager, or the next Init().
+// Unknown keys are ignored; nothing fails. The buttons and menu items must outlive the manager, or the next
+// Init().
 #pragma once
 
 #include <map>
@@ -16,7 +16,7 @@
 
 namespace quillon::navigation {
 
-// The state that one button should have.
+// The state of one button.
 struct TBBtnState {
     bool State = false;
 };
@@ -26,17 +26,17 @@ public:
     // The buttons of a toolbar by their keys.
     using Toolbar = std::map<std::string, Control*, std::less<>>;
 
-    // Starts again, with the mask off.
+    // Starts over, with the mask off.
     void Init(Toolbar toolbar, std::span<const std::string_view> keys = {}, bool initialState = false);
-    // Remembers a state and changes no button. A key that is there already stays as it is.
+    // Adds a state and changes no button. An existing key keeps its state.
     void Add(std::string_view key, bool initialState, Control* menuItem = nullptr);
 
-    // RecView masks nothing when its tab changes: stepping through the names while a tab such as the
-    // publications is on show is what people do, so the move buttons stay as they are on every tab.
+    // RecView masks nothing when its tab changes: users step through the names on any tab, so the move
+    // buttons keep their states.
     bool IsMasked() const { return isMasked_; }
     void MaskAll() { SetMaskTo(true); }
     void UnmaskAll() { SetMaskTo(false); }
-    // Buttons whose own state is false are disabled anyway, and are left alone.
+    // Buttons whose state is false are already disabled and are left alone.
     void SetMaskTo(bool mask);
 
     void Enable(std::string_view key, const Control* menuItem = nullptr) {
@@ -45,8 +45,8 @@ public:
     void Disable(std::string_view key, const Control* menuItem = nullptr) {
         ChangeStateTo(key, false, menuItem);
     }
-    // Shown at once, or under the mask when that comes off. With a menu item given, whichever, the one that
-    // the key was added with follows its button.
+    // Takes effect at once, or when the mask is removed. With any menu item given, the one added with the key
+    // follows its button.
     void ChangeStateTo(std::string_view key, bool state, const Control* menuItem = nullptr);
 
 private:
@@ -59,7 +59,7 @@ private:
     bool isMasked_ = false;
 };
 
-// The keys of the two managers of RecView. All begin enabled but "paste" and "undo".
+// The keys of the two managers of RecView. All are enabled at first except "paste" and "undo".
 inline constexpr std::string_view kNavigationKeys[] = {"moveparent", "movefirst", "moveprev",
                                                        "movenext",   "movelast",  "addnew"};
 inline constexpr std::string_view kEditKeys[] = {"cut", "copy", "paste", "undo", "delete"};

@@ -1,4 +1,4 @@
-// Changes of the tree, each between the two calls that announce it.
+// Changes of the tree, each between a pair of observer calls.
 #include "navigation/tree_control.h"
 
 #include <algorithm>
@@ -12,7 +12,7 @@ bool TreeNode::IsWithin(const TreeNode* ancestor) const {
     return node != nullptr;
 }
 
-// Level by level, since a chain of nodes can be deeper than a stack.
+// Level by level, because a recursion over a long chain of nodes would overflow the stack.
 void TreeNode::Destroy(std::vector<std::unique_ptr<TreeNode>> nodes) {
     while (!nodes.empty()) {
         const std::unique_ptr<TreeNode> node = std::move(nodes.back());

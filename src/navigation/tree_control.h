@@ -1,11 +1,11 @@
-// The tree of the explorer without a widget: nodes with text, order, expansion, one selection and one drop
-// highlight. A window mirrors it through a TreeObserver; the explorer alone changes it.
+// The model of the explorer's tree: nodes with text, order, expansion, one selection and one drop highlight.
+// A window mirrors it through a TreeObserver; only the explorer changes it.
 //
-// A node is known by its address, which stays the same until the node is removed, also when it is moved.
-// Nodes know nothing about taxa.
+// A node is identified by its address, which stays the same until the node is removed, also when it is moved.
+// Nodes do not refer to taxa.
 //
-// A node whose children have not been fetched has one child instead, the placeholder. The observer never
-// sees it: for a window such a node has no rows yet, though it can be opened.
+// A node whose children have not been read has one child instead, the placeholder. The observer never sees
+// it: for a window such a node has no rows yet but can be opened.
 #pragma once
 
 #include <memory>
@@ -21,15 +21,15 @@ public:
     const std::string& Text() const { return text_; }
     // nullptr at the top level.
     TreeNode* Parent() const { return parent_; }
-    // Its place among its siblings, from 0.
+    // The position among its siblings, from 0.
     std::size_t Row() const { return row_; }
     std::size_t ChildCount() const { return children_.size(); }
     TreeNode* Child(std::size_t row) const { return children_.at(row).get(); }
-    // The children that a window shows: all but a placeholder.
+    // The children that a window shows: all except a placeholder.
     std::size_t RowCount() const { return HasPlaceholder() ? 0 : children_.size(); }
     bool HasPlaceholder() const { return children_.size() == 1 && children_.front()->isPlaceholder_; }
     bool Expanded() const { return expanded_; }
-    // It lies in the subtree of `ancestor`, or is it.
+    // True within the subtree of `ancestor`, including `ancestor`.
     bool IsWithin(const TreeNode* ancestor) const;
 
 private:
@@ -45,8 +45,8 @@ private:
     std::vector<std::unique_ptr<TreeNode>> children_;
 };
 
-// Notified before and after each change. `parent` is nullptr for the top level; the rows `first` and `last`
-// are both part of the change.
+// Notified before and after each change. `parent` is nullptr for the top level; `first` and `last` are
+// inclusive.
 class TreeObserver {
 public:
     virtual ~TreeObserver() = default;
@@ -54,19 +54,19 @@ public:
     virtual void AfterInsert() = 0;
     virtual void BeforeRemove(TreeNode* parent, std::size_t first, std::size_t last) = 0;
     virtual void AfterRemove() = 0;
-    // The node moves under `parent`, before the child that is in `row` there now, or behind the last.
+    // The node moves under `parent`, before the child now in `row`, or to the end.
     virtual void BeforeMove(TreeNode* node, TreeNode* parent, std::size_t row) = 0;
     virtual void AfterMove() = 0;
     virtual void BeforeClear() = 0;
     virtual void AfterClear() = 0;
-    // Rows from `first` to `last` may show another text.
+    // The texts of rows `first` to `last` may have changed.
     virtual void TextsChanged(TreeNode* parent, std::size_t first, std::size_t last) = 0;
     virtual void ExpandedChanged(TreeNode* node) = 0;
-    // `node` is nullptr when nothing is selected any more; otherwise it is to be made visible.
+    // `node` is nullptr when nothing is selected any more; otherwise it should be made visible.
     virtual void SelectionChanged(TreeNode* node) = 0;
-    // All nodes above this one are open, and the view must scroll to it.
+    // All nodes above this one are open; the view must scroll to it.
     virtual void MadeVisible(TreeNode* node) = 0;
-    // Either may be nullptr; `before` may be a node that is about to go.
+    // Either may be nullptr; `before` may be about to be removed.
     virtual void DropHighlightChanged(TreeNode* before, TreeNode* now) = 0;
 };
 
@@ -74,7 +74,7 @@ class TreeControl {
 public:
     struct NewNode {
         std::string text;
-        // The text of the one child that it gets at once; none when empty.
+        // The text of the placeholder child; empty for none.
         std::string_view placeholder;
     };
 
@@ -83,7 +83,7 @@ public:
     TreeControl(const TreeControl&) = delete;
     TreeControl& operator=(const TreeControl&) = delete;
 
-    // At most one; nullptr to let go.
+    // At most one observer; nullptr removes it.
     void SetObserver(TreeObserver* observer) { observer_ = observer; }
 
     std::size_t TopCount() const { return top_.ChildCount(); }
@@ -96,27 +96,25 @@ public:
     TreeNode* PreviousSibling(const TreeNode* node) const;
     TreeNode* LastSibling(const TreeNode* node) const;
 
-    // Puts nodes under a parent before the child in `row`, all in one change.
+    // Inserts nodes under a parent before the child in `row`, as one change.
     void Insert(TreeNode* parent, std::size_t row, const std::vector<NewNode>& nodes);
-    // The same behind the last child; gives the place of the first.
+    // The same after the last child; returns the row of the first.
     std::size_t Append(TreeNode* parent, const std::vector<NewNode>& nodes);
     void Remove(TreeNode* node);
-    // Takes a node with its subtree under another parent, before the child that is in `row` there. The
-    // parent is neither its present one nor within its subtree. A placeholder there becomes a row like any
-    // other.
+    // Moves a node with its subtree under another parent, before the child in `row`. The parent must not be
+    // the present one nor within the subtree. A placeholder there becomes an ordinary row.
     void Move(TreeNode* node, TreeNode* parent, std::size_t row);
     void Clear();
     void SetText(TreeNode* node, std::string_view text);
-    // Many texts at once: the observer is notified once a parent, and of parents only under which one
-    // differs.
+    // Sets many texts at once; notifies the observer once for each parent with a changed text.
     void SetTexts(const std::vector<std::pair<TreeNode*, std::string>>& texts);
     void SetExpanded(TreeNode* node, bool expanded);
-    // Opens the nodes above it as they are.
+    // Opens the nodes above it without loading children.
     void EnsureVisible(TreeNode* node);
 
     TreeNode* Selected() const { return selected_; }
     void Select(TreeNode* node);
-    // The node that would take what is being dragged.
+    // The node that would receive the dragged one.
     TreeNode* DropHighlight() const { return dropHighlight_; }
     void SetDropHighlight(TreeNode* node);
 

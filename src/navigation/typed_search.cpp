@@ -1,4 +1,4 @@
-// The ranges of the index on the names that a typed text can lead to, and the test of the rows in them.
+// Finds the ranges of the index on the names that can match a typed text, and tests the rows in them.
 #include "navigation/typed_search.h"
 
 #include <fmt/format.h>
@@ -14,7 +14,7 @@ using store::RecordsetType;
 
 namespace {
 
-// Sorting so many marked names is faster than finding them along the names.
+// Sorting up to this many marked names is faster than finding them in name order.
 constexpr std::int64_t kFewMarked = 1000;
 
 constexpr std::string_view kParameters =
@@ -40,12 +40,14 @@ constexpr std::string_view kSecondBetween =
 constexpr std::string_view kSecondEqual = "unit_name1 = [theName] AND unit_name2 = [theFirst]";
 constexpr std::string_view kSecondMarked = "unit_name1 = [theName] AND unit_ind2 Is Not Null";
 constexpr std::string_view kMarked = " AND unit_ind1 = [theMark]";
-// The same, but not to be looked up in the index on the marks.
+// The same without use of the index on the marks.
 constexpr std::string_view kMarkedAlongNames = " AND unit_ind1 & '' = [theMark]";
 
-// Behind every text that begins with the text before it: no text has such a byte, and it sorts last.
+// Appended to a text, sorts after every text that begins with that text: no text contains this byte, which
+// sorts last.
 constexpr std::string_view kBehindAll = "\xFF\xFF";
-// Behind every name that is empty or begins with a blank, whose line begins with something else.
+// Sorts after every name that is empty or begins with a blank; the line of such a name begins with something
+// else.
 constexpr std::string_view kBehindBlanks = "!";
 
 std::string_view TrimStart(std::string_view text) {
@@ -64,7 +66,7 @@ NameKey KeyOfRow(const store::Recordset& row) {
     return key;
 }
 
-// Calls `behind` with each part of a text up to a blank, and with what follows.
+// Splits a text at each of its blanks and calls `behind` with both parts.
 template <typename Procedure>
 void AtEachBlank(std::string_view text, Procedure behind) {
     for (std::size_t blank = text.find(' '); blank != std::string_view::npos;
@@ -76,7 +78,7 @@ void AtEachBlank(std::string_view text, Procedure behind) {
 }  // namespace
 
 struct TypedSearch::Rows {
-    std::string_view mark = {};  // none for the rows of the list
+    std::string_view mark = {};  // empty for the rows of the list
     bool alongNames = false;
 };
 
@@ -95,7 +97,7 @@ std::optional<NameKey> TypedSearch::Run() {
     return best_;
 }
 
-// `rest` is what the first unit must go on with.
+// `rest` is how the first unit must begin.
 void TypedSearch::SearchFirstUnit(const Rows& rows, std::string_view rest) {
     const bool fromIsNamed = from_ != nullptr && !from_->units[0].empty();
     if (!fromIsNamed) ScanAmong(rows, {kFirstNull});
@@ -117,7 +119,7 @@ void TypedSearch::SearchFirstUnitBetween(const Rows& rows, std::string_view firs
     ScanAmong(rows, {kFirstBetween, {}, std::string(first), std::string(last)});
 }
 
-// The first unit is `name`; the second must go on with `rest`, or have a mark before it.
+// The first unit is `name`; the second must begin with `rest`, or have a mark before it.
 void TypedSearch::SearchSecondUnit(std::string_view name, std::string_view rest) {
     const int order = from_ == nullptr ? -1 : CompareText(from_->units[0], name);
     if (order > 0) return;
@@ -139,7 +141,7 @@ void TypedSearch::SearchSecondUnitBetween(std::string_view name, std::string_vie
     Scan({kSecondBetween, std::string(name), std::string(first), std::string(last)});
 }
 
-// A mark and a blank come before the first unit; the text must begin with as much of them as it is long.
+// A mark and a blank come before the first unit; the text must match as much of them as it is long.
 void TypedSearch::SearchMarks(std::string_view typed) {
     for (const auto marks = database_.OpenRecordset(kMarksSql); !marks->Eof(); marks->MoveNext()) {
         const std::string mark = marks->At(0).AsText();
@@ -175,7 +177,7 @@ void TypedSearch::Scan(const Range& range) {
     }
 }
 
-// The marks are no columns of the list's query: the taxa are found first, then their lines.
+// The list's query has no columns for the marks, so the taxa are found first, then their lines.
 void TypedSearch::ScanMarked(const Range& range) {
     const std::string sql = fmt::format(fmt::runtime(kTaxaSql), kParameters, range.where);
     for (const auto row = Open(sql, range); !row->Eof(); row->MoveNext()) {

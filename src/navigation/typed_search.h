@@ -1,10 +1,10 @@
 // The search in the alphabetical list for a typed text without wildcards: the first row, from the beginning
 // or from a taxon on, whose line is Like the text and an asterisk. It does not need the rows of the list: a
-// line begins with the first unit of the name, so the names that can match are neighbours in the index on the
-// names, and are read there and tested one by one. So a key is answered at once, however much of the list has
-// been loaded. PatternSearch does the texts with wildcards.
+// line begins with the first unit of the name, so the names that can match are adjacent in the index on the
+// names, where they are read and tested one by one. A key is therefore fast, however much of the list is
+// loaded. PatternSearch handles texts with wildcards.
 //
-// The errors of the store pass through.
+// Functions throw StoreError.
 #pragma once
 
 #include <memory>
@@ -18,16 +18,16 @@ namespace quillon::navigation {
 
 class TypedSearch {
 public:
-    // `query` is the named query behind the list, `from` the taxon to begin with, or nullptr. All must
+    // `query` is the named query behind the list, `from` the first taxon, or nullptr. All arguments must
     // outlive the search.
     TypedSearch(store::Database& database, std::string_view query, std::string_view typed,
                 const NameKey* from);
 
-    // Nothing when no row matches.
+    // Empty when no row matches.
     std::optional<NameKey> Run();
 
 private:
-    // Which rows are looked at: those of the list, or those with one mark before the first unit.
+    // The rows to search: those of the list, or those with one mark before the first unit.
     struct Rows;
     struct Range {
         std::string_view where;

@@ -1,5 +1,5 @@
-// The small dialogs of the start: the splash, the question for a kingdom, and the dialog for when no DataSet
-// could be opened. Start-up shows them; their windows only display the controls.
+// The small dialogs of the start: the splash, the question for a kingdom, and the dialog shown when no
+// DataSet could be opened. Start-up shows them; their windows only display the controls.
 #pragma once
 
 #include <string>
@@ -16,7 +16,7 @@ struct FrmSplash {
     LabelControl lblTitle{form, "lblTitle", "Taxonomic Quillon"};
     LabelControl lblVersion{form, "lblVersion"};
 
-    // `version` is major.minor.revision; the splash leaves out the revision.
+    // `version` is major.minor.revision; the splash omits the revision.
     explicit FrmSplash(const std::string& version);
 };
 
@@ -31,7 +31,7 @@ public:
 
 private:
     void Accept();
-    // The program cannot go on without a kingdom: closing the window ends it.
+    // The program needs a kingdom: closing the window ends it.
     void Leave();
 
     ApplicationState& state_;
@@ -44,7 +44,7 @@ public:
 
     Form form{"frmNoDB"};
     LabelControl Instructions{form, "Instructions"};
-    // Why the file did not open; hidden when none was tried.
+    // Why the file could not be opened; hidden when none was tried.
     LabelControl lblReason{form, "lblReason"};
     ButtonControl cmdOpen{form, "cmdOpen", "&Open..."};
     ButtonControl cmdNew{form, "cmdNew", "&New..."};
@@ -54,7 +54,7 @@ private:
     void Open();
     void New();
     void Exit();
-    // True when the DataSet is open and may stay so; otherwise a message has said why not.
+    // True when the DataSet is open and usable; otherwise a message has explained why not.
     bool OpenFile(const std::string& path);
 
     ApplicationState& state_;

@@ -13,7 +13,7 @@ namespace fs = std::filesystem;
 
 constexpr const char* kFolder = "taxonomic-quillon";
 
-// By the rules of the desktop: a base that is not absolute does not count.
+// A base that is not absolute is ignored, as the XDG base directory convention requires.
 fs::path FolderIn(const Environment& environment, const char* own, const char* base, const char* otherwise) {
     if (const std::string named = environment(own); !named.empty()) return fs::absolute(named);
     const fs::path location = environment(base);

@@ -1,5 +1,5 @@
-// Where the program keeps what belongs to its user: the preferences in the configuration folder, logs and
-// work files in one data folder. main() asks once; the environment of the desktop decides.
+// The folders for the user's files: preferences in the configuration folder, logs and work files in the data
+// folder. main() calls this once.
 #pragma once
 
 #include <functional>
@@ -16,11 +16,11 @@ struct Places {
 using Environment = std::function<std::string(const char* name)>;
 
 // QUILLON_CONFIG_DIR and QUILLON_DATA_DIR name the two folders; without them they are "taxonomic-quillon" in
-// the user's configuration and data locations. What is named relatively counts from the current directory.
+// the user's configuration and data locations. Relative paths start at the current directory.
 Places PlacesOf(const Environment& environment);
 
-// Makes the folder, for this user alone, when there is none, and makes it the current directory. False when
-// that fails; the current directory stays then.
+// Creates the folder if necessary, accessible to this user only, and makes it the current directory. On
+// failure returns false and keeps the current directory.
 bool EnterFolder(const std::string& folder);
 
 }  // namespace quillon::startup

@@ -1,5 +1,5 @@
-// The ten preferences: their keys in Qln.Ini and the variables that they stand for. Start-up reads them,
-// FrmPreferences writes them, and no other code reads or writes the file.
+// The ten preferences: their keys in Qln.Ini and their variables. Start-up reads them, FrmPreferences writes
+// them, and no other code reads or writes the file.
 #pragma once
 
 #include <span>
@@ -22,15 +22,15 @@ struct Preference {
 // In the order of writing.
 std::span<const Preference> Preferences();
 
-// Stores every key of `file` that is a preference in its variable. Returns the number of all keys found,
-// those that the program does not know among them; 0 also when there is no file.
+// Reads every preference in `file` into its variable. Returns the number of all keys found, including unknown
+// ones; 0 also when there is no file.
 int ReadPreferences(ApplicationState& state, IniProfile& profile, const std::string& file);
-// The DataSet that was open when the program ended last, "" when none was noted. It stands in a section of
-// its own, beside the preferences, and a note that cannot be written is left out without a message.
+// The DataSet that was open when the program last ended, or "". It has its own section in the file; a failure
+// to write it is ignored.
 std::string LastDataSet(const std::string& file);
 void WriteLastDataSet(const std::string& file, const std::string& path);
 
-// All ten, in one step; false, with a message, when they could not be written.
+// Writes all ten in one step; false, with a message, when that fails.
 bool WritePreferences(const ApplicationState& state, IniProfile& profile, const std::string& file);
 
 }  // namespace quillon::startup

@@ -89,7 +89,7 @@ void FrmPreferences::FillRanks() {
     }
 }
 
-// The built-in ranks, which the DataSet of that kingdom will have; none is chosen yet.
+// The built-in ranks, which a DataSet of that kingdom will have; none is selected yet.
 void FrmPreferences::ShowRanksOf(std::string_view kingdom) {
     std::vector<std::string> names;
     for (int row = 1; row <= kRankRows; ++row) {

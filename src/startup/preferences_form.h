@@ -1,7 +1,7 @@
 // FrmPreferences, the dialog of File, Preferences, and the command that shows it. It shows the preferences of
-// the state, and Save takes them back to the state and into the file; until then nothing is changed.
+// the state. Save stores them in the state and in the file; nothing changes before.
 //
-// The main form is reset after the dialog has closed, by whoever ran the command.
+// The caller of the command resets the main form after the dialog has closed.
 #pragma once
 
 #include <array>
@@ -35,7 +35,7 @@ public:
     OptionControl OptAnimalia{form, "OptAnimalia", "Kingdom", "An&imalia"};
     OptionControl optChromista{form, "optChromista", "Kingdom", "Chr&omista"};
     LabelControl lblPRank{form, "lblPRank", "Defaul&t Rank"};
-    // A rank that the DataSet does not have is shown all the same.
+    // Also shows a rank that the DataSet does not have.
     ComboControl cboPRank{form, "cboPRank"};
     LabelControl lblDatabase{form, "lblDatabase", "&DataSet"};
     TextControl txtDatabase{form, "txtDatabase"};
@@ -59,7 +59,7 @@ public:
     ButtonControl cmdSave{form, "cmdSave", "&Save"};
     ButtonControl cmdCancel{form, "cmdCancel", "&Cancel"};
 
-    // Help, Contents and Help, Search; nothing happens without.
+    // Help, Contents and Help, Search; optional.
     std::function<void()> HelpContentsCommand, HelpSearchCommand;
 
 private:

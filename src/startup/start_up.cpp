@@ -14,7 +14,7 @@ namespace quillon::startup {
 
 namespace {
 
-// An error of one step does not keep the program from starting.
+// A failed step does not prevent the start.
 template <typename Step>
 void Try(Step step) {
     try {
@@ -96,7 +96,7 @@ void StartUp::InitDB() {
     OpenPreferred();
 }
 
-// Here any other version gets the question, newer ones too, unlike where the user chooses a DataSet.
+// Asks for any other version, also a newer one, unlike File, Open.
 void StartUp::OpenPreferred() {
     const std::string path = state_.gDataSetPath;
     if (lifecycle_.RefuseAtStart(path)) return Close();

@@ -1,5 +1,5 @@
-// The start of the program, up to a main window with a DataSet or without one, and its end. It shows windows
-// through Stage only: the desktop program implements that, and tests record its calls.
+// The start of the program, up to a main window with or without a DataSet, and its end. It shows windows only
+// through Stage, which the desktop program implements and tests record.
 #pragma once
 
 #include "core/application_state.h"
@@ -10,34 +10,33 @@
 
 namespace quillon::startup {
 
-// What the start asks of the windows.
+// The windows that the start needs.
 class Stage {
 public:
     virtual ~Stage() = default;
     // Returns at once.
     virtual void ShowSplash() = 0;
     virtual void CloseSplash() = 0;
-    // The explorer, the taxon list and the form of the DataSet that is open, or of none; the root is current.
+    // Shows the open DataSet, or none, in the explorer, the taxon list and the form; the root is current.
     virtual void ShowDataSet() = 0;
     virtual void ShowMainForm() = 0;
 };
 
 class StartUp {
 public:
-    // An empty place is left out: no preferences are found, or the current directory stays. All references
-    // must outlive this object.
+    // Without a preferences file none are read; without a folder the current directory is kept. All
+    // references must outlive this object.
     StartUp(ApplicationState& state, dataset::Lifecycle& lifecycle, IniProfile& profile, Prompter& prompter,
             Stage& stage, Places places);
 
-    // The whole start. With gQuitRequested afterwards the program is to end; the main form was not shown.
+    // The whole start. When it sets gQuitRequested, the program must end without the main form.
     void Run();
-    // The part of it from the preferences to the current node of the explorer.
+    // The part of Run from the preferences to the current node of the explorer.
     void LoadMainForm();
-    // Opens the DataSet of the preferences, or the one that was open last, and asks the user where that
-    // fails.
+    // Opens the DataSet of the preferences, or the one that was open last, and asks the user if that fails.
     void InitDB();
-    // Notes which DataSet is open, for the next start without one in the preferences. Called before it is
-    // closed at the end.
+    // Stores the path of the open DataSet for a next start without one in the preferences. Call it before the
+    // DataSet is closed at the end.
     void RememberDataSet() const;
 
 private:
@@ -54,8 +53,8 @@ private:
     Places places_;
 };
 
-// The end, when the main form closes by any means and the question about an unsaved record has been answered:
-// the DataSet is closed, with a pause for events before and after. False when the form must stay.
+// The end of the program, after the question about an unsaved record: closes the DataSet, with a pause for
+// events before and after. False when the form must stay.
 bool StopProgram(ApplicationState& state, dataset::Lifecycle& lifecycle, Prompter& prompter,
                  EventPump& events);
 
