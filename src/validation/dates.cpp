@@ -12,7 +12,7 @@ namespace {
 constexpr std::size_t kDateLength = 10;
 constexpr std::size_t kYearLength = 4;
 
-// `count` characters from the place `first`, which counts from 1.
+// `count` characters from the 1-based position `first`.
 std::string_view Characters(std::string_view text, std::size_t first, std::size_t count) {
     const std::size_t skipped = LeftCharacters(text, first - 1).size();
     return LeftCharacters(text.substr(skipped), count);
@@ -22,7 +22,7 @@ bool IsLeapYear(int year) {
     return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
 }
 
-// 0 for a month that is none.
+// 0 for an invalid month.
 int DaysOf(int month, int year) {
     switch (month) {
         case 1:
@@ -56,7 +56,7 @@ int FieldOf(std::string_view text) {
     return ShortNumber(text).value_or(0);
 }
 
-// Four digits, which nearly every year is.
+// True for four digits, as in nearly every year.
 bool IsPlainYear(std::string_view text) {
     return text.size() == 4 && text.find_first_not_of("0123456789") == std::string_view::npos;
 }

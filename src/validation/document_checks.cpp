@@ -8,14 +8,14 @@ namespace quillon::validation {
 
 namespace {
 
-// A document under check: reports its faults, and remembers it as rejected at the first that rejects it.
+// Reports the faults of a document, and marks it as rejected at the first fault that rejects it.
 template <typename Row>
 class DocumentCheck {
 public:
     DocumentCheck(const Row& row, const YearRange& years, ValidationLog& log)
         : row_(row), years_(years), log_(log) {}
 
-    // For faults that end the check, for want of the document's own key.
+    // For faults in the document's key, which end the check.
     bool Lacks(const Value& value, Rule rule, std::string_view message) {
         if (!value.IsNull()) return false;
         log_.LogDocumentError(rule, row_, std::string(message));
@@ -28,7 +28,7 @@ public:
     void Require(const Value& value, Rule rule, std::string_view message) {
         if (Lacks(value, rule, message)) Reject();
     }
-    // True when the date is there and good. `lead` stands before the date in the message.
+    // True when the date is present and valid. `lead` precedes the date in the message.
     bool CheckDateText(const Value& date, Rule rule, std::string_view lead) {
         if (date.IsNull()) return false;
         const std::string text = date.AsText();

@@ -1,4 +1,4 @@
-// Which taxon to bring up for a finding.
+// Finds the taxon to show for a finding.
 #pragma once
 
 #include <optional>
@@ -8,8 +8,8 @@
 
 namespace quillon::validation {
 
-// The qb_id of the taxon itself, or of the first that has the author or refers to the document; nothing when
-// none does.
+// The qb_id of the taxon itself, or of the first that has the author or refers to the document; empty when
+// there is none.
 std::optional<int> TaxonOfFinding(store::Database& database, const FindingMark& mark);
 
 }  // namespace quillon::validation

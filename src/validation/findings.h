@@ -1,5 +1,5 @@
-// The findings of a validation as data: which rule, on which record, in which words. The checks make them;
-// the log, "validate.tsv" and the error viewer take them. Nothing here decides whether there is one.
+// The findings of a validation as data: the rule, the record and the message. The checks create them; the
+// log, "validate.tsv" and the error viewer use them.
 #pragma once
 
 #include <array>
@@ -26,33 +26,32 @@ enum class RecordKind : std::uint8_t {
 // The record that a finding is about.
 struct Subject {
     RecordKind kind = RecordKind::Taxon;
-    std::int32_t id = 0;  // the qb_id of the taxon; the own id of an author or a document
+    std::int32_t id = 0;  // the qb_id of the taxon; or the id of an author or a document
     std::string prefix;   // of a document
-    std::string name;     // as a person would call the record
+    std::string name;     // for the user
     bool operator==(const Subject&) const = default;
 };
 
-// Whether the id of such a record is the qb_id of a taxon.
+// True when the id of such a record is the qb_id of a taxon.
 bool IsOfTaxon(RecordKind kind);
 
 struct Finding {
     Rule rule = Rule::RankMissing;
     Subject subject;
-    std::string heading;  // empty when the record has had one
+    std::string heading;  // empty after the record's first finding
     std::string message;  // with its five leading blanks
     bool operator==(const Finding&) const = default;
 };
 
 using FindingSink = std::function<void(const Finding&)>;
 
-// Where a finding stands in the log: enough to count findings and to find their records, with a million of
-// them in memory.
+// The place of a finding in the log and its record. Small, because a million of them may be in memory.
 struct FindingMark {
     std::uint32_t line = 0;  // of the message, from 0
-    std::int32_t id = 0;     // 0 when the record is in another DataSet than the open one
+    std::int32_t id = 0;     // 0 when the record is not in the open DataSet
     Rule rule = Rule::RankMissing;
     RecordKind kind = RecordKind::Taxon;
-    std::array<char, 3> prefix{};  // of a document, filled up with NUL
+    std::array<char, 3> prefix{};  // of a document, padded with NUL
 
     std::string Prefix() const;
 };

@@ -1,4 +1,4 @@
-// Entries known by an id, in ascending order of it: a look-up that is one step where the ids have no gaps.
+// Entries sorted by id. A look-up takes one step when the ids have no gaps.
 #pragma once
 
 #include <algorithm>
@@ -13,9 +13,9 @@ namespace quillon::validation {
 template <typename Entry>
 class IdTable {
 public:
-    // Ids never go down from one to the next.
+    // Ids must be in ascending order.
     void Append(Entry entry) { entries_.push_back(entry); }
-    // For entries that came in another order; those of one id keep theirs.
+    // Sorts entries that were appended in another order; stable.
     void Sort() {
         std::stable_sort(entries_.begin(), entries_.end(),
                          [](const Entry& left, const Entry& right) { return left.id < right.id; });
@@ -33,12 +33,12 @@ public:
         const std::size_t place = PlaceOf(id);
         return place < entries_.size() && entries_[place].id == id ? &entries_[place] : nullptr;
     }
-    // The entry behind one that Find gave; nullptr behind the last.
+    // The entry after one returned by Find; nullptr after the last.
     const Entry* Next(const Entry* entry) const { return entry == &entries_.back() ? nullptr : entry + 1; }
 
 private:
-    // Of the first entry that is not below the id. Where ids have neither gaps nor doubles that is their
-    // distance.
+    // The index of the first entry not below the id. Tries the distance of the ids first, which is right when
+    // they have neither gaps nor duplicates.
     std::size_t PlaceOf(std::int64_t id) const {
         if (entries_.empty() || id <= entries_.front().id) return 0;
         const auto guess = static_cast<std::size_t>(id - entries_.front().id);

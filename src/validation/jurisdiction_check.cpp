@@ -1,4 +1,4 @@
-// The check of the jurisdictions, whose findings name the taxon.
+// Checks the jurisdictions, whose findings name the taxon.
 
 #include <fmt/format.h>
 
@@ -15,7 +15,7 @@ namespace {
 
 using store::RowStream;
 
-// Every jurisdiction, with an origin or without: then each row of the walk is a turn.
+// All jurisdictions, also those without an origin, so that each row is a turn.
 constexpr std::string_view kTaxaOfJurisdictions =
     "SELECT qb_jurisdiction.qb_id AS of_taxon, unit_ind1, unit_name1, unit_ind2, unit_name2, unit_ind3, "
     "unit_name3, unit_ind4, unit_name4 FROM qb_jurisdiction INNER JOIN qb_taxonomic_units ON "
@@ -25,13 +25,12 @@ const std::vector<std::string_view> kNameColumns = {"qb_id",      "unit_ind1",  
                                                     "unit_ind2",  "unit_name2", "unit_ind3",
                                                     "unit_name3", "unit_ind4",  "unit_name4"};
 
-// The names of the taxa of jurisdictions, asked for in ascending qb_id. Nothing is read before the first is
-// asked for.
+// The names of the taxa of jurisdictions, for calls in ascending qb_id. Reads nothing before the first call.
 class TaxonNames {
 public:
     explicit TaxonNames(const ValidationRun& run) : run_(run) {}
 
-    // Nothing when the run is canceled; empty when there is no such taxon.
+    // std::nullopt when the run is canceled; an empty text when there is no such taxon.
     std::optional<std::string> Of(std::int64_t qb_id) {
         if (!walk_) Open();
         const bool found = walk_->MoveTo(qb_id);
@@ -40,7 +39,7 @@ public:
     }
 
 private:
-    // Of few taxa the rows themselves; of many the taxa with jurisdictions.
+    // Reads the rows of few taxa by key; for many, all taxa with jurisdictions.
     void Open() {
         store::TableRows rows;
         if (!run_.taxa.All()) rows = selection::RowsAmong("qb_id", run_.taxa.Ids());

@@ -12,13 +12,13 @@ namespace quillon::validation {
 
 namespace {
 
-constexpr std::string_view kLead = "     ";  // of a message; a heading has none
+constexpr std::string_view kLead = "     ";  // before a message; a heading has none
 
 bool IsAscii(std::string_view text) {
     return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
-// `wanted` is in lower case. Most lines are plain, and need no copy in lower case.
+// `wanted` is in lower case. Most lines are ASCII and need no copy in lower case.
 bool Holds(std::string_view line, std::string_view wanted) {
     if (!IsAscii(line)) return LowerCase(line).find(wanted) != std::string::npos;
     const auto found = std::search(
@@ -59,7 +59,7 @@ std::vector<std::size_t> LogLines::Narrowed(std::string_view text, std::optional
     const std::string wanted = LowerCase(text);
     const std::string code = UpperCase(Trim(text));
     std::vector<std::size_t> kept;
-    std::size_t heading = lines_.size();  // one that has not been kept yet
+    std::size_t heading = lines_.size();  // the heading above, until it is kept
     bool wholeRecord = false;
     auto mark = marks_.begin();
     for (std::size_t i = 0; i < lines_.size(); ++i) {

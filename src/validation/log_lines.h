@@ -1,5 +1,5 @@
-// The lines of a validation's log as the error viewer shows them: all of them, or those that a text or a rule
-// narrows them to, and how many findings there are of each rule. It reads no file.
+// The lines of a validation's log for the error viewer: all lines, or those that match a text or a rule, and
+// the number of findings of each rule. Reads no file.
 #pragma once
 
 #include <array>
@@ -17,20 +17,19 @@ using RuleCounts = std::array<std::size_t, kRuleCount>;
 
 class LogLines {
 public:
-    // The log as it stands in the file, and the marks of the run that wrote it; no marks when they are
-    // unknown.
+    // The content of the log, and the marks of the run that wrote it; empty when they are unknown.
     LogLines(std::string_view log, FindingMarks marks);
 
     const std::vector<std::string>& Lines() const { return lines_; }
-    // The lines that stay, by their numbers: findings that hold the text, or are of the rule with that code,
-    // with the heading above them; a heading that holds the text with all its findings. `rule` keeps the
-    // findings of one rule alone.
+    // The numbers of matching lines: findings that contain the text, or whose rule has that code, with the
+    // heading above them; and headings that contain the text, with all their findings. With `rule`, only
+    // findings of that rule.
     std::vector<std::size_t> Narrowed(std::string_view text, std::optional<Rule> rule) const;
-    // nullptr for a heading, and when marks are unknown.
+    // nullptr for a heading, or when the marks are unknown.
     const FindingMark* MarkAt(std::size_t line) const;
-    // The mark at a line, or the first behind it; nullptr behind the last.
+    // The first mark at or after a line; nullptr after the last.
     const FindingMark* MarkFrom(std::size_t line) const;
-    // Of the findings among these lines. Nothing when the marks of the log are unknown.
+    // Counts the findings among these lines. Empty when the marks are unknown.
     std::optional<RuleCounts> Count(const std::vector<std::size_t>& lines) const;
 
 private:

@@ -155,7 +155,7 @@ Value ValueAt(const store::RowStream& rows, std::size_t column, store::FieldType
 
 namespace {
 
-// "PUB 12 Journal of Moths", as far as there are parts.
+// "PUB 12 Journal of Moths", without missing parts.
 std::string DocumentName(std::string_view prefix, const Value& id, const Value& text) {
     return std::string(Trim(fmt::format("{} {} {}", prefix, id.AsText(), text.AsText())));
 }
@@ -171,7 +171,7 @@ std::string TaxonRow::Name() const {
         {unit_ind1, unit_name1, unit_ind2, unit_name2, unit_ind3, unit_name3, unit_ind4, unit_name4});
 }
 
-// A number that is printed has a place for its sign before it and a blank behind.
+// A printed number has a position for its sign before it and a blank after it.
 std::string TaxonRow::Heading() const {
     const std::int64_t id = qb_id.AsLong();
     return fmt::format("ID = {}{}   Name = {}", id < 0 ? "" : " ", id, Name());

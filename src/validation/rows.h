@@ -1,8 +1,7 @@
-// The rows that validation reads, with the columns that its rules look at and the heading that the log gives
-// each.
+// The rows that validation reads: the columns that its rules check, and the heading of each in the log.
 //
-// A row is filled by a RowReader from whatever recordset has its columns, or by a StreamReader from a table;
-// the rules see the row alone.
+// A RowReader fills a row from any recordset with its columns, a StreamReader from a table; the rules use
+// only the row.
 #pragma once
 
 #include <array>
@@ -78,7 +77,7 @@ struct PublicationRow {
     Subject AsSubject() const;
 };
 
-// A publication as a taxon refers to it.
+// A publication that a taxon refers to.
 struct TaxonPublicationRow {
     Value qb_id, original_desc_ind, qb_publication_id, publication_name, title, actual_pub_date;
     std::string taxonName;
@@ -96,7 +95,7 @@ struct VernacularRow {
     Subject AsSubject() const;
 };
 
-// With the name of its taxon, which is empty when there is no such taxon.
+// Includes the name of its taxon, empty when there is no such taxon.
 struct JurisdictionRow {
     Value qb_id, jurisdiction_value, origin;
     std::string taxonName;
@@ -106,11 +105,11 @@ struct JurisdictionRow {
     Subject AsSubject() const;
 };
 
-// The place of a column by its name; 3265 when the recordset has no such column.
+// The index of a column by name; throws error 3265 when the recordset has no such column.
 std::size_t PlaceOf(const store::Recordset& rows, std::string_view column);
 std::int32_t IdOf(const Value& value);
 
-// The columns of a row, with commas between them.
+// The columns of a row, separated by commas.
 template <typename Row>
 std::string ColumnList() {
     std::string list;
@@ -135,13 +134,13 @@ private:
     std::vector<std::size_t> places_;
 };
 
-// The types of columns of a table; 3265 when it has no such column.
+// The types of columns of a table; throws error 3265 when it has no such column.
 std::vector<store::FieldType> TypesOf(const store::Database& database, std::string_view table,
                                       const std::vector<std::string_view>& columns);
 Value ValueAt(const store::RowStream& rows, std::size_t column, store::FieldType type);
 
-// Fills rows from the current row of a stream of a table's rows that reads the columns in their order; it
-// must outlive the reader.
+// Fills rows from the current row of a stream over a table, which reads the columns in order and must outlive
+// the reader.
 template <typename Row>
 class StreamReader {
 public:

@@ -1,6 +1,5 @@
-// The catalogue of the rules that a validation applies: a code that never changes, how severe a finding is,
-// and the words for it. The log, "validate.tsv", the error viewer and the manual's page of rules take them
-// from here; the checks decide what breaks a rule.
+// The catalogue of validation rules: for each a permanent code, the severity and the texts. The log,
+// "validate.tsv", the error viewer and the manual's page of rules use it; the checks implement the rules.
 #pragma once
 
 #include <cstddef>
@@ -10,8 +9,8 @@
 
 namespace quillon::validation {
 
-// In the order in which a run comes to them. A rule that is added goes behind those of its table, with the
-// next number, and a code is never given twice.
+// In the order in which a run checks them. A new rule goes after those of its table, with the next number;
+// codes are never reused.
 enum class Rule : std::uint8_t {
     RankMissing,
     TrinomialIndicatorMissing,
@@ -76,17 +75,17 @@ enum class Rule : std::uint8_t {
 };
 inline constexpr std::size_t kRuleCount = static_cast<std::size_t>(Rule::OriginMissing) + 1;
 
-// A record with an error is left out of an export for the online system; one with warnings alone is not.
+// An export for the online system omits records with errors, but not those with only warnings.
 enum class Severity : std::uint8_t { Error, Warning };
 
 struct RuleInfo {
     Rule rule;
     std::string_view code;  // a letter for the table, and two digits
     Severity severity;
-    std::string_view field;     // of the record, or of the link, that breaks the rule
+    std::string_view field;     // the field of the record or link that breaks the rule
     std::string_view label;     // a few words for a finding
-    std::string_view sentence;  // what the rule asks for
-    std::string_view tab;       // the key of the tab of RecView where the fault is put right
+    std::string_view sentence;  // what the rule requires
+    std::string_view tab;       // the key of the tab of RecView where the fault is corrected
 };
 
 // All rules, in the order of the enumeration.

@@ -1,6 +1,6 @@
-// The eight checks of a validation, one a table, in the order in which ValidateDataSet runs them. Each walks
-// the rows that the filter selects, and changes none. The rules on a single row stand beside them, to be
-// called with any row.
+// The eight checks of a validation, one for each table, in the order in which ValidateDataSet runs them. Each
+// reads the rows that the filter selects and changes none. The rules on a single row can be called with any
+// row.
 #pragma once
 
 #include "core/application_state.h"
@@ -14,7 +14,7 @@
 
 namespace quillon::validation {
 
-// What all checks of a run share.
+// The shared state of the checks of a run.
 struct ValidationRun {
     ApplicationState& state;
     store::Database& database;
@@ -22,13 +22,13 @@ struct ValidationRun {
     ValidationLog& log;
     Turns& turns;
     const Gauge& gauge;
-    const selection::SelectedTaxa& taxa;  // with their documents
+    const selection::SelectedTaxa& taxa;  // including their documents
 
     // Counts a row and moves the gauge.
     void CountRow() const;
 };
 
-// Ends with the first taxon of the kingdom that has no rank.
+// Stops at the first taxon of the kingdom without a rank.
 void ValidateTaxa(const ValidationRun& run);
 void ValidateAuthors(const ValidationRun& run);
 void ValidateReferenceLinks(const ValidationRun& run);

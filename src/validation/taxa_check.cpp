@@ -1,4 +1,4 @@
-// The check of the taxa: which rows the rules are applied to, and in which order.
+// The check of the taxa: applies the rules to the rows of the kingdom, in order.
 
 #include "validation/table_checks.h"
 #include "validation/taxon_rules.h"

@@ -6,7 +6,7 @@ namespace quillon::validation {
 
 namespace {
 
-// A publication of the taxon under check, whole.
+// The complete row of a publication of the checked taxon.
 TaxonPublicationRow WholeRow(const TaxonCheck& check, const PublicationFacts& publication) {
     TaxonPublicationRow row = check.lookUps.Publication(check.row.qb_id.AsLong(), publication);
     row.taxonName = check.row.Name();

@@ -7,14 +7,14 @@
 
 namespace quillon::validation {
 
-// For a name that is not usable: it links to names that are.
+// A name that is not usable must link to names that are.
 void CheckSynonymLinks(const TaxonCheck& check);
 void CheckSynonymLinks(const TaxonCheck& check, std::span<const AcceptedLink> links);
-// For a usable name: it links to none.
+// A usable name must not link to any.
 void CheckNoSynonymLink(const TaxonCheck& check);
-// At least one reference, and no more than one original description, of the author's year.
+// A taxon must have a reference, and at most one original description, of the author's year.
 void CheckTaxonDocumentation(const TaxonCheck& check);
-// The publication is the first that is marked as the original description.
+// `publication` is the first one marked as the original description.
 void CheckAuthorYearAgainstPub(const TaxonCheck& check, const PublicationFacts& publication);
 
 }  // namespace quillon::validation

@@ -24,7 +24,7 @@ store::TableRows Among(std::string_view column, const selection::IdSet* ids, Ord
     return ids == nullptr ? store::TableRows{order} : selection::RowsAmong(column, *ids, order);
 }
 
-// Of the taxa themselves, whose rows or links these are.
+// Rows or links of the selected taxa.
 store::TableRows OfTaxa(const selection::SelectedTaxa& taxa) {
     return Among("qb_id", taxa.All() ? nullptr : &taxa.Ids());
 }
@@ -118,7 +118,7 @@ void DocumentTable::Resolve(std::string_view prefix, std::int64_t id, bool isOri
     }
 }
 
-// Within a taxon the links come by the key, which is the order of the documents' ids.
+// Within a taxon the links are in key order, which is the order of document ids.
 TaxonLookUps::TaxonLookUps(store::Database& database, const selection::SelectedTaxa& taxa, Turns turns)
     : taxa_(database, ParentsAndAccepted(database, taxa, turns), turns),
       authors_(database, Among("qb_taxon_author_id", taxa.All() ? nullptr : &taxa.Authors()), turns),
@@ -135,7 +135,7 @@ bool TaxonLookUps::MoveTo(std::int64_t qb_id) {
     return !synonymLinks_.Stopped() && !referenceLinks_.Stopped();
 }
 
-// As the query joins them: a link to no taxon gives no name.
+// Like the join of the query: a link to a missing taxon returns no name.
 std::vector<AcceptedLink> TaxonLookUps::AcceptedNames(std::int64_t qb_id) {
     std::vector<AcceptedLink> links;
     for (bool found = synonymLinks_.MoveTo(qb_id); found; found = synonymLinks_.MoveNext()) {

@@ -1,8 +1,7 @@
-// What the taxon rules ask of other records: parents, authors, accepted names, documents. It is read in whole
-// tables, once for a run, so that no row costs a query; what it gives is what the named queries would give
-// for the row.
+// The other records that the taxon rules need: parents, authors, accepted names, documents. Whole tables are
+// read once for a run instead of a query for each row; results equal those of the named queries.
 //
-// The taxa are asked for in ascending qb_id.
+// Calls must be in ascending qb_id.
 #pragma once
 
 #include <array>
@@ -18,7 +17,7 @@
 
 namespace quillon::validation {
 
-// Of a taxon that others are placed under or linked to.
+// A taxon that others are placed under or linked to.
 struct TaxonFacts {
     std::int32_t id = 0;
     std::int16_t rank_id = 0;
@@ -27,8 +26,8 @@ struct TaxonFacts {
 };
 
 struct AuthorFacts {
-    std::string_view text;  // empty when it is Null, or there is no such author
-    int year = 0;           // as YearFromAuthor gives it
+    std::string_view text;  // empty when it is Null or there is no such author
+    int year = 0;           // from YearFromAuthor
 };
 
 // An accepted name that a synonym links to.
@@ -41,7 +40,7 @@ struct AcceptedLink {
 struct PublicationFacts {
     std::int32_t id = 0;
     std::int32_t actualYear = 0;   // of actual_pub_date; kNoDateYear when it has none
-    std::array<char, 3> prefix{};  // filled up with NUL
+    std::array<char, 3> prefix{};  // padded with NUL
 };
 inline constexpr std::int32_t kNoDateYear = INT32_MIN;
 
@@ -50,7 +49,7 @@ struct PublicationLink {
     bool isOriginal;
 };
 
-// The documents of a taxon that are there.
+// The existing documents of a taxon.
 struct TaxonReferences {
     std::vector<PublicationLink> publications;  // in the order of the links
     bool hasExpert = false;
@@ -75,7 +74,7 @@ public:
 private:
     struct Place {
         std::int32_t id = 0;
-        std::uint32_t begin = 0;  // the text ends where the next one begins
+        std::uint32_t begin = 0;  // the end is the next one's begin
         std::int32_t year = 0;
     };
     IdTable<Place> places_;
@@ -84,9 +83,9 @@ private:
 
 class DocumentTable {
 public:
-    // Of the documents with these ids, under whatever prefix; nullptr for all.
+    // Reads the documents with these ids, of any prefix; nullptr for all.
     DocumentTable(store::Database& database, const selection::IdSet* ids, Turns turns);
-    // Adds what a reference link leads to.
+    // Adds the document of a reference link.
     void Resolve(std::string_view prefix, std::int64_t id, bool isOriginal,
                  TaxonReferences& references) const;
 
@@ -100,11 +99,11 @@ private:
 
 class TaxonLookUps {
 public:
-    // For the selected taxa, whose documents have been reached. Each row that is
-    // read is a turn. Throws StoreError.
+    // For the selected taxa, whose documents must have been read. Each row that is read is a turn. Throws
+    // StoreError.
     TaxonLookUps(store::Database& database, const selection::SelectedTaxa& taxa, Turns turns);
 
-    // Goes on to the links of a taxon; false when the run is canceled.
+    // Moves to the links of a taxon; false when the run is canceled.
     bool MoveTo(std::int64_t qb_id);
 
     const TaxonFacts* Taxon(std::int64_t qb_id) const { return taxa_.Find(qb_id); }
@@ -114,7 +113,7 @@ public:
     std::vector<AcceptedLink> AcceptedNames(std::int64_t qb_id);
     // Valid until the next call.
     const TaxonReferences& References(std::int64_t qb_id);
-    // The whole row of a publication, for a finding on it.
+    // The complete row of a publication, for a finding on it.
     TaxonPublicationRow Publication(std::int64_t qb_id, const PublicationFacts& publication);
 
 private:

@@ -1,5 +1,5 @@
-// The rule on the reason why a name is not usable: each family of kingdoms has its words, some belong to
-// both, and some are words of older files.
+// The rule on the reason why a name is not usable. Some words belong to one family of kingdoms, some to both,
+// and some come from older files.
 
 #include <fmt/format.h>
 
@@ -13,7 +13,7 @@ namespace quillon::validation {
 
 namespace {
 
-// In today's words; shown in the plant family alone.
+// The current words; shown only in the plant family.
 struct RetiredReason {
     std::string_view word;
     std::string_view hint;
@@ -65,7 +65,7 @@ void CheckWord(const TaxonCheck& check, const std::string& value) {
 
 }  // namespace
 
-// A usable name is not asked for a reason.
+// A usable name needs no reason.
 void CheckReason(const TaxonCheck& check) {
     const Value& usage = check.row.usage;
     if (!usage.IsText() || (usage.Text() != "invalid" && usage.Text() != "not accepted")) return;

@@ -48,7 +48,7 @@ void CheckIndicator(const TaxonCheck& check, const Value& indicator, bool isKnow
                      fmt::format("     the {} indicator must be one of the following: {}", name, known));
 }
 
-// A word in the kingdoms where it belongs; the messages name those, not the row's own.
+// Checks that a word belongs to the kingdom. The messages name the word's kingdoms, not the row's.
 void CheckUsageKingdom(const TaxonCheck& check, std::string_view usage) {
     const bool ofPlants = usage == "accepted" || usage == "not accepted";
     if (ofPlants && !check.run.IsPlant())
@@ -122,7 +122,7 @@ void CheckName(const TaxonCheck& check) {
                                  name.AsText()));
 }
 
-// The text speaks of parentheses, but it is the first unit that is looked at.
+// The message mentions parentheses, but the first unit is checked.
 void CheckSubgenusName(const TaxonCheck& check) {
     const Value& name = check.row.unit_name1;
     if (!check.run.IsAnimal() || check.run.subgenusRank != check.Rank() || !StartsSmall(name)) return;

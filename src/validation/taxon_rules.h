@@ -1,5 +1,5 @@
-// The authority's rules on one taxon, each a procedure of its own that reports what it finds. ValidateTaxa
-// calls CheckTaxon for each row of the kingdom; the rules on its links and documents stand in taxon_links.h.
+// The authority's rules on one taxon, one procedure for each rule. ValidateTaxa calls CheckTaxon for each row
+// of the kingdom; taxon_links.h has the rules on its links and documents.
 #pragma once
 
 #include <string>
@@ -12,7 +12,7 @@
 
 namespace quillon::validation {
 
-// One taxon under validation, and what its rules need.
+// A taxon to check, and what its rules need.
 struct TaxonCheck {
     const TaxonRow& row;  // with a rank
     const RunFacts& run;

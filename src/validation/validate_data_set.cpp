@@ -24,7 +24,7 @@ std::string TimeOfDay(const Clock& clock) {
     return clock.Now().substr(lengthOfDate);
 }
 
-// The files that a run reads, or that are to be written after it. No log may replace them.
+// The files that a run reads, or that will be written after it. No log may replace them.
 std::vector<std::string> FilesInUse(const ApplicationState& state) {
     std::vector<std::string> files = {state.gDataSetPath};
     if (state.gValidatingForExport) files.insert(files.end(), {state.gExportPath, state.gExportFile});
@@ -125,7 +125,7 @@ private:
     void CloseFile(LineFile& file) {
         if (!file.Close()) ReportUnwritten(file);
     }
-    // Once for a run: on a full disk all files fail.
+    // Reports once per run, because on a full disk all files fail.
     void ReportUnwritten(const LineFile& file) {
         if (!result_.logFailed) outside_.prompter.WarningMessage(file.Failure());
         result_.logFailed = true;

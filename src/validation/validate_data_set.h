@@ -20,32 +20,32 @@ inline constexpr std::string_view kCompleteNoErrors = "Validation Complete -- No
 inline constexpr std::string_view kCompleteViewLog =
     "Validation Complete -- Errors Occurred.  View error Log?";
 
-// What a run needs besides the run state.
+// The parameters of a run besides the state.
 struct ValidationOutside {
     Prompter& prompter;
     EventPump& events;
     const Clock& clock;
     Gauge gauge;
-    std::string workDirectory;  // takes the logs; "" for the current directory
-    // In place of the question and the message at the end of a run that is not for an export.
+    std::string workDirectory;  // for the logs; "" for the current directory
+    // Called instead of the question and the message at the end of a run that is not for an export.
     std::function<void()> reportEnd = {};
-    // Takes where each finding stands in the log, for the error viewer; nullptr when nobody asks.
+    // Receives the mark of each finding, for the error viewer; may be nullptr.
     FindingMarks* marks = nullptr;
-    // Whether to write "validate.tsv" beside the log.
+    // Also writes "validate.tsv" beside the log.
     bool writeTable = false;
 };
 
 struct ValidationResult {
-    bool ran = false;           // the filter, the files and the kingdom let it begin
-    bool wrongKingdom = false;  // it did not begin: the DataSet lacks the kingdom of the preferences
-    bool logFailed = false;     // one of the files could not be opened, or is not whole
+    bool ran = false;           // the filter, the files and the kingdom were valid
+    bool wrongKingdom = false;  // it did not begin because the DataSet lacks the preferred kingdom
+    bool logFailed = false;     // one of the files could not be opened or written completely
     bool canceled = false;
     bool errors = false;  // there were findings
     std::string logPath;
 };
 
-// Validates the open DataSet, or with gValidatingForExport the one to export, under gRecordFilter. It reports
-// refusals; errors of the store pass through.
+// Validates the open DataSet, or with gValidatingForExport the one to export, under gRecordFilter. Reports
+// refusals. Throws StoreError.
 ValidationResult ValidateDataSet(ApplicationState& state, store::Engine& engine,
                                  const ValidationOutside& outside);
 

@@ -1,5 +1,4 @@
-// frmValidate, "DataSetValidation": chooses which records to validate, and runs the validation of the open
-// DataSet. The window over it shows the controls and passes on what the user does.
+// frmValidate, "DataSetValidation": chooses the records and runs the validation of the open DataSet.
 #pragma once
 
 #include <functional>
@@ -12,8 +11,8 @@ namespace quillon::validation {
 
 class frmValidate {
 public:
-    // Loads the form: no validation runs, none is canceled. The logs go into `workDirectory`, the current one
-    // when empty; `marks` is for the error viewer, and must outlive the form.
+    // Loads the form and resets the state of a run. The logs go into `workDirectory`, or the current
+    // directory when it is empty; `marks` is for the error viewer and must outlive the form.
     frmValidate(ApplicationState& state, store::Engine& engine, Prompter& prompter, EventPump& events,
                 const Clock& clock, std::string workDirectory, FindingMarks& marks);
 
@@ -31,15 +30,15 @@ public:
     ButtonControl cmdContinue{form, "cmdContinue", "&Continue"};
     ButtonControl cmdCancel{form, "cmdCancel", "Ca&ncel"};
 
-    // Called when a run is about to replace the log; whoever shows the old one closes it.
+    // Called before a run replaces the log, so that a window with the old one can close.
     std::function<void()> ReplacingLog;
 
-    // The command of cmdContinue; nothing while a validation runs. It reports a condition that may not run,
-    // and the form stays.
+    // The command of cmdContinue; does nothing while a validation runs. Reports an invalid condition and
+    // keeps the form open.
     void Continue();
-    // The command of cmdCancel: cancels a running validation, and closes the form when none runs.
+    // The command of cmdCancel: cancels a running validation, or closes the form.
     void Cancel();
-    // The filter that the options and the combo boxes mean.
+    // The filter set by the options and the combo boxes.
     std::string Filter() const;
 
 private:

@@ -1,5 +1,5 @@
-// Where every rule reports: the heading above the first finding of a record, the marks of the run state, and
-// the lists of what an export must leave out. What is reported goes on to a sink as data.
+// All rules report here. It adds the heading to the first finding of a record, updates the run state and the
+// lists of records that an export must omit, and passes each finding to a sink.
 #pragma once
 
 #include <cstdint>
@@ -19,27 +19,27 @@ class ValidationLog {
 public:
     ValidationLog(ApplicationState& state, FindingSink sink);
 
-    // The next record: its first finding gets its heading.
+    // Begins the next record, whose first finding gets a heading.
     void BeginRecord() { state_.gRecordHeaderPending = true; }
-    // The taxon that findings reject from now on, those of documents too.
+    // Sets the taxon that findings reject, including findings on documents.
     void SetTaxon(std::int32_t qb_id) { state_.gLogQbId = qb_id; }
 
-    // A finding on a taxon. The first one rejects the taxon from an export.
+    // Reports a finding on a taxon. The first one rejects the taxon from an export.
     void LogTaxonError(Rule rule, const TaxonRow& row, std::string message);
-    // A finding on a document, a link, a vernacular or a jurisdiction. The first one of a row rejects the
-    // taxon set last.
+    // Reports a finding on a document, a link, a vernacular or a jurisdiction. The first one of a row rejects
+    // the taxon set last.
     template <typename Row>
     void LogDocumentError(Rule rule, const Row& row, std::string message) {
         Log(rule, row.AsSubject(), TakeDocumentHeading() ? row.Heading() : std::string(), std::move(message));
     }
-    // A finding on an author; it rejects nothing.
+    // Reports a finding on an author; it rejects nothing.
     void LogAuthorError(Rule rule, const AuthorRow& row, std::string message);
 
-    // Leaves a document out of the export, once however often it is called.
+    // Adds a document to those that an export omits; duplicates are ignored.
     void RememberRejectedDoc(std::string_view prefix, std::int32_t id);
 
 private:
-    // True when the heading of the record is due.
+    // True when the heading of the record must be printed now.
     bool TakeHeading();
     bool TakeDocumentHeading();
     void RejectTaxon();
@@ -47,7 +47,7 @@ private:
 
     ApplicationState& state_;
     FindingSink sink_;
-    // The lists of the run state, for looking up.
+    // The lists of the run state as sets.
     selection::IdSet rejectedTaxa_;
     std::set<std::pair<std::string, int>> rejectedDocs_;
 };

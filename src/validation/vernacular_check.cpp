@@ -1,4 +1,4 @@
-// The check of the vernaculars: an approved one needs a reference of its own name.
+// The check of the vernaculars: an approved one needs a reference for its name.
 
 #include <algorithm>
 #include <array>
@@ -19,8 +19,8 @@ std::int32_t Id(const RowStream& rows, std::size_t column) {
     return static_cast<std::int32_t>(rows.Long(column));
 }
 
-// The vernacular names for which taxa have a reference to a document that is there. The prefix of the link
-// decides the kind of the document, whatever the document's own prefix is.
+// The vernacular names for which taxa have a reference to an existing document. The prefix of the link
+// determines the kind of the document, whatever the document's prefix is.
 class ReferencedNames {
 public:
     explicit ReferencedNames(const ValidationRun& run) {
@@ -55,7 +55,7 @@ private:
         std::size_t begin = 0, size = 0;
     };
 
-    // Those that the links of few taxa lead to, else all.
+    // Reads the documents linked from few taxa, or all documents.
     void ReadDocuments(const ValidationRun& run, const store::TableRows& ofTaxa) {
         selection::IdSet linked;
         if (!ofTaxa.column.empty()) {
@@ -81,7 +81,7 @@ private:
         places_.push_back({qb_id, names_.size(), vernacular_name.size()});
         names_ += vernacular_name;
     }
-    // The links come by taxon: all names are in order when those of each taxon are.
+    // The links are sorted by taxon, so it is enough to sort the names of each taxon.
     void SortNamesOfTaxon() {
         std::sort(places_.begin() + static_cast<std::ptrdiff_t>(sorted_), places_.end(),
                   [this](const Place& left, const Place& right) { return KeyOf(left) < KeyOf(right); });
@@ -94,7 +94,7 @@ private:
 
     std::array<selection::IdSet, 3> documents_;
     std::vector<Place> places_;  // by taxon and name
-    std::size_t sorted_ = 0;     // so many of them
+    std::size_t sorted_ = 0;     // number of sorted places
     std::string names_;
 };
 
