@@ -26,7 +26,7 @@ using quillon::ui::DesktopProgram;
 constexpr double kKeyGoal = 0.05;
 constexpr double kStepGoal = 0.1;
 
-// Nobody is there to answer.
+// Answers nothing.
 class LoudPrompter : public quillon::Prompter {
 public:
     void Message(std::string_view text, std::string_view) override {
@@ -49,7 +49,7 @@ double Seconds(const QElapsedTimer& timer) {
     return static_cast<double>(timer.nsecsElapsed()) / 1e9;
 }
 
-void Tell(const char* what, double value, double goal, const char* unit = "s") {
+void Report(const char* what, double value, double goal, const char* unit = "s") {
     std::printf("%-52s %8.4f %-3s (goal %g)%s\n", what, value, unit, goal, value <= goal ? "" : "  missed");
 }
 
@@ -106,13 +106,13 @@ void Bench::Tree() {
     const double seconds = Time(tree, [&] { tree.expand(index); });
     const double pause = LongestPause();
     std::printf("%-52s %8d\n", "children of the large node", tree.model()->rowCount(index));
-    Tell("a large node opens", seconds, kStepGoal);
-    Tell("longest pause while its children arrive", pause, kStepGoal);
+    Report("a large node opens", seconds, kStepGoal);
+    Report("longest pause while its children arrive", pause, kStepGoal);
     const int deep = IdOf(database,
                           "SELECT max(qb_id) FROM qb_taxonomic_units WHERE rank_id = 220 AND "
                           "parent_qb_id Is Not Null");
-    Tell("the tree opens to a taxon",
-         Time(tree, [&] { explorer.HiliteNode(explorer.ExpandContainingSubtree(deep)); }), kStepGoal);
+    Report("the tree opens to a taxon",
+           Time(tree, [&] { explorer.HiliteNode(explorer.ExpandContainingSubtree(deep)); }), kStepGoal);
 }
 
 // A node goes among the children of the large one, and back.
@@ -122,24 +122,24 @@ void Bench::Moves() {
     TreeNode* node = tree.currentIndex().isValid() ? explorer.TreeV().Selected() : nullptr;
     explorer.Cut();
     explorer.TreeV().Select(parent);
-    Tell("a name is pasted among the children", Time(tree, [&] { explorer.Paste(); }), kStepGoal);
-    Tell("it goes back", Time(tree, [&] { explorer.Undo(); }), kStepGoal);
-    Tell("and among them again", Time(tree, [&] { explorer.Undo(); }), kStepGoal);
-    Tell("the store's place for it is found again",
-         Time(tree, [&] { explorer.ReflectRealNodePosition(explorer.FindIdOfNode(node)); }), kStepGoal);
-    Tell("the names of all loaded nodes are read again", Time(tree, [&] { explorer.RefreshNames(); }),
-         kStepGoal);
-    Tell("longest pause of that", LongestPause(), kStepGoal);
+    Report("a name is pasted among the children", Time(tree, [&] { explorer.Paste(); }), kStepGoal);
+    Report("it goes back", Time(tree, [&] { explorer.Undo(); }), kStepGoal);
+    Report("and among them again", Time(tree, [&] { explorer.Undo(); }), kStepGoal);
+    Report("the store's place for it is found again",
+           Time(tree, [&] { explorer.ReflectRealNodePosition(explorer.FindIdOfNode(node)); }), kStepGoal);
+    Report("the names of all loaded nodes are read again", Time(tree, [&] { explorer.RefreshNames(); }),
+           kStepGoal);
+    Report("longest pause of that", LongestPause(), kStepGoal);
     database.Execute("UPDATE qb_taxonomic_units SET unit_name1 = unit_name1 & 'x' WHERE parent_qb_id = " +
                      std::to_string(large));
-    Tell("the same when thousands have changed", Time(tree, [&] { explorer.RefreshNames(); }), kStepGoal);
-    Tell("longest pause of that", LongestPause(), kStepGoal);
+    Report("the same when thousands have changed", Time(tree, [&] { explorer.RefreshNames(); }), kStepGoal);
+    Report("longest pause of that", LongestPause(), kStepGoal);
     database.Execute(
         "UPDATE qb_taxonomic_units SET unit_name1 = Left(unit_name1, Len(unit_name1) - 1) WHERE parent_qb_id "
         "= " +
         std::to_string(large));
-    Tell("the large node goes with its children", Time(tree, [&] { explorer.RemoveNodes(large); }),
-         kStepGoal);
+    Report("the large node goes with its children", Time(tree, [&] { explorer.RemoveNodes(large); }),
+           kStepGoal);
 }
 
 // The longest that the window does not answer while the explorer does the rest of its work.
@@ -163,8 +163,8 @@ void Bench::Asterisk() {
     explorer.HiliteNode(explorer.TreeV().Top(0));
     Paint(tree);
     QKeyEvent press(QEvent::KeyPress, Qt::Key_Asterisk, Qt::NoModifier, "*");
-    Tell("* on the root", Time(tree, [&] { QCoreApplication::sendEvent(&tree, &press); }), kStepGoal);
-    Tell("longest pause while branches open", LongestPause(), kStepGoal);
+    Report("* on the root", Time(tree, [&] { QCoreApplication::sendEvent(&tree, &press); }), kStepGoal);
+    Report("longest pause while branches open", LongestPause(), kStepGoal);
 }
 
 // All taxa but the ancestors of the large node become its children.
@@ -180,17 +180,17 @@ void Bench::ManyChildren() {
     explorer.HiliteNode(explorer.ExpandContainingSubtree(large));
     Paint(tree);
     const QModelIndex node = tree.currentIndex();
-    Tell("a node with very many children opens", Time(tree, [&] { tree.expand(node); }), kStepGoal);
-    Tell("longest pause while they arrive", LongestPause(), kStepGoal);
+    Report("a node with very many children opens", Time(tree, [&] { tree.expand(node); }), kStepGoal);
+    Report("longest pause while they arrive", LongestPause(), kStepGoal);
     std::printf("%-52s %8d\n", "children of that node", tree.model()->rowCount(node));
     QScrollBar& bar = *tree.verticalScrollBar();
-    Tell("the tree scrolls to its end", Time(tree, [&] { bar.setValue(bar.maximum()); }), kStepGoal);
-    Tell("and a page back", Time(tree, [&] { bar.setValue(bar.maximum() - bar.pageStep()); }), kStepGoal);
-    Tell("their names are read again", Time(tree, [&] { explorer.RefreshNames(); }), kStepGoal);
-    Tell("longest pause of that", LongestPause(), kStepGoal);
+    Report("the tree scrolls to its end", Time(tree, [&] { bar.setValue(bar.maximum()); }), kStepGoal);
+    Report("and a page back", Time(tree, [&] { bar.setValue(bar.maximum() - bar.pageStep()); }), kStepGoal);
+    Report("their names are read again", Time(tree, [&] { explorer.RefreshNames(); }), kStepGoal);
+    Report("longest pause of that", LongestPause(), kStepGoal);
     explorer.ListTimer();
-    Tell("a wildcard that nothing matches", Key("*\xC2\xA7"), kKeyGoal);
-    Tell("longest pause of the search", LongestPause(), kStepGoal);
+    Report("a wildcard that nothing matches", Key("*\xC2\xA7"), kKeyGoal);
+    Report("longest pause of the search", LongestPause(), kStepGoal);
 }
 
 double Bench::Key(const char* key) {
@@ -231,22 +231,22 @@ double Bench::LongestPauseOfLoading() {
 }
 
 void Bench::List() {
-    Tell("a key while the list loads", WorstKeyWhileLoading("Get Animal Data"), kKeyGoal);
-    Tell("the same with marks before names", WorstKeyWhileLoading("Get Data"), kKeyGoal);
-    Tell("longest pause while it loads", LongestPauseOfLoading(), kKeyGoal);
+    Report("a key while the list loads", WorstKeyWhileLoading("Get Animal Data"), kKeyGoal);
+    Report("the same with marks before names", WorstKeyWhileLoading("Get Data"), kKeyGoal);
+    Report("longest pause while it loads", LongestPauseOfLoading(), kKeyGoal);
     explorer.ListTimer();
     double worst = 0;
     for (const char* key : {"p", "a", "r", "o", "\b", "z"}) worst = std::max(worst, Key(key));
-    Tell("a key afterwards", worst, kKeyGoal);
+    Report("a key afterwards", worst, kKeyGoal);
     explorer.ListTimer();
     worst = 0;
     for (const char* key : {"[", "x", "]"}) worst = std::max(worst, Key(key));
     explorer.ListTimer();
-    Tell("a wildcard", std::max(worst, Key("#")), kKeyGoal);
-    Tell("the last row is shown", Time(list, [&] { explorer.MoveLast(); }), kStepGoal);
-    Tell("a step back", Time(list, [&] { explorer.MovePrev(); }), kStepGoal);
+    Report("a wildcard", std::max(worst, Key("#")), kKeyGoal);
+    Report("the last row is shown", Time(list, [&] { explorer.MoveLast(); }), kStepGoal);
+    Report("a step back", Time(list, [&] { explorer.MovePrev(); }), kStepGoal);
     const int id = explorer.ListId();
-    Tell("a written name finds its place", Time(list, [&] { explorer.ListV().Update(id); }), kStepGoal);
+    Report("a written name finds its place", Time(list, [&] { explorer.ListV().Update(id); }), kStepGoal);
 }
 
 double PeakMegabytes() {
@@ -282,7 +282,7 @@ int main(int argc, char** argv) {
     timer.start();
     program.OpenPreferredDataSet();
     program.Window().repaint();
-    Tell("the window is usable after opening the file", Seconds(timer), 0.3);
+    Report("the window is usable after opening the file", Seconds(timer), 0.3);
     if (!program.State().gDatabase) return 1;
 
     Bench bench{program};
@@ -290,16 +290,16 @@ int main(int argc, char** argv) {
     program.Window().findChild<QAction*>("alpha")->trigger();
     while (bench.list.model()->rowCount() == 0) QCoreApplication::processEvents();
     Paint(bench.list);
-    Tell("the list shows its first rows", Seconds(timer), 0.2);
+    Report("the list shows its first rows", Seconds(timer), 0.2);
     bench.List();
     program.Window().findChild<QAction*>("hierarchy")->trigger();
     bench.explorer.Init();
     bench.Tree();
     bench.Moves();
-    Tell("the tree begins again", Time(bench.tree, [&] { bench.explorer.Init(); }), 0.3);
+    Report("the tree begins again", Time(bench.tree, [&] { bench.explorer.Init(); }), 0.3);
     bench.Asterisk();
     bench.ManyChildren();
-    Tell("peak memory", PeakMegabytes(), 250, "MB");
+    Report("peak memory", PeakMegabytes(), 250, "MB");
     program.State().gDatabase->Close();
     std::filesystem::remove(copy);
     return 0;

@@ -21,7 +21,7 @@ void InstallFaultVfs();
 void SetFaultPlan(const FaultPlan& plan);
 // The calls so far that could have failed.
 std::uint64_t FaultCalls();
-// Counts one call, and tells whether it is to fail.
+// Counts one call, and returns whether it is to fail.
 bool FailsNow();
 // ENOSPC or EIO.
 int FaultErrno();

@@ -1,5 +1,5 @@
-// Tells how much of a generated file an import has stored: each of its lines makes one row, so the rows of
-// all tables together must be those of the first lines of the file, none missing and none too many.
+// Finds out how much of a generated file an import has stored: each of its lines makes one row, so the rows
+// of all tables together must be those of the first lines of the file, none missing and none too many.
 #pragma once
 
 #include <cstddef>

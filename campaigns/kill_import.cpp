@@ -78,7 +78,7 @@ private:
         return job;
     }
 
-    // An import that nobody kills: how long one takes, and that it has no findings.
+    // An import that runs to its end: how long one takes, and that it has no findings.
     void MeasureWhole() {
         const ImportJob job = JobNumber(0);
         const double start = SecondsNow();

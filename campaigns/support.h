@@ -36,7 +36,7 @@ private:
     std::string path_;
 };
 
-// Keeps what it is told; answers No.
+// Keeps the messages; answers No.
 class KeepingPrompter : public Prompter {
 public:
     void Message(std::string_view text, std::string_view) override { messages.emplace_back(text); }
@@ -79,8 +79,8 @@ bool FileExists(const std::string& path);
 double SecondsNow();
 void Sleep(double seconds);
 
-// Runs `job` in a child process. What it returns is the child's exit status; an exception is told and ends it
-// with 99.
+// Runs `job` in a child process. What it returns is the child's exit status; an exception is printed and ends
+// it with 99.
 pid_t StartChild(const std::function<int()>& job);
 // The child's end as waitpid has it.
 int WaitFor(pid_t child);

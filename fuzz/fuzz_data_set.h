@@ -17,7 +17,7 @@ struct sqlite3_stmt;
 
 namespace quillon::fuzz {
 
-// Nobody is there to answer or to read.
+// Answers No and drops every message.
 class SilentPrompter : public Prompter {
 public:
     void Message(std::string_view, std::string_view) override {}

@@ -36,7 +36,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     try {
         import.ReadTaggedFile(source, [](const quillon::importing::Finding&){});
     } catch (const quillon::store::StoreError&) {
-        // Nothing more can be stored: told to the user as it stands.
+        // Nothing more can be stored: the user gets this message as it is.
     }
     return 0;
 }

@@ -1,3 +1,5 @@
+// The command export: turns its arguments into an order, asks before it overwrites, runs the job, and
+// reports the outcome.
 #include <fmt/format.h>
 #include <sys/stat.h>
 

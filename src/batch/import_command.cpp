@@ -1,3 +1,5 @@
+// The command import: asks before it adds to a DataSet in use, runs the import, and reports its failures,
+// notes and outcome.
 #include <sys/stat.h>
 
 #include <string>

@@ -1,3 +1,5 @@
+// The command validate: runs the validation under the given filter; findings go to the log and, on request,
+// to a table.
 #include "batch/batch_job.h"
 #include "core/system_clock.h"
 #include "selection/record_filter.h"

@@ -1,3 +1,5 @@
+// Compares texts by the weights of the collation: the base letters of the whole texts, then their marks.
+// SortKey writes the same weights as bytes.
 #include <algorithm>
 #include <cstring>
 

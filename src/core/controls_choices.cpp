@@ -1,3 +1,5 @@
+// The controls with choices: finding, adding and removing them, reading them on demand, and keeping the
+// chosen one chosen.
 #include <algorithm>
 
 #include "core/controls.h"

@@ -1,3 +1,5 @@
+// LikeText: matches a text against a pattern with *, ?, # and sets in brackets, character by character and
+// without regard to case.
 #include <optional>
 
 #include "core/letter_case.h"

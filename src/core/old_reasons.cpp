@@ -1,3 +1,5 @@
+// Reasons that older files hold and the program no longer offers: each has a successor for each family of
+// kingdoms, or advice for the person who has to choose one.
 #include "core/text.h"
 #include "core/vocabulary.h"
 

@@ -1,3 +1,5 @@
+// Binds combo boxes and pick lists to their controls: when choices are read, what typing and picking report,
+// and how the text of an editable combo survives a change of its list.
 #include <optional>
 
 #include "documentation/pick_list.h"

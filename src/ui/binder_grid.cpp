@@ -1,3 +1,4 @@
+// Binds a table widget to a GridControl. Only cells that differ are set, so that a large grid stays quick.
 #include "ui/binder_parts.h"
 #include "ui/guard.h"
 

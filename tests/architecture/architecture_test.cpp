@@ -1,6 +1,6 @@
-// The folders of src/ and who may use whom: each includes only itself and what the LINK line of its own
+// The folders of src/ and what each may use: each includes only itself and what the LINK line of its own
 // CMakeLists.txt names, the layers inside the store use only those below them, Qt stays in the windows and
-// SQLite in the store's engine, and the store asks nobody anything.
+// SQLite in the store's engine, and the store asks no questions.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -186,7 +186,7 @@ TEST(Architecture, EachFileIncludesOnlyWhatItMay) {
     EXPECT_EQ(FaultsOf(sources, ReadLinks()), std::vector<std::string>{});
 }
 
-TEST(Architecture, TheLowerFoldersReachNobodyAbove) {
+TEST(Architecture, TheLowerFoldersReachNothingAbove) {
     const Links links = ReadLinks();
     const Names store = {"core", "store"};
     EXPECT_EQ(ReachOf("core", links), (Names{"core"}));
@@ -200,7 +200,7 @@ TEST(Architecture, TheLowerFoldersReachNobodyAbove) {
         EXPECT_EQ(ReachOf(folder, links).count("editor"), 0U) << folder;
 }
 
-TEST(Architecture, TheStoreAsksNobodyAnything) {
+TEST(Architecture, TheStoreAsksNoQuestions) {
     for (const auto& [path, text] : ReadSources()) {
         if (FolderOf(path) == "store") {
             EXPECT_EQ(text.find("Prompter"), std::string::npos) << "src/" << path;

@@ -45,7 +45,7 @@ TEST(BatchOutput, EndsAStatementThatRunsWhenInterrupted) {
         std::filesystem::current_path(batch.dir.path());
         freopen("out.txt", "w", stdout);
         freopen("err.txt", "w", stderr);
-        // Some 10^13 rows: nobody waits for its end.
+        // Some 10^13 rows: it never ends by itself.
         execl(QUILLON_BATCH, "quillon-batch", "query", "t.mdb",
               "select count(*) from taxonomic_unit_types as a, taxonomic_unit_types as b, "
               "taxonomic_unit_types as c, "

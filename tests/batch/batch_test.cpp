@@ -43,7 +43,7 @@ TEST(Batch, DoesNotOverwriteWithoutYes) {
     EXPECT_EQ(batch.Run("new t.mdb --kingdom Animalia --yes").status, 0);
 }
 
-TEST(Batch, RefusesAKingdomThatIsNone) {
+TEST(Batch, RefusesAnUnknownKingdom) {
     Batch batch;
     const Ended ended = batch.Run("new t.mdb --kingdom Minerals");
     EXPECT_EQ(ended.status, 2);
@@ -125,7 +125,7 @@ TEST(Batch, TakesADataSetForFilledThatHoldsMoreThanItsSeedRows) {
     EXPECT_EQ(batch.Run("import empty.mdb in.qln").err, "message: Import Complete -- No Errors!\n");
 }
 
-TEST(Batch, SaysWhichFileIsMissingOrNoDataSet) {
+TEST(Batch, ReportsAMissingFileAndAFileThatIsNoDataSet) {
     Batch batch;
     EXPECT_EQ(batch.Run("info none.mdb").err, "message: Could not find the file 'none.mdb'.\n");
     WriteFile(batch.dir.File("text.mdb"), "hello");
@@ -138,7 +138,7 @@ TEST(Batch, SaysWhichFileIsMissingOrNoDataSet) {
     EXPECT_EQ(import.err, "message: File none.qln not found!\n");
 }
 
-TEST(Batch, TellsUsage) {
+TEST(Batch, EndsWithTwoOnWrongUsageAndPrintsHelp) {
     Batch batch;
     EXPECT_EQ(batch.Run("").status, 2);
     EXPECT_EQ(batch.Run("info").status, 2);

@@ -97,7 +97,7 @@ TEST_F(Jobs, WrongFilterIsRefused) {
     EXPECT_FALSE(Exists("out.qln"));
 }
 
-TEST_F(Jobs, KingdomOfTheDataSetGoesBeforeThePreference) {
+TEST_F(Jobs, KingdomOfTheDataSetOverridesThePreference) {
     const Ended ended = batch.Run("validate t.mdb --kingdom Plantae");
     EXPECT_EQ(ended.status, 1);
     EXPECT_EQ(ended.err,
@@ -106,7 +106,7 @@ TEST_F(Jobs, KingdomOfTheDataSetGoesBeforeThePreference) {
     EXPECT_EQ(ReadFile(File("validate.log")), kFindingsOfChordata);
 }
 
-TEST_F(Jobs, WrongWordsEndWithTwo) {
+TEST_F(Jobs, WrongArgumentsEndWithTwo) {
     for (const char* words :
          {"validate", "validate t.mdb more", "validate t.mdb --work-dir none", "export t.mdb",
           "export t.mdb out.qln --list colour", "export t.mdb out.qln --list name --online",
@@ -118,7 +118,7 @@ TEST_F(Jobs, WrongWordsEndWithTwo) {
     EXPECT_FALSE(Exists("out.qln"));
 }
 
-TEST_F(Jobs, ExportWritesTheFileAndTellsTheTotal) {
+TEST_F(Jobs, ExportWritesTheFileAndReportsTheTotal) {
     const Ended ended = batch.Run("export t.mdb out.qln");
     EXPECT_EQ(ended.status, 0);
     EXPECT_EQ(ended.out, "");
@@ -161,7 +161,7 @@ TEST_F(Jobs, ExportDoesNotOverwriteWithoutYes) {
     EXPECT_EQ(ReadFile(File("out.qln")), std::string(kRootLine) + kChordataLine);
 }
 
-TEST_F(Jobs, OpenDataSetIsNoTarget) {
+TEST_F(Jobs, ExportRefusesTheOpenDataSetAsTarget) {
     const Ended ended = batch.Run("export t.mdb t.mdb --yes");
     EXPECT_EQ(ended.status, 3);
     EXPECT_EQ(ended.err,
@@ -184,7 +184,7 @@ TEST_F(Jobs, TextOutsideTheCodePageIsListedAndRefused) {
                                              "[TU]3|101||Жук||Ω||||||valid|||||||100|2||||5|30|No|\r\n");
 }
 
-TEST_F(Jobs, ValuesThatBreakTheFormatAreTold) {
+TEST_F(Jobs, ValuesThatBreakTheFormatAreReported) {
     Execute("UPDATE qb_taxonomic_units SET unit_name1 = 'Chor' & chr(124) & 'data' WHERE qb_id = 3");
     const Ended ended = batch.Run("export t.mdb out.qln");
     EXPECT_EQ(ended.status, 0);

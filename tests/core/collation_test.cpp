@@ -53,7 +53,7 @@ TEST(Collation, TrailingBlanksDoNotCount) {
     ExpectAscending({"", " a", "a", "a b", "a\xC2\xA0", "ab"});
 }
 
-TEST(Collation, PunctuationStandsBeforeDigitsBeforeLetters) {
+TEST(Collation, PunctuationSortsBeforeDigitsBeforeLetters) {
     ExpectAscending({"a b", "a-b", "a~b",
                      "a\xE2\x80\x93"
                      "b",
@@ -76,7 +76,7 @@ TEST(Collation, EveryAsciiCharacterButTheLettersHasItsOwnPlace) {
     EXPECT_EQ(std::adjacent_find(keys.begin(), keys.end()), keys.end());
 }
 
-TEST(Collation, ControlCharactersStandBeforeTheBlankAndNulFirst) {
+TEST(Collation, ControlCharactersSortBeforeTheBlankAndNulFirst) {
     ExpectAscending({"a", std::string("a\0", 2), "a\x01", "a\tb", "a\x1F", "a\x7F", "a\xC2\x81", "a b"});
 }
 
@@ -96,7 +96,7 @@ TEST(Collation, StrokesAndOtherFormsAreMarksOnTheirLetter) {
     ExpectSame("\xC6\x91", "\xC6\x92");
 }
 
-TEST(Collation, LigaturesStandBehindTheirTwoLetters) {
+TEST(Collation, LigaturesSortAfterTheirTwoLetters) {
     ExpectAscending({"ad", "ae", "\xC3\xA6", "aea",
                      "\xC3\xA6"
                      "a",
@@ -126,7 +126,7 @@ TEST(Collation, RaisedDigitsAndLettersFollowTheirPlainForms) {
     ExpectAscending({"1", "\xC2\xB9", "2", "\xC2\xB2", "3", "\xC2\xB3", "4", "a", "\xC2\xAA", "b"});
 }
 
-TEST(Collation, InvalidBytesStandAfterAllLettersByTheirValue) {
+TEST(Collation, InvalidBytesSortAfterAllLettersByTheirValue) {
     ExpectAscending({"z", "\xF4\x8F\xBF\xBF", "\x80", "\xC3", "\xFF"});
     EXPECT_FALSE(EqualText("\xE9", "\xC3\xA9"));
 }

@@ -25,7 +25,7 @@ struct SampleForm {
     TabStripControl TabStrip1{form, "TabStrip1", {{"taxon", "Taxon"}, {"synonyms", "Synonyms"}}};
 };
 
-// Counts how often a control is told.
+// Counts how often a control notifies.
 std::shared_ptr<int> CountOf(Control& control) {
     auto count = std::make_shared<int>(0);
     control.Observe([count] { ++*count; });
@@ -39,20 +39,20 @@ TEST(Form, KnowsItsControlsByName) {
     EXPECT_EQ(sample.form.Find("cborank"), nullptr);
 }
 
-TEST(Control, TellsEachSettingOnceAndAnEqualOneNever) {
+TEST(Control, NotifiesOnceForEachChangeAndNotForAnEqualValue) {
     SampleForm sample;
-    const auto told = CountOf(sample.txtName1);
+    const auto count = CountOf(sample.txtName1);
     sample.txtName1.SetText("Puma");
-    EXPECT_EQ(*told, 1);
+    EXPECT_EQ(*count, 1);
     sample.txtName1.SetText("Puma");
     sample.txtName1.SetEnabled(true);
     sample.txtName1.SetCaption("");
-    EXPECT_EQ(*told, 1);
+    EXPECT_EQ(*count, 1);
     sample.txtName1.SetEnabled(false);
-    EXPECT_EQ(*told, 2);
+    EXPECT_EQ(*count, 2);
 }
 
-TEST(ChangeScope, TellsOnceAtTheEndOfTheOutermost) {
+TEST(ChangeScope, NotifiesOnceAtTheEndOfTheOutermost) {
     SampleForm sample;
     const auto text = CountOf(sample.txtName1);
     const auto button = CountOf(sample.cmdOK);
@@ -71,7 +71,7 @@ TEST(ChangeScope, TellsOnceAtTheEndOfTheOutermost) {
     EXPECT_EQ(*button, 1);
 }
 
-TEST(ChangeScope, TellsWhatAnObserverChangedInASecondRound) {
+TEST(ChangeScope, NotifiesOfAnObserversChangesInASecondRound) {
     SampleForm sample;
     const auto button = CountOf(sample.cmdOK);
     sample.txtName1.Observe([&] { sample.cmdOK.SetEnabled(!sample.txtName1.Text().empty()); });
@@ -95,16 +95,17 @@ TEST(Control, RunsRulesOnlyForTheUser) {
     EXPECT_EQ(edits, 1);
 }
 
-TEST(Control, RulesRunBeforeAnythingIsTold) {
+TEST(Control, RulesRunBeforeObserversAreNotified) {
     SampleForm sample;
     std::string order;
     sample.txtName1.OnEdit([&] {
         order += "rule ";
         sample.chkUnnamed.SetValue(true);
     });
-    sample.txtName1.Observe([&] { order += sample.chkUnnamed.Value() ? "told-after" : "told-before"; });
+    sample.txtName1.Observe(
+        [&] { order += sample.chkUnnamed.Value() ? "notified-after" : "notified-before"; });
     sample.txtName1.UserSetText("x");
-    EXPECT_EQ(order, "rule told-after");
+    EXPECT_EQ(order, "rule notified-after");
 }
 
 TEST(Control, DisabledAndLockedOnesIgnoreTheUserButNotTheProgram) {
@@ -128,7 +129,7 @@ TEST(TextControl, BoundsWhatTheUserTypesInCharacters) {
     EXPECT_EQ(sample.txtName1.Text(), "longer by the program");
 }
 
-TEST(OptionControl, ChoosingOneLetsGoOfTheOthersOfItsGroup) {
+TEST(OptionControl, ChoosingOneClearsTheOthersOfItsGroup) {
     SampleForm sample;
     sample.optValid.SetValue(true);
     sample.optOther.SetValue(true);
@@ -273,7 +274,7 @@ TEST(GaugeControl, StaysWithinItsLimits) {
     EXPECT_EQ(sample.Gauge1.Max(), 60);
 }
 
-TEST(GaugeControl, TellsAtOnceWhatChangedDuringAJob) {
+TEST(GaugeControl, NotifiesAtOnceDuringAJob) {
     SampleForm sample;
     const auto gauge = CountOf(sample.Gauge1);
     const auto button = CountOf(sample.cmdOK);
@@ -287,7 +288,7 @@ TEST(GaugeControl, TellsAtOnceWhatChangedDuringAJob) {
     EXPECT_EQ(*gauge, 1);
 }
 
-TEST(ChoiceControl, ReadsChoicesThatAreDearOnlyWhenAskedFor) {
+TEST(ChoiceControl, ReadsExpensiveChoicesOnlyOnDemand) {
     SampleForm sample;
     int reads = 0;
     const auto fetch = [&reads]() -> std::vector<ChoiceControl::Choice> {
@@ -325,7 +326,7 @@ TEST(ChoiceControl, AListOnlyComboReadsThemForItsText) {
 
 TEST(ChoiceControl, CountsTheChangesOfItsChoices) {
     SampleForm sample;
-    const auto told = CountOf(sample.cboAuth);
+    const auto count = CountOf(sample.cboAuth);
     const auto first = sample.cboAuth.ChoicesRevision();
     sample.cboAuth.SetTexts({"Gray"});
     const auto second = sample.cboAuth.ChoicesRevision();
@@ -335,7 +336,7 @@ TEST(ChoiceControl, CountsTheChangesOfItsChoices) {
     EXPECT_EQ(sample.cboAuth.ChoicesRevision(), second);
     sample.cboAuth.SetChoicesLater([]() -> std::vector<ChoiceControl::Choice> { return {}; });
     EXPECT_NE(sample.cboAuth.ChoicesRevision(), second);
-    EXPECT_EQ(*told, 3);
+    EXPECT_EQ(*count, 3);
 }
 
 TEST(Control, TheFocusMovesOnceTheActionIsShown) {
@@ -369,7 +370,7 @@ TEST(TabStripControl, IgnoresTheTabThatIsShown) {
     EXPECT_EQ(sample.TabStrip1.IndexOf("experts"), 0);
 }
 
-TEST(Form, TellsItsTitleAndAsksItsRuleBeforeItCloses) {
+TEST(Form, ReportsItsTitleAndAsksItsRuleBeforeItCloses) {
     SampleForm sample;
     int titles = 0;
     int closed = 0;

@@ -63,7 +63,7 @@ TEST(FileReplace, AFullDiskLeavesTheOldFileAlone) {
     EXPECT_EQ(NamesIn(dir.path()), std::vector<std::string>{"Qln.Ini"});
 }
 
-TEST(FileReplace, AReadOnlyFolderIsToldPlainly) {
+TEST(FileReplace, AReadOnlyFolderIsReported) {
     const testkit::TempDir dir;
     const std::string path = dir.File("Qln.Ini");
     testkit::WriteFile(path, "old");
@@ -76,7 +76,7 @@ TEST(FileReplace, AReadOnlyFolderIsToldPlainly) {
     EXPECT_EQ(testkit::ReadFile(path), "old");
 }
 
-TEST(FileReplace, AFolderInTheWayIsToldPlainly) {
+TEST(FileReplace, AFolderInTheWayIsReported) {
     const testkit::TempDir dir;
     testkit::WriteFile(dir.File("file"), "old");
     fs::create_directory(dir.File("folder"));
@@ -92,13 +92,13 @@ TEST(SmallFile, IsReadAsItIs) {
     EXPECT_EQ(ReadSmallFile(dir.File("a")).failure, "");
 }
 
-TEST(SmallFile, NoneIsEmptyWithoutAFailure) {
+TEST(SmallFile, AMissingOneIsEmptyWithoutAFailure) {
     const testkit::TempDir dir;
     EXPECT_EQ(ReadSmallFile(dir.File("none")).bytes, "");
     EXPECT_EQ(ReadSmallFile(dir.File("none")).failure, "");
 }
 
-TEST(SmallFile, WhatIsNoPlainFileIsNotWaitedFor) {
+TEST(SmallFile, APipeOrDeviceIsRefusedWithoutWaiting) {
     const testkit::TempDir dir;
     ASSERT_EQ(mkfifo(dir.File("pipe").c_str(), 0600), 0);
     EXPECT_EQ(ReadSmallFile(dir.File("pipe")).failure, "it is not a plain file");

@@ -120,7 +120,7 @@ TEST(IniFile, TakesUtf8WithItsMarkWhereTheCodePageLacksALetter) {
     EXPECT_EQ(file.Bytes(), "\xEF\xBB\xBF[A]\nName=é\nKey=Ωmega\n");
 }
 
-TEST(IniFile, StandsHostileFiles) {
+TEST(IniFile, SurvivesHostileFiles) {
     std::string noise;
     for (int i = 0; i < 4096; ++i) noise += static_cast<char>(i * 7 + i / 256);
     for (const std::string& bytes :

@@ -57,7 +57,7 @@ TEST_F(IniProfileTest, AnAbsentKeyGivesTheDefaultAnEmptyOneNothing) {
     EXPECT_EQ(profile.IniGetValue("B", "default"), "default");
 }
 
-TEST_F(IniProfileTest, WithoutATargetItIsTheProgramsSlip) {
+TEST_F(IniProfileTest, AMissingTargetIsAProgrammingError) {
     Table table = {{"old", "row"}};
     EXPECT_EQ(profile.IniGetAllKeys(table), 0);
     EXPECT_EQ(profile.IniGetValue("A", "default"), "");

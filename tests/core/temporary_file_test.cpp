@@ -64,7 +64,7 @@ TEST_F(TemporaryFiles, KeepThePermissionsOfWhatTheyReplace) {
     testkit::WriteFile(target, "old");
     chmod(target.c_str(), 0604);
     TemporaryFile file(target);
-    EXPECT_EQ(ModeOf(file.Path()), 0600) << "open to nobody else before it is complete";
+    EXPECT_EQ(ModeOf(file.Path()), 0600) << "closed to others until it is complete";
     file.Publish();
     EXPECT_EQ(ModeOf(target), 0604);
 }

@@ -92,7 +92,7 @@ TEST(Text, NumericTextsHaveDigitsASignAPointAndBlanksAround) {
     }
 }
 
-TEST(Text, CompareBinaryMindsCaseAndBlanks) {
+TEST(Text, CompareBinaryRespectsCaseAndBlanks) {
     EXPECT_EQ(CompareBinary("L.", "L."), 0);
     EXPECT_EQ(CompareBinary("L.", "l."), -1);
     EXPECT_EQ(CompareBinary("l.", "L."), 1);

@@ -72,7 +72,7 @@ TEST(Value, TrueIsMinusOneAsANumber) {
     EXPECT_EQ(Value(false).AsLong(), 0);
 }
 
-TEST(Value, OnlyTheWordsOfTruthAndNumbersOtherThanZeroAreTrue) {
+TEST(Value, OnlyTrueYesOnAndNumbersOtherThanZeroAreTrue) {
     for (const char* text : {"True", "true", "Yes", "YES", "Y", "y", "1", "-1", " 2 ", "0.4"}) {
         EXPECT_TRUE(Value(text).AsBoolean()) << text;
     }

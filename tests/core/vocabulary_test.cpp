@@ -29,7 +29,7 @@ TEST(Kingdoms, ThreeAreOfThePlantFamily) {
     }
 }
 
-TEST(Family, DecidesTheWords) {
+TEST(Family, DecidesTheVocabulary) {
     EXPECT_EQ(AcceptedUsage(kPlant), "accepted");
     EXPECT_EQ(AcceptedUsage(kAnimal), "valid");
     EXPECT_EQ(RejectedUsage(kPlant), "not accepted");
@@ -49,7 +49,7 @@ TEST(Family, ACurrencyOf1757IsForPlantsOnly) {
     EXPECT_EQ(LowestCurrencyYear(kAnimal), 1758);
 }
 
-TEST(Usage, RejectedWordsInAnyCaseAcceptedOnesAsTheyStand) {
+TEST(Usage, RejectedTermsIgnoreCaseAcceptedTermsDoNot) {
     for (const char* usage : {"invalid", "Invalid", "not accepted", "NOT ACCEPTED"}) {
         EXPECT_TRUE(UsageIsInvalid(usage)) << usage;
     }

@@ -49,7 +49,7 @@ TEST_F(Discard, RemovesExpertsAndOtherSourcesOfEachTrack) {
     EXPECT_TRUE(f.state.gNewChangeTrackIds.empty());
 }
 
-TEST_F(Discard, GoesByPositionAndStopsWhereATrackCannotGo) {
+TEST_F(Discard, FollowsThePositionAndStopsAtATrackThatCannotBeDeleted) {
     AddTrack(7, "EXP", 5);
     AddTrack(8, "ODD", 1);
     AddTrack(9, "SRC", 6);
@@ -106,7 +106,7 @@ TEST(DiscardUnsavedRecord, RemovesWhatTheTrackWrote) {
     EXPECT_TRUE(f.state.gNewChangeTrackIds.empty());
 }
 
-TEST(DiscardUnsavedRecord, IsHeardOfOnlyAfterYesAndWhenTheTracksAreGone) {
+TEST(DiscardUnsavedRecord, IsReportedOnlyAfterYesAndOnceTheTracksAreDeleted) {
     DataSetFixture f;
     f.Make();
     f.db().Execute("INSERT INTO qb_change_tracks (qb_change_track_id, qb_id) SELECT 7, 1");

@@ -54,7 +54,7 @@ TEST_F(FileNames, ThatTheDialogAskedAboutAreNotAskedAboutAgain) {
     EXPECT_EQ(AskNewDataSetFile(prompter, "New"), dir.File("moths.mdb"));
 }
 
-TEST_F(FileNames, OfADataSetThatIsGoneAreAskedAboutForWhatItLeft) {
+TEST_F(FileNames, AskAboutTheRemainsOfADeletedDataSet) {
     Write("moths.mdb-journal");
     prompter.filesToSave = {dir.File("moths.mdb")};
     prompter.yesNo = {true};

@@ -71,7 +71,7 @@ TEST_F(Kingdoms, OfThePreferencesStayKnownThroughSeveralOthers) {
     EXPECT_EQ(Holding(), "Plantae [] Variety []");
 }
 
-TEST_F(Kingdoms, AreReadAgainWithoutASecondWarning) {
+TEST_F(Kingdoms, AreReloadedWithoutASecondWarning) {
     Prefer("Animalia", "Kingdom");
     Open("Plantae");
     f.lifecycle.ReadKingdomAndRanks();

@@ -51,7 +51,7 @@ TEST_F(LifecycleFailure, OfSeedingLeavesTheFileThatWasToBeReplaced) {
     EXPECT_TRUE(f.state.gDataSetIsNew);
 }
 
-TEST_F(LifecycleFailure, OfSeedingWithNoDataSetLeavesNoneOpen) {
+TEST_F(LifecycleFailure, OfSeedingWithoutADataSetLeavesNoneOpen) {
     f.lifecycle.CloseDataSet();
     f.state.gVersion = "10.11.12.13";
     f.prompter.filesToSave = {f.dir.File("third.mdb")};
@@ -122,7 +122,7 @@ TEST_F(LifecycleFailure, ANewDataSetStaysNewWhenItsPathIsOpenedAgain) {
     EXPECT_FALSE(f.state.gDataSetIsNew);
 }
 
-TEST_F(LifecycleFailure, ADataSetThatIsNoLongerNewDoesNotBecomeSo) {
+TEST_F(LifecycleFailure, AUsedDataSetDoesNotBecomeNewAgain) {
     f.state.gDataSetIsNew = false;
     f.prompter.filesToSave = {f.dir.File("copy.mdb")};
     f.lifecycle.SaveDataSetAs();

@@ -178,7 +178,7 @@ TEST_F(PublicationListsTest, OnlyTheFieldThatWasPickedCounts) {
     EXPECT_EQ(Fields(), "d'Orbigny|01/01/1834|Annals|||||||7|c|4|8");
 }
 
-TEST_F(PublicationListsTest, AnEmptyFieldStandsForAllRecords) {
+TEST_F(PublicationListsTest, AnEmptyFieldMatchesAllRecords) {
     tab.FillFromPick(3);
     EXPECT_EQ(Fields(), "||||||||||||");
     Run("DELETE * FROM qb_publications WHERE qb_publication_id <> 5");
@@ -193,7 +193,7 @@ TEST_F(PublicationListsTest, ATypedTextFillsNothing) {
     EXPECT_FALSE(tab.cboAuthor.UserPick(9));
 }
 
-TEST_F(PublicationListsTest, WithoutADataSetTheListsAreEmpty) {
+TEST_F(PublicationListsTest, TheListsAreEmptyWithoutADataSet) {
     data.state.gDatabase.reset();
     EXPECT_EQ(Authors(), "");
     tab.FillFromPick(0);

@@ -202,7 +202,7 @@ TEST_F(PublicationTabTest, ARecordThatIsNotStoredBeginsWithNothing) {
     EXPECT_EQ(Disabled(), kCommands);
 }
 
-TEST_F(PublicationTabTest, WithoutADataSetThereIsNothingToShow) {
+TEST_F(PublicationTabTest, ShowsNothingWithoutADataSet) {
     Link("3");
     Load();
     data.state.gDatabase.reset();
@@ -211,7 +211,7 @@ TEST_F(PublicationTabTest, WithoutADataSetThereIsNothingToShow) {
     EXPECT_THAT(data.prompter.messages, IsEmpty());
 }
 
-TEST_F(PublicationTabTest, ShowingARowIsNoEditByTheUser) {
+TEST_F(PublicationTabTest, ShowingARowDoesNotCountAsAnEdit) {
     int edits = 0;
     for (ComboControl* field : {static_cast<ComboControl*>(&tab.cboAuthor),
                                 static_cast<ComboControl*>(&tab.cboADate), &tab.cboVernPubSelect})

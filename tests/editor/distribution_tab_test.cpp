@@ -81,7 +81,7 @@ TEST_F(DistributionTabTest, EachRegionTurnsItsOwnBoxOn) {
     EXPECT_EQ(data.prompter.messages, std::vector<std::string>());
 }
 
-TEST_F(DistributionTabTest, EachOriginShowsInTheWordsOfTheScreen) {
+TEST_F(DistributionTabTest, EachOriginShowsItsScreenText) {
     AddJurisdiction("Continental US", "'Native'");
     AddJurisdiction("Alaska", "'Introduced'");
     AddJurisdiction("Hawaii", "'Native & Introduced'");
@@ -95,7 +95,7 @@ TEST_F(DistributionTabTest, EachOriginShowsInTheWordsOfTheScreen) {
     EXPECT_EQ(data.prompter.messages, std::vector<std::string>());
 }
 
-TEST_F(DistributionTabTest, WhatItDoesNotKnowIsReportedOrPassedOver) {
+TEST_F(DistributionTabTest, UnknownRegionsAndOriginsAreReported) {
     AddRegion("Africa");
     AddRegion("Atlantis");
     AddRegion("Arctic");
@@ -140,7 +140,7 @@ TEST_F(DistributionTabTest, ALoadForgetsTheRecordBefore) {
     EXPECT_EQ(tab.oldJurisdictions, Pairs());
 }
 
-TEST_F(DistributionTabTest, IsCollectedInItsOwnOrderAndInTheWordsOfTheStore) {
+TEST_F(DistributionTabTest, IsCollectedInTabOrderWithTheStoredTexts) {
     tab.chkEastPacific.UserSetValue(true);
     tab.chkEurasia.UserSetValue(true);
     tab.cboMexico.UserSetText("Native and Extinct");

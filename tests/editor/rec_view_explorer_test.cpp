@@ -37,7 +37,7 @@ TEST_F(RecViewExplorer, NoKeepsTheUnsavedRecordAndPutsTheSelectionBack) {
     EXPECT_FALSE(data.state.RecordDirty);
 }
 
-TEST_F(RecViewExplorer, WithoutTheCheckThereIsNoQuestion) {
+TEST_F(RecViewExplorer, AsksNothingWhenTheCheckIsOff) {
     Make();
     Click(2);
     data.state.RecordDirty = true;
@@ -113,7 +113,7 @@ TEST_F(RecViewExplorer, ADropChangesTheParentOnTheForm) {
     EXPECT_EQ(explorer.FindIdOfNode(explorer.FindNodeWithId(7)->Parent()), 2);
 }
 
-TEST_F(RecViewExplorer, ThrowingTheRecordAwayPutsTheNodeBack) {
+TEST_F(RecViewExplorer, DiscardingTheRecordPutsTheNodeBack) {
     Make();
     Click(3);
     form.mnuECut.UserClick();

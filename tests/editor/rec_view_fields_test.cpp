@@ -51,7 +51,7 @@ protected:
 constexpr const char* kRatings = "lblCurrency txtCurrency lblComplete cboCoverage lblCredible cboCredibility";
 constexpr const char* kCredibility = "lblCredible cboCredibility";
 
-TEST_F(RecViewFields, WithoutARankThereIsNoName) {
+TEST_F(RecViewFields, NoNameWithoutARank) {
     MakePlants();
     EXPECT_EQ(ForRank(""), std::string(",,, ") + kRatings);
     EXPECT_EQ(ForRank("Clade"), std::string(",,, ") + kRatings);
@@ -102,7 +102,7 @@ TEST_F(RecViewFields, RatingsThatARankLacksAreEmptied) {
               "||KSP standards met");
 }
 
-TEST_F(RecViewFields, ARecordShowsTheRatingsThatItHasAllTheSame) {
+TEST_F(RecViewFields, ARecordStillShowsTheRatingsItHas) {
     Make();
     Execute("UPDATE qb_taxonomic_units SET taxonomic_completeness_rating = 'partial' WHERE qb_id = 3");
     Select(3);

@@ -73,7 +73,7 @@ TEST_F(RecViewFiles, ARefusedFileLeavesAnUnchangedRecordOnTheForm) {
     EXPECT_EQ(events, "reopened;");
 }
 
-TEST_F(RecViewFiles, SaveAsTellsThatTheDataSetWasReopened) {
+TEST_F(RecViewFiles, SaveAsReportsThatTheDataSetWasReopened) {
     Make();
     data.prompter.filesToSave.push_back(data.dir.File("copy.mdb"));
     form.mnuFSaveAs.UserClick();

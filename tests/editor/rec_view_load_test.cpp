@@ -185,7 +185,7 @@ TEST_F(RecViewLoad, TheCurrentRecordIsNotLoadedAgain) {
     EXPECT_EQ(recView.Editing().FieldGroupLeft, 0);
 }
 
-TEST_F(RecViewLoad, ListsHoldTheWordsOfTheDataSet) {
+TEST_F(RecViewLoad, ListsHoldTheValuesOfTheDataSet) {
     Make();
     Execute(
         "INSERT INTO qb_taxon_authors_lookup (qb_taxon_author_id, taxon_author) VALUES (3, 'gray, 1846')");
@@ -247,7 +247,7 @@ TEST_F(RecViewLoad, ParentsBelongToTheRecordThatIsShown) {
     EXPECT_EQ(Texts(tab.cboParentName), "") << "a name without a parent";
 }
 
-TEST_F(RecViewLoad, TheSameParentRankPickedAgainBringsTheParentsAgain) {
+TEST_F(RecViewLoad, PickingTheSameParentRankReloadsTheParents) {
     Make();
     Select(3);
     EXPECT_EQ(Texts(tab.cboParentName), "Cetus|Orca");

@@ -43,7 +43,7 @@ protected:
     }
 };
 
-TEST_F(RecViewModes, WithoutADataSetTheCommandsRefuse) {
+TEST_F(RecViewModes, CommandsRefuseWithoutADataSet) {
     EXPECT_EQ(form.form.Title(), "Taxonomic Quillon - No Open DataSet");
     EXPECT_EQ(Panels(), "||");
     EXPECT_EQ(form.cmdOK.Caption(), "&Save");
@@ -112,7 +112,7 @@ TEST_F(RecViewModes, AnotherKingdomThanThePreferenceIsReported) {
     EXPECT_EQ(data.state.gRankSpecies, 220);
 }
 
-TEST_F(RecViewModes, TheWordsFollowTheKingdom) {
+TEST_F(RecViewModes, CaptionsFollowTheKingdom) {
     data.Make("Fungi");
     Show();
     EXPECT_EQ(tab.fraUsage.Caption() + "|" + tab.optValid.Caption() + "|" + tab.optInvalid.Caption(),
@@ -284,7 +284,7 @@ TEST_F(RecViewModes, FieldsThatAwaitACommandDoNotMakeItDirty) {
     }
 }
 
-TEST_F(RecViewModes, AControlThatTakesTheFocusBringsUpItsTab) {
+TEST_F(RecViewModes, FocusingAControlShowsItsTab) {
     Make();
     Select(3);
     const auto tabOf = [this](Control& control) {

@@ -91,7 +91,7 @@ TEST_F(SynonymTabTest, ARecordWithoutLinksHasTheEmptyRowAlone) {
     EXPECT_EQ(RowsOf(tab.grdSynonyms), "||||\n");
 }
 
-TEST_F(SynonymTabTest, ARowThatIsChosenGoesIntoTheNameField) {
+TEST_F(SynonymTabTest, AChosenRowFillsTheNameField) {
     Load(3, "invalid");
     tab.grdSynonyms.UserSelectRow(1);
     EXPECT_EQ(tab.cboSSciName.Text(), "Orca alpha ssp. minor");
@@ -133,7 +133,7 @@ TEST_F(SynonymTabTest, LeavesTheRecordItselfOut) {
     EXPECT_EQ(ChoicesOf(tab.cboSRName), "Orca alpha ssp. minor=5\nOrca beta Gray=2\n") << "a new record";
 }
 
-TEST_F(SynonymTabTest, AnotherRankBringsOtherCandidates) {
+TEST_F(SynonymTabTest, AnotherRankOffersOtherCandidates) {
     Load(3, "invalid");
     Offer("Species");
     tab.cboSRName.UserSetText("Orca b");
@@ -142,7 +142,7 @@ TEST_F(SynonymTabTest, AnotherRankBringsOtherCandidates) {
     EXPECT_EQ(ChoicesOf(tab.cboSRName), "Animalia=1\n");
 }
 
-TEST_F(SynonymTabTest, ACandidateThatIsChosenGoesIntoTheNameField) {
+TEST_F(SynonymTabTest, AChosenCandidateFillsTheNameField) {
     Load(3, "invalid");
     Offer("Species");
     tab.cboSRName.UserSetText("Orca");

@@ -57,7 +57,7 @@ protected:
 class RandomDownloads : public Downloads, public ::testing::WithParamInterface<std::uint32_t> {};
 
 // Twenty seeds from the one given on.
-TEST_P(RandomDownloads, ComeOutAsTheyWentIn) {
+TEST_P(RandomDownloads, SurviveARoundTrip) {
     for (std::uint32_t seed = GetParam(); seed < GetParam() + 20; ++seed) {
         const std::vector<std::string> download = RandomDownload(seed);
         const auto bytes = Utf8ToCp1252(JoinLines(download));
@@ -69,9 +69,8 @@ TEST_P(RandomDownloads, ComeOutAsTheyWentIn) {
 INSTANTIATE_TEST_SUITE_P(Seeds, RandomDownloads,
                          ::testing::Range(std::uint32_t{1}, std::uint32_t{201}, std::uint32_t{20}));
 
-// The root's author is the one thing that an export does not give back; so its author goes too when nobody
-// else has it.
-TEST_F(Downloads, SampleComesOutAsItWentIn) {
+// An export gives back everything but the root's author.
+TEST_F(Downloads, SampleSurvivesARoundTrip) {
     const std::string bytes = testkit::ReadFile(QUILLON_SOURCE_DIR "/samples/cetacea.qln");
     std::vector<std::string> expected = SplitLines(Cp1252ToUtf8(bytes));
     expected.at(0) = ReplaceText(expected.at(0), "|920001|", "||");

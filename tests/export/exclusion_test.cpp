@@ -31,7 +31,7 @@ protected:
     }
 };
 
-TEST_F(ExclusionRules, RejectedTaxonStaysOutWithItsRowsButTheRootNeverDoes) {
+TEST_F(ExclusionRules, RejectedTaxonIsExcludedWithItsRowsUnlessItIsTheRoot) {
     Insert("qb_nodc_ids", "nodc_id, qb_id", {"'a', 1", "'b', 2", "'c', 3"});
     Insert("qb_vernaculars", "qb_id, qb_vern_id", {"2, 1", "3, 2"});
     Insert("qb_geographic_division", "qb_id, geographic_value", {"2, 'g'", "3, 'g'"});

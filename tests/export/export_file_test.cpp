@@ -114,7 +114,7 @@ TEST_F(ExportFiles, TwoRunsOnOneTargetEachWriteAWholeFile) {
     EXPECT_EQ(FilesInFolder(), 1);
 }
 
-TEST_F(ExportFiles, LinkThatLeadsNowhereGetsItsFile) {
+TEST_F(ExportFiles, DanglingLinkGetsItsFile) {
     const std::string link = dir.File("link");
     fs::create_symlink(path, link);
     ExportFile file(link, Encoding::Cp1252);

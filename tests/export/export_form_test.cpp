@@ -37,7 +37,7 @@ TEST_F(ExportForm, ShowsTheOpenDataSetAndItsFile) {
     EXPECT_EQ(form->cboValues.Text(), "KSP Standards Met");
 }
 
-TEST_F(ExportForm, BearsItsCaptions) {
+TEST_F(ExportForm, HasItsCaptions) {
     const std::vector<std::pair<std::string, std::string>> captions = {
         {"cmdSelectDB", "Browse"},
         {"cmdExportFile", "New File"},
@@ -136,7 +136,7 @@ TEST_F(ExportForm, FindingsOfAnEarlierValidationAreOfferedToo) {
 }
 
 // The error viewer takes the log with it when it is closed.
-TEST_F(ExportForm, LogThatIsGoneIsNotOffered) {
+TEST_F(ExportForm, DeletedLogIsNotOffered) {
     set.state.gErrorsOccurred = true;
     form->cmdOK.UserClick();
     EXPECT_EQ(set.prompter.messages, Texts{"A Total of 2 Records were Exported."});
@@ -188,7 +188,7 @@ TEST_F(ExportForm, PartialListEndsWithTheCountOfNames) {
     EXPECT_FALSE(set.state.gBatchRunning);
 }
 
-TEST_F(ExportForm, CanceledRunSaysSoAndTheNextBeginsAnew) {
+TEST_F(ExportForm, CanceledRunSaysSoAndTheNextStartsFresh) {
     pump.cancelAt = TurnsBeforeRows(2) + 2;
     form->cmdOK.UserClick();
     EXPECT_EQ(set.prompter.messages, Texts{"Export Canceled!"});
@@ -207,7 +207,7 @@ TEST_F(ExportForm, CanceledPartialListSaysSoAndLeavesTheOldFile) {
     EXPECT_EQ(testkit::ReadFile(set.dir.File("test.qln")), "old");
 }
 
-// Presses buttons in the midst of the run.
+// Presses buttons during the run.
 class PressingPump : public EventPump {
 public:
     std::function<void()> press;
@@ -230,7 +230,7 @@ TEST_F(ExportForm, CancelEndsARunAndClosesTheIdleForm) {
     EXPECT_EQ(closedWhileBusy, 1);
 }
 
-TEST_F(ExportForm, ForeignTextThatIsNotWantedCancels) {
+TEST_F(ExportForm, RefusedForeignTextCancels) {
     SetTaxon(2, "unit_name1", "'Жук'");
     set.prompter.yesNo = {false};
     form->cmdOK.UserClick();
@@ -265,7 +265,7 @@ TEST_F(ExportForm, OnlineRunMarksItsFindingsForTheViewer) {
     EXPECT_EQ(testkit::ReadFile(set.dir.File("test.qln")), Lines({kRootLine}));
 }
 
-TEST_F(ExportForm, FindingsOfAnotherDataSetLeadNowhere) {
+TEST_F(ExportForm, FindingsOfAnotherDataSetCannotBeFollowed) {
     testkit::DataSetFixture other;
     other.Make("Animalia", "other.mdb");
     other.db().Execute(

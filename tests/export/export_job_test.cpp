@@ -114,7 +114,7 @@ TEST_F(Job, TaxonWithoutAKingdomLeavesTheOldFile) {
     EXPECT_EQ(OutFile(), "old");
 }
 
-// Allocations fail in the midst of the run.
+// Allocations fail during the run.
 class ExhaustedPump : public EventPump {
 public:
     void Yield() override { throw std::bad_alloc(); }

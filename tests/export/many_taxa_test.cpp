@@ -89,7 +89,7 @@ TEST_F(ManyTaxa, LeaveNoLongStretchWithoutATurn) {
 }
 
 // One taxon is the root's, and stays out under the filter.
-TEST_F(ManyTaxa, AreWrittenWithAllThatHangsOnThem) {
+TEST_F(ManyTaxa, AreWrittenWithTheirDependentRows) {
     RunJob();
     const int all = set.state.gExportedCount;
     EXPECT_EQ(all, 1 + 5 * kTaxa);

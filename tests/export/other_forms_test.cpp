@@ -22,7 +22,7 @@ protected:
     std::string TimeLog() { return testkit::ReadFile(set.dir.File("time.log")); }
 };
 
-TEST_F(OtherForms, TaggedFormExportsWithALogOfTimesUnderTheFilterAsItStands) {
+TEST_F(OtherForms, TaggedFormExportsWithATimeLogUnderTheCurrentFilter) {
     FrmDExport form(set.state, set.engine, set.prompter, pump, clock, set.dir.path());
     EXPECT_EQ(form.form.Title(), "Export DataSet to File");
     EXPECT_EQ(form.cmdOK.Caption(), "&Continue");
@@ -89,7 +89,7 @@ TEST_F(OtherForms, CanceledTypeFormKeepsNothing) {
     EXPECT_TRUE(set.prompter.forms.empty());
 }
 
-TEST_F(OtherForms, NameFormWritesAllTaxaWhateverTheFilter) {
+TEST_F(OtherForms, NameFormIgnoresTheFilter) {
     FilterByJournal();
     FrmTExport form(set.state, set.engine, set.prompter, pump, clock, ListType::NameAuthorRank);
     EXPECT_EQ(form.form.Title(), "Export Taxonomy Data to File");

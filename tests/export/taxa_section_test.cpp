@@ -65,7 +65,7 @@ TEST_F(TaxaSection, MissingParentTsnIsFilledInTheDataSet) {
               "2\t100\n3\t999\n4\t\\N\n5\t100\n");
 }
 
-TEST_F(TaxaSection, TaxonWhoseParentStaysBehindHangsFromTheKingdom) {
+TEST_F(TaxaSection, TaxonWhoseParentIsNotExportedGetsTheKingdomAsParent) {
     AddTaxon(2, "Alpha");
     AddTaxon(3, "Beta", 2);
     AddTaxon(4, "Gamma", 3);
@@ -74,7 +74,7 @@ TEST_F(TaxaSection, TaxonWhoseParentStaysBehindHangsFromTheKingdom) {
     EXPECT_EQ(Tagged(), Lines({kRootLine, TaxonLine(3, "Beta", "101", 1), TaxonLine(4, "Gamma", "102", 3)}));
 }
 
-TEST_F(TaxaSection, ParentThatIsNoTaxonBecomesTheKingdomAndNoParentStaysNone) {
+TEST_F(TaxaSection, MissingParentBecomesTheKingdomAndNoParentStaysNone) {
     AddTaxon(2, "Alpha", 77);
     AddTaxon(3, "Beta");
     SetTaxon(3, "parent_qb_id", "Null");

@@ -24,7 +24,7 @@ TEST_F(ChangeRecords, ATrackIsStoredWithItsOperationsAndComments) {
     EXPECT_EQ(Dump(kComments), "1\t1\t90\t4\tdetail\n1\t2\t9\t\\N\tit's\n");
 }
 
-TEST_F(ChangeRecords, ATrackThatAnOperationMadeKnownHasNoTaxonOfItsOwn) {
+TEST_F(ChangeRecords, ATrackKnownFromAnOperationHasNoTaxon) {
     Import({"[CO]9|3||", taxon, "[CT]9|||||||||5|"});
     EXPECT_EQ(findings, Findings{});
     EXPECT_EQ(Dump(kTracks), "1\t\\N\t\\N\t\\N\t\\N\t\\N\t\\N\t\\N\t\\N\t0\n");
@@ -37,7 +37,7 @@ TEST_F(ChangeRecords, ASecondTrackLineWithTheKeyOverwritesAllButTheTaxon) {
     EXPECT_EQ(Dump(kTracks), "1\t\\N\t\\N\tsecond\t\\N\t\\N\t\\N\t\\N\t\\N\t2\n");
 }
 
-TEST_F(ChangeRecords, TheSameOperationTwiceFailsAndTheRunGoesOn) {
+TEST_F(ChangeRecords, TheSameOperationTwiceFailsAndTheRunContinues) {
     Import({taxon, "[CT]9|||r||||||5|", "[CO]9|3||", "[CO]9|3|90|", "[CC]9||40000|too large|",
             "[CC]9||1|next|"});
     EXPECT_EQ(set.prompter.messages.size(), 2U);

@@ -52,7 +52,7 @@ TEST_F(ClosingPass, ParentsOfRowsThatWereThereBeforeStay) {
     EXPECT_EQ(Dump(kParents), "2\t\\N\t5\n3\t\\N\t\\N\n");
 }
 
-TEST_F(ClosingPass, ATaxonThatNeverCameIsReportedAndLeavesNothingBehind) {
+TEST_F(ClosingPass, AMissingTaxonIsReportedAndLeavesNothingBehind) {
     Import({"[GD]|Africa|100|", "[JR]|Alaska||100|", "[NO]77|100|5|", "[VR]5|9|900|Whale||English|Yes|",
             "[SY]||100|200|"});
     EXPECT_EQ(findings, (Findings{{"The accepted tsn  <accepted id=-1> was not found in synonym link.", ""},
@@ -67,7 +67,7 @@ TEST_F(ClosingPass, ATaxonThatNeverCameIsReportedAndLeavesNothingBehind) {
     EXPECT_EQ(set.prompter.messages, std::vector<std::string>{});
 }
 
-TEST_F(ClosingPass, ATaxonThatNeverCameStaysWhenItHasChildren) {
+TEST_F(ClosingPass, AMissingTaxonStaysWhenItHasChildren) {
     Import({"[GD]|Africa|100|", TaxonLine{.tsn = "200", .parent_tsn = "100"}});
     EXPECT_EQ(findings,
               (Findings{{"The taxonomic unit record for Imported record <100> was not found!", ""}}));
@@ -78,7 +78,7 @@ TEST_F(ClosingPass, ATaxonThatNeverCameStaysWhenItHasChildren) {
         "2\tDummy#100\t-1\n3\tAlpha\t2\n");
 }
 
-TEST_F(ClosingPass, TheCurrentTaxonOfTheProgramHasNoPartInIt) {
+TEST_F(ClosingPass, TheCurrentTaxonOfTheProgramIsNotUsed) {
     set.state.currentTaxon.qb_id = 1;
     set.state.currentTaxon.tsn = 202423;
     set.state.currentTaxon.unit_name1 = "Animalia";
@@ -108,7 +108,7 @@ TEST_F(ClosingPass, DocumentsAndCommentsWithoutALinkAreReportedAndRemoved) {
         "comments\t30\t\\N\t\\N\t\\N\npublications\tPUB\t60\t\\N\t\\N\nother_sources\tSRC\t80\t\\N\t\\N\n");
 }
 
-TEST_F(ClosingPass, LinksToWhatNeverCameAreReportedWithTheKeysOfTheFileAndRemoved) {
+TEST_F(ClosingPass, LinksToMissingRecordsAreReportedWithTheKeysOfTheFileAndRemoved) {
     Import({TaxonLine{.tsn = "100"}, "[CL]|3|100|30|", "[RF]|EXP|4|100||||||||", "[RF]|PUB||100||60||||||",
             "[RF]|SRC||100||80||||||"});
     EXPECT_EQ(
@@ -135,7 +135,7 @@ TEST_F(ClosingPass, LinksToWhatNeverCameAreReportedWithTheKeysOfTheFileAndRemove
               "reference_links\tSRC\t80\t100\t\\N\n");
 }
 
-TEST_F(ClosingPass, OnlyTheLastLinkToWhatNeverCameIsRemoved) {
+TEST_F(ClosingPass, OnlyTheLastLinkToAMissingRecordIsRemoved) {
     Import({TaxonLine{.tsn = "100"}, TaxonLine{.tsn = "200"}, "[RF]|PUB|7|100||||||||",
             "[RF]|PUB|7|200||||||||"});
     EXPECT_EQ(findings,
@@ -146,7 +146,7 @@ TEST_F(ClosingPass, OnlyTheLastLinkToWhatNeverCameIsRemoved) {
     EXPECT_EQ(Dump("SELECT publication_id_prefix, publication_name FROM qb_publications"), "PUB\tDummy#7\n");
 }
 
-TEST_F(ClosingPass, ALinkOfAVernacularToWhatNeverCameIsReportedAndStays) {
+TEST_F(ClosingPass, ALinkOfAVernacularToAMissingRecordIsReportedAndStays) {
     Import({TaxonLine{.tsn = "100"}, "[VR]||900|Whale|100|English|Yes|", "[VL]||900|PUB|7|100|||"});
     EXPECT_EQ(findings,
               (Findings{{"The Imported reference_link record for Publication <7> and taxon <100> was not "
@@ -157,7 +157,7 @@ TEST_F(ClosingPass, ALinkOfAVernacularToWhatNeverCameIsReportedAndStays) {
     EXPECT_EQ(Dump("SELECT publication_name FROM qb_publications"), "Dummy#7\n");
 }
 
-TEST_F(ClosingPass, ALinkLineWithAFindingMarksItsDocumentAllTheSame) {
+TEST_F(ClosingPass, ALinkLineWithAFindingStillMarksItsDocument) {
     const std::string link = "[RF]|PUB|7|100||||||Whale|";
     Import({TaxonLine{.tsn = "100"}, "[PB]PUB|7||A|T|N|||||||||", link});
     EXPECT_EQ(findings,

@@ -251,7 +251,7 @@ TEST_F(HandlerFindings, OfDeletionRecords) {
     EXPECT_EQ(Dump("SELECT * FROM db_tombstone"), "");
 }
 
-TEST_F(HandlerFindings, AnUnknownTagIsReportedAndTheRunGoesOn) {
+TEST_F(HandlerFindings, AnUnknownTagIsReportedAndTheRunContinues) {
     Import({"[XX]1|2|", "no tag at all", "[tu]1|", "[TU", "[RV]1|2|", "[RV]", "[TA]|7|Linnaeus|5|"});
     const std::string sentence = "Invalid Table Tag in the following line of import file!";
     EXPECT_EQ(

@@ -46,7 +46,7 @@ TEST_F(ImportForm, LoadsWithTheTaggedFormatChosen) {
     EXPECT_FALSE(set.state.gBatchCancel);
 }
 
-TEST_F(ImportForm, ShowsTheSystemsWords) {
+TEST_F(ImportForm, ShowsItsCaptions) {
     const FrmImport form(set.state, set.engine, set.prompter, pump, set.dir.path());
     EXPECT_EQ(form.lblImport.Caption(), "Import a File into the Quillon");
     EXPECT_EQ(form.fraFormat.Caption(), "Import Format");
@@ -68,7 +68,7 @@ TEST_F(ImportForm, TheSymbolsBelongToTheDelimitedFormat) {
     EXPECT_FALSE(form.cboEnclosure.Enabled());
 }
 
-TEST_F(ImportForm, WithoutAFormatAsksForOne) {
+TEST_F(ImportForm, AsksForAFormat) {
     FrmImport form(set.state, set.engine, set.prompter, pump, set.dir.path());
     form.OptORVA.SetValue(false);
     form.cmdOK.UserClick();
@@ -280,7 +280,7 @@ TEST_F(ErrorLogForm, ACanceledSaveChangesNothing) {
     EXPECT_TRUE(std::filesystem::exists(Log()));
 }
 
-TEST_F(ErrorLogForm, ASaveThatFailsIsToldAndKeepsTheLog) {
+TEST_F(ErrorLogForm, AFailedSaveIsReportedAndKeepsTheLog) {
     prompter.filesToSave = {dir.File("no such folder/findings.txt")};
     FrmIError form(state, prompter, dir.path());
     form.cmdSave.UserClick();

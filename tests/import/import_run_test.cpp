@@ -55,7 +55,7 @@ TEST_F(Reading, Cp1252AndUtf8GiveTheSameName) {
     EXPECT_EQ(Dump("SELECT unit_name1 FROM qb_taxonomic_units WHERE qb_id > 1"), "Caf\u00e9\nCaf\u00e9\n");
 }
 
-TEST_F(Reading, ALineThatIsTooLongIsReportedByItsHeadAndTheRunGoesOn) {
+TEST_F(Reading, AnOverlongLineIsReportedByItsBeginningAndTheRunContinues) {
     const std::string longLine = "[CM]3||" + std::string(20 * 1024 * 1024, 'c') + "||";
     ImportText(Line("100") + "\r\n" + longLine + "\r\n" + Line("200") + "\r\n");
     EXPECT_EQ(
@@ -64,7 +64,7 @@ TEST_F(Reading, ALineThatIsTooLongIsReportedByItsHeadAndTheRunGoesOn) {
     EXPECT_EQ(Dump(kTsns), "100\n200\n");
 }
 
-TEST_F(Reading, TheGaugeGoesByTheBytesReadAndAFiftiethMore) {
+TEST_F(Reading, TheGaugeFollowsTheBytesReadPlusOneFiftieth) {
     // Two lines of 40 bytes, 84 with their line ends: a fiftieth is 2 to the nearest, so 86 are the whole.
     const std::string line = "[XX]" + std::string(36, 'x');
     Import({line, line});
@@ -233,7 +233,7 @@ TEST_F(Running, WhatAKilledImportLeftIsRemoved) {
     EXPECT_THAT(FilesBeside(), ElementsAre("import.err", "in.qln", "test.mdb", "test.mdb~new-ccccdddd22"));
 }
 
-TEST_F(Running, ADataSetThatIsClosedMeanwhileEndsTheRun) {
+TEST_F(Running, ClosingTheDataSetDuringTheRunEndsIt) {
     class Closing : public EventPump {
     public:
         explicit Closing(store::Database& database) : database_(database) {}
@@ -333,7 +333,7 @@ TEST_F(Running, APipeIsReadToItsEndAndImported) {
     close(ends[0]);
 }
 
-TEST_F(Running, CancelIsHeardWhileAPipeHasNothing) {
+TEST_F(Running, CancelWorksWhileAPipeIsIdle) {
     ASSERT_EQ(mkfifo(set.dir.File("pipe").c_str(), 0600), 0);
     CancelAfter cancel(set.state, 3);
     const ImportResult result = RunWith(set.dir.File("pipe"), cancel);

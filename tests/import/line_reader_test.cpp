@@ -52,7 +52,7 @@ private:
     MemorySource memory_;
 };
 
-// A file of many lines that nobody has to hold: `before`, then a run of "x", then `after`.
+// A file of many lines that is never held in memory: `before`, then a run of "x", then `after`.
 class LongLineSource : public ByteSource {
 public:
     LongLineSource(std::string before, std::size_t run, std::string after)
@@ -212,13 +212,13 @@ TEST(LineReader, APipeIsAReadErrorAndLosesNothing) {
     ASSERT_EQ(pipe(ends.data()), 0);
     ASSERT_EQ(write(ends[1], "a\r\n", 3), 3);
     const std::string path = "/dev/fd/" + std::to_string(ends[0]);
-    std::string told;
+    std::string message;
     try {
         const FileSource source(path);
     } catch (const ReadError& error) {
-        told = error.what();
+        message = error.what();
     }
-    EXPECT_EQ(told, "File " + path + " cannot be read!");
+    EXPECT_EQ(message, "File " + path + " cannot be read!");
     std::array<char, 8> rest{};
     EXPECT_EQ(read(ends[0], rest.data(), rest.size()), 3);
     for (const int end : ends) close(end);

@@ -31,7 +31,7 @@ TEST_F(LinkRecords, ADivisionMayComeBeforeItsTaxon) {
               "2\t100\tAlpha\n");
 }
 
-TEST_F(LinkRecords, TheSameRowTwiceFailsAndTheRunGoesOn) {
+TEST_F(LinkRecords, TheSameRowTwiceFailsAndTheRunContinues) {
     Import({taxon, "[GD]5|Africa||", "[GD]5|AFRICA||", "[GD]5|Australia||"});
     EXPECT_THAT(set.prompter.messages, ElementsAre(StartsWith("Failed ")));
     EXPECT_EQ(findings, Findings{});

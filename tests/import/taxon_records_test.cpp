@@ -86,7 +86,7 @@ TEST_F(TaxonRecords, NewIdsAreGivenAsKeysAreFirstSeen) {
     EXPECT_EQ(Dump("SELECT * FROM qb_nodc_ids"), "77\t4\t200\n");
 }
 
-TEST_F(TaxonRecords, WhatCannotBeStoredLeavesAPlaceholderAndTheRunGoesOn) {
+TEST_F(TaxonRecords, ARecordThatCannotBeStoredLeavesAPlaceholderAndTheRunContinues) {
     Import({TaxonLine{.tsn = "100", .unit_name1 = std::string(36, 'a'), .parent_tsn = "200"},
             TaxonLine{.tsn = "200", .unit_name1 = "Parent"}});
     EXPECT_THAT(set.prompter.messages, ElementsAre(StartsWith("Failed ")));
@@ -121,7 +121,7 @@ TEST_F(TaxonRecords, AnInvalidNameOfKingdomRankReplacesNothing) {
     EXPECT_EQ(Dump(kTaxa), "1\t202423\tAnimalia  \tvalid\t1\n2\t\\N\tZoa\tinvalid\t\\N\n");
 }
 
-TEST_F(TaxonRecords, AUsageInOtherLettersIsNoKingdomRecordButIsReplacedAsOne) {
+TEST_F(TaxonRecords, AUsageInAnotherCaseIsNoKingdomRecordButIsReplacedAsOne) {
     const TaxonLine other{.qb_id = "5", .unit_name1 = "Zoa", .usage = "VALID", .rank_id = "10"};
     Import({other});
     EXPECT_EQ(Dump(kTaxa), "1\t202423\tAnimalia  \tvalid\t1\n2\t\\N\tZoa\tVALID\t\\N\n");
@@ -135,7 +135,7 @@ TEST_F(TaxonRecords, AnotherKingdomRecordReplacesTheFirst) {
     EXPECT_EQ(Dump(kTaxa), "3\t\\N\tSecond\tvalid\t3\n");
 }
 
-TEST_F(TaxonRecords, AKingdomRecordThatWentIsNotUpdatedByALaterLine) {
+TEST_F(TaxonRecords, AReplacedKingdomRecordIsNotUpdatedByALaterLine) {
     const TaxonLine kingdom{.qb_id = "5", .unit_name1 = "Animalia", .rank_id = "10"};
     // The second line deletes the row of the first, and then finds nothing to update.
     Import({kingdom, kingdom});
@@ -146,14 +146,14 @@ TEST_F(TaxonRecords, AKingdomRecordThatWentIsNotUpdatedByALaterLine) {
     EXPECT_EQ(Dump(kTaxa), "4\t\\N\tSecond\tvalid\t4\n");
 }
 
-TEST_F(TaxonRecords, ANameThatIsNoKingdomRecordAnyMoreStays) {
+TEST_F(TaxonRecords, AFormerKingdomRecordStays) {
     Import({TaxonLine{.qb_id = "5", .unit_name1 = "First", .usage = "VALID", .rank_id = "10"},
             TaxonLine{.qb_id = "5", .unit_name1 = "Now", .usage = "invalid", .rank_id = "10"},
             TaxonLine{.qb_id = "6", .unit_name1 = "Animalia", .rank_id = "10"}});
     EXPECT_EQ(Dump(kTaxa), "2\t\\N\tNow\tinvalid\t\\N\n3\t\\N\tAnimalia\tvalid\t3\n");
 }
 
-TEST_F(TaxonRecords, AnOldReasonIsStoredInTodaysWords) {
+TEST_F(TaxonRecords, AnOldReasonIsStoredInItsCurrentForm) {
     Import({TaxonLine{.qb_id = "5", .usage = "invalid", .reason = "Misspelling"},
             TaxonLine{.qb_id = "6", .usage = "valid", .reason = "incertae sedis"},
             TaxonLine{.qb_id = "7", .usage = "invalid", .reason = "illegitimate"}});

@@ -53,7 +53,7 @@ protected:
     }
 };
 
-TEST_F(ImportTurns, AreTakenInEveryStageAndCancelIsHeardInEach) {
+TEST_F(ImportTurns, OccurInEveryStageAndEachCanBeCanceled) {
     testkit::WriteFile(set.dir.File("in.qln"), ManyTaxa());
     StagePump whole(set.state);
     ASSERT_TRUE(Run(whole).completed);

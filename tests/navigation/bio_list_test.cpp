@@ -50,7 +50,7 @@ TEST_F(BioList, TheRootIsAnAcceptedOneOfTheLowestRank) {
     EXPECT_EQ(root.qb_id(), 9);
 }
 
-TEST_F(BioList, WithoutAUsableRowOfTheLowestRankTheRootIsABlank) {
+TEST_F(BioList, TheRootIsBlankWithoutAUsableRowOfTheLowestRank) {
     data.db().Execute("UPDATE qb_taxonomic_units SET usage = 'invalid'");
     cBioList root(source);
     root.SetDbname(data.state.gDataSetPath);
@@ -108,7 +108,7 @@ TEST_F(BioList, CountsChildrenAndSynonymsTogether) {
     EXPECT_EQ(item.NumDescendants(), 2);
 }
 
-TEST_F(BioList, ChildrenStandByRankSequenceAndNameBeforeTheSynonyms) {
+TEST_F(BioList, ChildrenAreOrderedByRankSequenceAndNameBeforeSynonyms) {
     AddAuthor(1, "Gray, 1846");
     Add({.qb_id = 2, .parent = 1, .rank = 140, .name1 = "Delphinidae"});
     Add({.qb_id = 3, .parent = 2, .rank = 180, .name1 = "Tursiops", .tsn = 33});
@@ -131,7 +131,7 @@ TEST_F(BioList, ChildrenStandByRankSequenceAndNameBeforeTheSynonyms) {
               "7|[Invalid] Zebra|invalid|220|0|true|2|0|0\n");
 }
 
-TEST_F(BioList, AChildShowsNoMarkWhateverItsUsage) {
+TEST_F(BioList, AChildShowsNoMarkForAnyUsage) {
     Add({.qb_id = 2, .parent = 1, .rank = 30, .name1 = "Vermes", .usage = "invalid"});
     const auto children = At(1).Children();
     ASSERT_EQ(children.size(), 1u);
@@ -139,7 +139,7 @@ TEST_F(BioList, AChildShowsNoMarkWhateverItsUsage) {
     EXPECT_FALSE(children[0]->IsSyn());
 }
 
-TEST_F(BioList, ASynonymOfTwoAcceptedTaxaStandsUnderEach) {
+TEST_F(BioList, ASynonymOfTwoAcceptedTaxaIsListedUnderEach) {
     Add({.qb_id = 2, .parent = 1, .name1 = "Aaa"});
     Add({.qb_id = 3, .parent = 1, .name1 = "Bbb"});
     Add({.qb_id = 4, .name1 = "Ccc", .usage = "invalid"});
@@ -177,7 +177,7 @@ TEST_F(BioList, GetOneRecordMarksTheNameAndKnowsALooseSynonym) {
     EXPECT_FALSE(item.IsSyn());
 }
 
-TEST_F(BioList, GetOneRecordOfATaxonThatIsGoneChangesNothing) {
+TEST_F(BioList, GetOneRecordOfADeletedTaxonChangesNothing) {
     Add({.qb_id = 2, .parent = 1, .rank = 30, .name1 = "Chordata"});
     cBioList item = At(2);
     item.GetOneRecord(2);
@@ -224,7 +224,7 @@ TEST_F(BioList, OrphansHaveNoParentAndNoLinkAndAreNoKingdom) {
               "2|[Invalid] Lost|invalid|220|0|true|0|0|0\n");
 }
 
-TEST_F(BioList, OrphansWithoutAnOpenDataSetAreNone) {
+TEST_F(BioList, NoOrphansWithoutAnOpenDataSet) {
     Add({.qb_id = 2, .name1 = "Lost"});
     cBioList item = At(1);
     EXPECT_EQ(item.Orphans().size(), 1u);

@@ -35,7 +35,7 @@ protected:
     }
 };
 
-TEST_F(Children, ComeInTheOrderOfTheStore) {
+TEST_F(Children, FollowTheOrderOfTheStore) {
     AddMany();
     EXPECT_EQ(
         Ids(At(1).Children()),
@@ -64,7 +64,7 @@ TEST_F(Children, AStepReadsNoMoreRowsThanItIsGiven) {
     EXPECT_EQ(Ids(items), Ids(At(1).Children()));
 }
 
-TEST_F(Children, OrphansComeInStepsToo) {
+TEST_F(Children, OrphansAreReadInStepsToo) {
     Add({.qb_id = 2, .name1 = "Zebra"});
     Add({.qb_id = 3, .name1 = "Aqua"});
     Add({.qb_id = 4, .name1 = "Linked"});

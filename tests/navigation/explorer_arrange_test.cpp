@@ -5,7 +5,7 @@ namespace {
 
 class Arranging : public Explorer {};
 
-TEST_F(Arranging, ANodeGoesBeforeTheFirstSiblingWithAHigherText) {
+TEST_F(Arranging, ANodeIsPlacedBeforeTheFirstSiblingWithAHigherText) {
     AddWhales();
     Add({.qb_id = 10, .parent = 3, .name1 = "Orca", .name2 = "Azz"});
     OpenAll();
@@ -18,7 +18,7 @@ TEST_F(Arranging, ANodeGoesBeforeTheFirstSiblingWithAHigherText) {
     EXPECT_EQ(explorer.FindIdOfNode(node->Parent()), 2);
 }
 
-TEST_F(Arranging, AnEqualTextStandsBeforeTheNode) {
+TEST_F(Arranging, AnEqualTextIsPlacedBeforeTheNode) {
     AddWhales();
     Add({.qb_id = 10, .parent = 3, .name1 = "ORCA", .name2 = "Alpha"});
     OpenAll();
@@ -27,7 +27,7 @@ TEST_F(Arranging, AnEqualTextStandsBeforeTheNode) {
               "Orca(Orca  alpha, ORCA  Alpha, Orca  beta, [Invalid] Gladiator, [Invalid] Killer)");
 }
 
-TEST_F(Arranging, TheHighestTextGoesLast) {
+TEST_F(Arranging, TheHighestTextIsPlacedLast) {
     AddWhales();
     OpenAll();
     explorer.MoveAndKeepSorted(Node(3), Node(2));
@@ -54,7 +54,7 @@ TEST_F(Arranging, MarksCountAsText) {
     EXPECT_EQ(Shape(*Node(3)), "Tursiops([Invalid] Gladiator, [Invalid] Killer)");
 }
 
-TEST_F(Arranging, ASynonymStandsUnderTheTaxonOfItsNewParent) {
+TEST_F(Arranging, ASynonymIsPlacedUnderTheTaxonOfItsNewParent) {
     AddWhales();
     OpenAll();
     TreeNode* node = Node(6);
@@ -85,7 +85,7 @@ TEST_F(Arranging, NothingMovesUnderItsParentItselfOrItsSubtree) {
     EXPECT_EQ(Shape(), before);
 }
 
-TEST_F(Arranging, ToTheTopLevelANodeGoesBehindTheRoot) {
+TEST_F(Arranging, ATopLevelNodeIsPlacedAfterTheRoot) {
     AddWhales();
     Add({.qb_id = 10, .name1 = "Aaa"});
     explorer.Init();
@@ -106,7 +106,7 @@ TEST_F(Arranging, ThePlaceholderOfAnUnopenedParentCountsAsAChild) {
     EXPECT_EQ(Shape(), "Animalia(Orca(dummy99, Lost), Tursiops(dummy99))");
 }
 
-TEST_F(Arranging, FindsTheSiblingBehindWhichATextBelongs) {
+TEST_F(Arranging, FindsTheSiblingThatATextFollows) {
     Add({.qb_id = 2, .parent = 1, .rank = 30, .name1 = "Alpha"});
     Add({.qb_id = 3, .parent = 1, .rank = 30, .name1 = "Beta"});
     Add({.qb_id = 4, .parent = 1, .rank = 30, .name1 = "Delta"});
@@ -123,7 +123,7 @@ TEST_F(Arranging, FindsTheSiblingBehindWhichATextBelongs) {
     EXPECT_EQ(behind("Aaa", 4), "Delta") << "none is below";
 }
 
-TEST_F(Arranging, ASubtreeGoesWithItsItems) {
+TEST_F(Arranging, ASubtreeIsRemovedWithItsItems) {
     AddWhales();
     OpenAll();
     explorer.TreeV().Select(Node(4));
@@ -136,7 +136,7 @@ TEST_F(Arranging, ASubtreeGoesWithItsItems) {
     EXPECT_EQ(explorer.TreeV().Selected(), nullptr);
 }
 
-TEST_F(Arranging, AllNodesOfASynonymGoWhenNoAcceptedTaxonIsGiven) {
+TEST_F(Arranging, AllNodesOfASynonymAreRemovedWhenNoAcceptedTaxonIsGiven) {
     AddWhales();
     OpenAll();
     explorer.RemoveNodes(7);
@@ -144,7 +144,7 @@ TEST_F(Arranging, AllNodesOfASynonymGoWhenNoAcceptedTaxonIsGiven) {
     explorer.RemoveNodes(99);
 }
 
-TEST_F(Arranging, OneNodeOfASynonymGoesWhenItsAcceptedTaxonIsGiven) {
+TEST_F(Arranging, OneNodeOfASynonymIsRemovedWhenItsAcceptedTaxonIsGiven) {
     AddWhales();
     OpenAll();
     explorer.RemoveNodes(7, 2);
@@ -194,7 +194,7 @@ TEST_F(Arranging, OneNameIsReadForTheFirstNodeOfItsTaxon) {
 }
 
 // A bracket sorts before a letter, so that a name comes to stand behind the marked ones.
-TEST_F(Arranging, MovedNodesGoBackToTheirStoredParents) {
+TEST_F(Arranging, MovedNodesReturnToTheirStoredParents) {
     AddWhales();
     OpenAll();
     explorer.MoveAndKeepSorted(Node(5), Node(3));
@@ -224,7 +224,7 @@ TEST_F(Arranging, AStoredParentIsNotOpenedForItsNode) {
     EXPECT_FALSE(Node(2)->Expanded());
 }
 
-TEST_F(Arranging, ANodeWhoseStoredParentIsUnopenedGoesUntilThatIsOpened) {
+TEST_F(Arranging, ANodeIsRemovedUntilItsStoredParentIsExpanded) {
     AddWhales();
     explorer.ExpandNode(Node(1));
     auto item = std::make_shared<cBioList>(source);
@@ -237,7 +237,7 @@ TEST_F(Arranging, ANodeWhoseStoredParentIsUnopenedGoesUntilThatIsOpened) {
     EXPECT_NE(Node(5), nullptr);
 }
 
-TEST_F(Arranging, ASynonymGoesBackUnderItsAcceptedTaxon) {
+TEST_F(Arranging, ASynonymReturnsToItsAcceptedTaxon) {
     AddWhales();
     OpenAll();
     explorer.MoveAndKeepSorted(Node(6), Node(3));
@@ -251,7 +251,7 @@ TEST_F(Arranging, ASynonymGoesBackUnderItsAcceptedTaxon) {
     EXPECT_EQ(Shape(), back) << "it stands under both already";
 }
 
-TEST_F(Arranging, ANodeOfASynonymWithoutALinkThereGoes) {
+TEST_F(Arranging, ANodeOfAnUnlinkedSynonymIsRemoved) {
     AddWhales();
     OpenAll();
     data.db().Execute("DELETE * FROM qb_synonym_links WHERE qb_id = 7 AND qb_id_accepted = 3");
@@ -261,7 +261,7 @@ TEST_F(Arranging, ANodeOfASynonymWithoutALinkThereGoes) {
               "Lost");
 }
 
-TEST_F(Arranging, AnOrphanGoesBackToTheTopLevel) {
+TEST_F(Arranging, AnOrphanReturnsToTheTopLevel) {
     AddWhales();
     OpenAll();
     const std::string before = Shape();

@@ -97,7 +97,7 @@ TEST_F(Dropping, TheNodeMovesWhenTheFormAgrees) {
     EXPECT_EQ(explorer.TreeV().DropHighlight(), nullptr);
 }
 
-TEST_F(Dropping, TheNodeStaysWhenTheFormCancelsOrNobodyListens) {
+TEST_F(Dropping, TheNodeStaysWhenTheFormCancelsOrThereIsNoListener) {
     refuse = true;
     Drag(4);
     MayDropOn(Node(3));
@@ -112,7 +112,7 @@ TEST_F(Dropping, TheNodeStaysWhenTheFormCancelsOrNobodyListens) {
     EXPECT_EQ(Shape(), kBefore);
 }
 
-TEST_F(Dropping, WithoutAHighlightNothingIsProposed) {
+TEST_F(Dropping, NothingIsProposedWithoutAHighlight) {
     Drag(4);
     MayDropOn(Node(5));
     explorer.Drop();
@@ -311,7 +311,7 @@ TEST_F(Dropping, NothingIsPastedUnderItselfOrOnNoNode) {
     EXPECT_EQ(Shape(), kBefore);
 }
 
-TEST_F(Dropping, AnOrphanIsPastedAndGoesBackToTheTopLevel) {
+TEST_F(Dropping, AnOrphanIsPastedAndReturnsToTheTopLevel) {
     explorer.TreeV().Select(Node(8));
     explorer.Cut();
     explorer.TreeV().Select(Node(9));

@@ -101,7 +101,7 @@ TEST_F(Moves, ParentLeadsUp) {
     EXPECT_EQ(events, "list 2;item 2;pos false false;");
 }
 
-TEST_F(Moves, WithoutASelectionOnlyTheEndsAreReached) {
+TEST_F(Moves, OnlyTheEndsAreReachedWithoutASelection) {
     AddWhales();
     EXPECT_FALSE(explorer.IsFirstSelected());
     EXPECT_FALSE(explorer.IsLastSelected());
@@ -113,7 +113,7 @@ TEST_F(Moves, WithoutASelectionOnlyTheEndsAreReached) {
     EXPECT_EQ(events, "list 8;item 8;pos false true;");
 }
 
-TEST_F(Moves, WithoutADataSetNothingMoves) {
+TEST_F(Moves, NothingMovesWithoutADataSet) {
     explorer.MoveFirst();
     explorer.MoveLast();
     explorer.SetTreeVisible(false);

@@ -145,7 +145,7 @@ TEST_F(Parts, AMoveInTheListEndsTheSearch) {
     EXPECT_EQ(explorer.ListId(), 7);
 }
 
-TEST_F(Parts, AsteriskOpensWhatStandsBelow) {
+TEST_F(Parts, AsteriskExpandsTheSubtree) {
     AddWhales();
     explorer.ExpandBelow(Node(1));
     DoRest();
@@ -164,7 +164,7 @@ TEST_F(Parts, AsteriskOpensALargeNodeToItsEnd) {
     EXPECT_NE(Node(9000), nullptr);
 }
 
-TEST_F(Parts, AsteriskStopsAtALimitAndGoesOnFromThere) {
+TEST_F(Parts, AsteriskStopsAtALimitAndContinuesFromThere) {
     AddChain(2105);
     explorer.ExpandBelow(explorer.TreeV().Top(0));
     EXPECT_LE(DoRest(), 2000 / 32 + 2);
@@ -199,7 +199,7 @@ TEST_F(Parts, ALongChainOfParentsIsOpenedInParts) {
     EXPECT_EQ(DepthOf(explorer.TreeV().Selected()), 2999);
 }
 
-TEST_F(Parts, AChainWithoutMeasureIsNoPath) {
+TEST_F(Parts, AnEndlessChainHasNoPath) {
     AddChain(static_cast<int>(cExplorer::kDeepestPath) + 2);
     EXPECT_EQ(explorer.ExpandContainingSubtree(static_cast<int>(cExplorer::kDeepestPath) + 2), nullptr);
     EXPECT_EQ(events, "");

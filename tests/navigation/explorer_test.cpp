@@ -69,7 +69,7 @@ TEST_F(Explorer, ARealChildNamedAsThePlaceholderIsTakenForIt) {
     EXPECT_EQ(explorer.FindIdOfNode(root->Child(0)), 2);
 }
 
-TEST_F(Explorer, ANodeWithoutAnItemStopsBeforeTheEvent) {
+TEST_F(Explorer, ANodeWithoutAnItemRaisesNoEvent) {
     AddWhales();
     TreeNode* root = explorer.TreeV().Top(0);
     const std::size_t row = explorer.TreeV().Append(nullptr, {{"stranger", kPlaceholder}});
@@ -80,7 +80,7 @@ TEST_F(Explorer, ANodeWithoutAnItemStopsBeforeTheEvent) {
     EXPECT_EQ(explorer.FindIdOfNode(root), 1);
 }
 
-TEST_F(Explorer, AddNodeTakesThePlaceholderAway) {
+TEST_F(Explorer, AddNodeRemovesThePlaceholder) {
     AddWhales();
     TreeNode* root = explorer.TreeV().Top(0);
     auto item = std::make_shared<cBioList>(*explorer.Root());
@@ -164,7 +164,7 @@ TEST_F(Explorer, AUsableNameWithASynonymLinkIsFoundUnderItsParent) {
     EXPECT_EQ(events, "expand Animalia;expand Orca;item 5;");
 }
 
-TEST_F(Explorer, ATaxonThatIsGoneSelectsNothing) {
+TEST_F(Explorer, ADeletedTaxonSelectsNothing) {
     AddWhales();
     explorer.HiliteNode(Node(1));
     explorer.ListDblClick(99);
@@ -213,7 +213,7 @@ TEST_F(Explorer, TreeAndListGoBackToTheRecordThatStayed) {
     EXPECT_EQ(explorer.TreeV().Selected(), stood);
 }
 
-TEST_F(Explorer, RaisesThePositionWhenItChangesWithoutAMove) {
+TEST_F(Explorer, ReportsThePositionWhenItChangesWithoutAMove) {
     AddWhales();
     explorer.HiliteNode(Node(1));
     events.clear();
@@ -278,7 +278,7 @@ TEST_F(Explorer, TypingOnDoesNotGoBack) {
     EXPECT_EQ(Line(), "Orca (valid)") << "no later row matches, so the list goes back to the last match";
 }
 
-TEST_F(Explorer, BackspaceGoesToTheFirstRowOfTheShorterText) {
+TEST_F(Explorer, BackspaceSelectsTheFirstRowOfTheShorterText) {
     AddWhales();
     Type("orca b");
     EXPECT_EQ(Line(), "Orca beta (valid)");

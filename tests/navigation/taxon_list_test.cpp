@@ -322,7 +322,7 @@ TEST_F(List, FindsMarkedSpeciesOfALargeGenus) {
     }
 }
 
-TEST_F(List, ALineWhoseTaxonIsGoneIsEmptyAndFindsGoOn) {
+TEST_F(List, ALineOfADeletedTaxonIsEmptyAndTheSearchContinues) {
     for (int id = 2; id < 12; ++id) Add({.qb_id = id, .name1 = fmt::format("Genus{:02}", id)});
     Open("Get Animal Data");
     data.db().Execute("DELETE * FROM qb_taxonomic_units WHERE qb_id In (4, 5, 6)");

@@ -30,7 +30,7 @@ protected:
     TBBtnMgr manager;
 };
 
-TEST_F(Buttons, TheMaskDarkensAllAndBringsThemBack) {
+TEST_F(Buttons, TheMaskDisablesAllAndRestoresThem) {
     EXPECT_FALSE(manager.IsMasked());
     manager.MaskAll();
     EXPECT_TRUE(manager.IsMasked());
@@ -40,14 +40,14 @@ TEST_F(Buttons, TheMaskDarkensAllAndBringsThemBack) {
     EXPECT_FALSE(manager.IsMasked());
 }
 
-TEST_F(Buttons, AButtonDisabledUnderTheMaskStaysDark) {
+TEST_F(Buttons, AButtonDisabledUnderTheMaskStaysDisabled) {
     manager.MaskAll();
     manager.Disable("copy");
     manager.UnmaskAll();
     EXPECT_EQ(Lit(), "cut mnuCut");
 }
 
-TEST_F(Buttons, AButtonEnabledUnderTheMaskLightsUpAfterwards) {
+TEST_F(Buttons, AButtonEnabledUnderTheMaskIsEnabledAfterwards) {
     manager.Disable("cut", &bar.mnuCut);
     EXPECT_EQ(Lit(), "copy ");
     manager.MaskAll();
@@ -57,14 +57,14 @@ TEST_F(Buttons, AButtonEnabledUnderTheMaskLightsUpAfterwards) {
     EXPECT_EQ(Lit(), "cut copy mnuCut");
 }
 
-TEST_F(Buttons, MaskingTwiceIsTakenOffOnce) {
+TEST_F(Buttons, MaskingTwiceIsUndoneOnce) {
     manager.MaskAll();
     manager.MaskAll();
     manager.UnmaskAll();
     EXPECT_EQ(Lit(), "cut copy mnuCut");
 }
 
-TEST_F(Buttons, ADarkButtonIsLeftAloneByTheMask) {
+TEST_F(Buttons, ADisabledButtonIsLeftAloneByTheMask) {
     manager.ChangeStateTo("copy", false);
     bar.copy.SetEnabled(true);
     manager.MaskAll();
@@ -88,7 +88,7 @@ TEST_F(Buttons, AKeyWithoutAMenuItemChangesItsButtonAlone) {
     EXPECT_TRUE(bar.mnuOther.Enabled());
 }
 
-TEST_F(Buttons, AnUnknownKeyIsPassedOver) {
+TEST_F(Buttons, AnUnknownKeyIsIgnored) {
     manager.Enable("help");
     manager.Add("help", true);
     manager.Disable("help");

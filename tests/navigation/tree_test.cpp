@@ -54,7 +54,7 @@ TEST(TreeControl, ReportsEachChangeOnce) {
     EXPECT_EQ(tree.Top(1)->Child(0)->Text(), "later");
 }
 
-TEST(TreeControl, KeepsRowsInOrderWhenANodeGoes) {
+TEST(TreeControl, KeepsRowsInOrderWhenANodeIsRemoved) {
     TreeControl tree;
     tree.Append(nullptr, {{"a", ""}, {"b", ""}, {"c", ""}});
     TreeNode* c = tree.Top(2);
@@ -64,7 +64,7 @@ TEST(TreeControl, KeepsRowsInOrderWhenANodeGoes) {
     EXPECT_EQ(tree.Top(1), c);
 }
 
-TEST(TreeControl, ASelectionGoesWithTheNodeOrAnAncestor) {
+TEST(TreeControl, TheSelectionIsClearedWithTheNodeOrAnAncestor) {
     TreeControl tree;
     tree.Append(nullptr, {{"a", ""}, {"b", ""}});
     tree.Append(tree.Top(0), {{"child", ""}});
@@ -150,7 +150,7 @@ TEST(TreeControl, ReportsManyChangedTextsOnceAParent) {
     EXPECT_EQ(tree.Top(3)->Text(), "D");
 }
 
-TEST(TreeControl, APlaceholderIsNoRow) {
+TEST(TreeControl, APlaceholderIsNotARow) {
     TreeControl tree;
     tree.Append(nullptr, {{"a", "later"}, {"b", "later"}});
     TreeNode *a = tree.Top(0), *b = tree.Top(1);
@@ -168,7 +168,7 @@ TEST(TreeControl, APlaceholderIsNoRow) {
     EXPECT_EQ(b->RowCount(), 2u);
 }
 
-TEST(TreeControl, AChainOfNodesDeeperThanAStackGoes) {
+TEST(TreeControl, ADeepChainOfNodesIsRemovedWithoutRecursion) {
     TreeControl tree;
     tree.Append(nullptr, {{"0", ""}});
     TreeNode* node = tree.Top(0);
@@ -180,7 +180,7 @@ TEST(TreeControl, AChainOfNodesDeeperThanAStackGoes) {
     EXPECT_EQ(tree.TopCount(), 0u);
 }
 
-TEST(TreeControl, OpensWhatStandsAboveANodeThatIsToBeVisible) {
+TEST(TreeControl, ExpandsTheAncestorsOfANodeToBeShown) {
     TreeControl tree;
     tree.Append(nullptr, {{"a", ""}});
     tree.Append(tree.Top(0), {{"b", ""}});
@@ -191,7 +191,7 @@ TEST(TreeControl, OpensWhatStandsAboveANodeThatIsToBeVisible) {
     EXPECT_EQ(recorder.log, "expanded b;expanded a;visible c;");
 }
 
-TEST(TreeControl, TheDropHighlightGoesWithItsNode) {
+TEST(TreeControl, TheDropHighlightIsClearedWithItsNode) {
     TreeControl tree;
     tree.Append(nullptr, {{"a", ""}, {"b", ""}});
     tree.Append(tree.Top(0), {{"child", ""}});

@@ -36,7 +36,7 @@ protected:
     DeletedTaxon taxon{2, 0, "valid"};
 };
 
-TEST_F(DeletionTest, WithoutARecordSaysSo) {
+TEST_F(DeletionTest, ReportsThatThereIsNoRecord) {
     taxon.qb_id = 0;
     EXPECT_FALSE(Delete(true));
     EXPECT_THAT(set.prompter.messages, ElementsAre("No Current Record to Delete"));
@@ -60,7 +60,7 @@ TEST_F(DeletionTest, ARecordWithChildrenStays) {
     EXPECT_EQ(Dump("SELECT qb_id FROM qb_taxonomic_units WHERE qb_id = 2"), "2\n");
 }
 
-TEST_F(DeletionTest, AsksInTheWordsOfTheCase) {
+TEST_F(DeletionTest, AsksTheQuestionThatFitsTheCase) {
     set.prompter.yesNo = {false, false, false, false, false};
     EXPECT_FALSE(Delete(true));
     taxon.usage = "accepted";
@@ -90,7 +90,7 @@ TEST_F(DeletionTest, YesDeletes) {
     EXPECT_THAT(set.prompter.messages, IsEmpty());
 }
 
-TEST_F(DeletionTest, ALocalTaxonGoesWithAllItsRowsAndLeavesNoTombstone) {
+TEST_F(DeletionTest, ALocalTaxonIsDeletedWithAllItsRowsAndNoTombstone) {
     Run("INSERT INTO qb_taxon_authors_lookup (taxon_author, kingdom_id) VALUES ('Linnaeus', 5)");
     Run("INSERT INTO qb_taxon_authors_lookup (taxon_author, kingdom_id) VALUES ('Gray', 5)");
     Run("UPDATE qb_taxonomic_units SET qb_taxon_author_id = 1, hybrid_author_id = 2 WHERE qb_id = 2");
@@ -133,7 +133,7 @@ TEST_F(DeletionTest, TheRowsOfOtherTaxaStay) {
     EXPECT_EQ(Dump("SELECT qb_id FROM qb_taxonomic_units WHERE qb_id = 3"), "3\n");
 }
 
-TEST_F(DeletionTest, ASynonymGoesWithItsLinksAndTheAcceptedNameStays) {
+TEST_F(DeletionTest, ASynonymIsDeletedWithItsLinksAndTheAcceptedNameStays) {
     Run("INSERT INTO qb_synonym_links (qb_id, qb_id_accepted, tsn, tsn_accepted) VALUES (2, 3, 10, 20)");
     taxon.usage = "invalid";
     EXPECT_TRUE(Delete());
@@ -154,7 +154,7 @@ TEST_F(DeletionTest, AnAuthorThatAnotherTaxonUsesSurvives) {
     EXPECT_EQ(Dump(kTombstones), "taxon_authors_lookup\t71\t5\t\\N\t\\N\n");
 }
 
-TEST_F(DeletionTest, ADocumentGoesWithItsLastLink) {
+TEST_F(DeletionTest, ADocumentIsDeletedWithItsLastLink) {
     Run("INSERT INTO qb_publications (publication_id_prefix, publication_id, title) VALUES ('PUB', 60, "
         "'Shared')");
     Run("INSERT INTO qb_publications (publication_id_prefix, publication_id, title) VALUES ('PUB', 61, "
@@ -173,7 +173,7 @@ TEST_F(DeletionTest, ADocumentGoesWithItsLastLink) {
     EXPECT_EQ(Dump(kTombstones), "publications\tPUB\t61\t\\N\t\\N\n");
 }
 
-TEST_F(DeletionTest, TheSameNumberOfAnotherKindOfDocumentIsNoUse) {
+TEST_F(DeletionTest, TheSameNumberOfAnotherDocumentKindDoesNotCount) {
     Run("INSERT INTO qb_experts (expert_id_prefix, expert_id, expert) VALUES ('EXP', 40, 'Smith')");
     Run("INSERT INTO qb_reference_links (qb_id, qb_documentation_id_prefix, qb_documentation_id) VALUES (2, "
         "'EXP', 1)");
@@ -184,7 +184,7 @@ TEST_F(DeletionTest, TheSameNumberOfAnotherKindOfDocumentIsNoUse) {
     EXPECT_EQ(Dump(kTombstones), "experts\tEXP\t40\t\\N\t\\N\n");
 }
 
-TEST_F(DeletionTest, ACommentGoesWithItsLastLink) {
+TEST_F(DeletionTest, ACommentIsDeletedWithItsLastLink) {
     Run("INSERT INTO qb_comments (comment_id, commentator) VALUES (30, 'Shared')");
     Run("INSERT INTO qb_comments (comment_id, commentator) VALUES (31, 'Own')");
     for (const std::string link : {"2, 1, 10, 30", "3, 1, 11, 30", "2, 2, 10, 31"})
@@ -245,7 +245,7 @@ TEST_F(DeletionTest, AClosedDataSetIsAFailure) {
     EXPECT_THAT(set.prompter.titles, ElementsAre("Deleting Name"));
 }
 
-TEST_F(DeletionTest, AStepThatFailsStopsAndWhatWentStaysAway) {
+TEST_F(DeletionTest, AFailedStepStopsAndEarlierDeletionsRemain) {
     Run("INSERT INTO qb_geographic_division (qb_id, geographic_value) VALUES (2, 'Africa')");
     Run("INSERT INTO qb_jurisdiction (qb_id, jurisdiction_value) VALUES (2, 'Alaska')");
     set.db().DeleteQueryDef("Delete Jurisdiction Data");
@@ -257,7 +257,7 @@ TEST_F(DeletionTest, AStepThatFailsStopsAndWhatWentStaysAway) {
     EXPECT_FALSE(set.engine.InTransaction());
 }
 
-TEST_F(DeletionTest, AHelperThatFailsIsReportedAndTheDeletionGoesOn) {
+TEST_F(DeletionTest, AFailedHelperIsReportedAndTheDeletionContinues) {
     Run("INSERT INTO qb_comments (commentator) VALUES ('Smith')");
     Run("INSERT INTO qb_tu_comments_link (qb_id, qb_comment_id) VALUES (2, 1)");
     set.db().DeleteQueryDef("Delete Comment");
@@ -281,7 +281,7 @@ TEST_F(DeletionTest, AVernacularLinkNeedsItsSeparator) {
     EXPECT_THAT(set.prompter.messages, ElementsAre("Error separating docid and qb_vern_id"));
 }
 
-TEST_F(DeletionTest, ADocumentOfAVernacularGoesWithItsLastLink) {
+TEST_F(DeletionTest, ADocumentOfAVernacularIsDeletedWithItsLastLink) {
     Run("INSERT INTO qb_publications (publication_id_prefix, title) VALUES ('PUB', 'T')");
     for (const std::string link : {"2, 1", "2, 2"})
         Run("INSERT INTO qb_vern_ref_links (qb_id, qb_vern_id, qb_documentation_id_prefix, "

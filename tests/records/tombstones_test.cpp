@@ -38,7 +38,7 @@ TEST_F(Tombstones, HoldAKeyOnlyWhenThoseBeforeItAreGiven) {
     EXPECT_EQ(Dump(), "one\t1\t\\N\t\\N\t\\N\ntwo\t1\t2\t\\N\t\\N\n");
 }
 
-TEST_F(Tombstones, AreNotWrittenWithoutAFirstKeyAndNothingIsSaid) {
+TEST_F(Tombstones, AreSilentlySkippedWithoutAFirstKey) {
     WriteTombstone(Records(), "comments", Value());
     EXPECT_FALSE(WriteTombstone(Records(), "comments", ""));
     EXPECT_FALSE(WriteTombstone(Records(), "comments", "12345678901"));
@@ -48,7 +48,7 @@ TEST_F(Tombstones, AreNotWrittenWithoutAFirstKeyAndNothingIsSaid) {
     EXPECT_FALSE(set.engine.InTransaction());
 }
 
-TEST_F(Tombstones, DoNotDisturbAUnitThatIsOpen) {
+TEST_F(Tombstones, LeaveAnOpenUnitAlone) {
     set.engine.BeginTrans();
     EXPECT_FALSE(WriteTombstone(Records(), "comments", 1));
     EXPECT_TRUE(set.engine.InTransaction());

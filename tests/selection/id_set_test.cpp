@@ -41,7 +41,7 @@ TEST(IdMaps, GiveTheNumberOrZero) {
     EXPECT_EQ(map.Find(kMost), 0);
 }
 
-TEST(DocumentSets, TellPrefixesApartAsTheStoreDoes) {
+TEST(DocumentSets, DistinguishPrefixesAsTheStoreDoes) {
     DocumentSet documents;
     documents.Add("PUB", 1);
     documents.Add("pub", 2);

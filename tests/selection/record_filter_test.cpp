@@ -49,7 +49,7 @@ TEST_F(RecordFilter, AnyFieldOfATaxonMayBeCompared) {
     EXPECT_EQ(Check("uncertain_parent_ind", "=", "True"), "");
 }
 
-TEST_F(RecordFilter, UnknownColumnIsTold) {
+TEST_F(RecordFilter, UnknownColumnIsReported) {
     EXPECT_EQ(Check("language", "=", "French"), "The column 'language' is no field of qb_taxonomic_units.");
     EXPECT_EQ(Check("", "=", "x"), "The column '' is no field of qb_taxonomic_units.");
     EXPECT_EQ(Check("usage]", "=", "x"), "The column 'usage]' is no field of qb_taxonomic_units.");
@@ -57,7 +57,7 @@ TEST_F(RecordFilter, UnknownColumnIsTold) {
               "The column '1=1 OR usage' is no field of qb_taxonomic_units.");
 }
 
-TEST_F(RecordFilter, UnknownOperatorIsTold) {
+TEST_F(RecordFilter, UnknownOperatorIsReported) {
     const std::string known = " is no operator: it is one of =, <>, <, >, <=, >=, Like.";
     EXPECT_EQ(Check("usage", "==", "x"), "'=='" + known);
     EXPECT_EQ(Check("usage", "", "x"), "''" + known);
@@ -65,7 +65,7 @@ TEST_F(RecordFilter, UnknownOperatorIsTold) {
     EXPECT_EQ(Check("usage", "= \"a\" OR usage =", "x"), "'= \"a\" OR usage ='" + known);
 }
 
-TEST_F(RecordFilter, ValueWithADoubleQuoteIsTold) {
+TEST_F(RecordFilter, ValueWithADoubleQuoteIsReported) {
     const std::string message = "The value of a filter may not hold a double quote.";
     EXPECT_EQ(Check("usage", "=", "va\"lid"), message);
     EXPECT_EQ(Check("usage", "=", "x\" OR \"1\" = \"1"), message);
@@ -104,7 +104,7 @@ TEST_F(RecordFilter, TextOfTheCommandLineIsColumnOperatorAndTheRest) {
     EXPECT_EQ(filter, "journal");
 }
 
-TEST_F(RecordFilter, WithoutAFilterTheSelectIsTheTable) {
+TEST_F(RecordFilter, TheSelectIsTheTableWithoutAFilter) {
     EXPECT_EQ(BuildValidationSelect("qb_experts", "none", false), "qb_experts");
     EXPECT_EQ(BuildValidationSelect("qb_experts", "none", true),
               "SELECT COUNT(*) As expr1000 FROM qb_experts");
@@ -145,7 +145,7 @@ TEST_F(RecordFilter, SelectsOfTheJournal) {
     EXPECT_EQ(BuildValidationSelect("qb_comments", "journal", false), "");
 }
 
-TEST_F(RecordFilter, ClauseStandsAtTheEndOfASelect) {
+TEST_F(RecordFilter, ClauseIsAppendedToASelect) {
     const std::string clause = ColumnClause("usage", "=", "valid");
     EXPECT_EQ(BuildValidationSelect("qb_taxonomic_units", clause, false),
               "SELECT qb_taxonomic_units.*  FROM qb_taxonomic_units  WHERE usage = \"valid\"");
@@ -212,7 +212,7 @@ TEST_F(RecordFilter, DocumentOfAnotherPrefixIsNotReached) {
     EXPECT_EQ(Ids("qb_experts", "none", "qb_expert_id"), (Numbers{1}));
 }
 
-TEST_F(RecordFilter, RowsComeInTheOrderOfTheKey) {
+TEST_F(RecordFilter, RowsFollowTheOrderOfTheKey) {
     Run("INSERT INTO qb_publications (publication_id_prefix, qb_publication_id) VALUES ('PUB', 10)");
     Run("INSERT INTO qb_publications (publication_id_prefix, qb_publication_id) VALUES ('PAB', 30)");
     Run("INSERT INTO qb_publications (publication_id_prefix, qb_publication_id) VALUES ('PUB', 9)");
@@ -237,7 +237,7 @@ TEST_F(RecordFilter, FewIdsAreLookedUpAndManyReadWhole) {
     EXPECT_TRUE(RowsAmong("qb_id", ids).among.empty());
 }
 
-TEST_F(RecordFilter, JournalOfTaxaThatAreGoneSelectsNone) {
+TEST_F(RecordFilter, JournalOfDeletedTaxaSelectsNone) {
     Run("INSERT INTO journal (qb_id) VALUES (3)");
     Run("INSERT INTO journal (qb_id) VALUES (77)");
     EXPECT_EQ(Selected("journal").Ids().Ids(), (std::vector<std::int32_t>{3}));

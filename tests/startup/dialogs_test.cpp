@@ -101,14 +101,14 @@ TEST_F(NoDbTest, OpensTheOldVersionsThatCountAsEqual) {
     EXPECT_EQ(story, Story{});
 }
 
-TEST_F(NoDbTest, ACancelOrAnEmptyNameIsAChangeOfMind) {
+TEST_F(NoDbTest, ACancelOrAnEmptyNameKeepsTheDialogOpen) {
     Open(std::nullopt);
     Open("");
     ExpectStillUp();
     EXPECT_EQ(story, Story{});
 }
 
-TEST_F(NoDbTest, AnEndingIsAddedToAPathWithoutAPoint) {
+TEST_F(NoDbTest, AddsTheExtensionToAPathWithoutADot) {
     const std::string inPlace = std::filesystem::temp_directory_path().string() + "/quillonwithoutpoint";
     ASSERT_EQ(inPlace.find('.'), std::string::npos);
     std::filesystem::copy_file(MakeDataSet("fish.mdb"), inPlace + ".MDB",
@@ -186,7 +186,7 @@ TEST_F(NoDbTest, ExitAsksTheProgramToEnd) {
     EXPECT_EQ(closed, 1);
 }
 
-TEST_F(NoDbTest, ClosingTheWindowGoesOnWithoutADataSet) {
+TEST_F(NoDbTest, ClosingTheWindowContinuesWithoutADataSet) {
     form.form.UserClose();
     EXPECT_EQ(closed, 1);
     EXPECT_FALSE(state.gQuitRequested);

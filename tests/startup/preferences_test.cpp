@@ -153,7 +153,7 @@ TEST_F(PreferencesFormTest, ShowsWhatTheDataSetOverrode) {
     EXPECT_EQ(form->cboPRank.Text(), "Variety") << "though the DataSet has no such rank";
 }
 
-TEST_F(PreferencesFormTest, AKingdomBringsItsRanksAndChoosesNone) {
+TEST_F(PreferencesFormTest, ChoosingAKingdomListsItsRanksAndSelectsNone) {
     Load();
     form->OptAnimalia.UserChoose();
     EXPECT_EQ(form->cboPRank.Text(), "Kingdom") << "it was chosen before";
@@ -258,7 +258,7 @@ TEST_F(PreferencesFormTest, ResetAndCancelChangeNothing) {
     EXPECT_EQ(Read(), kOld);
 }
 
-TEST_F(PreferencesFormTest, AFolderThatCannotBeWrittenIsToldAndTheChoicesHold) {
+TEST_F(PreferencesFormTest, AnUnwritableFolderIsReportedAndTheChoicesAreKept) {
     const std::string large = kOld + std::string("Note=") + std::string(2000, 'x') + "\r\n";
     testkit::WriteFile(path, large);
     Load();

@@ -102,7 +102,7 @@ TEST_F(StartUpTest, WithoutPreferencesLeadsToANewDataSetOfTheChosenKingdom) {
     EXPECT_FALSE(std::filesystem::exists(iniPath)) << "the choice is kept in memory only";
 }
 
-TEST_F(StartUpTest, ASectionWithoutKeysIsNoFile) {
+TEST_F(StartUpTest, ASectionWithoutKeysCountsAsNoFile) {
     testkit::WriteFile(iniPath, "[Taxonomic Quillon]\r\n; empty\r\n[Other]\r\nKingdom=Fungi\r\n");
     ChooseKingdom("Monera");
     ClickInNoDb(&FrmNoDB::cmdExit);
@@ -131,7 +131,7 @@ TEST_F(StartUpTest, KeysThatAreUnknownAreKeysToo) {
     EXPECT_EQ(testkit::ReadFile(iniPath), "[Taxonomic Quillon]\r\nColour=blue\r\nKingdom=Fungi\r\n");
 }
 
-TEST_F(StartUpTest, AKingdomThatCannotBeWrittenIsToldAndTheStartGoesOn) {
+TEST_F(StartUpTest, AnUnwritableKingdomIsReportedAndStartUpContinues) {
     const std::string large = "[Taxonomic Quillon]\r\nDataSet=" + MakeDataSet("fish.mdb") +
                               "\r\nNote=" + std::string(2000, 'x') + "\r\n";
     testkit::WriteFile(iniPath, large);
@@ -169,7 +169,7 @@ TEST_F(StartUpTest, ExitInTheDialogShowsNoMainForm) {
                                 "DataSet, or create a New one?");
 }
 
-TEST_F(StartUpTest, AFileThatIsNoDataSetLeadsToTheDialogWhichSaysWhy) {
+TEST_F(StartUpTest, AFileThatIsNoDataSetOpensTheDialogWithTheReason) {
     testkit::WriteFile(dir.File("letter.mdb"), "Dear Sir or Madam, this is no DataSet at all.\n");
     Prefer(dir.File("letter.mdb"));
     ClickInNoDb(&FrmNoDB::cmdExit);
@@ -222,7 +222,7 @@ TEST_F(StartUpTest, AnyOtherVersionGetsTheQuestion) {
     }
 }
 
-TEST_F(StartUpTest, AYesToUpdateANewerOneSendsForTheNewerProgram) {
+TEST_F(StartUpTest, YesToUpdatingANewerDataSetPointsToTheNewerProgram) {
     const std::string path = MakeDataSet("new.mdb", "4.0.10");
     const std::string before = testkit::ReadFile(path);
     Prefer(path);
@@ -277,7 +277,7 @@ TEST_F(StartUpTest, WithoutAPreferredDataSetTheOneOpenLastIsOpened) {
     EXPECT_NE(reason, "");
 }
 
-TEST_F(StartUpTest, ThePreferredDataSetGoesBeforeTheOneOpenLast) {
+TEST_F(StartUpTest, ThePreferredDataSetTakesPrecedenceOverTheLastOne) {
     Prefer(MakeDataSet("last.mdb"));
     start.Run();
     start.RememberDataSet();
@@ -289,7 +289,7 @@ TEST_F(StartUpTest, ThePreferredDataSetGoesBeforeTheOneOpenLast) {
     EXPECT_EQ(state.gDataSetPath, preferred);
 }
 
-TEST_F(StartUpTest, AnUpdateThatFailsIsToldBeforeTheDialog) {
+TEST_F(StartUpTest, AFailedUpdateIsReportedBeforeTheDialog) {
     const std::string path = MakeDataSet("old.mdb", "4.0.5");
     Prefer(path);
     CloseNoDb();

@@ -107,7 +107,7 @@ TEST_F(AutoNumbers, ADeletedTopNumberIsNotGivenAgainAfterReopening) {
     EXPECT_EQ(AddVernacular(), 4);
 }
 
-TEST_F(AutoNumbers, ANumberShownAndNotStoredIsGoneToo) {
+TEST_F(AutoNumbers, ANumberShownAndNotStoredIsUsedUp) {
     const auto rows = db().OpenTable("qb_vernaculars");
     rows->AddNew();
     EXPECT_EQ(rows->Get("qb_vern_id"), Value(1));
@@ -169,7 +169,7 @@ TEST_F(AutoNumbers, SetBackToNullAreGivenByTheEngine) {
     EXPECT_EQ(AddVernacular(), 3);
 }
 
-TEST_F(AutoNumbers, AreReservedAheadAndHearOfThoseTheBulkWriterWasGiven) {
+TEST_F(AutoNumbers, AreReservedAheadAndFollowThoseOfTheBulkWriter) {
     BulkLoad load(f.engine, db(), true);
     EXPECT_EQ(load.ReserveAutoNumber("qb_vernaculars"), 1);
     RowWriter writer(db(), "qb_vernaculars", {"vernacular_name", "qb_vern_id"});

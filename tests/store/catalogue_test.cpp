@@ -203,7 +203,7 @@ TEST(Catalogue, ThePlaceholdersCarryThePrefixOfTheirKind) {
     EXPECT_EQ(NamedQueryText("Insert Com Dummy").find('"'), std::string_view::npos);
 }
 
-TEST(Catalogue, ParametersBearTheNamesThatTheProgramBinds) {
+TEST(Catalogue, ParametersHaveTheNamesThatTheProgramBinds) {
     const std::vector<std::pair<std::string, Names>> expected = {
         {"Delete Author", {"author"}},
         {"Delete Comment", {"comid"}},

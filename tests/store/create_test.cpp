@@ -1,4 +1,4 @@
-// DataSets as files: created, seeded, and told from used ones.
+// DataSets as files: created, seeded, and distinguished from used ones.
 #include "store/lifecycle/create.h"
 
 #include <gtest/gtest.h>

@@ -131,7 +131,7 @@ TEST_F(DialectJoin, QueriesSelectFromQueries) {
     EXPECT_EQ(rows->ColumnName(1), "b.shout");
 }
 
-TEST_F(DialectJoin, AQueryThatIsSelectedFromBringsItsParameters) {
+TEST_F(DialectJoin, AQueryThatIsSelectedFromKeepsItsParameters) {
     db().CreateQueryDef("above",
                         "PARAMETERS least Long; SELECT qb_id, unit_name1 FROM qb_taxonomic_units "
                         "WHERE qb_id >= least");

@@ -77,7 +77,7 @@ TEST_F(DialectParse, WhatTheDialectLacksIsAClearError) {
                  "A parameter is Text or Long in the statement, at 'Double; SELECT word FROM words'."}));
 }
 
-TEST_F(DialectParse, NamesThatAreNotThereAreToldByName) {
+TEST_F(DialectParse, UnknownNamesAreReportedByName) {
     EXPECT_EQ(
         Select("SELECT word FROM wordz"),
         (Failure{3078, "There is no table or query 'wordz' in the DataSet (place 18 of the statement)."}));

@@ -34,7 +34,7 @@ TEST_F(Dialect, TextsStandInEitherQuoteWithDoubledQuotesInside) {
     EXPECT_EQ(Of("'[a] ; -- b'"), "[a] ; -- b\n");
 }
 
-TEST_F(Dialect, NullGoesThroughPlusAndComparisonButNotThroughAmpersand) {
+TEST_F(Dialect, NullPropagatesThroughPlusAndComparisonButNotAmpersand) {
     EXPECT_EQ(Of("Null & Null"), "\n");
     EXPECT_EQ(Of("'a' & Null & 'b'"), "ab\n");
     EXPECT_EQ(Of("'a' + Null"), "\\N\n");

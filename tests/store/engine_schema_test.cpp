@@ -58,7 +58,7 @@ TEST_F(PlantedSchema, TablesOfAnotherShapeAreLeftOut) {
     Execute("INSERT INTO journal (qb_id) VALUES (1)");
 }
 
-TEST_F(PlantedSchema, AnIndexOverAnExpressionIsNoIndexOfOurs) {
+TEST_F(PlantedSchema, AnIndexOverAnExpressionIsIgnored) {
     Plant(
         "CREATE INDEX [qb_taxonomic_units.odd] ON qb_taxonomic_units (upper(unit_name1));"
         "CREATE INDEX odd ON journal (abs(qb_id));");

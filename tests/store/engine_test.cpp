@@ -14,7 +14,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A DataSet file that nobody has open.
+// A DataSet file that is not open anywhere.
 class EngineFiles : public ::testing::Test {
 protected:
     EngineFiles() {
@@ -41,7 +41,7 @@ protected:
     const std::string path = f.dir.File("test.mdb");
 };
 
-TEST_F(EngineFiles, HandlesOfOneFileStandBesideEachOther) {
+TEST_F(EngineFiles, HandlesOfOneFileAreIndependent) {
     Engine engine;
     const DatabaseHandle first = engine.OpenDatabase(path), second = engine.OpenDatabase(path);
     EXPECT_EQ(first->Name(), path);
@@ -56,7 +56,7 @@ TEST_F(EngineFiles, HandlesOfOneFileStandBesideEachOther) {
     EXPECT_EQ(Rows(*second, "mine"), "1\n2\n");
 }
 
-TEST_F(EngineFiles, LeaveNothingBesideThemWhenClosed) {
+TEST_F(EngineFiles, LeaveNoOtherFilesWhenClosed) {
     Engine engine;
     const DatabaseHandle database = engine.OpenDatabase(path);
     const auto halfRead = database->CreateSnapshot("Get All Taxons");
@@ -69,7 +69,7 @@ TEST_F(EngineFiles, LeaveNothingBesideThemWhenClosed) {
     EXPECT_EQ(FilesInFolder(), std::vector<std::string>{"test.mdb"});
 }
 
-TEST_F(EngineFiles, AreMadeOnlyWhereThereIsNone) {
+TEST_F(EngineFiles, AreCreatedOnlyWhereNoneExists) {
     Engine engine;
     const std::string before = testkit::ReadFile(path);
     EXPECT_EQ(FailureOf([&] { engine.CreateDatabase(path); }),
@@ -186,7 +186,7 @@ TEST_F(NoDataSets, AFolderADeviceAndAPipe) {
     EXPECT_EQ(OpenNumber("/dev/null"), 3343);
     const std::string pipe = f.dir.File("pipe.mdb");
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    // Nobody writes into it: reading would wait for ever.
+    // Nothing writes into it: reading would wait for ever.
     ChildProcess child([&](ChildProcess&) {
         alarm(20);
         return OpenNumber(pipe) - 3000;

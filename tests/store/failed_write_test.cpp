@@ -1,5 +1,5 @@
-// What the store does when the disk refuses a write: the error is told, nothing of the unit stays, and what
-// the file held before is there when it is opened again.
+// What the store does when the disk refuses a write: the error is reported, nothing of the unit stays, and
+// what the file held before is there when it is opened again.
 #include <sqlite3.h>
 #include <sys/resource.h>
 
@@ -121,7 +121,7 @@ TEST_F(FailedWriteTest, AnImportThatCannotBeginLeavesNoJobBehind) {
     EXPECT_EQ(Dump("SELECT word FROM words ORDER BY id;"), "before\nafter\n");
 }
 
-TEST_F(FailedWriteTest, AnIndexThatWaitsAndIsThereAllTheSameIsNoHindrance) {
+TEST_F(FailedWriteTest, ADeferredIndexThatExistsAlreadyDoesNoHarm) {
     Native(
         "INSERT INTO qln_waiting_indexes (name) VALUES ('qb_taxonomic_units~parent'), "
         "('qb_comments.PrimaryKey')");

@@ -270,7 +270,7 @@ TEST_F(FieldRules, AfterAnErrorTheBulkWriterIsReadyForTheNextRow) {
     EXPECT_EQ(NumberOf([&] { writer.Id(4).Text("late").Insert(); }), 3420);
 }
 
-TEST_F(FieldRules, AQueryTellsAnOverlongParameter) {
+TEST_F(FieldRules, AQueryReportsAnOverlongParameter) {
     EXPECT_EQ(
         FailureOf([&] {
             Run("Insert Author", {{"author", Times("a", 101)}, {"kingdom", 5}});

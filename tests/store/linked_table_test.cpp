@@ -68,7 +68,7 @@ TEST_F(LinkedTable, IsReadByEveryKindOfRecordset) {
     EXPECT_EQ(table->Get("unit_name1").AsText(), "Animalia  ");
 }
 
-TEST_F(LinkedTable, SaysWhereItIsLinkedTo) {
+TEST_F(LinkedTable, ReportsItsTarget) {
     Link("taxunits", "qb_taxonomic_units", path);
     const TableDef* link = db().FindTableDef("TAXUNITS");
     ASSERT_NE(link, nullptr);
@@ -89,7 +89,7 @@ TEST_F(LinkedTable, LeavesNoTraceInEitherFile) {
     EXPECT_EQ(client.Rows("SELECT qb_id FROM journal"), "1\n");
 }
 
-TEST_F(LinkedTable, IsGoneOnceDeletedAndSetsTheOtherFree) {
+TEST_F(LinkedTable, IsRemovedOnceDeletedAndReleasesTheOther) {
     LinkBoth();
     Dump("SELECT * FROM taxunits");
     db().DeleteTable("taxunits");

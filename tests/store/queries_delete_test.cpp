@@ -58,7 +58,7 @@ TEST_F(DeleteQueries, Documents) {
     }
 }
 
-TEST_F(DeleteQueries, AllThatHangsOnATaxon) {
+TEST_F(DeleteQueries, AllRowsOfATaxon) {
     for (const int taxon : {1, 2}) {
         Add("qb_geographic_division", {{"qb_id", taxon}, {"geographic_value", "Asia"}});
         Add("qb_geographic_division", {{"qb_id", taxon}, {"geographic_value", "Africa"}});
@@ -107,7 +107,7 @@ TEST_F(DeleteQueries, OneLink) {
 }
 
 // The parameter has the name of the field, so the field is compared with itself.
-TEST_F(DeleteQueries, OldVernacularsGoAllWhateverIsAskedFor) {
+TEST_F(DeleteQueries, OldVernacularsAreAllDeletedForAnyParameter) {
     AddTwo("qb_vernaculars");
     EXPECT_EQ(Run("Delete Old Vernacular", {{"qb_vern_id", 99}}), 2);
     EXPECT_EQ(Ids("qb_vern_id", "qb_vernaculars"), "");

@@ -48,7 +48,7 @@ TEST_F(InsertQueries, DistributionAndNumbersOfATaxon) {
     EXPECT_EQ(All("qb_synonym_links"), "1\t2\t10\t20\n1\t3" + Nulls(2) + "\n");
 }
 
-TEST_F(InsertQueries, DocumentsBearTheirPrefix) {
+TEST_F(InsertQueries, DocumentsHaveTheirPrefix) {
     Run("Insert Publication", {{"pubid", 11},
                                {"author", "Gray"},
                                {"ptitle", "On cats"},

@@ -60,7 +60,7 @@ TEST_F(NameQueries, BlanksRoundNamesAndAuthorsAreTrimmedAtTheEndsOnly) {
     EXPECT_EQ(Dump("SELECT line FROM [Get Animal Data]"), "Mus a Gray (valid)\n");
 }
 
-TEST_F(NameQueries, AcceptedNamesAsTheQueryStands) {
+TEST_F(NameQueries, AcceptedNamesOfTheStoredQuery) {
     EXPECT_EQ(Rows("Get Accepted Names"), "");
     Execute("UPDATE qb_taxonomic_units SET rank_id = 0");
     EXPECT_EQ(Rows("Get Accepted Names"),

@@ -132,7 +132,7 @@ TEST_F(TaxonQueries, KingdomsAndRanks) {
     EXPECT_EQ(Rows("Get Rank Info", {{"rank", 220}}), "5\t220\tSpecies\t190\t180\n6\t220" + Nulls(3) + "\n");
 }
 
-TEST_F(TaxonQueries, WhatHangsOnATaxon) {
+TEST_F(TaxonQueries, RowsOfATaxon) {
     Add("qb_nodc_ids", {{"nodc_id", "N1"}, {"qb_id", 1}, {"tsn", 10}});
     Add("qb_nodc_ids", {{"nodc_id", "N2"}, {"qb_id", 2}});
     EXPECT_EQ(Rows("Get NODC Id", {{"id", 1}}), "N1\n");

@@ -122,7 +122,7 @@ TEST_F(UpdateQueries, ALinkOfAVernacularMovesToAnother) {
 
 // The authority's number comes from the vernacular that the link moves to, which has to be one of the same
 // taxon.
-TEST_F(UpdateQueries, ALinkOfAVernacularTakesTheAuthoritysNumber) {
+TEST_F(UpdateQueries, ALinkOfAVernacularStoresTheAuthoritysNumber) {
     Add("qb_vernaculars", {{"qb_id", 1}, {"qb_vern_id", 6}, {"vern_id", 60}});
     Add("qb_vernaculars", {{"qb_id", 1}, {"qb_vern_id", 7}});
     Add("qb_vernaculars", {{"qb_id", 2}, {"qb_vern_id", 8}, {"vern_id", 80}});

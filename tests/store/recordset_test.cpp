@@ -24,7 +24,7 @@ protected:
     static std::string Id(const Recordset& rows) { return rows["id"].AsText(); }
 };
 
-TEST_F(RecordsetWalk, AnEmptyResultStandsAtBothEnds) {
+TEST_F(RecordsetWalk, AnEmptyResultIsAtBothEnds) {
     const auto rows = Open(RecordsetType::Dynaset, "SELECT * FROM words WHERE id = 0");
     EXPECT_TRUE(rows->Eof());
     EXPECT_TRUE(rows->Bof());
@@ -130,7 +130,7 @@ TEST_F(RecordsetWalk, ACloneHasAPositionOfItsOwn) {
     EXPECT_EQ(Id(*rows), "2");
 }
 
-TEST_F(RecordsetWalk, ACloneGoesOnAfterTheFirstIsClosed) {
+TEST_F(RecordsetWalk, ACloneOutlivesTheFirst) {
     auto rows = Open();
     const auto clone = rows->Clone();
     rows->Close();
@@ -287,7 +287,7 @@ TEST_F(RecordsetWalk, AForwardOnlyResultMovesForwardAlone) {
     EXPECT_EQ(rows->RecordCount(), 4U);
 }
 
-TEST_F(RecordsetWalk, ManyResultsOfOneQueryDoNotDisturbEachOther) {
+TEST_F(RecordsetWalk, ManyResultsOfOneQueryAreIndependent) {
     QueryDef query = db().OpenQueryDef("Get All Taxons");
     std::vector<std::unique_ptr<Recordset>> open;
     for (int i = 0; i < 12; ++i) open.push_back(query.CreateSnapshot());

@@ -88,7 +88,7 @@ TEST_F(RecordsetWrite, DeletingEveryRowLeavesAnEmptyResult) {
     EXPECT_EQ(Dump("SELECT count(*) FROM words"), "0\n");
 }
 
-TEST_F(RecordsetWrite, ARowThatIsGoneIsNeitherChangedNorDeleted) {
+TEST_F(RecordsetWrite, ADeletedRowIsNeitherChangedNorDeleted) {
     AddWords();
     AddWord("a");
     const auto rows = db().CreateDynaset("words");
@@ -171,7 +171,7 @@ TEST_F(RecordsetWrite, TheCaseAloneOfAKeyMayChange) {
     EXPECT_EQ(Dump("SELECT * FROM qb_geographic_division"), "1\tAfrica \t\\N\n");
 }
 
-TEST_F(RecordsetWrite, RowsOfATableWithoutAKeyAreToldApart) {
+TEST_F(RecordsetWrite, RowsOfATableWithoutAKeyAreDistinguished) {
     const auto rows = db().CreateDynaset("db_tombstone");
     for (int i = 0; i < 3; ++i) {
         rows->AddNew();
@@ -240,7 +240,7 @@ TEST_F(TableSeek, FindsByEveryComparison) {
     EXPECT_EQ(NumberOf([&] { table->Seek("=", {1, 2}); }), 3251);
 }
 
-TEST_F(TableSeek, WithoutAMatchThePositionStays) {
+TEST_F(TableSeek, ThePositionStaysWithoutAMatch) {
     const auto table = db().OpenTable("kingdoms");
     table->Seek("=", {3});
     table->Seek("=", {99});
@@ -248,7 +248,7 @@ TEST_F(TableSeek, WithoutAMatchThePositionStays) {
     EXPECT_EQ(table->Get("kingdom_id"), Value(3));
 }
 
-TEST_F(TableSeek, GoesByTheIndexThatWasChosen) {
+TEST_F(TableSeek, UsesTheChosenIndex) {
     AddWords();
     AddWord("a", {}, 20);
     AddWord("b", {}, 10);

@@ -269,7 +269,7 @@ TEST(Seed, TheRootTaxonIsThatOfItsKingdom) {
     EXPECT_EQ(RootTaxonOf(6)->stamp, "2004-05-25 11:21:01");
 }
 
-TEST(Seed, ANumberThatIsNoKingdomHasNoRootTaxon) {
+TEST(Seed, AnUnknownKingdomNumberHasNoRootTaxon) {
     EXPECT_EQ(RootTaxonOf(0), nullptr);
     EXPECT_EQ(RootTaxonOf(-1), nullptr);
     EXPECT_EQ(RootTaxonOf(7), nullptr);

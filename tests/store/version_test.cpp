@@ -49,7 +49,7 @@ TEST(DataSetVersion, IsValidWhenItBeginsWithADigitOrGamma) {
     EXPECT_FALSE(IsDataSetVersionValid(f.db(), version));
 }
 
-TEST(DataSetVersion, OfAFileIsReadWithoutOpeningItForGood) {
+TEST(DataSetVersion, OfAFileIsReadWithoutOpeningTheDataSet) {
     DataSetFixture f;
     f.Make();
     const std::string path = f.state.gDataSetPath;

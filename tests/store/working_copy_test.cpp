@@ -85,7 +85,7 @@ TEST_F(WorkingCopies, AreCanceledAtEachStage) {
     EXPECT_EQ(Files(), Names{"test.mdb"});
 }
 
-TEST_F(WorkingCopies, KeepTheDataSetLockedMeanwhile) {
+TEST_F(WorkingCopies, KeepTheDataSetLocked) {
     Engine another;
     WorkingCopy copy(f.engine, db(), GoOn);
     EXPECT_EQ(NumberOf([&] { another.OpenDatabase(path); }), 3045);

@@ -12,7 +12,8 @@
 
 namespace quillon::testkit {
 
-// No file of this process grows beyond `bytes`, as on a disk that fills up. Nothing may be printed meanwhile.
+// No file of this process grows beyond `bytes`, as on a disk that fills up. Nothing may be printed while the
+// object lives.
 class FilesStopAt {
 public:
     explicit FilesStopAt(rlim_t bytes) : old_(signal(SIGXFSZ, SIG_IGN)) {
@@ -32,8 +33,8 @@ private:
     sighandler_t old_;
 };
 
-// Nothing can be made in the folder. An administrator, whom permissions do not bind, is somebody else
-// meanwhile.
+// Nothing can be made in the folder. Permissions do not bind an administrator, who becomes another user for
+// that time.
 class ReadOnlyFolder {
 public:
     explicit ReadOnlyFolder(std::string folder) : folder_(std::move(folder)), user_(geteuid()) {

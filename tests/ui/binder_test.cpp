@@ -71,7 +71,7 @@ TEST_F(BinderTest, EveryNameHasItsPartner) {
     EXPECT_EQ(NamesWithoutPartner(sample.form, window).join(" "), "txtName cboRank cboRang");
 }
 
-TEST_F(BinderTest, ShowsWhatTheModelSays) {
+TEST_F(BinderTest, ShowsTheStateOfTheModel) {
     EXPECT_EQ(window.windowTitle(), "Sample");
     sample.form.SetTitle("Other");
     EXPECT_EQ(window.windowTitle(), "Other");
@@ -154,7 +154,7 @@ TEST_F(BinderTest, AComboOffersItsChoices) {
     EXPECT_EQ(author->currentText(), "Gill");
 }
 
-TEST_F(BinderTest, ListsAndGridsTellTheSelection) {
+TEST_F(BinderTest, ListsAndGridsReportTheSelection) {
     sample.lstNames.SetTexts({"Orca", "Tursiops"});
     list->setCurrentRow(1);
     EXPECT_EQ(sample.lstNames.ListIndex(), 1);
@@ -189,7 +189,7 @@ TEST_F(BinderTest, AGridKeepsTheWidthsThatTheUserGaveIt) {
     EXPECT_TRUE(grid->isColumnHidden(1));
 }
 
-TEST_F(BinderTest, AThousandRowsComeAndGo) {
+TEST_F(BinderTest, AThousandRowsAreAddedAndRemoved) {
     std::vector<GridControl::Row> rows;
     for (int i = 0; i < 1000; ++i) rows.push_back({"comment " + std::to_string(i), std::to_string(i)});
     sample.grdComments.SetRows(rows);
@@ -219,7 +219,7 @@ protected:
     int reads = 0;
 };
 
-TEST_F(LateChoices, AreReadWhenTheUserGoesForThem) {
+TEST_F(LateChoices, AreReadWhenTheUserOpensTheList) {
     sample.cboAuth.SetText("Gray, 1846");
     author->setFocus();
     QTest::keyClick(author->lineEdit(), Qt::Key_Right);
@@ -295,26 +295,26 @@ TEST_F(LateChoices, TheWheelOverAFieldWithoutTheFocusChangesNothing) {
     EXPECT_EQ(sample.cboRank.Text(), "Species");
 }
 
-TEST(PickListBinding, TellsTheDropDownThePickAndTheLeaving) {
+TEST(PickListBinding, ReportsDropDownPickAndLeaving) {
     Form form("FrmSample");
     documentation::PickListControl cboTitle(form, "cboTitle");
     QWidget window;
     QComboBox title(&window);
     title.setObjectName("cboTitle");
     QLineEdit other(&window);
-    std::string told;
+    std::string events;
     cboTitle.OnDropDown([&] {
-        told += "drop down;";
+        events += "drop down;";
         cboTitle.SetTexts({"Mammals", "Whales"});
     });
-    cboTitle.OnPick([&] { told += "pick " + cboTitle.Text() + ";"; });
+    cboTitle.OnPick([&] { events += "pick " + cboTitle.Text() + ";"; });
     Bind(form, window);
     window.show();
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     title.setFocus();
     QTest::keyClick(&title, Qt::Key_Down);
-    EXPECT_EQ(told, "drop down;pick Mammals;");
+    EXPECT_EQ(events, "drop down;pick Mammals;");
     cboTitle.Refilled();
     EXPECT_FALSE(cboTitle.LeftSinceRefill());
     other.setFocus();

@@ -139,7 +139,7 @@ TEST_F(DocumentationPagesTest, AListIsReadWhenItIsDroppedDown) {
     EXPECT_EQ(Get<QLineEdit>("txtPQBID")->text(), "2");
 }
 
-TEST_F(DocumentationPagesTest, LeavingAFieldLetsItsListBeReadAgain) {
+TEST_F(DocumentationPagesTest, LeavingAFieldAllowsItsListToReload) {
     Show(publicationPage);
     auto* name = Get<QComboBox>("cboPublication");
     name->setFocus();
@@ -176,7 +176,7 @@ TEST_F(DocumentationPagesTest, ExpertsAndSourcesArePickedFromTheirLists) {
     EXPECT_EQ(Get<QLineEdit>("txtOSQBID")->text(), "4");
 }
 
-TEST_F(DocumentationPagesTest, TabGoesThroughTheFieldsAsTheyStand) {
+TEST_F(DocumentationPagesTest, TabMovesThroughTheFieldsInTheirOrder) {
     Show(publicationPage);
     Get<QTableWidget>("grdPublications")->setFocus();
     EXPECT_EQ(TabOrder(14),
@@ -201,7 +201,7 @@ TEST_F(DocumentationPagesTest, AnAccessKeyLeadsToItsField) {
     EXPECT_EQ(QApplication::focusWidget()->objectName(), "txtPubComments");
 }
 
-TEST_F(DocumentationPagesTest, NoAccessKeyStandsTwiceOnAPage) {
+TEST_F(DocumentationPagesTest, NoAccessKeyIsUsedTwiceOnAPage) {
     for (QWidget* page : {publicationPage, expertPage, otherSourcePage}) {
         QStringList keys = {"F", "E", "R", "V", "H", "S"};  // of the menus, and of the button that saves
         QStringList texts;

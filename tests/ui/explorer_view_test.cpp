@@ -218,7 +218,7 @@ TEST_F(Pane, NothingIsDroppedOutsideTheTree) {
     EXPECT_FALSE(explorer.IsDragging());
 }
 
-TEST_F(Pane, ATremblingHandDragsNothing) {
+TEST_F(Pane, ASmallMovementDragsNothing) {
     Show();
     const QPoint at = At("Orca");
     Press(at);
@@ -291,7 +291,7 @@ TEST_F(Pane, TypedKeysFindALineAndReturnChoosesIt) {
     EXPECT_EQ(chosen, 2);
 }
 
-TEST_F(Pane, AKeyIsAnsweredBeforeTheListHasComeToTheName) {
+TEST_F(Pane, AKeyIsAnsweredBeforeTheListReachesTheName) {
     data.engine.BeginTrans();
     for (int id = 100; id < 1600; ++id) Add({.qb_id = id, .name1 = fmt::format("Genus{}", id)});
     data.engine.CommitTrans();
@@ -395,7 +395,7 @@ TEST_F(Pane, ALineThatIsCutHasAToolTip) {
     EXPECT_EQ(tipAt(5), "Zalophus " + QString(35, 'l') + ' ' + QString(35, 'm') + " (valid)");
 }
 
-TEST_F(Pane, AsteriskOpensWhatStandsBelow) {
+TEST_F(Pane, AsteriskExpandsTheSubtree) {
     Show();
     explorer.CollapseNode(explorer.FindNodeWithId(2));
     explorer.HiliteNode(explorer.TreeV().Top(0));
@@ -432,7 +432,7 @@ TEST_F(Pane, ALargeNodeFillsWhileTheWindowIsIdle) {
     EXPECT_EQ(Rows().size(), 5 + 2500);
 }
 
-TEST_F(Pane, WithoutACommandThereIsNoMenu) {
+TEST_F(Pane, NoMenuWithoutACommand) {
     Show();
     QAction cut("Cut Name");
     cut.setEnabled(false);

@@ -187,7 +187,7 @@ TEST_F(ExportOnTheDesktop, CommandShowsTheMainForm) {
     EXPECT_EQ(TitleOf("FrmNExport"), "Export DataSet");
 }
 
-TEST_F(ExportOnTheDesktop, FormsWithoutACommandAskForTheirFileAsTheyComeUp) {
+TEST_F(ExportOnTheDesktop, FormsWithoutACommandAskForTheirFileWhenShown) {
     prompter.filesToSave = {dir.File("a"), dir.File("b")};
     EXPECT_EQ(TitleOf("FrmDExport"), "Export DataSet to File");
     EXPECT_EQ(TitleOf("FrmTExport"), "Export Taxonomy Data to File");

@@ -162,7 +162,7 @@ TEST(DesktopPrompter, ReturnAnswersYesUnlessYesLosesSomething) {
     EXPECT_TRUE(prompter.AskBeforeLoss("Overwrite?", "Save As"));
 }
 
-TEST(DesktopPrompter, TheWaitCursorGoesOffWithTheOutermostScope) {
+TEST(DesktopPrompter, TheWaitCursorEndsWithTheOutermostScope) {
     DesktopPrompter prompter;
     prompter.WaitCursor(true);
     prompter.WaitCursor(true);
@@ -255,7 +255,7 @@ TEST(ToolkitFilter, TakesBothCasesOfAnEnding) {
               "QLN Files (*.qln *.QLN);;All Files (*)");
 }
 
-TEST(DesktopPump, LetsEventsThroughNowAndThen) {
+TEST(DesktopPump, ProcessesEventsAtIntervals) {
     DesktopPump pump;
     int fired = 0;
     QTimer::singleShot(0, [&] { ++fired; });

@@ -119,7 +119,7 @@ TEST_F(GuardTest, ADelayedCallMayFail) {
     EXPECT_EQ(user.messages, std::vector<std::string>{kFailure});
 }
 
-TEST_F(GuardTest, WithoutAProgramABoxShowsTheFailure) {
+TEST_F(GuardTest, ABoxShowsTheFailureWithoutAProgram) {
     auto& application = dynamic_cast<Application&>(*qApp);
     application.OnFailure(nullptr);
     QTimer::singleShot(0, [] {

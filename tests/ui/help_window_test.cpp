@@ -9,7 +9,7 @@
 namespace quillon::ui {
 namespace {
 
-TEST(HelpWords, AreCutAtBlanksAndEachOnce) {
+TEST(HelpWords, AreSplitAtBlanksWithoutRepeats) {
     EXPECT_EQ(HelpWords("  Drag  a NAME name "), (QStringList{"drag", "a", "name"}));
     EXPECT_EQ(HelpWords("  "), QStringList());
 }
@@ -170,7 +170,7 @@ TEST_F(HelpWindowTest, LinksAreFollowedByMouseAndByKeyboard) {
     EXPECT_EQ(Shown(), "tab-taxon.md") << "the first link of the page";
 }
 
-TEST_F(HelpWindowTest, GoesBackForwardAndToTheFirstPage) {
+TEST_F(HelpWindowTest, NavigatesBackForwardAndHome) {
     auto* back = window->findChild<QAction*>("back");
     auto* forward = window->findChild<QAction*>("forward");
     window->ShowPage("keys.md");
@@ -187,7 +187,7 @@ TEST_F(HelpWindowTest, GoesBackForwardAndToTheFirstPage) {
     EXPECT_EQ(Shown(), "index.md");
 }
 
-TEST_F(HelpWindowTest, TheSearchLeavesThePagesWithAllWords) {
+TEST_F(HelpWindowTest, TheSearchKeepsPagesWithAllWords) {
     Press(Qt::Key_F, Qt::ControlModifier);
     ASSERT_TRUE(search->hasFocus());
     QTest::keyClicks(search, "assocociated");
@@ -229,7 +229,7 @@ TEST_F(HelpWindowTest, EscapeClearsTheSearchThenCloses) {
     EXPECT_FALSE(window->isVisible());
 }
 
-TEST_F(HelpWindowTest, ItsOwnKeyTellsHowToUseIt) {
+TEST_F(HelpWindowTest, ItsOwnKeyOpensTheHelpOnHelp) {
     Press(Qt::Key_F1);
     EXPECT_EQ(Shown(), "help.md");
 }
@@ -249,7 +249,7 @@ TEST_F(HelpWindowTest, APageKeepsItsTextInEveryPalette) {
 
 // What a modal dialog lets through is decided where the system's events come in, so the click is the
 // window's.
-TEST_F(HelpWindowTest, AModalDialogHasItsPageAndLetsTheHelpWork) {
+TEST_F(HelpWindowTest, HelpStaysUsableBesideAModalDialog) {
     window->close();
     QTimer::singleShot(0, [this] {
         QWidget* modal = QApplication::activeModalWidget();
@@ -275,7 +275,7 @@ TEST_F(HelpWindowTest, AModalDialogHasItsPageAndLetsTheHelpWork) {
     EXPECT_EQ(Shown(), "tab-comments.md");
 }
 
-TEST_F(HelpWindowTest, ABoxWithoutAPageOfItsOwnHasThatOfTheDialogs) {
+TEST_F(HelpWindowTest, ABoxWithoutItsOwnPageOpensThePageOfDialogs) {
     QTimer::singleShot(0, [this] {
         QWidget* modal = QApplication::activeModalWidget();
         ASSERT_NE(modal, nullptr);

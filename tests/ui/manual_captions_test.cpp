@@ -14,7 +14,7 @@ namespace quillon::ui {
 namespace {
 
 const QString kFolder = QString(QUILLON_SOURCE_DIR) + "/docs/manual";
-const QStringList kExample = {"set like this"};  // how the first page tells what bold means
+const QStringList kExample = {"set like this"};  // the first page explains bold text with it
 
 class Captions {
 public:

@@ -61,7 +61,7 @@ TEST(Manual, EveryLinkLeadsToAPage) {
     }
 }
 
-TEST(Manual, EveryPageIsLinkedFromAnotherBesidesTheFirst) {
+TEST(Manual, EveryPageButTheFirstIsLinkedFromAnother) {
     QStringList linked = {kFirstHelpPage};
     for (const QString& page : Files())
         if (page != kFirstHelpPage) linked << Captured(Source(page), R"(\]\(([^)]*)\))");

@@ -15,7 +15,7 @@ class ModalUser : public QObject {
 public:
     ~ModalUser() override { EXPECT_EQ(answers_.size(), 0U) << "windows that never came"; }
 
-    // `name` is the object name of the window; a message box or a file dialog is told by its class.
+    // `name` is the object name of the window; a message box or a file dialog is recognised by its class.
     void Answer(const QString& name, std::function<void(QWidget&)> act) {
         answers_.push_back({name, std::move(act)});
         if (answers_.size() == 1) Next();

@@ -50,7 +50,7 @@ TEST_F(MainWindow, ShowsTheAboutBoxAndTheImportForm) {
     EXPECT_EQ(prompter.forms, (std::vector<std::string>{"FrmAbout", "FrmImport"}));
 }
 
-TEST_F(MainWindow, F6GoesFromTheExplorerToTheRecordAndBack) {
+TEST_F(MainWindow, F6MovesFromTheExplorerToTheRecordAndBack) {
     MakeWhales();
     Activate();
     tree->setFocus();

@@ -8,7 +8,7 @@ TEST_F(MainWindow, EveryNameHasItsPartner) {
     EXPECT_EQ(NamesWithoutPartner(program.RecView().Controls().form, window).join(" "), "");
 }
 
-TEST_F(MainWindow, WithoutADataSetItIsEmptyAndSaysSo) {
+TEST_F(MainWindow, IsEmptyAndSaysSoWithoutADataSet) {
     program.OpenPreferredDataSet();
     EXPECT_EQ(window.windowTitle(), "Taxonomic Quillon - No Open DataSet");
     EXPECT_EQ(tree->model()->rowCount(), 0);
@@ -166,7 +166,7 @@ TEST_F(MainWindow, TheToolbarTogglesTheTwoViews) {
     EXPECT_TRUE(tree->isVisible());
 }
 
-TEST_F(MainWindow, TheListShowsAllTaxaAndStandsOnTheCurrentOne) {
+TEST_F(MainWindow, TheListShowsAllTaxaAndSelectsTheCurrentOne) {
     MakeWhales();
     tree->expand(tree->model()->index(0, 0));
     Click(tree->model()->index(0, 0, tree->model()->index(0, 0)));

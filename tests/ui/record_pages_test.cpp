@@ -158,7 +158,7 @@ TEST_F(RecordPages, TheDistributionIsShown) {
     EXPECT_EQ(Find<QCheckBox>("chkEurasia")->text(), "Europe && Northern Asia (excluding China)");
 }
 
-TEST_F(RecordPages, TabGoesFromTheTableThroughTheFieldsToTheButtons) {
+TEST_F(RecordPages, TabMovesFromTheTableThroughTheFieldsToTheButtons) {
     EXPECT_EQ(TabOrderOf(pages.widget(0)),
               "grdVernacular txtVName cboLanguage chkApproved cmdVAdd cmdVModify cmdVDelete");
     EXPECT_EQ(TabOrderOf(pages.widget(1)), "grdSynonyms cboSRank cboSRName cboSSciName cmdSAdd cmdSDelete");
@@ -189,7 +189,7 @@ TEST_F(RecordPages, NoTextIsCutOffHoweverSmallThePage) {
     }
 }
 
-TEST_F(RecordPages, EveryFieldHasANameForThoseWhoHearIt) {
+TEST_F(RecordPages, EveryFieldHasAnAccessibleName) {
     for (const Control* control : record.form.Controls()) {
         auto* widget = Find<QWidget>(control->Name().c_str());
         if ((widget->focusPolicy() & Qt::TabFocus) == 0) continue;

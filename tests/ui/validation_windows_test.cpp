@@ -144,7 +144,7 @@ TEST_F(ErrorWindow, FilterNarrowsTheList) {
     EXPECT_EQ(window->findChild<QLabel*>("lblCounts")->text(), "1 finding: 1 currency missing");
 }
 
-TEST_F(ErrorWindow, DoubleClickBringsTheTaxonUpWhereTheFaultLies) {
+TEST_F(ErrorWindow, DoubleClickShowsTheTaxonOnTheTabOfTheFault) {
     const QPoint place = list->visualRect(list->model()->index(5, 0)).center();
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, {20, place.y()});
     QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, {20, place.y()});
@@ -152,7 +152,7 @@ TEST_F(ErrorWindow, DoubleClickBringsTheTaxonUpWhereTheFaultLies) {
     EXPECT_EQ(form->lstError.ListIndex(), 5);
 }
 
-TEST_F(ErrorWindow, ReturnBringsTheTaxonUpAndLeavesTheLogOpen) {
+TEST_F(ErrorWindow, ReturnShowsTheTaxonAndLeavesTheLogOpen) {
     list->setCurrentIndex(list->model()->index(1, 0));
     QTest::keyClick(list, Qt::Key_Return);
     EXPECT_EQ(visited, QStringList{"2 taxon"});
@@ -241,7 +241,7 @@ TEST_F(ValidationOnTheDesktop, FindingsAreWorkedThroughBesideTheMainWindow) {
     EXPECT_NE(Log(), nullptr);
 }
 
-TEST_F(ValidationOnTheDesktop, LogGoesWhenItIsClosed) {
+TEST_F(ValidationOnTheDesktop, LogIsDeletedWhenItIsClosed) {
     const auto before = std::filesystem::current_path();
     std::filesystem::current_path(dir.path());
     Validate();

@@ -19,7 +19,7 @@ TEST(YearFromAuthor, TakesTheFourCharactersFromTheFirstDigit) {
     EXPECT_EQ(YearFromAuthor("Smith 17765"), 1776);
 }
 
-TEST(YearFromAuthor, IsNoNumberWhenTheFourCharactersAreNone) {
+TEST(YearFromAuthor, IsNotANumberWhenTheFourCharactersAreNot) {
     EXPECT_EQ(YearFromAuthor("Smith 17th c."), kYearIsNoNumber);
     EXPECT_EQ(YearFromAuthor("Smith 18"), kYearIsNoNumber);
     EXPECT_EQ(YearFromAuthor("Smith 176?"), kYearIsNoNumber);
@@ -56,7 +56,7 @@ TEST(DateFault, GoodDates) {
         EXPECT_EQ(Fault(date), "good") << date;
 }
 
-TEST(DateFault, DayNoughtIsGood) {
+TEST(DateFault, DayZeroIsValid) {
     EXPECT_EQ(Fault("00/02/2000"), "good");
 }
 
@@ -73,7 +73,7 @@ TEST(DateFault, LengthIsInCharacters) {
     EXPECT_EQ(Fault("é1/02/2000"), "> is not in the correct (dd/mm/yyyy) format (day incorrect)");
 }
 
-TEST(DateFault, YearLiesInTheRange) {
+TEST(DateFault, YearIsInTheRange) {
     const std::string fault = "> does not contain a valid year (1758-2024), format is dd/mm/yyyy";
     EXPECT_EQ(Fault("01/02/1757"), fault);
     EXPECT_EQ(Fault("01/02/2025"), fault);
@@ -82,7 +82,7 @@ TEST(DateFault, YearLiesInTheRange) {
     EXPECT_EQ(Fault("31/12/2024"), "good");
 }
 
-TEST(DateFault, DayLiesInTheMonth) {
+TEST(DateFault, DayIsInTheMonth) {
     for (const char* month : {"01", "03", "05", "07", "08", "10", "12"}) {
         EXPECT_EQ(Fault(std::string("31/") + month + "/2000"), "good");
         EXPECT_EQ(Fault(std::string("32/") + month + "/2000"),
@@ -119,7 +119,7 @@ TEST(OrderOfDates, ComparesYearMonthAndDay) {
     EXPECT_EQ(OrderOfDates("01/01/2001", "31/12/2000"), DateOrder::OutOfOrder);
 }
 
-TEST(OrderOfDates, TellsALaterActualYearApart) {
+TEST(OrderOfDates, ReportsALaterActualYear) {
     EXPECT_EQ(OrderOfDates("31/12/2000", "01/01/2001"), DateOrder::ActualYearLater);
 }
 

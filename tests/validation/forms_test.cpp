@@ -105,7 +105,7 @@ TEST_F(ValidateForm, SecondContinueDoesNothingWhileARunIsActive) {
     EXPECT_FALSE(std::filesystem::exists(set.dir.File("validate.log")));
 }
 
-TEST_F(ValidateForm, BadConditionIsToldAndTheFormStays) {
+TEST_F(ValidateForm, BadConditionIsReportedAndTheFormStays) {
     form->optColumn.UserChoose();
     form->cboValues.UserSetText("a\"b");
     form->cmdContinue.UserClick();
@@ -275,7 +275,7 @@ TEST_F(ErrorForm, SelectedFindingShowsItsRule) {
     EXPECT_EQ(form->lblRule.Caption(), "");
 }
 
-TEST_F(ErrorForm, ActivatedLineBringsItsTaxonUp) {
+TEST_F(ErrorForm, ActivatedLineShowsItsTaxon) {
     const auto form = Load();
     for (const int line : {0, 2, 4}) form->lstError.UserActivate(line);
     EXPECT_EQ(visited, (Texts{"2 taxon", "2 taxon", "3 publications"}));
@@ -284,7 +284,7 @@ TEST_F(ErrorForm, ActivatedLineBringsItsTaxonUp) {
     EXPECT_EQ(visited.back(), "3 publications");
 }
 
-TEST_F(ErrorForm, RecordOfAnotherDataSetBringsNothingUp) {
+TEST_F(ErrorForm, RecordOfAnotherDataSetShowsNothing) {
     const auto form = Load();
     set.state.gDataSetPath = set.dir.File("other.mdb");
     form->lstError.UserActivate(2);
@@ -295,7 +295,7 @@ TEST_F(ErrorForm, RecordOfAnotherDataSetBringsNothingUp) {
     EXPECT_EQ(visited, Texts{});
 }
 
-TEST_F(ErrorForm, DocumentBringsATaxonUpThatRefersToIt) {
+TEST_F(ErrorForm, DocumentShowsATaxonThatRefersToIt) {
     const auto form = Load();
     form->lstError.UserActivate(6);
     EXPECT_TRUE(visited.empty());
@@ -306,7 +306,7 @@ TEST_F(ErrorForm, DocumentBringsATaxonUpThatRefersToIt) {
     EXPECT_EQ(visited, (Texts{"2 experts"}));
 }
 
-TEST_F(ErrorForm, AuthorBringsItsFirstTaxonUp) {
+TEST_F(ErrorForm, AuthorShowsItsFirstTaxon) {
     Run("UPDATE qb_taxon_authors_lookup SET kingdom_id = Null");
     Validate();
     const auto form = Load();
@@ -382,7 +382,7 @@ TEST_F(ErrorForm, ClosingDeletesALogInTheCurrentDirectory) {
     EXPECT_EQ(closed, 1);
 }
 
-TEST_F(ErrorForm, WithoutALogItIsEmpty) {
+TEST_F(ErrorForm, IsEmptyWithoutALog) {
     std::filesystem::remove(set.dir.File("validate.log"));
     const auto form = Load();
     EXPECT_EQ(form->lstError.ListCount(), 0u);

@@ -92,7 +92,7 @@ protected:
     }
 };
 
-TEST_F(ManyTaxa, AreToldTheSameUnderAFilterThatLetsAllThrough) {
+TEST_F(ManyTaxa, AreReportedTheSameUnderAFilterThatMatchesAll) {
     Spoil();
     EXPECT_EQ(Validate(), Findings());
     EXPECT_EQ(Validate(selection::ColumnClause("rank_id", ">", "180")), Findings());
@@ -102,7 +102,7 @@ TEST_F(ManyTaxa, AreToldTheSameUnderAFilterThatLetsAllThrough) {
 }
 
 // 8192 of each of taxon, author, publication, vernacular, its reference and jurisdiction.
-TEST_F(ManyTaxa, CountWithAllThatHangsOnThem) {
+TEST_F(ManyTaxa, CountWithTheirDependentRows) {
     const ValidationResult result = ValidateInto(selection::ColumnClause("rank_id", "=", "220"));
     EXPECT_FALSE(result.errors);
     EXPECT_EQ(set.state.gValidatedTotal, 6 * kTaxa);

@@ -12,7 +12,7 @@
 namespace quillon::validation {
 namespace {
 
-TEST(Rules, HaveACodeAndWordsEach) {
+TEST(Rules, HaveACodeAndTextEach) {
     std::set<std::string_view> codes, labels, sentences;
     for (const RuleInfo& rule : AllRules()) {
         EXPECT_EQ(rule.code.size(), 3u) << rule.code;

@@ -45,7 +45,7 @@ TEST_F(RowChecks, ReferenceLinkHasAllOfItsKey) {
     EXPECT_EQ(LogOf([](ValidationLog& log) { CheckReferenceLink({3, "PUB", 1}, log); }), "");
 }
 
-TEST_F(RowChecks, ExpertIsToldOneFaultAtATime) {
+TEST_F(RowChecks, ExpertGetsOneFindingAtATime) {
     EXPECT_EQ(LogOf([](ValidationLog& log) { CheckExpert({}, log); }),
               "Experts:  EXPID = <>  Expert = <>\n     an expert prefix is required\n");
     EXPECT_EQ(LogOf([](ValidationLog& log) {
@@ -59,7 +59,7 @@ TEST_F(RowChecks, ExpertIsToldOneFaultAtATime) {
     EXPECT_EQ(LogOf([](ValidationLog& log) { CheckExpert({"EXP", 4, "Jones"}, log); }), "");
 }
 
-TEST_F(RowChecks, DocumentWithoutItsKeyIsToldNoMore) {
+TEST_F(RowChecks, DocumentWithoutItsKeyGetsNoFurtherFinding) {
     const std::string source =
         "Other Sources:  SRCID = <>  Source = <>  Type = <>  Date = <>  Version = <>\n";
     EXPECT_EQ(LogOf([](ValidationLog& log) { CheckOtherSource({}, {}, log); }),
@@ -82,7 +82,7 @@ TEST_F(TableChecks, ExpertIsRequired) {
     EXPECT_EQ(Validate(), Lines({"Experts:  EXPID = <4>  Expert = <>", "     an expert is required"}));
 }
 
-TEST_F(TableChecks, OtherSourceIsToldAllThatItLacks) {
+TEST_F(TableChecks, OtherSourceGetsAFindingForEachMissingField) {
     Run("INSERT INTO qb_other_sources (source_id_prefix, qb_source_id) VALUES ('SRC', 5)");
     Run("INSERT INTO qb_other_sources (source_id_prefix, qb_source_id, source_type, source, version, "
         "acquisition_date) "
@@ -209,7 +209,7 @@ TEST_F(Vernaculars, HaveALanguage) {
                                  "     a language is required for a vernacular"}));
 }
 
-TEST_F(Vernaculars, ComeInTheOrderOfTheirOwnNumber) {
+TEST_F(Vernaculars, AreVisitedInTheOrderOfTheirNumber) {
     ReferName(3, 7, "'Beta moth'", "PUB", 1);
     Run("INSERT INTO qb_vernaculars (qb_id, qb_vern_id, vernacular_name, language, approved_ind) "
         "VALUES (3, 6, 'Zeta moth', 'English', True)");

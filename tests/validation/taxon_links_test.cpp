@@ -43,7 +43,7 @@ TEST_F(SynonymLinks, AcceptedNameMayHaveAnyUsableWord) {
 }
 
 // The query joins the accepted taxon, so that a link to none gives no row at all.
-TEST_F(SynonymLinks, LinkToNoTaxonIsNoLink) {
+TEST_F(SynonymLinks, LinkToAMissingTaxonDoesNotCount) {
     MakeSynonym(3, 99, "junior synonym");
     EXPECT_EQ(Validate(), OnSpecies({kMustBeLinked}));
 }
@@ -92,7 +92,7 @@ TEST_F(TaxonDocuments, ExpertOrOtherSourceIsAReferenceToo) {
     EXPECT_EQ(Validate(), "");
 }
 
-TEST_F(TaxonDocuments, LinkToNoDocumentIsNoReference) {
+TEST_F(TaxonDocuments, LinkToAMissingDocumentDoesNotCount) {
     Unrefer(3);
     for (const char* prefix : {"PUB", "EXP", "SRC"}) Refer(3, prefix, 99);
     Refer(3, "XYZ", 1);

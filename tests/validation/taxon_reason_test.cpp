@@ -75,7 +75,7 @@ TEST_F(ReasonRules, AnimalsHaveTheirsAndThoseOfBoth) {
         for (const std::string& word : words) EXPECT_EQ(ValidateReason(word), "") << word;
 }
 
-TEST_F(ReasonRules, ReasonsOfPlantsAreToldForAnimals) {
+TEST_F(ReasonRules, ReasonsOfPlantsAreReportedForAnimals) {
     for (const std::string& word : kPlants) EXPECT_EQ(ValidateReason(word), Finding(word, kNotForAnimals));
 }
 
@@ -83,13 +83,13 @@ TEST_F(ReasonRules, RetiredReasonsAreJustWrongForAnimals) {
     for (const std::string& word : kRetired) EXPECT_EQ(ValidateReason(word), Finding(word, kRequired));
 }
 
-TEST_F(ReasonRules, CaseDoesNotCountAndTheValueIsToldAsItStands) {
+TEST_F(ReasonRules, CaseDoesNotCountAndTheValueIsReportedUnchanged) {
     EXPECT_EQ(ValidateReason("Junior SYNONYM"), "");
     EXPECT_EQ(ValidateReason("Synonym"), Finding("Synonym", kNotForAnimals));
     EXPECT_EQ(ValidateReason("Because"), Finding("Because", kRequired));
 }
 
-TEST_F(ReasonRules, MissingReasonIsTold) {
+TEST_F(ReasonRules, MissingReasonIsReported) {
     Set(3, "unacceptability_reason", "Null");
     EXPECT_EQ(Validate(), Finding("", kRequired));
 }
@@ -112,11 +112,11 @@ TEST_F(PlantReasonRules, PlantsHaveTheirsAndThoseOfBoth) {
         for (const std::string& word : words) EXPECT_EQ(ValidateReason(word), "") << word;
 }
 
-TEST_F(PlantReasonRules, ReasonsOfAnimalsAreToldForPlants) {
+TEST_F(PlantReasonRules, ReasonsOfAnimalsAreReportedForPlants) {
     for (const std::string& word : kAnimals) EXPECT_EQ(ValidateReason(word), Finding(word, kNotForPlants));
 }
 
-TEST_F(PlantReasonRules, RetiredReasonsAreToldWithAHint) {
+TEST_F(PlantReasonRules, RetiredReasonsAreReportedWithAHint) {
     const std::string illegitimate =
         "no longer a valid unacceptability reason - need to change to 'homonym (illegitimate)'  or "
         "'superfluous "

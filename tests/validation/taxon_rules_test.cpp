@@ -16,7 +16,7 @@ TEST_F(PlantTaxonRules, TaxaWithoutFaultsLeaveTheLogEmpty) {
     EXPECT_EQ(Validate(), "");
 }
 
-TEST_F(TaxonRules, RootIsNotLookedAt) {
+TEST_F(TaxonRules, RootIsNotChecked) {
     Set(1, "unit_name1", "'small'");
     Set(1, "usage", "'valid'");
     Set(1, "taxonomic_credibility_rating", "Null");
@@ -43,7 +43,7 @@ TEST_F(TaxonRules, MissingRankEndsTheTaxaAndNotTheRun) {
                                  "Author ID = 2  Name = ", "     a taxon author is required"}));
 }
 
-TEST_F(TaxonRules, MissingNameIsToldOnceAndItsFirstLetterPasses) {
+TEST_F(TaxonRules, MissingNameIsReportedOnceWithoutAFirstLetterFinding) {
     Set(2, "unit_name1", "Null");
     EXPECT_EQ(Validate(), Lines({"ID =  2   Name = ", "     missing scientific name"}));
 }
@@ -85,7 +85,7 @@ TEST_F(TaxonRules, UsageIsRequired) {
     EXPECT_EQ(Validate(), OnSpecies({"     usage is a required field"}));
 }
 
-TEST_F(TaxonRules, UsageWithoutAWordHasNoParentEither) {
+TEST_F(TaxonRules, EmptyUsageHasNoParentEither) {
     Set(3, "usage", "Null");
     EXPECT_EQ(Validate(), OnSpecies({"     usage is a required field",
                                      "     an invalid/not accepted Taxon cannot have a parent"}));
@@ -97,7 +97,7 @@ TEST_F(TaxonRules, UsageIsComparedExactly) {
     EXPECT_EQ(Validate(), OnSpecies({"     <Valid> is not a valid usage"}));
 }
 
-TEST_F(TaxonRules, UsageOfPlantsIsToldWithTheGroupOfTheWord) {
+TEST_F(TaxonRules, UsageOfPlantsIsReportedWithTheGroupOfItsValue) {
     Set(3, "usage", "'accepted'");
     Link(3, 2);
     EXPECT_EQ(
@@ -112,7 +112,7 @@ TEST_F(TaxonRules, UsageOfPlantsIsToldWithTheGroupOfTheWord) {
             {"     <not accepted> is not a valid usage for the Plantae, Chromista and Fungi kingdoms"}));
 }
 
-TEST_F(PlantTaxonRules, UsageOfAnimalsIsToldWithTheGroupOfTheWordAndNoLinkIsLookedAt) {
+TEST_F(PlantTaxonRules, UsageOfAnimalsIsReportedWithTheGroupOfItsValueAndNoLinkIsChecked) {
     Set(3, "usage", "'valid'");
     Link(3, 2);
     EXPECT_EQ(
@@ -176,7 +176,7 @@ TEST_F(PlantIndicators, TrinomialHasAKnownOneAndNoQuadrinomialIsLookedAt) {
     }
 }
 
-TEST_F(PlantIndicators, QuadrinomialHasAKnownOneThatIsNoSubspecies) {
+TEST_F(PlantIndicators, QuadrinomialHasAKnownOneOtherThanSubspecies) {
     Set(4, "unit_ind3", "'ssp.'");
     Set(4, "unit_name4", "'delta'");
     EXPECT_EQ(Validate(), Lines({"ID =  4   Name = Alpha beta ssp. gamma delta",
@@ -246,7 +246,7 @@ TEST_F(TaxonRules, CurrencyIsUnknownOrAYearUpToNow) {
     }
 }
 
-TEST_F(PlantTaxonRules, CurrencyOfPlantsGoesBackTo1753) {
+TEST_F(PlantTaxonRules, CurrencyOfPlantsStartsIn1753) {
     Set(3, "currency_rating", "'1753'");
     EXPECT_EQ(Validate(), "");
     Set(3, "currency_rating", "'1752'");
@@ -281,7 +281,7 @@ TEST_F(TaxonRules, UsableNameHasAParent) {
     EXPECT_EQ(Validate(), OnSpecies({"     a parent is required for valid/accepted Taxa"}));
 }
 
-TEST_F(TaxonRules, ParentStandsHigherByItsNumber) {
+TEST_F(TaxonRules, ParentRanksHigherByItsNumber) {
     AddTaxon(4, "Alpha", 220, 3);
     EXPECT_EQ(Validate(), Lines({"ID =  4   Name = Alpha",
                                  "     the parent's rank <220> must be lower than the Taxon's <220>"}));

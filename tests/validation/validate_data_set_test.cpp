@@ -119,7 +119,7 @@ TEST_F(Driver, BadConditionIsAMessageAndNoRun) {
     EXPECT_FALSE(std::filesystem::exists(set.dir.File("validate.log")));
 }
 
-TEST_F(Driver, LogThatCannotBeOpenedIsToldAndNothingRuns) {
+TEST_F(Driver, UnwritableLogIsReportedAndNothingRuns) {
     for (const char* log : {"validate.log", "vtime.log"}) {
         set.prompter.messages.clear();
         for (const char* earlier : {"validate.log", "vtime.log"})
@@ -242,7 +242,7 @@ TEST_F(Driver, CancelledRunSkipsTheRestAndSaysNothing) {
     EXPECT_EQ(set.state.gRecordsDone, 2);
 }
 
-TEST_F(Driver, TablesComeInTheirOrder) {
+TEST_F(Driver, TablesAreVisitedInOrder) {
     Unrefer(3);
     Run("INSERT INTO qb_jurisdiction (qb_id, jurisdiction_value) VALUES (3, 'Alaska')");
     Run("INSERT INTO qb_vernaculars (qb_id, qb_vern_id, vernacular_name) VALUES (3, 7, 'Beta moth')");
@@ -279,7 +279,7 @@ TEST_F(Driver, FiltersNarrowTheRun) {
 }
 
 // Few taxa have look-ups of their own, many share those of all.
-TEST_F(Driver, FewTaxaAreToldAsAmongMany) {
+TEST_F(Driver, FewTaxaAreReportedAsAmongMany) {
     for (int qb_id = 4; qb_id <= 20; ++qb_id) {
         AddTaxon(qb_id, "Gamma", 220, 2);
         MakeSynonym(qb_id, qb_id - 1, "junior synonym");
@@ -309,7 +309,7 @@ TEST_F(Driver, FewTaxaAreToldAsAmongMany) {
     EXPECT_EQ(Validate(), of17);
 }
 
-TEST_F(Driver, AuthorIsToldOnceATaxonUnderAFilter) {
+TEST_F(Driver, AuthorIsReportedOnceATaxonUnderAFilter) {
     Run("UPDATE qb_taxon_authors_lookup SET kingdom_id = Null");
     const std::string finding = Lines({"Author ID = 1  Name = Smith, 1900", "     a kingdom is required"});
     EXPECT_EQ(Validate(), finding);
@@ -389,7 +389,7 @@ TEST_F(RunForExport, PublicationThatAppearedInALaterYearIsRejectedWithoutAFindin
     EXPECT_EQ(RejectedTaxa(), std::vector<int>{});
 }
 
-TEST_F(RunForExport, VernacularWithoutALanguageRejectsTheTaxonBeforeIt) {
+TEST_F(RunForExport, VernacularWithoutALanguageRejectsThePrecedingTaxon) {
     AddTaxon(4, "Gamma", 220, 2);
     Run("INSERT INTO qb_vernaculars (qb_id, qb_vern_id, vernacular_name) VALUES (3, 7, 'Beta moth')");
     Run("UPDATE qb_vernaculars SET approved_ind = True");
