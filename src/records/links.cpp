@@ -9,6 +9,7 @@
 
 #include "records/documents.h"
 #include "records/tombstones.h"
+#include "store/unit.h"
 
 namespace quillon::records {
 
@@ -175,6 +176,19 @@ void DeleteCommentLinks(const RecordStore& records, int qb_id) {
         }
     }
     for (const int commentId : comments) DeleteCommentLink(records, qb_id, commentId);
+}
+
+bool AddSynonymLink(const RecordStore& records, const TaxonKey& synonym, const TaxonKey& accepted) {
+    return records.Reporting([&] {
+        store::QueryDef query = records.database.OpenQueryDef("Insert Synonym");
+        query.Set("qbid", synonym.qb_id).Set("synID", accepted.qb_id);
+        query.Set("thetsn", Value::IdOrNull(synonym.tsn)).Set("tsnsyn", Value::IdOrNull(accepted.tsn));
+        store::Unit unit(records.engine);
+        query.Execute();
+        unit.Commit();
+        if (synonym.tsn != 0 && accepted.tsn != 0)
+            RemoveTombstone(records, "synonym_links", synonym.tsn, Value(accepted.tsn));
+    });
 }
 
 void DeleteSynonymLinks(const RecordStore& records, int qb_id) {

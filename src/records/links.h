@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "records/record_store.h"
+#include "records/taxon_key.h"
 
 namespace quillon::records {
 

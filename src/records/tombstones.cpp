@@ -1,6 +1,9 @@
 #include "records/tombstones.h"
 
+#include <fmt/format.h>
+
 #include <string>
+#include <vector>
 
 #include "core/text.h"
 #include "store/unit.h"
@@ -9,10 +12,30 @@ namespace quillon::records {
 
 namespace {
 
-// The condition on one key column of a tombstone.
-std::string KeyCondition(std::string_view column, const Value& key) {
-    const std::string text = ReplaceText(Trim(key.AsText()), "'", "''");
-    return " AND strcomp( " + std::string(column) + ", '" + text + "', 0) = 0";
+constexpr std::string_view kInsert =
+    "PARAMETERS tablename Text, key1 Text, key2 Text, key3 Text, key4 Text; "
+    "INSERT INTO db_tombstone ( table_name, pk1, pk2, pk3, pk4 ) SELECT tablename, key1, key2, key3, key4;";
+
+// The condition on one key column of a tombstone. The index answers the equality, which ignores case; the
+// comparison behind it does not.
+std::string KeyCondition(std::size_t column) {
+    return fmt::format(" AND pk{0} = key{0} AND StrComp(pk{0}, key{0}, 0) = 0", column);
+}
+
+store::QueryDef DeletionOf(store::Database& database, std::string_view table_name,
+                           const std::vector<Value>& keys) {
+    std::string parameters = "PARAMETERS tablename Text", conditions;
+    for (std::size_t column = 1; column <= keys.size(); ++column) {
+        parameters += fmt::format(", key{} Text", column);
+        conditions += KeyCondition(column);
+    }
+    store::QueryDef query = database.CreateQueryDef(
+        "",
+        fmt::format("{}; DELETE FROM db_tombstone WHERE table_name = tablename{}", parameters, conditions));
+    query.Set("tablename", table_name);
+    for (std::size_t column = 1; column <= keys.size(); ++column)
+        query.Set(fmt::format("key{}", column), Trim(keys[column - 1].AsText()));
+    return query;
 }
 
 }  // namespace
@@ -21,15 +44,15 @@ bool WriteTombstone(const RecordStore& records, std::string_view table_name, con
                     const std::optional<Value>& pk2, const std::optional<Value>& pk3,
                     const std::optional<Value>& pk4) {
     try {
+        store::QueryDef query = records.database.CreateQueryDef("", kInsert);
+        query.Set("tablename", table_name).Set("key1", Value::TextOrNull(pk1.AsText()));
+        const auto key = [](const std::optional<Value>& given) {
+            return given ? Value::TextOrNull(given->AsText()) : Value();
+        };
+        if (pk2) query.Set("key2", key(pk2));
+        if (pk2 && pk3) query.Set("key3", key(pk3)).Set("key4", key(pk4));
         store::Unit unit(records.engine);
-        const auto tombstones = records.database.OpenTable("db_tombstone");
-        tombstones->AddNew();
-        tombstones->Set("table_name", table_name);
-        tombstones->Set("pk1", Value::TextOrNull(pk1.AsText()));
-        if (pk2) tombstones->Set("pk2", Value::TextOrNull(pk2->AsText()));
-        if (pk2 && pk3) tombstones->Set("pk3", Value::TextOrNull(pk3->AsText()));
-        if (pk2 && pk3 && pk4) tombstones->Set("pk4", Value::TextOrNull(pk4->AsText()));
-        tombstones->Update();
+        query.Execute();
         unit.Commit();
         return true;
     } catch (const store::StoreError& failure) {
@@ -41,12 +64,10 @@ bool WriteTombstone(const RecordStore& records, std::string_view table_name, con
 void RemoveTombstone(const RecordStore& records, std::string_view table_name, const Value& pk1,
                      const std::optional<Value>& pk2, const std::optional<Value>& pk3,
                      const std::optional<Value>& pk4) {
-    std::string sql = "DELETE FROM db_tombstone WHERE table_name = '" + std::string(table_name) + "'  " +
-                      KeyCondition("pk1", pk1);
-    if (pk2) sql += KeyCondition("pk2", *pk2);
-    if (pk3) sql += KeyCondition("pk3", *pk3);
-    if (pk4) sql += KeyCondition("pk4", *pk4);
-    records.Reporting([&] { records.database.Execute(sql); });
+    std::vector<Value> keys = {pk1};
+    for (const auto* key : {&pk2, &pk3, &pk4})
+        if (*key) keys.push_back(**key);
+    records.Reporting([&] { DeletionOf(records.database, table_name, keys).Execute(); });
 }
 
 }  // namespace quillon::records

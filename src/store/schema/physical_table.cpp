@@ -32,7 +32,7 @@ struct LookupIndex {
     bool deferrable;
     std::string_view where = {};
 };
-constexpr std::array<LookupIndex, 16> kLookups = {{
+constexpr std::array<LookupIndex, 18> kLookups = {{
     {"qb_taxonomic_units", "~parent", "parent_qb_id", true},
     {"qb_taxonomic_units", "~rank", "rank_id", true},
     {"qb_taxonomic_units", "~name",
@@ -46,6 +46,9 @@ constexpr std::array<LookupIndex, 16> kLookups = {{
     {"qb_reference_links", "~document", "qb_documentation_id", true},
     {"qb_vern_ref_links", "~document", "qb_documentation_id", true},
     {"qb_nodc_ids", "~taxon", "qb_id", true},
+    {"qb_comments", "~stamp", "comment_time_stamp COLLATE QLN", true, "comment_time_stamp IS NOT NULL"},
+    {"db_tombstone", "~key", "table_name COLLATE QLN, pk1 COLLATE QLN, pk2 COLLATE QLN", true,
+     "pk2 IS NOT NULL"},
     {"qb_publications", "~id", "qb_publication_id", true},
     {"qb_experts", "~id", "qb_expert_id", true},
     {"qb_other_sources", "~id", "qb_source_id", true},

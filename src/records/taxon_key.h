@@ -1,0 +1,11 @@
+// The two ids under which the rows of a taxon are stored: its own, and the one that the authority gave it.
+#pragma once
+
+namespace quillon::records {
+
+struct TaxonKey {
+    int qb_id = 0;
+    int tsn = 0;  // 0 for a name that was never published
+};
+
+}  // namespace quillon::records
