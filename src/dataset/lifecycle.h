@@ -27,6 +27,8 @@ public:
     // All references must outlive this object. Sets gVersion if it is empty.
     Lifecycle(ApplicationState& state, store::Engine& engine, Prompter& prompter);
 
+    // The engine that has the open DataSet.
+    store::Engine& Engine() const { return engine_; }
     // Replaces the open DataSet. Returns the path, or "" on failure; reports nothing.
     std::string OpenDataSetFile(const std::string& path);
     // The reason why the last OpenDataSetFile failed; "" after a success.

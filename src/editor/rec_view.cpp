@@ -23,7 +23,9 @@ RecView::RecView(ApplicationState& state, Prompter& prompter, ProgressDialog& pr
       prompter_(prompter),
       progress_(progress),
       lifecycle_(lifecycle),
-      move_(state, prompter, controls_) {
+      move_(state, prompter, controls_),
+      checks_(state, prompter, controls_, editing_),
+      save_(state, prompter, lifecycle.Engine(), controls_) {
     lifecycle_.RecordDiscarded = [this] { Guarded([this] { ReflectRealNodePosition(); }); };
     MakeToolbarManagers();
     ConnectCommands();
@@ -44,6 +46,8 @@ void RecView::ConnectCommands() {
     };
     on(controls_.mnuFOpen, [this] { OpenCommand(); });
     on(controls_.mnuFNew, [this] { NewCommand(); });
+    onDataSet(controls_.mnuSave, [this] { SaveCommand(); });
+    onDataSet(controls_.cmdOK, [this] { SaveCommand(); });
     onDataSet(controls_.mnuFSaveAs, [this] { SaveAsCommand(); });
     on(controls_.mnuFImport, [this] { RunImport(); });
     onDataSet(controls_.mnuFValidate, [this] { Run(ValidateCommand); });

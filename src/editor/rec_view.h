@@ -3,7 +3,8 @@
 //
 // It works on the controls of RecViewForm, never on widgets, and uses the tabs of the record only through
 // RecordTab (core/record_tab.h). The window attaches the explorer, connects to the signals and sets the
-// commands of other subsystems below. It never writes to the DataSet itself.
+// commands of other subsystems below. It never writes to the DataSet itself:
+// RecordSave does.
 #pragma once
 
 #include <functional>
@@ -16,7 +17,9 @@
 #include "dataset/lifecycle.h"
 #include "editor/editor_state.h"
 #include "editor/rec_view_form.h"
+#include "editor/record_checks.h"
 #include "editor/record_move.h"
+#include "editor/record_save.h"
 #include "navigation/explorer.h"
 #include "navigation/tb_btn_mgr.h"
 
@@ -55,6 +58,11 @@ public:
     // Every change of the current record goes through here. With `checkDirty` the user may stay on an unsaved
     // record. The status bar shows when the name is not in the tree.
     void SelectExplorerItem(int qb_id, bool checkDirty, bool isInTree = true);
+    // The command behind cmdOK: checks the form, saves the record, and brings form, tree and list up to date.
+    // A refused record stays on the form as it was entered.
+    void SaveCommand();
+    // The new record that was saved last; 0 for none since the DataSet was opened.
+    int LastSaved() const { return lastSaved_; }
     // Asks about an unsaved record. True when the user stays on it.
     bool AskLoseChanges();
     // Clears the fields that the preferences do not keep for the next new record. Runs after "addnew" and
@@ -69,6 +77,8 @@ public:
     Signal<> RebuildExplorer;
     // The open DataSet has been closed and opened again.
     Signal<> DataSetReopened;
+    // A line for the status bar, to be shown for a while.
+    Signal<const std::string&> Note;
     // The record `qb_id` stays although another one was selected: the explorer must select it again once it
     // has finished its own selection.
     Signal<int> ReselectLater;
@@ -106,6 +116,13 @@ private:
     void AddNew();
     void CopyRecord();
 
+    // The save.
+    bool ConfirmRankChange();
+    void SaveChanges();
+    bool SaveNew();
+    void NoteSaved();
+    void EndSave(bool keepsEntry);
+
     // The modes and what goes with them.
     void EnterInput();
     void EnterEdit();
@@ -139,6 +156,9 @@ private:
     RecViewForm controls_;
     EditorState editing_;
     RecordMove move_;
+    RecordChecks checks_;
+    RecordSave save_;
+    int lastSaved_ = 0;
     // They enable the toolbar buttons; a menu item and its button are one control.
     navigation::TBBtnMgr navigation_, edit_;
     navigation::cExplorer* explorer_ = nullptr;

@@ -31,8 +31,8 @@ constexpr std::array<KeyedButton, 15> kKeys = {{
 }  // namespace
 
 RecViewForm::RecViewForm() {
-    for (ButtonControl* later : {&mnuSave, &mnuTaxonomy, &mnuFullRecord, &mnuFReports, &mnuEDelete, &mnuAuth,
-                                 &mnuMerge, &mnuSplit, &cmdOK}) {
+    for (ButtonControl* later :
+         {&mnuTaxonomy, &mnuFullRecord, &mnuFReports, &mnuEDelete, &mnuAuth, &mnuMerge, &mnuSplit}) {
         later->SetEnabled(false);
     }
     hierarchy.SetValue(true);

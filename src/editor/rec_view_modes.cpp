@@ -68,6 +68,7 @@ void RecView::ShowDataSet() {
         progress_.SetStatus("Loading...");
     }
     StartOfDataSet();
+    lastSaved_ = 0;
     SetEnabled("paste", false);
     SetEnabled("undo", false);
     Guarded([this] { RebuildExplorer(); });

@@ -113,6 +113,29 @@ void TaxonTab::EnterParent(const std::string& rank, int rank_id, const std::stri
     cboParentName.SetText(name);
 }
 
+std::string TaxonTab::EnteredUnit(int unit) const {
+    switch (unit) {
+        case 1:
+            return cboName1.Visible() ? cboName1.Text() : txtName1.Text();
+        case 2:
+            return cboName2.Visible() ? cboName2.Text() : txtName2.Text();
+        case 3:
+            return txtName3.Text();
+        default:
+            return txtName4.Text();
+    }
+}
+
+int TaxonTab::ChosenParent() const {
+    const CurrentTaxon& taxon = State().currentTaxon;
+    const bool isUntouched = taxon.parent_qb_id != 0 && cboParentName.Text() == taxon.parent_name &&
+                             cboDPRank.Text() == taxon.parent_rank_name;
+    if (isUntouched) return 0;
+    const int chosen = cboParentName.ListIndex();
+    const int place = chosen >= 0 ? chosen : cboParentName.FindText(cboParentName.Text());
+    return static_cast<int>(cboParentName.ItemData(place));
+}
+
 std::string TaxonTab::CurrentTaxonName() const {
     const CurrentTaxon& taxon = State().currentTaxon;
     return quillon::CurrentTaxonName({taxon.unit_ind1, taxon.unit_name1, taxon.unit_ind2, taxon.unit_name2,

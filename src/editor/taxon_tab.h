@@ -39,6 +39,14 @@ public:
     void SetFieldsForRank();
     // Enters a parent that was chosen elsewhere; "" as its rank for none.
     void EnterParent(const std::string& rank, int rank_id, const std::string& name);
+    // What a save takes for the unit 1 to 4 of the name: the text of the field that is shown for it.
+    std::string EnteredUnit(int unit) const;
+    // What a save takes for the two authors: the taxon's, and that of a hybrid.
+    std::string EnteredAuthor() const { return cboAuth.Text(); }
+    std::string EnteredHybridAuthor() const { return cboAuth2.Text(); }
+    // The parent that the user has chosen; 0 while the parent is the one of CurrentTaxon, and for a text that
+    // no name of the list has.
+    int ChosenParent() const;
     // The name of the taxon under edit, from its record or from the fields.
     std::string CurrentTaxonName() const;
 

@@ -134,6 +134,8 @@ void RecViewWindow::BuildExplorer() {
     QList<QAction*> commands;
     for (const QString name : kExplorerMenu) commands << (name == "-" ? nullptr : findChild<QAction*>(name));
     explorerView_->SetContextActions(commands);
+    recView_.Note.Connect(
+        [this](const std::string& text) { statusBar()->showMessage(ToQt(text), kNoteLasts); });
     Connect(explorerView_, &ExplorerView::Noted, this,
             [this](const QString& text) { statusBar()->showMessage(text, kNoteLasts); });
 }
