@@ -9,6 +9,16 @@
 
 namespace quillon::editor {
 
+namespace {
+
+NameFields NameOf(const CurrentTaxon& taxon) {
+    const auto unit = [](const std::string& text) { return Value::TextOrNull(text); };
+    return {unit(taxon.unit_ind1), unit(taxon.unit_name1), unit(taxon.unit_ind2), unit(taxon.unit_name2),
+            unit(taxon.unit_ind3), unit(taxon.unit_name3), unit(taxon.unit_ind4), unit(taxon.unit_name4)};
+}
+
+}  // namespace
+
 void RecView::SaveCommand() {
     const ChangeScope scope(controls_.form);
     const WaitCursor waiting(prompter_);
@@ -64,9 +74,7 @@ bool RecView::SaveNew() {
 }
 
 void RecView::NoteSaved() {
-    const CurrentTaxon& taxon = state_.currentTaxon;
-    Note("Saved " + BuildSciName({taxon.unit_ind1, taxon.unit_name1, taxon.unit_ind2, taxon.unit_name2,
-                                  taxon.unit_ind3, taxon.unit_name3, taxon.unit_ind4, taxon.unit_name4}));
+    Note("Saved " + BuildSciName(NameOf(state_.currentTaxon)));
 }
 
 // Also after a refusal: a record that was refused raises no question about losing it. One whose row could not

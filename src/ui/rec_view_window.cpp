@@ -15,6 +15,7 @@
 #include "ui/pages/taxon_page.h"
 #include "ui/pages/vernacular_page.h"
 #include "ui/rec_view_commands.h"
+#include "ui/text_convert.h"
 
 namespace quillon::ui {
 
