@@ -46,8 +46,9 @@ TEST_F(RecordSaveTest, StoresANewSpeciesWithItsAuthor) {
     tab.cboAuth.UserSetText("Dall, 1877");
     Save();
     EXPECT_EQ(data.prompter.messages, Messages());
-    EXPECT_EQ(Row(7),
-              "\\N\t\\N\tOrca\t\\N\tbeta\t\\N\t\\N\t\\N\t\\N\tNo\tvalid\t\\N\t\\N\t2\t3\t\\N\t5\t220\tFalse\n");
+    EXPECT_EQ(
+        Row(7),
+        "\\N\t\\N\tOrca\t\\N\tbeta\t\\N\t\\N\t\\N\t\\N\tNo\tvalid\t\\N\t\\N\t2\t3\t\\N\t5\t220\tFalse\n");
     EXPECT_EQ(Authors(), "1\tGray, 1846\t\\N\n2\tBrown\t\\N\n3\tDall, 1877\t5\n");
     EXPECT_EQ(Journal(), "7\n");
     EXPECT_FALSE(data.state.RecordDirty);
