@@ -1,4 +1,4 @@
-// The reference links, and the documents that they and the links of vernaculars lead to.
+// The reference links, and the documents linked from taxa and vernaculars.
 
 #include <fmt/format.h>
 
@@ -38,8 +38,7 @@ void AddDocumentsOfVernaculars(TaggedRun& run) {
         if (run.selected.Has(Id(rows, 0))) run.documents.Add(rows.Text(1), Id(rows, 2));
 }
 
-// The comment of a document is found by its id alone: where several prefixes share an id, it is that of the
-// first row.
+// The comment of a document is found by id only: if several prefixes share an id, the first row counts.
 class Comments {
 public:
     Comments(ExportTools& tools, const DocumentKind& kind) : database_(tools.database), kind_(kind) {

@@ -1,5 +1,6 @@
-// Which rows the validation keeps out of an export "For Online System". Without a validation the rejected
-// lists are empty and every row passes. The tables that a test needs are read once, at its first call.
+// Tests which rows an export "For Online System" omits because validation rejected them. Without a validation
+// the rejected lists are empty and every row passes. Each test reads the tables that it needs at its first
+// call.
 #pragma once
 
 #include <cstdint>
@@ -18,22 +19,22 @@ using selection::IdSet;
 
 class Exclusion {
 public:
-    // Takes gRejectedTaxa and gRejectedDocs as they stand. Each row that a look-up reads is a turn;
-    // when the job is canceled the look-up is left unfinished.
+    // Copies gRejectedTaxa and gRejectedDocs. Each row that a look-up reads is a turn; when the job is
+    // canceled the look-up stops.
     Exclusion(const ApplicationState& state, store::Database& database, Turns turns);
 
-    // The taxon is not rejected.
+    // True when the taxon is not rejected.
     bool RowIsExportable(std::int32_t qb_id) const { return !taxa_.Has(qb_id); }
-    // Neither the document nor the taxon is rejected.
+    // True when neither the document nor the taxon is rejected.
     bool LinkIsExportable(std::int32_t qb_id, std::string_view prefix, std::int32_t documentId) const {
         return !documents_.Has(prefix, documentId) && RowIsExportable(qb_id);
     }
-    // Some taxon that is not rejected has the author, as its author or its hybrid author.
+    // True when a taxon that is not rejected has the author, as author or hybrid author.
     bool AuthorIsExportable(std::int32_t authorId);
-    // The document is not rejected, and a link to it has a taxon other than some rejected one: with two
-    // rejected taxa or more every linked document passes.
+    // True when the document is not rejected, and a link to it has a taxon other than some rejected one: with
+    // two or more rejected taxa every linked document passes.
     bool DocIsExportable(std::string_view prefix, std::int32_t documentId);
-    // Some taxon that is not rejected is linked to the comment.
+    // True when a taxon that is not rejected is linked to the comment.
     bool CommentIsExportable(std::int32_t commentId);
 
 private:

@@ -21,7 +21,7 @@ using store::StoreError;
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-// Where the file goes. Anything but a regular file is refused.
+// The real path of the target. Refuses anything but a regular file.
 std::string CheckedTarget(const std::string& target) {
     if (target.empty()) throw StoreError(ErrorNumber::InvalidPath, "There is no file to write.");
     std::string real = RealPath(target);
@@ -32,7 +32,7 @@ std::string CheckedTarget(const std::string& target) {
     return real;
 }
 
-// How every file of an export begins: a tagged record, or the header of a list.
+// True for the beginning of an export: a tagged record, or the header of a list.
 bool BeginsLikeAnExport(std::string_view text) {
     if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
     return text.empty() || text.starts_with("[TU]") || text.starts_with("name");
@@ -43,7 +43,7 @@ std::unique_ptr<TemporaryFile> MakeFile(const std::string& target) {
         [&] { return std::make_unique<TemporaryFile>(target, BeginsLikeAnExport); });
 }
 
-// Passes on what was written so far in blocks, until `take` returns false; false then.
+// Reads what was written so far in blocks; stops and returns false when `take` returns false.
 bool ReadBack(const TemporaryFile& file, std::size_t blockSize,
               const std::function<bool(std::string_view)>& take) {
     std::string block(blockSize, '\0');

@@ -1,10 +1,10 @@
-// The file that an export writes: made beside its target, in one large buffer, and put in its place when it
-// is complete. Until Publish() nothing under the target's name changes; a file that is not published leaves
-// nothing behind, and what a killed run left for the same target is removed.
+// The file that an export writes: created beside its target, written through a large buffer, and moved into
+// place when it is complete. Until Publish() the target does not change; a file that is not published is
+// removed, as are leftovers of killed runs for the same target.
 //
-// It is CP1252 at first. When a text comes that CP1252 cannot hold, what was written becomes UTF-8 with a
-// byte order mark, and the caller goes on in UTF-8; whether such a file is acceptable is for the caller to
-// ask. Every failure is a StoreError, a full disk among them.
+// It is CP1252 at first. For a text that CP1252 cannot hold, what was written is converted to UTF-8 with a
+// byte order mark, and the caller continues in UTF-8; the caller decides whether such a file is acceptable.
+// Every failure, including a full disk, is a StoreError.
 #pragma once
 
 #include <cstddef>
@@ -21,20 +21,20 @@ enum class Encoding { Cp1252, Utf8 };
 
 class ExportFile {
 public:
-    // `target` must not exist or be a regular file; a symbolic link stays a link.
+    // `target` must not exist or must be a regular file; a symbolic link stays a link.
     ExportFile(const std::string& target, Encoding encoding);
 
     Encoding CurrentEncoding() const { return encoding_; }
-    // What has not been written yet, in the current encoding: lines are put together at its end.
+    // The unwritten text in the current encoding. Callers append lines to it.
     std::string& Buffer() { return buffer_; }
-    // After each line: writes the buffer out when it is full.
+    // Call it after each line. Writes the buffer when it is full.
     void LineDone() {
         if (buffer_.size() >= kBufferSize) Flush();
     }
-    // Turns all that was written, buffer included, from CP1252 into UTF-8. `goOn` is called for each block;
-    // where it returns false everything stays as it was, and so does the result. It may be empty.
+    // Converts everything written, including the buffer, from CP1252 to UTF-8. `goOn`, which may be empty, is
+    // called for each block; when it returns false, nothing changes and the result is false.
     bool SwitchToUtf8(const std::function<bool()>& goOn = {});
-    // Writes the rest, makes the file durable, and puts it in the target's place.
+    // Writes the rest, makes the file durable, and replaces the target.
     void Publish();
 
 private:

@@ -125,8 +125,7 @@ void FrmNExport::ReportEnd(ExportKind kind, const ExportResult& result) {
     ReportBreaking(outside_.prompter, result.breaking);
 }
 
-// The findings may be those of an earlier validation, and the error viewer takes its log away. A list is not
-// about them.
+// Offers the log even if its findings are those of an earlier validation, but not after a list.
 void FrmNExport::ReportTotal(ExportKind kind) {
     const std::string total = EndText(state_, kind);
     if (kind == ExportKind::List || !state_.gErrorsOccurred ||

@@ -1,5 +1,5 @@
-// FrmNExport, "Export DataSet": chooses the DataSet, the file, what goes into it and which records, and runs
-// the export. The window over it shows the controls and passes on what the user does.
+// FrmNExport, "Export DataSet": chooses the DataSet, the file, its content and the records, and runs the
+// export.
 #pragma once
 
 #include <string>
@@ -11,8 +11,8 @@ namespace quillon::exporting {
 
 class FrmNExport {
 public:
-    // Loads the form: no export runs, none is canceled, the open DataSet is the one to export. The logs of a
-    // validation go into `workDirectory`, the current one when empty; `marks` is for the error viewer, and
+    // Loads the form, resets the state of a run and selects the open DataSet. The logs of a validation go
+    // into `workDirectory`, or the current directory when it is empty; `marks` is for the error viewer and
     // must outlive the form.
     FrmNExport(ApplicationState& state, store::Engine& engine, Prompter& prompter, EventPump& events,
                const Clock& clock, std::string workDirectory, validation::FindingMarks& marks);
@@ -45,13 +45,13 @@ public:
     void SelectDataSet();
     // The command of cmdExportFile: asks for the file to write.
     void SelectFile();
-    // The file that its dialog offers: the DataSet's name with ".qln" for its last four characters.
+    // The file suggested in its dialog: the DataSet's name with ".qln" for its last four characters.
     std::string OfferedFile() const;
-    // The command of cmdOK; nothing while an export runs.
+    // The command of cmdOK; does nothing while an export runs.
     void RunExport();
-    // The command of cmdCancel: cancels a running export, and closes the form when none runs.
+    // The command of cmdCancel: cancels a running export, or closes the form.
     void Cancel();
-    // The filter that the options and the combo boxes mean.
+    // The filter set by the options and the combo boxes.
     std::string Filter() const;
 
 private:

@@ -79,8 +79,7 @@ ExportResult ExportJob::Run(const ExportOrder& order) {
     return {};
 }
 
-// Neither a DataSet that is open anywhere is written over, least of all the one that is exported, nor a log
-// that the run writes.
+// Refuses to overwrite an open DataSet, the exported one, or a log of the run.
 void ExportJob::RefuseTarget(ExportKind kind) const {
     const std::string& file = state_.gExportFile;
     if (IsSameFile(file, state_.gExportPath) || IsSameFile(file, state_.gDataSetPath))
@@ -135,8 +134,8 @@ bool ExportJob::WriteRecords(const ExportOrder& order, ExportTools& tools) {
     return true;
 }
 
-// The validation compares with the kingdom of the open DataSet, whichever is exported. A DataSet of another
-// kingdom than the preferences' is written whole.
+// The validation uses the kingdom of the open DataSet, whichever DataSet is exported. A DataSet without the
+// preferred kingdom is exported completely.
 bool ExportJob::ValidateForExport() {
     if (state_.gDatabase == nullptr)
         throw ExportError("A DataSet must be open to export for the online system!");

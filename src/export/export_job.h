@@ -1,7 +1,6 @@
-// One export from the opening of the DataSet to the file in its place: what the buttons of the export forms
-// and the command of quillon-batch start. It takes DataSet, file and filter from the run state, reports what
-// keeps it from going on, and asks before a file is written in another code page than CP1252. How it ended is
-// reported by the caller.
+// One export, from opening the DataSet to publishing the file. The export forms and quillon-batch run it. It
+// reads DataSet, file and filter from the state, reports failures, and asks before it writes a file in UTF-8.
+// The caller reports how it ended.
 #pragma once
 
 #include <functional>
@@ -24,56 +23,54 @@ inline constexpr std::string_view kExportComplete = "Export Complete!";
 
 enum class ExportKind {
     DataSet,
-    Online,  // after a validation, and without what it refuses
+    Online,  // after a validation, without rejected records
     List,    // the partial list
 };
 
 struct ExportOrder {
     ExportKind kind = ExportKind::DataSet;
     ListType listType = ListType::Name;  // of a List
-    bool allTaxa = false;                // a List of all taxa, whatever gRecordFilter says
+    bool allTaxa = false;                // a List that ignores gRecordFilter
     Encoding encoding = Encoding::Cp1252;
 };
 
-// In every case but Done the file is as it was before, and nothing is left beside it.
+// In every case but Done the file is unchanged, and no temporary file is left.
 enum class ExportOutcome {
     Done,
     Canceled,
-    Refused,  // it needs UTF-8, and that was declined
+    Refused,  // it needs UTF-8, which was declined
     Failed,   // the reason has been reported
 };
 
 struct ExportResult {
     ExportOutcome outcome = ExportOutcome::Failed;
-    OddValues breaking;  // values that a reader of the file will break on
+    OddValues breaking;  // values that a reader of the file will misread
 };
 
-// How a finished export ends: "A Total of 12 Records were Exported.", and "12 names were written to FILE."
-// for a List.
+// The message at the end of an export: "A Total of 12 Records were Exported.", or "12 names were written to
+// FILE." for a List.
 std::string EndText(const ApplicationState& state, ExportKind kind);
-// Reports values that a reader will break on; nothing when there are none.
+// Reports values that a reader will misread, if any.
 void ReportBreaking(Prompter& prompter, const OddValues& breaking);
 
 class ExportJob {
 public:
-    // The gauge covers validation and export in one sweep. The logs of a validation go into the work
-    // directory.
+    // The gauge covers validation and export together. The logs of a validation go into the work directory.
     ExportJob(ApplicationState& state, store::Engine& engine, validation::ValidationOutside outside);
 
-    // Whether UTF-8 will do where CP1252 cannot hold the values; the prompter is asked when this is not set.
+    // Decides whether to write UTF-8 when CP1252 cannot hold the values; if unset, the user is asked.
     std::function<bool(const OddValues&)> allowUtf8;
-    // Receives each value that CP1252 cannot hold, as it comes; may be empty.
+    // Receives each value that CP1252 cannot hold; may be empty.
     LineWriter::Listener onForeign;
 
-    // Overwrites gExportFile without asking, but never a DataSet that is open. gBatchRunning is set
-    // meanwhile, and gBatchCancel ends the run at the next row. The rejected lists are empty before and
-    // after.
+    // Overwrites gExportFile without asking, but never an open DataSet. Sets gBatchRunning meanwhile;
+    // gBatchCancel ends the run at the next row. Clears the rejected lists before and after.
     ExportResult Run(const ExportOrder& order);
 
 private:
     ExportResult WriteFile(const ExportOrder& order);
     void RefuseTarget(ExportKind kind) const;
-    // False when the validation failed: nothing is known of what it would refuse.
+    // False when the validation failed, because the records to omit are then unknown.
     bool WriteRecords(const ExportOrder& order, ExportTools& tools);
     bool ValidateForExport();
     bool AskUtf8(const OddValues& foreign);

@@ -1,4 +1,4 @@
-// What the export forms share: the lines that show DataSet and file, the names that they complete, and the
+// Common parts of the export forms: the lines that show DataSet and file, the completion of names, and the
 // choice of a list.
 #pragma once
 
@@ -15,9 +15,9 @@ inline constexpr std::string_view kFileLine = "To File: ";
 
 // ".qln" for the last four characters of the path; empty for an empty path.
 std::string WithQln(const std::string& path);
-// The path with `extension` behind it when the file's name, folders aside, holds no full stop.
+// The path with `extension` appended if the file name, without folders, has no full stop.
 std::string WithExtension(const std::string& path, std::string_view extension);
-// The list that the options mean; the name alone when neither is chosen.
+// The list type set by the options; Name when neither is chosen.
 ListType ChosenListType(const OptionControl& optAuthority, const OptionControl& optRank);
 
 }  // namespace quillon::exporting

@@ -59,7 +59,7 @@ void LineWriter::Stamp(std::string_view stored) {
     Text(exchange::WrittenDate(stored, FieldForm::Stamp));
 }
 
-// Eight bytes at a time. The test for bytes below the blank may report too much, never too little.
+// Tests eight bytes at a time. The test for bytes below the blank may have false positives.
 LineWriter::Look LineWriter::LookAt(std::string_view line) {
     Look look;
     std::uint64_t high = 0, low = 0;
@@ -115,8 +115,8 @@ void LineWriter::NoteForeign(std::string_view line) {
     }
 }
 
-// Converts the line at the end of the buffer from UTF-8 to the file's encoding. A line that cannot be
-// converted is removed.
+// Converts the line at the end of the buffer from UTF-8 to the file's encoding. Removes a line that cannot be
+// converted.
 bool LineWriter::Encode() {
     std::string line = out_.substr(start_);
     auto encoded = Utf8ToCp1252(line);

@@ -1,6 +1,6 @@
 // Builds the records of an export, field by field, at the end of the file's buffer, and checks each finished
-// line once: for characters outside the file's code page, and for values that a reader would split. Such
-// values are counted and the first of each kind is kept; nothing is replaced and nothing is escaped.
+// line once: for characters outside the file's code page, and for values that a reader would split. It counts
+// such values and keeps the first of each kind, but replaces and escapes nothing.
 #pragma once
 
 #include <cstdint>
@@ -20,7 +20,7 @@ using exchange::FieldForm;
 using exchange::FieldLayout;
 using exchange::RecordLayout;
 
-// A value that the user should know of.
+// A value to report to the user.
 struct OddValue {
     std::string record;  // its tag and first field: "[TU]12"
     std::string field;   // the column
@@ -37,31 +37,31 @@ struct OddValues {
 
 class LineWriter {
 public:
-    // Receives each value that CP1252 cannot hold, as it comes.
+    // Receives each value that CP1252 cannot hold.
     using Listener = std::function<void(const OddValue&)>;
 
-    // `goOn` is called for each block while the file is converted to UTF-8, and cancels it with false; it may
-    // be empty.
+    // `goOn`, which may be empty, is called for each block while the file is converted to UTF-8; false
+    // cancels.
     LineWriter(ExportFile& file, Listener onForeign, std::function<bool()> goOn = {})
         : file_(file), out_(file.Buffer()), onForeign_(std::move(onForeign)), goOn_(std::move(goOn)) {}
 
-    // The next record. One value a field follows, in the order of the layout, and End.
+    // Begins a record. Then write one value for each field, in the order of the layout, and call End.
     void Begin(const RecordLayout& layout);
     void Text(std::string_view value);
-    void Number(std::int64_t value);  // 0 is written as nothing
+    void Number(std::int64_t value);  // 0 is written as an empty field
     void YesNo(bool value) { Text(exchange::WrittenIndicator(value)); }
     void Empty() { Text({}); }
-    // A stored date in the written form; nothing when it does not have the length of one.
+    // A stored date in written form; an empty field when it does not have the length of a date.
     void Date(std::string_view stored);
     void Stamp(std::string_view stored);
-    // False when the line is not written, because the conversion to UTF-8 that it needed was canceled.
+    // False when the line was not written because the conversion to UTF-8 was canceled.
     bool End();
 
-    // A line of its own, such as the header of a list.
+    // Writes a line that is not a record, such as the header of a list.
     void Header(std::string_view line);
 
     const OddValues& Foreign() const { return foreign_; }    // not in CP1252
-    const OddValues& Breaking() const { return breaking_; }  // with a separator or a line break inside
+    const OddValues& Breaking() const { return breaking_; }  // containing a separator or a line break
 
 private:
     struct Look {

@@ -1,4 +1,5 @@
-// The records that belong to a taxon by its qb_id, and the authors: a row travels only with a selected taxon.
+// The records that belong to a taxon by its qb_id, and the authors. A row is exported only with a selected
+// taxon.
 
 #include "export/tagged_run.h"
 
@@ -12,7 +13,7 @@ std::int32_t Id(const RowStream& rows, std::size_t place) {
     return static_cast<std::int32_t>(rows.Long(place));
 }
 
-// The rows of the record's table whose taxon is selected; `visit` takes its id.
+// Calls `visit` with the taxon's id for the rows of the record's table whose taxon is selected.
 template <typename Visit>
 void ForEachOfTaxa(TaggedRun& run, const RecordLayout& layout, const Visit& visit) {
     RowStream rows(run.tools.database, layout.table, layout.Columns(), run.RowsAmong("qb_id", run.selected));
@@ -31,7 +32,7 @@ void ExportRowsOfTaxa(TaggedRun& run, const RecordLayout& layout) {
     });
 }
 
-// The rows of the record's table whose id, in its first column, is among those met before.
+// Exports the rows of the record's table whose id, the first column, was found before.
 template <typename Exportable>
 void ExportRowsById(TaggedRun& run, const RecordLayout& layout, const IdSet& ids,
                     const Exportable& exportable) {
@@ -65,7 +66,7 @@ void ExportJurisdictions(TaggedRun& run) {
     ExportRowsOfTaxa(run, exchange::kJurisdictionRecord);
 }
 
-// Both taxa must be selected; for the journal one of them, and the other need only be there.
+// Both taxa must be selected. For the journal it is enough that one is selected and the other exists.
 void ExportSynonymLinks(TaggedRun& run) {
     const auto isSelected = [&](std::int32_t synonym, std::int32_t accepted) {
         if (!run.journal) return run.selected.Has(synonym) && run.selected.Has(accepted);
@@ -122,7 +123,7 @@ void ExportTombstones(TaggedRun& run) {
         run.tools.CountRow();
         const RecordLayout& layout = exchange::DeletionRecord(rows.Text(4));
         run.tools.line.Begin(layout);
-        // The keys as they are stored, whatever their form.
+        // Keys are written as stored, whatever their form.
         for (std::size_t i = 0; i < layout.fields.size(); ++i) run.tools.line.Text(rows.Text(i));
         run.EndLine();
     });

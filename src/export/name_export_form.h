@@ -1,5 +1,5 @@
-// ExpType, "Taxonomic Compare Export Type", and FrmTExport, "Export Taxonomy Data to File", which it leads
-// to: the list of names of the open DataSet that the taxonomic compare reads.
+// ExpType, "Taxonomic Compare Export Type", and FrmTExport, "Export Taxonomy Data to File", which it opens:
+// exports the list of names of the open DataSet for the taxonomic compare.
 #pragma once
 
 #include "export/plain_export_form.h"
@@ -8,7 +8,7 @@ namespace quillon::exporting {
 
 class ExpType {
 public:
-    // The choice goes into `exportType`, which must outlive the form.
+    // Stores the choice in `exportType`, which must outlive the form.
     ExpType(ListType& exportType, Prompter& prompter);
 
     Form form{"ExpType"};
@@ -19,7 +19,7 @@ public:
     ButtonControl cmdOK{form, "cmdOK", "&OK"};
     ButtonControl cmdCancel{form, "cmdCancel", "Ca&ncel"};
 
-    // The command of cmdOK: keeps the choice, closes the form, and shows FrmTExport.
+    // The command of cmdOK: stores the choice, closes the form, and shows FrmTExport.
     void Continue();
 
 private:
@@ -27,7 +27,7 @@ private:
     Prompter& prompter_;
 };
 
-// All taxa go into the list, whatever the filter.
+// Exports all taxa, whatever the filter.
 class FrmTExport : public PlainExportForm {
 public:
     // `exportType` is the choice made in ExpType.

@@ -31,7 +31,7 @@ std::size_t PlaceOf(ListType type) {
     return static_cast<std::size_t>(type) - 1;
 }
 
-constexpr std::size_t kUnits = 8, kAuthor = 9, kRank = 10;  // places of the columns behind qb_id
+constexpr std::size_t kUnits = 8, kAuthor = 9, kRank = 10;  // indexes of the columns after qb_id
 
 constexpr std::string_view kColumns =
     "qb_id, unit_ind1, unit_name1, unit_ind2, unit_name2, unit_ind3, unit_name3, unit_ind4, unit_name4, "
@@ -44,7 +44,7 @@ int CountTaxa(store::Database& database, const selection::SelectedTaxa& taxa) {
     return count.Next() ? static_cast<int>(count.Long(0)) : 0;
 }
 
-// The authors' texts one behind the other, so that many of them take little room.
+// The authors' texts, concatenated to save memory.
 class AuthorNames {
 public:
     explicit AuthorNames(ExportTools& tools) : starts_(1) {
@@ -55,7 +55,7 @@ public:
             starts_.push_back(texts_.size());
         }
     }
-    // Empty for an author that there is not.
+    // Empty for an unknown author.
     std::string_view Find(std::int32_t authorId) const {
         const auto place = static_cast<std::size_t>(places_.Find(authorId));
         if (place == 0) return {};
@@ -84,7 +84,7 @@ void BuildName(const RowStream& row, std::string& name) {
         if (!row.Text(unit).empty()) (name += ' ') += row.Text(unit);
 }
 
-// Writes a line for each row that it is given.
+// Writes a line for each row.
 class ListLines {
 public:
     ListLines(ExportTools& tools, ListType type)

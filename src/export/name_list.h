@@ -1,5 +1,6 @@
 // The partial list: a text file of names, for another program or for the taxonomic compare. One header line,
-// then a line a taxon in the order of qb_id: its name, and by the type its author and its rank.
+// then one line for each taxon in the order of qb_id: its name and, depending on the type, its author and its
+// rank.
 #pragma once
 
 #include <string_view>
@@ -15,8 +16,8 @@ enum class ListType {
     NameAuthorRank,
 };
 
-// The taxa are those under `filter`, which has been checked; each line counts in gExportedCount. gBatchCancel
-// ends the list. A type that was not chosen is reported, and the list is empty. Throws StoreError.
+// Lists the taxa under `filter`, which must have been checked; gExportedCount counts the lines. gBatchCancel
+// ends the list. Reports a missing type and writes an empty list. Throws StoreError.
 void WriteNameList(ExportTools& tools, ListType type, std::string_view filter);
 
 }  // namespace quillon::exporting

@@ -1,6 +1,6 @@
-// What FrmDExport and FrmTExport share: the open DataSet goes into a file that is asked for when the form
-// comes up, with a gauge and two buttons. What is written is up to each of them. No command of the main
-// window shows them.
+// The base of FrmDExport and FrmTExport: asks for a file when the form opens, and exports the open DataSet to
+// it, with a gauge and two buttons. The derived forms define what is written. No command of the main window
+// shows them yet.
 #pragma once
 
 #include <string>
@@ -24,11 +24,11 @@ public:
     ButtonControl cmdOK{form, "cmdOK", "&Continue"};
     ButtonControl cmdCancel{form, "cmdCancel", "Ca&ncel"};
 
-    // Asks for the file when the form comes up. Without a name the form closes, and the result is false.
+    // Asks for the file when the form opens. Without a file the form closes and the result is false.
     bool AskFile();
-    // The command of cmdOK; nothing while an export runs.
+    // The command of cmdOK; does nothing while an export runs.
     void Continue();
-    // The command of cmdCancel: cancels a running export, and closes the form when none runs.
+    // The command of cmdCancel: cancels a running export, or closes the form.
     void Cancel();
 
 protected:
@@ -36,7 +36,7 @@ protected:
         std::string_view name, title, dataSetLine;
         std::string_view saveTitle, saveFilter, extension;  // of the dialog that asks for the file
     };
-    // `words` must outlive the form. Logs go into `workDirectory`, the current one when empty.
+    // `words` must outlive the form. Logs go into `workDirectory`, or the current directory when it is empty.
     PlainExportForm(ApplicationState& state, store::Engine& engine, Prompter& prompter, EventPump& events,
                     const Clock& clock, const Words& words, std::string workDirectory = {});
 

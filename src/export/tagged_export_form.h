@@ -1,5 +1,5 @@
-// FrmDExport, "Export DataSet to File": writes the open DataSet as a tagged file under the filter as it
-// stands, with a log of its times.
+// FrmDExport, "Export DataSet to File": writes the open DataSet as a tagged file under the current filter,
+// with a log of its times.
 #pragma once
 
 #include <string>
@@ -11,7 +11,7 @@ namespace quillon::exporting {
 
 class FrmDExport : public PlainExportForm {
 public:
-    // "time.log" goes into `workDirectory`, the current one when empty.
+    // "time.log" goes into `workDirectory`, or the current directory when it is empty.
     FrmDExport(ApplicationState& state, store::Engine& engine, Prompter& prompter, EventPump& events,
                const Clock& clock, std::string workDirectory);
 

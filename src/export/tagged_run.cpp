@@ -8,7 +8,7 @@ namespace quillon::exporting {
 
 namespace {
 
-// So few ids are looked up one by one; with more of them the whole table is read.
+// Up to this many ids are looked up one by one; for more the whole table is read.
 constexpr std::size_t kFewIds = 10000;
 
 }  // namespace

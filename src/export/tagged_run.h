@@ -1,5 +1,5 @@
-// What the sections of one tagged export share: the DataSet, the line writer, the taxa under the filter, what
-// earlier sections have met, and the row loop. WriteTaggedFile makes one for each run.
+// The shared state of the sections of one tagged export: the DataSet, the line writer, the taxa under the
+// filter, ids found by earlier sections, and the row loop. WriteTaggedFile makes one for each run.
 #pragma once
 
 #include <cstdint>
@@ -16,7 +16,7 @@
 
 namespace quillon::exporting {
 
-// What an export runs on; the forms and quillon-batch make it.
+// The objects that an export works with; the forms and quillon-batch make it.
 struct ExportTools {
     ApplicationState& state;
     store::Database& database;
@@ -32,15 +32,15 @@ struct ExportTools {
 struct TaggedRun {
     explicit TaggedRun(ExportTools& exportTools);
 
-    // The loop over the rows of a table: `visit` is run for each until the end or the Cancel.
+    // Calls `visit` for each row of a table until the end or a Cancel.
     template <typename Visit>
     void ForEachRow(store::RowStream& rows, const Visit& visit) {
         while (rows.Next() && tools.turns.Next()) visit();
     }
-    // The rows of a table that a section reads: those with the ids when a filter leaves few of them,
-    // otherwise all.
+    // The rows of a table that a section reads: those with the ids if a filter selects few of them, otherwise
+    // all.
     store::TableRows RowsAmong(std::string_view column, const IdSet& ids) const;
-    // A field as the layout has it.
+    // Writes a field in the form of the layout.
     void AddField(const RecordLayout& layout, const store::RowStream& rows, std::size_t place);
     void WriteRow(const RecordLayout& layout, const store::RowStream& rows);
     void EndLine();
@@ -51,7 +51,7 @@ struct TaggedRun {
     bool filtered = false;  // gRecordFilter is other than "none"
     bool journal = false;
     IdSet existing;  // all taxa
-    IdSet listed;    // the ids of the filter's list, whether there is such a taxon or not
+    IdSet listed;    // the ids of the filter's list, including those without a taxon
     IdSet selected;  // the taxa among them
     IdSet authors;   // of the selected taxa
     DocumentSet documents;
@@ -59,7 +59,7 @@ struct TaggedRun {
     int taxaWritten = 0;
 };
 
-// The sections, in their order.
+// The sections, in the order of the file.
 void ExportTaxa(TaggedRun& run);
 void ExportAuthors(TaggedRun& run);
 void ExportNodc(TaggedRun& run);

@@ -18,8 +18,8 @@ namespace {
 
 using store::RowStream;
 
-// Fills missing parent_tsn from the parents' rows: the only write of an export. Each statement covers few
-// enough taxa for one turn.
+// Fills missing parent_tsn from the parents' rows, the only write of an export. Each statement covers as many
+// taxa as fit into one turn.
 constexpr std::string_view kFillParentTsn =
     "UPDATE qb_taxonomic_units INNER JOIN qb_taxonomic_units AS qb_taxonomic_units_1 "
     "ON qb_taxonomic_units.parent_qb_id = qb_taxonomic_units_1.qb_id "
@@ -32,7 +32,7 @@ constexpr std::string_view kCutReason = "syn-original combina";
 constexpr std::string_view kWholeReason = "syn-original combination";
 
 // All taxa, read once before any is written: their ids, the root, and those whose parent_tsn can be filled
-// in. A read-only DataSet is exported as long as there are none of those.
+// in. A read-only DataSet can be exported if there are none of the latter.
 class AllTaxa {
 public:
     explicit AllTaxa(TaggedRun& run) {
@@ -41,7 +41,7 @@ public:
         while (rows.Next() && run.tools.turns.Next()) Add(rows, run.existing);
     }
 
-    // The first taxon of the kingdom's rank; nothing when there is none.
+    // The first taxon of the kingdom's rank; empty when there is none.
     std::optional<std::int32_t> Root() const { return root_; }
 
     void FillParentTsn(ExportTools& tools) const {
@@ -106,7 +106,7 @@ public:
     }
 
 private:
-    // The authority's id of the author has no column of its own: the author is read there once more.
+    // The authority's id of the author has no column, so the author's column is read twice.
     static std::vector<std::string_view> Columns() {
         std::vector<std::string_view> columns = exchange::kTaxonRecord.Columns();
         columns[exchange::taxon_field::kAuthorityAuthor] = "qb_taxon_author_id";

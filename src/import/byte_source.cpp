@@ -14,7 +14,7 @@ FileSource::FileSource(const std::string& path, std::FILE* file) : path_(path), 
     if (fstat(fileno(file_.get()), &info) != 0 || !S_ISREG(info.st_mode))
         throw ReadError("File " + path + " cannot be read!");
     size_ = info.st_size;
-    // The line reader takes large blocks; a buffer between them and the file would only copy.
+    // The line reader reads large blocks, so a buffer would only add a copy.
     std::setvbuf(file_.get(), nullptr, _IONBF, 0);
     Rewind();
 }

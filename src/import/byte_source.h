@@ -1,5 +1,5 @@
-// Where an import reads its bytes: a file, or memory for tests and fuzzing. A pipe or device is read to its
-// end first (spooled_source.h). Nothing here knows of lines or text.
+// The bytes that an import reads: from a file, or from memory for tests and fuzzing. A pipe or device is
+// copied to a file first (spooled_source.h).
 #pragma once
 
 #include <cstddef>
@@ -12,7 +12,7 @@
 
 namespace quillon::importing {
 
-// The source cannot be read; what() is a sentence for the user.
+// Thrown when the source cannot be read; what() is a sentence for the user.
 class ReadError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
@@ -20,17 +20,17 @@ class ReadError : public std::runtime_error {
 class ByteSource {
 public:
     virtual ~ByteSource() = default;
-    // Fills up to `size` bytes and returns how many; 0 only at the end. Throws ReadError.
+    // Reads up to `size` bytes and returns their number; 0 only at the end. Throws ReadError.
     virtual std::size_t Read(char* buffer, std::size_t size) = 0;
-    // Back to the first byte. Throws ReadError.
+    // Goes back to the first byte. Throws ReadError.
     virtual void Rewind() = 0;
-    // All bytes of the source.
+    // The number of bytes.
     virtual std::int64_t Size() const = 0;
 };
 
 class FileSource : public ByteSource {
 public:
-    // Throws ReadError when the file cannot be opened or is no plain file.
+    // Throws ReadError when the file cannot be opened or is not a regular file.
     explicit FileSource(const std::string& path);
     // Takes over an open file, which `path` names in messages.
     FileSource(const std::string& path, std::FILE* file);

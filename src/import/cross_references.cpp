@@ -19,7 +19,7 @@ constexpr std::string_view kFillVernacularNames =
     "(SELECT v.vernacular_name FROM qb_vernaculars AS v WHERE v.qb_vern_id = qb_vern_ref_links.qb_vern_id) "
     "WHERE vernacular_name IS NULL";
 
-// The authors and parents of the rows that this import made; rows that were there before keep theirs.
+// Rewrites authors and parents of the rows of this import; earlier rows keep theirs.
 constexpr std::string_view kRewriteTaxa =
     "UPDATE qb_taxonomic_units SET "
     "qb_taxon_author_id = import_author(qb_taxon_author_id), "
@@ -51,7 +51,7 @@ std::optional<std::int64_t> NewParent(const IdMaps& maps, std::int64_t qb_id) {
     return maps.taxa[place].parent_qb_id;
 }
 
-// The maps as functions of the store's SQL, for the length of one statement.
+// Registers the maps as SQL functions for one statement.
 class MapFunctions {
 public:
     MapFunctions(store::Database& database, const IdMaps& maps) : database_(database) {
@@ -65,13 +65,13 @@ public:
         });
     }
     ~MapFunctions() {
-        // The functions outlive the maps; left behind, they must not look into them.
+        // The functions outlive the maps and must not use them afterwards.
         for (const std::string_view name : {"import_author", "import_parent", "import_has_taxon"}) {
             try {
                 store::RegisterMapFunction(database_, name,
                                            [](std::int64_t) { return std::optional<std::int64_t>(); });
             } catch (const std::exception&) {
-                // The handle is gone, and the function with it; or memory is short, and nothing calls it
+                // The handle is closed, and the function with it; or memory is short, and nothing calls it
                 // again.
                 continue;
             }
@@ -97,7 +97,7 @@ void CrossReferences::ResolveCrossReferences() {
     stage_("Resolving parents and authors");
     ResolveParents();
     RewriteTaxa();
-    // From here on rows are looked up by other than their keys.
+    // From here on rows are also looked up by other columns than keys.
     stage_("Building indexes");
     load_.BuildIndexes();
     MoveChildrenOfKingdoms();
@@ -131,7 +131,7 @@ void CrossReferences::RewriteTaxa() {
                          std::string(kRewriteTaxa) + std::to_string(first) + " AND " + std::to_string(last));
 }
 
-// The children of a Kingdom record that was replaced are those of the new one.
+// Moves the children of a replaced Kingdom record to the new one.
 void CrossReferences::MoveChildrenOfKingdoms() {
     for (const std::int32_t qb_id : run_.replacedKingdoms) {
         TakeTurn(turns_);
@@ -141,8 +141,8 @@ void CrossReferences::MoveChildrenOfKingdoms() {
     }
 }
 
-// A new id may be the file's id of another link of the same taxon. So that no link ever takes the key of
-// another, the ids of a taxon with several open links pass through numbers that files do not have.
+// A new id may equal the file's id of another link of the same taxon. To avoid duplicate keys, a taxon with
+// several open links first gets temporary ids that files cannot have.
 void CrossReferences::ResolveSynonymLinks() {
     std::vector<OpenSynonymLink>& links = run_.openSynonyms;
     std::sort(links.begin(), links.end(), [](const OpenSynonymLink& left, const OpenSynonymLink& right) {
@@ -164,12 +164,12 @@ void CrossReferences::ResolveSynonymLinks() {
     for (const AcceptedId& id : found) {
         TakeTurn(turns_);
         if (SetAccepted(id.link->qb_id, id.from, id.to) || id.from == id.link->qb_id_accepted) continue;
-        // Another link of the taxon leads there already.
+        // The taxon already has this link.
         SetAccepted(id.link->qb_id, id.from, id.link->qb_id_accepted);
     }
 }
 
-// -1 for an id that the file does not hold, which is reported. Each finding names the id that the link lacks.
+// Reports an id that is not in the file and returns -1. Each finding names the missing id.
 std::int32_t CrossReferences::FindAccepted(const OpenSynonymLink& link) {
     const bool hasId = link.qb_id_accepted != -1;
     const std::int32_t accepted = run_.maps.MapTaxonId(hasId ? link.qb_id_accepted : link.tsn_accepted);

@@ -1,5 +1,5 @@
-// The closing pass of a tagged import: turns the file's ids of parents, authors and accepted names into ids
-// of this DataSet, and removes and reports what the file left unmatched. Called once, after the last line.
+// The closing pass of a tagged import: maps the file's ids of parents, authors and accepted names to ids of
+// this DataSet, and removes and reports unmatched records. Called once, after the last line.
 //
 // It takes a turn at each row and within each long statement.
 #pragma once
@@ -18,19 +18,19 @@ namespace quillon::importing {
 
 class CrossReferences {
 public:
-    // Takes the name of the stage that begins.
+    // Receives the name of the stage that begins.
     using Stage = std::function<void(std::string_view)>;
 
     CrossReferences(ImportRun& run, store::BulkLoad& load, Turns& turns, Stage stage)
         : run_(run), load_(load), turns_(turns), stage_(std::move(stage)) {}
 
     // Fills in the vernacular names that links lack, and then resolves. Throws StoreError when a table cannot
-    // be walked or rewritten; a failed deletion or link is reported, and the pass goes on.
+    // be read or rewritten; a failed deletion or link is reported, and the pass continues.
     void FillVernacularNames();
     void ResolveCrossReferences();
 
 private:
-    // The id that a synonym link gets, and the one that it has meanwhile.
+    // The new id of a synonym link, and its temporary id.
     struct AcceptedId {
         const OpenSynonymLink* link;
         std::int32_t from, to;

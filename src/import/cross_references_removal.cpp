@@ -1,4 +1,4 @@
-// What stayed unmatched is reported and removed: taxa, comments, documents and change tracks.
+// Reports and removes unmatched taxa, comments, documents and change tracks.
 #include <string>
 
 #include "import/cross_references.h"
@@ -29,7 +29,7 @@ void CrossReferences::RemoveUnlinkedDocuments() {
     RemoveUnlinked(run_.maps.otherSources, kOtherSources);
 }
 
-// The key as the file has it; 0 for no taxon.
+// The key in the file; 0 for no taxon.
 std::string CrossReferences::TaxonKey(RowPlace taxon) const {
     return taxon == kNoRow ? "0" : std::to_string(run_.maps.taxa[taxon].key);
 }

@@ -1,10 +1,9 @@
 // The maps from the ids of a tagged file to the ids of this DataSet, one for each kind of record.
 //
 // Rows are appended as ids are first seen and keep that order. A look-up returns the first row with the key,
-// as a search from the first row would, and costs the same however many rows there are. A million taxa take
-// some 40 MB.
+// in constant time. A million taxa take some 40 MB.
 //
-// A row's new id is reserved when its key is first seen. The record itself is stored when its own line comes;
+// A row's new id is reserved when its key is first seen. The record is stored when its own line is read;
 // until then, or when its line could not be stored, the id stands for a placeholder, which is written only in
 // the closing pass.
 #pragma once
@@ -25,7 +24,7 @@ namespace quillon::importing {
 using RowPlace = std::uint32_t;
 inline constexpr RowPlace kNoRow = std::numeric_limits<RowPlace>::max();
 
-// Rows with a member `key`, found by it. Open addressing over the rows' places.
+// Rows with a member `key`, hashed by it. Open addressing over row indexes.
 template <typename Row>
 class KeyedRows {
 public:
@@ -41,7 +40,7 @@ public:
     // The first row with the key, or kNoRow.
     RowPlace Find(std::int32_t key) const { return slots_.empty() ? kNoRow : slots_[SlotOf(key)]; }
 
-    // A row whose key is there already is kept, but never found.
+    // A row with a duplicate key is kept but never found.
     RowPlace Append(const Row& row) {
         if ((rows_.size() + 1) * 4 > slots_.size() * 3) Grow();
         const auto place = static_cast<RowPlace>(rows_.size());
@@ -52,8 +51,8 @@ public:
     }
 
 private:
-    // The slot that holds the key's row, or the empty one where it would go. Sixteen ids in a row are
-    // neighbours: files give ids in order, and what lies together is in the processor's cache together.
+    // The slot of the key's row, or the empty slot for it. Sixteen consecutive ids are adjacent: files list
+    // ids in order, so adjacent slots are in the processor's cache.
     std::size_t SlotOf(std::int32_t key) const {
         const auto id = static_cast<std::uint32_t>(key);
         const std::size_t mask = slots_.size() - 1;
@@ -71,26 +70,26 @@ private:
     }
 
     std::vector<Row> rows_;
-    std::vector<RowPlace> slots_;  // a power of two
+    std::vector<RowPlace> slots_;  // the size is a power of two
 };
 
-// What the DataSet holds under the new id of a row.
+// What is stored under the new id of a row.
 enum class Stored : std::uint8_t {
-    Placeholder,  // nothing yet
+    Placeholder,  // nothing stored yet
     Own,          // the record of its own line
-    Gone,         // the record was stored, and deleted by a Kingdom record
+    Gone,         // the record was stored, and then deleted by a Kingdom record
 };
 
 struct TaxonRow {
     std::int32_t key = 0;
     std::int32_t newId = 0;
-    // -1 each for a taxon known only from a reference.
+    // Both are -1 for a taxon known only from a reference.
     std::int32_t parent_tsn = -1;
     std::int32_t parent_qb_id = -1;
     std::int32_t author = -1;
     std::int32_t hybrid_author_id = -1;
     Stored stored = Stored::Placeholder;
-    bool isOwnParent = false;   // a Kingdom record: its parent is no id of the file
+    bool isOwnParent = false;   // a Kingdom record, whose parent is not an id of the file
     bool isKingdomRow = false;  // the next Kingdom record of the file replaces the stored row
 
     bool KnownOnlyFromReferences() const {
@@ -111,8 +110,7 @@ struct LinkedRow {
 struct TrackRow {
     std::int32_t key = 0;
     std::int32_t newId = 0;
-    std::int32_t qb_id =
-        0;  // of the placeholder, which the record keeps; 0 when a line without a taxon made it
+    std::int32_t qb_id = 0;   // of the placeholder, kept by the record; 0 when made by a line without a taxon
     RowPlace taxon = kNoRow;  // of the last [CT] line
     bool commentSeen = false;
     bool operationSeen = false;
@@ -135,10 +133,10 @@ struct AuthorRow {
     std::int32_t newId = 0;
 };
 
-// The first author row of the DataSet with a text, compared by character code.
+// Finds the first author of the DataSet with a text, compared by character code.
 class AuthorTexts {
 public:
-    // Keeps the first id that a text comes with; an empty text has none.
+    // Keeps the first id of each text; ignores an empty text.
     void Add(std::string_view text, std::int32_t id);
     // 0 when there is none.
     std::int32_t Find(std::string_view text) const;
@@ -156,7 +154,7 @@ struct IdMaps {
 
     // The new id, or -1 when the key is unknown.
     std::int32_t MapTaxonId(std::int32_t key) const;
-    // The taxon with this new id, or kNoRow. New ids grow with the places.
+    // The taxon with this new id, or kNoRow. New ids are in row order.
     RowPlace FindTaxonByNewId(std::int64_t newId) const;
 };
 

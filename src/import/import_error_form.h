@@ -1,5 +1,5 @@
-// FrmIError, "Import Error Log": shows "import.err", saves it under another name, and removes it when it
-// closes.
+// FrmIError, "Import Error Log": shows "import.err", saves it under another name, and removes it when the
+// form closes.
 #pragma once
 
 #include <string>
@@ -10,7 +10,7 @@ namespace quillon::importing {
 
 class FrmIError : public LogForm {
 public:
-    // Shows the log in `workDirectory`, the current one when empty.
+    // Shows the log in `workDirectory`, or in the current directory when it is empty.
     FrmIError(const ApplicationState& state, Prompter& prompter, const std::string& workDirectory);
 
     TextControl txtError{form, "txtError"};

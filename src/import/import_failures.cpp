@@ -8,7 +8,7 @@ namespace quillon::importing {
 
 namespace {
 
-// What is kept of a line, in characters.
+// The number of characters kept of a line.
 constexpr std::size_t kHeadOfLine = 200;
 
 }  // namespace

@@ -1,5 +1,5 @@
-// What an import could not store, with the line of the file. A failure never ends an import; the failures are
-// shown in one list at its end instead of a message box each.
+// Records that an import could not store, with the line of the file. A failure never ends an import; all
+// failures are shown in one list at its end, not in a message box each.
 #pragma once
 
 #include <cstdint>
@@ -22,7 +22,7 @@ struct Failure {
 
 using FailureSink = std::function<void(const Failure&)>;
 
-// Where an import hands what it has to say; each is called as it comes up.
+// Receives the findings and failures of an import as they occur.
 struct ImportSinks {
     FindingSink finding;
     FailureSink failure;
@@ -31,16 +31,16 @@ struct ImportSinks {
 // "Failed ... (line 12: [TU]...)"; the sentence alone in the closing pass.
 std::string TextOf(const Failure& failure);
 
-// Takes the messages of the procedures that an import calls as failures of the line at hand. Nothing is
-// shown, and nothing can be asked.
+// Records messages of procedures called by an import as failures of the current line. It shows nothing and
+// cannot ask.
 class FailurePrompter : public Prompter {
 public:
     FailurePrompter(const ApplicationState& state, FailureSink sink);
 
-    // The line must live until the next call.
+    // The line must stay valid until the next call.
     void SetLine(std::int64_t number, std::string_view line);
     using Prompter::Message;
-    // Ignored once the user has cancelled: statements that the Cancel interrupts are no failures.
+    // Ignored after a Cancel: an interrupted statement is not a failure.
     void Message(std::string_view text, std::string_view title) override;
     bool AskYesNo(std::string_view, std::string_view) override { return false; }
     std::optional<std::string> FileToOpen(std::string_view, std::string_view) override { return {}; }

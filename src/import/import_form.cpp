@@ -23,7 +23,7 @@ constexpr std::string_view kExistingQuestion =
     "the existing Kingdom record will be deleted \r"
     "from the DataSet. Continue?";
 
-// A file can fail line by line; nobody reads more than this.
+// Every line of a file can fail, so the list is limited.
 constexpr std::size_t kMostListed = 10'000;
 
 }  // namespace
@@ -98,7 +98,7 @@ void FrmImport::ImportFile(const std::string& path) {
     ShowFailures(failures);
 }
 
-// The form stays, so that they can be read.
+// Shows the failures and keeps the form open.
 void FrmImport::ShowFailures(const std::vector<std::string>& failures) {
     for (const std::string& failure : failures) lstFailures.AddItem(failure);
     lstFailures.SetVisible(true);
@@ -116,7 +116,7 @@ void FrmImport::ReportEnd(const ImportResult& result) {
     ReportErrors(result);
 }
 
-// Without findings there is no log to offer.
+// Offers the log only when there are findings.
 void FrmImport::ReportErrors(const ImportResult& result) {
     if (result.completed && !result.findings) return prompter_.Message(kCompleteWithFailures);
     const std::string_view question = result.completed ? kCompleteWithErrors : kNotCompleted;

@@ -1,6 +1,6 @@
 // FrmImport, "Import Data File", and the command that shows it. The form asks for a file, runs the import,
-// and reports how it ended. Records that could not be stored are listed in it; the form then stays until the
-// user closes it.
+// and reports how it ended. It lists records that could not be stored, and then stays open until the user
+// closes it.
 #pragma once
 
 #include <functional>
@@ -18,15 +18,15 @@ namespace quillon::importing {
 
 class FrmImport {
 public:
-    // Loads the form: no import runs, none is canceled. The log goes into `workDirectory`, the current one
-    // when empty.
+    // Loads the form and resets the state of a run. The log goes into `workDirectory`, or the current
+    // directory when it is empty.
     FrmImport(ApplicationState& state, store::Engine& engine, Prompter& prompter, EventPump& events,
               std::string workDirectory);
 
     Form form{"FrmImport"};
     LabelControl lblImport{form, "lblImport", "Import a File into the Quillon"};
     LabelControl fraFormat{form, "fraFormat", "Import Format"};
-    // Files of this format cannot be read yet, so it cannot be chosen.
+    // Disabled, because files of this format cannot be read yet.
     OptionControl OptAscii{form, "OptAscii", "Format", "Standard ORVA Import Format"};
     OptionControl OptORVA{form, "OptORVA", "Format", "ORVA Online (Download from Online System) Format"};
     LabelControl lblDelimiter{form, "lblDelimiter", "Delimiter"};
@@ -34,14 +34,14 @@ public:
     LabelControl lblEnclosure{form, "lblEnclosure", "Enclosure"};
     ComboControl cboEnclosure{form, "cboEnclosure"};
     GaugeControl Gauge1{form, "Gauge1"};
-    LabelControl lblStage{form, "lblStage"};       // what the closing pass does
-    ListControl lstFailures{form, "lstFailures"};  // shown when there are any
+    LabelControl lblStage{form, "lblStage"};       // the stage of the closing pass
+    ListControl lstFailures{form, "lstFailures"};  // visible only when there are failures
     ButtonControl cmdOK{form, "cmdOK", "&OK"};
     ButtonControl cmdCancel{form, "cmdCancel", "Ca&ncel"};
 
-    // The command of cmdOK; nothing while an import runs.
+    // The command of cmdOK; does nothing while an import runs.
     void RunImport();
-    // The command of cmdCancel: ends a running import, and closes the form when none runs.
+    // The command of cmdCancel: cancels a running import, or closes the form.
     void Cancel();
 
 private:
@@ -56,17 +56,17 @@ private:
     Prompter& prompter_;
     EventPump& events_;
     std::string workDirectory_;
-    bool finished_ = false;  // an import ended, and the form shows its failures
+    bool finished_ = false;  // an import has ended and the form shows its failures
 };
 
 enum class ImportOutcome {
     NotStarted,
     Canceled,
-    Done,  // the explorer and the list show other taxa now
+    Done,  // the explorer and the list must be rebuilt
 };
 
-// The question before an import into a DataSet that holds more than its first rows; true when the import may
-// run. Nothing is asked while gDataSetIsNew is set.
+// Asks before an import into a DataSet with more than its first rows; true when the import may run. Does not
+// ask while gDataSetIsNew is set.
 bool MayImport(const ApplicationState& state, Prompter& prompter);
 
 // The command File, Import: its refusals and questions, and FrmImport. `stays` asks about an unsaved record

@@ -1,7 +1,7 @@
-// The findings of an import, and the log that people read.
+// The findings of an import, and their log.
 //
-// A finding is data: a sentence, and the line of the file that it is about. Handlers hand findings to a sink;
-// "import.err" is one, a test's list another. Nothing is kept in memory.
+// A finding is a sentence and the line of the file that it is about. Handlers pass findings to a sink:
+// "import.err", or a list in tests. Nothing is kept in memory.
 #pragma once
 
 #include <functional>
@@ -17,7 +17,7 @@ inline constexpr std::string_view kLogName = "import.err";
 
 struct Finding {
     std::string sentence;
-    std::string line;  // UTF-8; empty for a finding of the closing pass, which is about no line
+    std::string line;  // UTF-8; empty for a finding of the closing pass
     bool operator==(const Finding&) const = default;
 };
 
@@ -27,15 +27,15 @@ using FindingSink = std::function<void(const Finding&)>;
 // the line.
 class ImportLog {
 public:
-    // `directory` may be empty for the current one. Never replaces one of the files that the import uses, nor
-    // a pipe or a device. Failure() has the reason when there is no log.
+    // `directory` may be empty for the current one. Never overwrites a file that the import uses, a pipe or a
+    // device. Failure() returns the reason when there is no log.
     ImportLog(const std::string& directory, const std::vector<std::string>& inUse);
 
     const std::string& Path() const { return file_.Path(); }
-    // The first failure; empty as long as all went well.
+    // The first failure; empty when there is none.
     const std::string& Failure() const { return file_.Failure(); }
     void Write(const Finding& finding);
-    // False when not all of it could be written.
+    // False when not everything could be written.
     bool Close() { return file_.Close(); }
 
 private:

@@ -101,7 +101,7 @@ RowPlace ImportRun::SeeTaxon(std::int32_t key) {
 }
 
 void ImportRun::ReportFailure(const store::StoreError& error) {
-    // A statement that the Cancel interrupted has not failed.
+    // A statement interrupted by a Cancel has not failed.
     if (state.gBatchCancel) throw ImportCanceled();
     if (ConcernsTheFile(error)) throw;
     failures_.Message("Failed " + error.Description(), {});
@@ -133,7 +133,7 @@ void ImportRun::ReplaceKingdomRows(RowPlace kingdom) {
 
 void ImportRun::NoteKingdomRow(RowPlace taxon, std::string_view usage, std::int32_t rank_id) {
     TaxonRow& row = maps.taxa[taxon];
-    // As the statement that deletes them compares: a rank of 0 is stored as Null and equals none.
+    // Compares like the statement that deletes them: a rank of 0 is stored as Null and equals nothing.
     const bool isOne =
         rank_id != 0 && rank_id == kingdomRank && (EqualText(usage, "valid") || EqualText(usage, "accepted"));
     if (isOne == row.isKingdomRow) return;

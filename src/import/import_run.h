@@ -1,7 +1,7 @@
-// What the record handlers and the closing pass of one tagged import share: the maps, the writers, the
-// findings and failures.
+// The shared state of the record handlers and the closing pass of one tagged import: the maps, the writers,
+// the findings and failures.
 //
-// It lives as long as the import of one file. Nothing here reads the file or knows a tag.
+// It exists for the import of one file. Nothing here reads the file.
 #pragma once
 
 #include <cstdint>
@@ -25,8 +25,8 @@
 
 namespace quillon::importing {
 
-// The AutoNumber of a table whose rows are stored at once. A row that could not be stored leaves its number
-// to the next.
+// The next AutoNumber of a table whose rows are stored at once. If a row cannot be stored, its number is used
+// for the next.
 class NextNumber {
 public:
     NextNumber(store::BulkLoad& load, std::string_view table) : load_(load), table_(table) {}
@@ -39,7 +39,7 @@ private:
     std::int32_t number_ = 0;
 };
 
-// A stored synonym link whose accepted id is still the file's, or -1 while only the accepted tsn is known.
+// A stored synonym link with the file's accepted id, or -1 when only the accepted tsn is known.
 struct OpenSynonymLink {
     std::int32_t qb_id = 0;
     std::int32_t qb_id_accepted = 0;
@@ -54,18 +54,18 @@ public:
 
     store::Database& Db() const { return database_; }
 
-    // Of the line that the handlers work on, for failures; 0 in the closing pass.
+    // Sets the current line, for failures; 0 in the closing pass.
     void SetLine(std::int64_t number, std::string_view line);
-    // The line has fields that its tag does not know.
+    // Notes that the line has more fields than its record.
     void NoteMoreFields() { moreFields_.Note(line_); }
     const OddLines& WithMoreFields() const { return moreFields_; }
-    // Marks the import error. A finding of the closing pass has no line.
+    // Reports a finding. A finding of the closing pass has no line.
     void Report(std::string sentence, std::string_view line = {});
     bool ImportError() const { return importError_; }
 
-    // The row of the taxon with this key; a new one with -1 for parent and authors when the key is new.
+    // The row of the taxon with this key. A new key gets a new row with -1 for parent and authors.
     RowPlace SeeTaxon(std::int32_t key);
-    // The row of the key in a map whose records go to `table`; a new one when the key is new.
+    // The row of the key in a map whose records are stored in `table`. A new key gets a new row.
     template <typename Row>
     Row& See(KeyedRows<Row>& rows, std::string_view table, std::int32_t key) {
         RowPlace place = rows.Find(key);
@@ -73,12 +73,12 @@ public:
         return rows[place];
     }
 
-    // Stores the writer's row. A failure is reported and false returned; but a failure of the disk or the
-    // file, after which no line could be stored, passes through as StoreError.
+    // Stores the writer's row. Reports a failure and returns false; throws StoreError for a failure of the
+    // disk or the file, after which no line can be stored.
     bool Store(store::RowWriter& writer);
-    // The same for the row of a placeholder: a record stored there already is overwritten.
+    // The same for a reserved id: overwrites a record already stored under it.
     bool StoreOwn(store::RowWriter& writer, Stored& stored);
-    // Runs `action` with the same border for errors.
+    // Runs `action` with the same treatment of errors.
     template <typename Action>
     bool Guarded(const Action& action) {
         try {
@@ -90,9 +90,9 @@ public:
         }
     }
 
-    // Deletes the Kingdom records of the DataSet, for that of `kingdom` to take their place.
+    // Deletes the Kingdom records of the DataSet, which that of `kingdom` replaces.
     void ReplaceKingdomRows(RowPlace kingdom);
-    // Notes whether the row just stored for the taxon is such a record.
+    // Notes whether the row just stored for the taxon is a Kingdom record.
     void NoteKingdomRow(RowPlace taxon, std::string_view usage, std::int32_t rank_id);
 
     ApplicationState& state;
@@ -107,7 +107,7 @@ public:
     KingdomFamily family = KingdomFamily::Animal;  // of the run
     std::int32_t kingdomRank = 0;
     std::vector<std::int32_t> replacedKingdoms;  // their ids
-    std::int32_t newKingdom = 0;                 // the id of the last one that came; 0 for none
+    std::int32_t newKingdom = 0;                 // the id of the last one read; 0 for none
 
 private:
     template <typename Row>

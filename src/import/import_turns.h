@@ -1,13 +1,13 @@
-// How the stages of an import take turns: a Cancel unwinds them all, from whatever loop it is heard in.
+// The turns of the stages of an import. A Cancel at any turn throws, which unwinds them all.
 //
-// Everything in this folder that may take long takes turns, so that no stage is deaf to the user.
+// Every loop in this folder that may take long takes turns.
 #pragma once
 
 #include "core/turns.h"
 
 namespace quillon::importing {
 
-// Thrown at the turn that hears the Cancel. TaggedImport catches it; it never leaves the folder.
+// Thrown at the first turn after a Cancel. TaggedImport catches it; it never leaves the folder.
 struct ImportCanceled {};
 
 inline void TakeTurn(Turns& turns) {

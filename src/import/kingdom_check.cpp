@@ -20,7 +20,7 @@ struct Kingdom {
     std::string name;
 };
 
-// 0 for a line of another tag, one that ends before the field, and one that leaves it empty.
+// 0 for a line of another tag, or when the field is missing or empty.
 std::int32_t KingdomOfLine(std::string_view line) {
     const std::string_view tag = exchange::kTaxonRecord.tag;
     if (exchange::TagOfLine(line) != tag) return 0;

@@ -9,9 +9,9 @@
 
 namespace quillon::importing {
 
-// The message that refuses the file; "" when its kingdom is the DataSet's, or when one of them names none.
-// The kingdom of a file is that of its first [TU] line that has a kingdom_id. Reads up to that line and goes
-// back to the beginning. Throws ReadError, StoreError and ImportCanceled.
+// The message that refuses the file; "" when its kingdom is the DataSet's, or when either is unknown. The
+// kingdom of a file is that of its first [TU] line that has a kingdom_id. Reads up to that line and goes back
+// to the beginning. Throws ReadError, StoreError and ImportCanceled.
 std::string KingdomRefusal(ByteSource& source, store::Database& database, Turns& turns);
 
 }  // namespace quillon::importing

@@ -12,7 +12,7 @@ namespace quillon::importing {
 namespace {
 
 constexpr std::size_t kBlock = std::size_t{1024} * 1024;
-// Enough for the head of a long line, whatever its characters are.
+// Enough bytes for the head of a long line.
 constexpr std::size_t kHeadBytes = 4 * kHeadOfLongLine + 4;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
@@ -86,7 +86,7 @@ bool LineReader::TakeByteOrderMark() {
     return position_ < size_;
 }
 
-// The place of the LF, or of the CR, that ends the line, in the block.
+// The position in the block of the LF or CR that ends the line.
 std::size_t LineReader::FindEnd() const {
     const char last = lineEnd_ == LineEnd::Return ? '\r' : '\n';
     for (std::size_t from = position_; from < size_;) {
@@ -105,7 +105,7 @@ void LineReader::Hold(std::string_view part) {
     if (part.empty()) return;
     heldLength_ += part.size();
     lastHeld_ = part.back();
-    // One byte more than the longest line: it may be the CR of the line end.
+    // One byte more than the longest line, for the CR of the line end.
     if (heldLength_ <= kLongestLine + 1) {
         held_.append(part);
         return;
@@ -143,12 +143,12 @@ LineReader::Kind LineReader::Next() {
     }
 }
 
-// The bytes as UTF-8, in their place or in converted_.
+// The bytes as UTF-8, in place or in converted_.
 std::string_view LineReader::Converted(std::string_view bytes, bool tooLong) {
     if (utf8_) {
         const bool valid = IsValidUtf8(bytes);
         if (valid && !tooLong) return bytes;
-        // The head of a line may end within a character.
+        // The head of a long line may end within a character.
         if (!tooLong) notUtf8_.Note(number_);
         converted_ = RepairUtf8(bytes);
         return converted_;
@@ -159,7 +159,7 @@ std::string_view LineReader::Converted(std::string_view bytes, bool tooLong) {
     return converted_;
 }
 
-// `bytes` is the line, perhaps with its CR, or the head of a line that is too long.
+// `bytes` is the line, possibly with its CR, or the head of a line that is too long.
 LineReader::Kind LineReader::Give(std::string_view bytes, std::size_t length) {
     bytesRead_ += static_cast<std::int64_t>(length);
     ++number_;

@@ -1,10 +1,10 @@
-// The lines of an exchange file as UTF-8 text, read in blocks so that neither a large file nor a monstrous
-// line fills the memory.
+// Reads the lines of an exchange file as UTF-8, in blocks, so that memory is bounded for any file and any
+// line.
 //
-// A line ends at CR LF; a lone CR or LF is an ordinary character, and so is NUL. Only in a file that holds no
-// CR LF at all does LF end a line, and only in one that holds no LF either does CR. A file that begins with
-// the UTF-8 byte order mark is UTF-8, and bytes in it that belong to no character are read as CP1252; any
-// other file is CP1252. The last line needs no line end.
+// A line ends at CR LF; a lone CR, a lone LF and NUL are ordinary characters. In a file without CR LF, lines
+// end at LF; in a file without LF, at CR. A file that begins with the UTF-8 byte order mark is UTF-8, and
+// bytes in it that belong to no character are read as CP1252; any other file is CP1252. The last line needs
+// no line end.
 #pragma once
 
 #include <cstdint>
@@ -17,12 +17,12 @@
 
 namespace quillon::importing {
 
-// Longer lines, in bytes of the file without the line end, are passed over.
+// Longer lines are skipped. In bytes of the file, without the line end.
 inline constexpr std::size_t kLongestLine = std::size_t{16} * 1024 * 1024;
-// What is kept of a line that is passed over, in characters.
+// The number of characters kept of a skipped line.
 inline constexpr std::size_t kHeadOfLongLine = 200;
 
-// How many lines are odd in one way, and the first of them.
+// The number of lines with some peculiarity, and the first of them.
 struct OddLines {
     std::int64_t count = 0;
     std::int64_t first = 0;
@@ -36,22 +36,22 @@ class LineReader {
 public:
     enum class Kind {
         Line,
-        TooLong,  // the text is the head of a line that was passed over
+        TooLong,  // the text is the head of a skipped line
         End,
     };
 
-    // Looks through the source for its kind of line end. Throws ReadError, as Next() does. `turn` is called
-    // at each block.
+    // Reads the source to find its kind of line end. Throws ReadError, like Next(). `turn` is called for each
+    // block.
     explicit LineReader(ByteSource& source, std::function<void()> turn = {});
     Kind Next();
     // Valid until Next().
     std::string_view Text() const { return text_; }
-    // The lengths of the lines given so far, in bytes of the file, line ends not counted.
+    // The total length of the lines returned so far, in bytes of the file, without line ends.
     std::int64_t BytesRead() const { return bytesRead_; }
-    // Of the line given last, from 1.
+    // The number of the last line, from 1.
     std::int64_t Number() const { return number_; }
-    // Among the lines given so far: those with NUL bytes, those of a UTF-8 file that are not well-formed, and
-    // those of a CP1252 file with bytes that the code page leaves open.
+    // Of the lines returned so far: those with NUL bytes, those of a UTF-8 file that are not well-formed, and
+    // those of a CP1252 file with undefined bytes.
     const OddLines& WithNul() const { return withNul_; }
     const OddLines& NotUtf8() const { return notUtf8_; }
     const OddLines& NotCp1252() const { return notCp1252_; }
@@ -75,7 +75,7 @@ private:
     LineEnd lineEnd_ = LineEnd::Feed;
     bool utf8_ = false;
     bool started_ = false;
-    std::string held_;            // the beginning of a line that goes on in the next block
+    std::string held_;            // the beginning of a line that continues in the next block
     std::size_t heldLength_ = 0;  // its length, more than held_ when the line is too long
     char lastHeld_ = '\0';
     std::string converted_;

@@ -41,7 +41,7 @@ void StoreChangeTracks(ImportRun& run, Turns& turns) {
     }
 }
 
-// The placeholders of a map that are still in their table.
+// Counts the placeholders of a map that are still in their table.
 template <typename Row>
 std::int64_t CountIn(ImportRun& run, Turns& turns, const KeyedRows<Row>& rows, std::string_view table,
                      std::string_view idColumn) {

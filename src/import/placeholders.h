@@ -1,5 +1,4 @@
-// The rows that stand for records that a file named without giving them, or gave in a form that could not be
-// stored.
+// Placeholders: rows for records that a file refers to but does not contain, or that could not be stored.
 #pragma once
 
 #include "import/import_run.h"
@@ -7,11 +6,11 @@
 
 namespace quillon::importing {
 
-// Writes a row for each new id that has none, marked "Dummy#" and the key. Called once, before the closing
-// pass deletes some of them and leaves the others.
+// Writes a row for each new id without one, marked "Dummy#" and the key. Called once, before the closing
+// pass, which deletes some of them.
 void StorePlaceholders(ImportRun& run, Turns& turns);
 
-// How many of them are in the DataSet still; after the closing pass.
+// The number of placeholders left in the DataSet after the closing pass.
 std::int64_t CountPlaceholders(ImportRun& run, Turns& turns);
 
 }  // namespace quillon::importing

@@ -1,5 +1,5 @@
-// Which handler reads which kind of record, and the handlers of a taxon's plain lists: divisions,
-// jurisdictions, synonyms, vernaculars.
+// The table of handlers, and the handlers of a taxon's simple lists: divisions, jurisdictions, synonyms,
+// vernaculars.
 #include "import/record_handlers.h"
 
 #include "core/text.h"
@@ -112,7 +112,7 @@ void ReadSynonymLink(ImportRun& run, Record& record) {
     if (!taxon) return;
     if (KeyOf(qb_id_accepted, tsn_accepted) == 0)
         return record.Refuse("Neither qb_id_accepted nor tsn_accepted is present");
-    // The file's id, or -1 while the accepted name is unknown: the closing pass replaces both.
+    // The file's id, or -1 while the accepted name is unknown; the closing pass replaces either.
     const std::int32_t accepted = qb_id_accepted != 0 ? qb_id_accepted : run.maps.MapTaxonId(tsn_accepted);
     const std::int32_t newId = run.maps.taxa[*taxon].newId;
     if (!run.Store(run.writers.synonyms.Id(newId).Long(accepted).Id(tsn).Id(tsn_accepted))) return;
@@ -128,7 +128,7 @@ void ReadVernacular(ImportRun& run, Record& record) {
     const std::string_view language = record.Text();
     const bool approved_ind = record.Indicator();
     if (!record.Good()) return;
-    // The letters of another tag stand in this message.
+    // This message has the letters of another tag.
     const auto taxon = record.Taxon(qb_id, tsn, "RF");
     if (!taxon) return;
     const std::int32_t key = KeyOf(qb_vern_id, vern_id);

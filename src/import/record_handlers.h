@@ -1,8 +1,8 @@
-// The handlers of the tagged format: one for each kind of record. A handler reads the fields of a line, turns
-// the file's ids into ids of this DataSet, and stores the record.
+// The handlers of the tagged format: one for each kind of record. A handler reads the fields of a line, maps
+// the file's ids to ids of this DataSet, and stores the record.
 //
-// Lines may come in any order: what a line names before its own line has come gets its id at once. A line
-// with a finding stores nothing of itself; the ids that it has made known by then stay known.
+// Lines may come in any order: a record that is referred to before its own line gets its id at once. A line
+// with a finding is not stored, but ids that it has introduced stay.
 #pragma once
 
 #include <string_view>
@@ -13,11 +13,11 @@ namespace quillon::importing {
 
 class Record;
 
-// Runs the handler of the line's tag; an unknown tag is a finding. Throws StoreError only when nothing more
-// can be stored.
+// Runs the handler of the line's tag. Reports an unknown tag. Throws StoreError only when nothing more can be
+// stored.
 void HandleLine(ImportRun& run, std::string_view line);
 
-// Each takes a line of its kind, before the first field.
+// Each handles a line of its kind, from the first field on.
 void ReadTaxon(ImportRun& run, Record& record);            // [TU]
 void ReadAuthor(ImportRun& run, Record& record);           // [TA]
 void ReadNodcId(ImportRun& run, Record& record);           // [NO]

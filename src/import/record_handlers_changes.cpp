@@ -1,4 +1,4 @@
-// Change tracks with their operations and comments, and the records of deletions.
+// Change tracks with their operations and comments, and deletion records.
 #include <array>
 #include <span>
 
@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::string_view kNoTrack = "Neither qb_change_track_id nor change_track_id is present";
 
-// `taxon` is kNoRow for a line that names none.
+// `taxon` is kNoRow for a line without one.
 TrackRow& SeeTrack(ImportRun& run, std::int32_t key, RowPlace taxon) {
     const bool isNew = run.maps.changeTracks.Find(key) == kNoRow;
     TrackRow& row = run.See(run.maps.changeTracks, "qb_change_tracks", key);
@@ -20,7 +20,7 @@ TrackRow& SeeTrack(ImportRun& run, std::int32_t key, RowPlace taxon) {
     return row;
 }
 
-// A key as the tombstone holds it; nothing when the field is empty or, for a number, 0.
+// A key for the tombstone; empty when the field is empty or, for a number, 0.
 std::optional<Value> ReadKey(Record& record, exchange::FieldForm form) {
     if (form == exchange::FieldForm::Text) {
         const std::string_view text = record.Text();

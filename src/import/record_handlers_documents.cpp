@@ -26,7 +26,7 @@ KeyedRows<LinkedRow>& RowsOf(IdMaps& maps, const DocumentKind& kind) {
     return &kind == &kOtherSources ? maps.otherSources : maps.publications;
 }
 
-// The fields of [RF] and [VL] that name the taxon and the document.
+// The fields of [RF] and [VL] that identify the taxon and the document.
 struct LinkFields {
     std::int32_t qb_id = 0, tsn = 0;
     std::string_view prefix, secondPrefix;
@@ -41,8 +41,8 @@ struct Link {
     std::int32_t documentation_id = 0;
 };
 
-// Takes the ids of taxon and document from the maps; nothing when a finding was logged. `prefixLetters` are
-// those that the finding of a wrong prefix shows.
+// Looks up the ids of taxon and document; empty after a finding. `prefixLetters` are shown in the finding of
+// a wrong prefix.
 std::optional<Link> ResolveLink(ImportRun& run, Record& record, const LinkFields& fields,
                                 std::string_view prefixLetters) {
     const auto taxon = record.Taxon(fields.qb_id, fields.tsn);
@@ -72,7 +72,7 @@ void StoreVernReference(ImportRun& run, const Link& link, std::int32_t qb_vern_i
     run.Store(writer.Id(link.tsn).Id(link.documentation_id));
 }
 
-// A reference of a vernacular that the line names.
+// Stores a reference of the vernacular named in the line.
 void StoreReferenceOfName(ImportRun& run, Record& record, const Link& link,
                           std::string_view vernacular_name) {
     const auto vern_id = run.vernaculars.FindVernId(link.qb_id, vernacular_name);
@@ -126,7 +126,7 @@ void ReadVernReference(ImportRun& run, Record& record) {
 }
 
 void ReadExpert(ImportRun& run, Record& record) {
-    record.Text();  // expert_id_prefix: the prefix is stored as it is, whatever the file says
+    record.Text();  // expert_id_prefix, ignored: a constant prefix is stored
     const std::int32_t qb_expert_id = record.Number();
     const std::int32_t expert_id = record.Number();
     const std::string_view expert = record.Text();

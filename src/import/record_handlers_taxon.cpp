@@ -38,7 +38,7 @@ TaxonFields ReadTaxonFields(Record& record) {
     fields.hybrid_author_id = record.Number();
     fields.kingdom_id = record.Number();
     fields.rank_id = record.Number();
-    // Files of the older layout end here.
+    // Lines of the older layout end here.
     if (!record.AtEnd()) fields.uncertain_parent_ind = record.IndicatorOrNull();
     return fields;
 }
@@ -51,7 +51,7 @@ void StoreTaxon(ImportRun& run, RowPlace taxon, const TaxonFields& fields) {
     writer.Text(fields.unnamed_taxon_ind).Text(fields.usage).Text(fields.unacceptability_reason);
     for (const std::string_view rating : fields.ratings) writer.Text(rating);
     writer.Id(fields.phylo_sort_sequence).Text(fields.initial_time_stamp);
-    // Parent and authors are ids of the file until the closing pass.
+    // Parents and authors keep the file's ids until the closing pass.
     writer.Id(fields.parent_tsn).Id(fields.parent_qb_id).Id(fields.author).Id(fields.hybrid_author_id);
     writer.Id(fields.kingdom_id).Id(fields.rank_id).BooleanOrNull(fields.uncertain_parent_ind);
     if (run.StoreOwn(writer, row.stored)) run.NoteKingdomRow(taxon, fields.usage, fields.rank_id);
@@ -81,7 +81,7 @@ void ReadTaxon(ImportRun& run, Record& record) {
         if (rewritten.unnamed) fields.unnamed_taxon_ind = "Yes";
         if (!rewritten.finding.empty()) record.Report(rewritten.finding);
     }
-    // A Kingdom record that came before under the same key was deleted with the others just now.
+    // A Kingdom record stored before under the same key has just been deleted with the others.
     if (row.stored != Stored::Gone) StoreTaxon(run, *taxon, fields);
 }
 
@@ -98,7 +98,7 @@ void ReadAuthor(ImportRun& run, Record& record) {
         run.nextAuthor.Used();
         run.authorTexts.Add(taxon_author, newId);
     }
-    // The first row with the text, whether this line's own or an earlier one.
+    // The first row with the text: of this line, or an earlier one.
     const std::int32_t authorId = run.authorTexts.Find(taxon_author);
     if (authorId != 0) run.maps.authors.Append({key, authorId});
 }

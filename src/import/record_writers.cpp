@@ -12,7 +12,7 @@ namespace {
 
 using exchange::RecordLayout;
 
-// Each column once, though the line may have it twice.
+// Each column once, even if the line has it twice.
 std::vector<std::string_view> ColumnsOf(const RecordLayout& record, std::string_view leftOut) {
     std::vector<std::string_view> columns;
     for (const std::string_view column : record.Columns())

@@ -1,5 +1,5 @@
-// Hashes with a seed that is drawn anew by each run of the program, for tables whose keys come from a file:
-// no file can choose keys that all fall into one place.
+// Hashes with a random seed for each run of the program, for tables whose keys come from a file: no file can
+// cause collisions on purpose.
 #pragma once
 
 #include <cstdint>

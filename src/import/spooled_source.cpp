@@ -14,7 +14,7 @@ namespace quillon::importing {
 namespace {
 
 constexpr std::size_t kBlock = std::size_t{64} * 1024;
-// How long a turn waits for a pipe that has nothing, in milliseconds.
+// The time in milliseconds that a turn waits for an empty pipe.
 constexpr int kWait = 50;
 
 class Descriptor {
@@ -37,19 +37,19 @@ private:
     throw ReadError("File " + path + " cannot be read!");
 }
 
-// A file without a name in the directory; it goes when it is closed.
+// A file without a name in the directory, removed when it is closed.
 int OpenNameless(const std::string& directory) {
     const std::string folder = directory.empty() ? "." : directory;
     const int made = open(folder.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, 0600);
     if (made >= 0) return made;
-    // Not every file system knows files without a name.
+    // Not every file system supports files without a name.
     std::string name = folder + "/import-XXXXXX";
     const int named = mkostemp(name.data(), O_CLOEXEC);
     if (named >= 0) unlink(name.c_str());
     return named;
 }
 
-// Writes all of it; false on a full disk and other failures.
+// Writes all bytes; false on any failure, such as a full disk.
 bool WriteAll(int to, const char* bytes, std::size_t size) {
     while (size > 0) {
         const ssize_t put = write(to, bytes, size);
@@ -88,7 +88,7 @@ std::unique_ptr<ByteSource> OpenSource(const std::string& path, const std::strin
     struct stat info {};
     if (stat(path.c_str(), &info) != 0 || S_ISREG(info.st_mode) || S_ISDIR(info.st_mode))
         return std::make_unique<FileSource>(path);
-    // Without blocking, or the opening itself would wait for somebody to write into the pipe.
+    // Non-blocking, because open would otherwise wait for a writer of the pipe.
     const Descriptor from(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     if (from.Number() < 0) throw ReadError("File " + path + " cannot be opened!");
     Descriptor to(OpenNameless(directory));

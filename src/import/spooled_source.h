@@ -1,5 +1,5 @@
-// Pipes and devices as the source of an import. They can be read only once, and a line reader reads twice, so
-// they are first read to their end into a file without a name.
+// Pipes and devices as the source of an import. They can be read only once, but a line reader reads twice, so
+// they are copied to a file without a name first.
 #pragma once
 
 #include <memory>
@@ -10,8 +10,9 @@
 
 namespace quillon::importing {
 
-// The source for `path`: the file itself when it is a plain file, else a copy made in `directory`, the
-// current one when empty. Takes turns while it waits for a pipe. Throws ReadError and ImportCanceled.
+// The source for `path`: the file itself if it is a regular file, else a copy in `directory`, or in the
+// current directory when it is empty. Takes turns while it waits for a pipe. Throws ReadError and
+// ImportCanceled.
 std::unique_ptr<ByteSource> OpenSource(const std::string& path, const std::string& directory, Turns& turns);
 
 }  // namespace quillon::importing

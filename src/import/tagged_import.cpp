@@ -38,7 +38,7 @@ ImportResult TaggedImport::Run(const std::string& path, const std::string& workD
     } catch (const ReadError& error) {
         prompter_.WarningMessage(error.what());
     } catch (const std::exception& failure) {
-        // A statement that the Cancel interrupted has not failed.
+        // A statement interrupted by a Cancel has not failed.
         result.canceled = turns_.Canceled();
         if (!result.canceled) ReportFailure(prompter_, failure);
     }
@@ -48,7 +48,7 @@ ImportResult TaggedImport::Run(const std::string& path, const std::string& workD
 
 void TaggedImport::RunWithLog(const std::string& path, const std::string& workDirectory,
                               ImportResult& result) {
-    // Closing it again would drop the locks that this process has on it.
+    // Closing the file would drop the locks that this process holds on it.
     if (IsSameFile(path, state_.gDataSetPath))
         return prompter_.WarningMessage(path + " is the open DataSet, and cannot be imported.");
     ImportLog log(workDirectory, {path, state_.gDataSetPath});

@@ -1,8 +1,8 @@
-// The import of a tagged file into the open DataSet, from the opening of the log to its end. The import form
-// and quillon-batch call it; it asks nothing.
+// Imports a tagged file into the open DataSet, including its log. The import form and quillon-batch call it;
+// it asks no questions.
 //
-// A finding never ends an import, and neither does a record that cannot be stored. An import works on a copy
-// of the DataSet, which takes its place at the end: what stops it before leaves the DataSet as it was.
+// Findings and records that cannot be stored do not end an import. The import works on a copy of the DataSet,
+// which replaces it at the end: if the import stops before, the DataSet is unchanged.
 #pragma once
 
 #include <functional>
@@ -25,8 +25,8 @@ inline constexpr std::string_view kImportCanceled = "Import Canceled!";
 inline constexpr std::string_view kImportComplete = "Import Complete -- No Errors!";
 
 struct ImportResult {
-    bool found = false;      // the file exists and may be imported; nothing was done without it
-    bool completed = false;  // the file was read through to its end
+    bool found = false;      // the file exists and may be imported; otherwise nothing was done
+    bool completed = false;  // the file was read to its end
     bool errors = false;     // findings in the log, failures, or lines that were not read
     bool findings = false;   // the log is not empty
     bool canceled = false;
@@ -39,17 +39,17 @@ public:
     TaggedImport(ApplicationState& state, store::Engine& engine, Prompter& prompter, EventPump& events,
                  Gauge gauge);
 
-    // Takes each record that could not be stored; a message box each by default.
+    // Receives each record that could not be stored; by default shows a message box for each.
     FailureSink Failed;
-    // Takes the name of each stage of the closing pass.
+    // Receives the name of each stage of the closing pass.
     std::function<void(std::string_view)> Stage = [](std::string_view) {};
 
-    // Writes "import.err" into `workDirectory`, the current one when empty. Reports what keeps it from
-    // reading on; gBatchRunning is set meanwhile, and gBatchCancel ends the import at its next turn.
+    // Writes "import.err" into `workDirectory`, or the current directory when it is empty. Reports failures
+    // that end it; sets gBatchRunning meanwhile, and gBatchCancel ends the import at its next turn.
     ImportResult Run(const std::string& path, const std::string& workDirectory);
 
-    // The reading and the closing pass alone, straight into the open DataSet, with the findings going to
-    // `sink`; returns whether there were errors. A Cancel ends it with what was stored by then. Throws
+    // Only the reading and the closing pass, directly into the open DataSet, with findings passed to `sink`;
+    // returns whether there were errors. After a Cancel the DataSet keeps what was stored so far. Throws
     // ReadError, and StoreError when nothing more can be stored.
     bool ReadTaggedFile(ByteSource& source, const FindingSink& sink);
 

@@ -18,8 +18,8 @@ namespace {
 
 constexpr std::string_view kLineTooLong = "Line too long in the following data line of import file!";
 
-// How far the reading is. A fiftieth more than the file counts as the whole, so that the gauge stays below
-// 100 while the closing pass runs.
+// The progress of the reading. The total is the file size plus a fiftieth, so that the gauge stays below 100
+// during the closing pass.
 class Progress {
 public:
     Progress(std::int64_t fileSize, const Gauge& gauge)
@@ -34,7 +34,7 @@ private:
     const Gauge& gauge_;
 };
 
-// A load that is given up when the reading ends early: nobody waits for its indexes.
+// A bulk load that is abandoned without its indexes when the reading ends early.
 class Load {
 public:
     Load(const ReadingTools& tools, bool deferIndexes) : load_(tools.engine, tools.database, deferIndexes) {}
@@ -55,7 +55,7 @@ private:
     bool finished_ = false;
 };
 
-// Then the indexes can wait to the end: nothing else is looked up by them.
+// True for an empty DataSet, whose indexes can be built at the end because no look-up needs them.
 bool HoldsOnlyTheRoot(store::Database& database) {
     const auto taxa =
         database.OpenRecordset("SELECT qb_id FROM qb_taxonomic_units;", store::RecordsetType::ForwardOnly);
@@ -92,7 +92,7 @@ void NoteOddities(const LineReader& reader, const ImportRun& run, std::vector<st
     NoteOddLines(reader.NotCp1252(), "bytes that CP1252 leaves open", notes);
 }
 
-// Lines after the empty line that ends the file; empty ones at the very end do not count.
+// Notes lines after the empty line that ends the file, except empty lines at the very end.
 void NoteLinesAfterEnd(const ReadingTools& tools, LineReader& reader, ReadingOutcome& outcome) {
     const std::int64_t end = reader.Number();
     std::int64_t last = end;

@@ -1,5 +1,5 @@
 // Reads one tagged file into a DataSet: line by line to its handler, then the closing pass. TaggedImport
-// calls it with the DataSet that the import works on; it opens no file and shows nothing.
+// calls it with the copy of the DataSet; it opens no file and shows nothing.
 #pragma once
 
 #include <functional>
@@ -16,7 +16,7 @@
 
 namespace quillon::importing {
 
-// What a reading works with and reports to.
+// The objects that a reading uses and reports to.
 struct ReadingTools {
     ApplicationState& state;
     store::Engine& engine;
@@ -24,18 +24,17 @@ struct ReadingTools {
     Turns& turns;
     ImportSinks sinks;
     Gauge gauge;
-    std::function<void(std::string_view)> stage;  // what the closing pass does now
+    std::function<void(std::string_view)> stage;  // the current stage of the closing pass
 };
 
 struct ReadingOutcome {
     bool errors = false;  // findings, failures, or lines that were not read
-    // What else the user should know: odd lines, placeholders that stay, lines after the end. One sentence
-    // each.
+    // Other reports to the user, one sentence each: odd lines, remaining placeholders, lines after the end.
     std::vector<std::string> notes;
 };
 
 // Throws ReadError, ImportCanceled, and StoreError when nothing more can be stored; the DataSet then holds
-// what was stored by then.
+// what was stored before.
 ReadingOutcome ReadTagged(const ReadingTools& tools, ByteSource& source);
 
 }  // namespace quillon::importing

@@ -33,7 +33,7 @@ void VernacularIndex::Note(const VernacularRow& row) {
 void VernacularIndex::Build() {
     if (built_) return;
     built_ = true;
-    // AutoNumbers grow: what was there before lies below the first row of this import.
+    // AutoNumbers increase: rows that existed before have ids below the first row of this import.
     const std::int32_t first = rows_.Empty() ? std::numeric_limits<std::int32_t>::max() : rows_[0].newId;
     store::RowStream rows(database_, "qb_vernaculars", {"vern_id", "qb_vern_id"});
     while (rows.Next()) {

@@ -1,7 +1,8 @@
-// Finds the vernaculars of a DataSet for the links that name them by name or by the authority's id, while an
-// import stores more of them.
+// Finds the vernaculars of a DataSet for links that refer to them by name or by the authority's id, while an
+// import adds more of them.
 //
-// Nothing is built before the first look-up, and a look-up costs the same however many vernaculars there are.
+// Nothing is built before the first look-up. The cost of a look-up hardly depends on the number of
+// vernaculars.
 #pragma once
 
 #include <cstdint>
@@ -25,15 +26,15 @@ public:
     VernacularIndex(store::Database& database, const KeyedRows<VernacularRow>& rows, Turns& turns)
         : database_(database), rows_(rows), turns_(turns) {}
 
-    // What a stored row holds for look-ups by `name`.
+    // The hash that a stored row keeps for look-ups by `name`.
     static std::uint64_t HashOf(std::string_view name);
 
-    // The row is about to be stored again, and has been stored.
+    // Call Forget before a row is stored again, and Note after a row has been stored.
     void Forget(const VernacularRow& row);
     void Note(const VernacularRow& row);
 
-    // The first vernacular of this import with the name in the taxon: its vern_id, 0 when it has none.
-    // Nothing when there is no such vernacular.
+    // The vern_id of the first vernacular of this import with the name in the taxon, 0 when it has none;
+    // empty when there is no such vernacular.
     std::optional<std::int32_t> FindVernId(std::int32_t qb_id, std::string_view name);
     // The qb_vern_id of the first vernacular of the DataSet with the authority's id.
     std::optional<std::int32_t> FindQbVernId(std::int32_t vern_id);
@@ -45,10 +46,10 @@ private:
     const KeyedRows<VernacularRow>& rows_;
     Turns& turns_;
     bool built_ = false;
-    // Of this import: taxon, hash of the name, qb_vern_id, and vern_id; vern_id and qb_vern_id.
+    // Rows of this import: taxon, hash of the name, qb_vern_id, and vern_id; vern_id and qb_vern_id.
     std::set<std::tuple<std::int32_t, std::uint64_t, std::int32_t, std::int32_t>> byName_;
     std::set<std::pair<std::int32_t, std::int32_t>> byVernId_;
-    // Of the rows that were there before: vern_id and qb_vern_id, sorted.
+    // Rows that existed before: vern_id and qb_vern_id, sorted.
     std::vector<std::pair<std::int32_t, std::int32_t>> before_;
 };
 

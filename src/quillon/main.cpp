@@ -1,6 +1,6 @@
-// The desktop program. It reads no arguments. Three environment variables serve those who run it from a
-// script: QUILLON_CONFIG_DIR is the folder of the preferences file, QUILLON_DATA_DIR that of logs and work
-// files, and with QUILLON_SCREENSHOT the program saves a picture of its window there and ends.
+// The desktop program. It reads no arguments. Scripts can set three environment variables: QUILLON_CONFIG_DIR
+// is the folder of the preferences file, QUILLON_DATA_DIR that of logs and work files, and with
+// QUILLON_SCREENSHOT the program saves a picture of its window to that path and ends.
 #include <signal.h>
 
 #include <QDir>
@@ -20,7 +20,7 @@ std::string Variable(const char* name) {
     return quillon::ui::FromQt(qEnvironmentVariable(name));
 }
 
-// Named before the start, which changes the current directory.
+// Resolved before the start, which changes the current directory.
 QString PicturePath() {
     const QString path = qEnvironmentVariable("QUILLON_SCREENSHOT");
     return path.isEmpty() ? path : QDir::current().absoluteFilePath(path);
@@ -39,7 +39,7 @@ int Run() {
 }  // namespace
 
 int main(int argc, char** argv) {
-    signal(SIGXFSZ, SIG_IGN);  // so that a write beyond the limit on file sizes fails, and is reported
+    signal(SIGXFSZ, SIG_IGN);  // so that a write beyond the file size limit fails and is reported
     quillon::ui::Application application(argc, argv);
     QApplication::setApplicationName("taxonomic-quillon");
     int status = kFailed;
