@@ -12,7 +12,7 @@ namespace quillon::store {
 
 namespace {
 
-// Resets a statement by scope, so that it holds no texts of the row.
+// Resets a statement at the end of the scope, so that it keeps no texts of the row.
 class StatementEnd {
 public:
     explicit StatementEnd(NativeStatement& statement) : statement_(statement) {}
@@ -24,7 +24,7 @@ private:
     NativeStatement& statement_;
 };
 
-// True when the index of the key under the collation is there, also during a bulk load.
+// True when the index of the key under the collation exists, also during a bulk load.
 bool HasCollatedKey(const PhysicalTable& table) {
     const std::string name = IndexName(table.def.name, table.def.PrimaryKey()->name);
     for (const IndexSql& index : CreateIndexSql(table))
@@ -51,7 +51,7 @@ BulkLoad::~BulkLoad() {
     try {
         Finish();
     } catch (...) {
-        // The next opening builds what is missing.
+        // The next opening builds missing indexes.
     }
 }
 
@@ -119,7 +119,7 @@ RowWriter& RowWriter::Null() {
     return *this;
 }
 
-// The constraint that failed says the field; the field says what was wrong with the value.
+// Finds the field from the failed constraint, and the error from the field and its value.
 void RowWriter::Explain() {
     const TableDef& def = connection_->RequireTable(table_).def;
     for (std::size_t i = 0; i < cells_.size(); ++i) {
@@ -129,7 +129,7 @@ void RowWriter::Explain() {
     }
 }
 
-// The AutoNumber of the row; none when the counter of the table knows it already.
+// The AutoNumber of the row, if the table's counter does not include it yet.
 std::optional<std::int64_t> RowWriter::NewNumber() const {
     if (autoColumn_ < 0) return std::nullopt;
     const Cell& cell = cells_[static_cast<std::size_t>(autoColumn_)];
@@ -141,7 +141,7 @@ void RowWriter::BindCells(NativeStatement& statement) {
     int place = 1;
     for (const Cell& cell : cells_) {
         if (cell.kind == Cell::Kind::Text) {
-            // SQLite counts the characters of a text up to its first NUL only.
+            // SQLite counts the characters of a text only up to the first NUL.
             if (cell.text.find('\0') != std::string_view::npos) Explain();
             statement.BindInPlace(place, cell.text);
         } else if (cell.kind == Cell::Kind::Integer) {
@@ -153,8 +153,8 @@ void RowWriter::BindCells(NativeStatement& statement) {
     }
 }
 
-// The row with the same key gets the new values, the key among them: a text in a key is the same under the
-// collation, which an index of its own enforces. A field that the writer does not name keeps its value.
+// Updates the row with the same key, including the key itself: texts in a key are compared by the collation,
+// which a separate index enforces. Fields that the writer does not name keep their values.
 std::string RowWriter::ReplaceClause() const {
     const PhysicalTable& table = connection_->RequireTable(table_);
     std::string sets, plain, collated, guard;

@@ -1,6 +1,6 @@
-// One command of the user that changes the DataSet: the save of a record, a delete, an author clean-up. All
-// of it is one durable commit. The units inside it (store/unit.h) can still be undone one by one; a process
-// that is killed, and a lost power, leave the DataSet as it was before the command or as it is after.
+// A user's command that changes the DataSet, such as saving or deleting a record, as one durable commit. The
+// units inside it (store/unit.h) can still be undone one by one. After a kill or a power loss the DataSet
+// holds either all of the command or nothing.
 //
 // Without Commit() the destructor rolls everything back. It never throws.
 #pragma once
@@ -11,7 +11,7 @@ namespace quillon::store {
 
 class Command {
 public:
-    // StoreError inside a transaction, a job or another command.
+    // Throws StoreError inside a transaction, a job or another command.
     explicit Command(Engine& engine) : engine_(engine) { engine_.BeginCommand(); }
     ~Command() {
         if (open_) engine_.AbandonCommand();
@@ -19,7 +19,7 @@ public:
     Command(const Command&) = delete;
     Command& operator=(const Command&) = delete;
 
-    // An error leaves nothing of the command in the file.
+    // After an error nothing of the command is in the file.
     void Commit() {
         open_ = false;
         engine_.CommitCommand();

@@ -18,7 +18,8 @@ namespace quillon::store {
 
 namespace {
 
-// An exclusive creation, so that two programs cannot make the same file, and no existing one is touched.
+// Creates the file exclusively, so that two programs cannot make the same file, and no existing file is
+// changed.
 void MakeEmptyFile(const std::string& path) {
     const int file = open(path.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0666);
     if (file >= 0) {
@@ -54,7 +55,7 @@ Database::~Database() {
     try {
         Close();
     } catch (...) {
-        // What was committed is in the file.
+        // Committed data is in the file.
     }
 }
 
@@ -150,7 +151,8 @@ Engine::Engine() : state_(std::make_unique<EngineState>()) {
 
 Engine::~Engine() = default;
 
-// One that fails does not keep the others from it. It needs no memory: a rollback runs here.
+// Runs the action for each connection, also after a failure of one. Allocates nothing, because rollbacks use
+// it.
 template <typename Action>
 void Engine::OnEach(Action action) {
     std::exception_ptr failure;
@@ -277,7 +279,7 @@ void Engine::AbandonCommand() noexcept {
     try {
         OnEach([](Connection& connection) { connection.AbandonCommand(); });
     } catch (...) {
-        // No action above throws, and gathering the connections fails only without memory.
+        // Only collecting the connections can fail, when memory is short.
     }
 }
 
@@ -290,7 +292,7 @@ Job::~Job() {
     try {
         engine_.EndJob();
     } catch (...) {
-        // A job that has to know calls End().
+        // A job that needs the error calls End().
     }
 }
 

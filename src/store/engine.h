@@ -1,8 +1,8 @@
-// The interface of the store: opens and makes DataSets, and holds the one level of transaction that all of
-// them share.
+// The interface of the store: opens and creates DataSets, and manages the single level of transactions that
+// they share.
 //
-// One process owns an open DataSet: a second process gets FileInUse. Inside the process any number of handles
-// on the same file work side by side. Every failure is a StoreError, but for short memory, which is
+// Only one process can open a DataSet: a second process gets FileInUse. Within the process there can be any
+// number of handles on the same file. Every failure is a StoreError, except for short memory, which is
 // std::bad_alloc. Destructors never throw.
 #pragma once
 
@@ -33,23 +33,23 @@ public:
     Database(const Database&) = delete;
     Database& operator=(const Database&) = delete;
 
-    // The path it was opened by.
+    // The path that it was opened with.
     const std::string& Name() const { return path_; }
     // Every recordset and query of this handle fails with ObjectClosed afterwards. Closing twice is allowed.
-    // The handle is closed also when this throws, because the last changes could not be written.
+    // Throws when the last changes could not be written; the handle is closed nevertheless.
     void Close();
     bool IsOpen() const;
-    // Whether the file, or its folder, cannot be written. ObjectClosed when closed.
+    // True when the file, or its folder, cannot be written. ObjectClosed when closed.
     bool IsReadOnly() const;
 
     // Runs one action statement in the dialect and returns the number of rows affected.
     int Execute(std::string_view sql);
 
     QueryDef OpenQueryDef(std::string_view name);
-    // With a name the query is stored in the file (3012 when the name is taken); with "" it is temporary.
+    // With a name the query is stored in the file (3012 when the name exists); with "" it is temporary.
     QueryDef CreateQueryDef(std::string_view name, std::string_view sql);
     void DeleteQueryDef(std::string_view name);
-    // Name and text of every named query, in the order of creation.
+    // Names and texts of all named queries, in the order of creation.
     std::vector<std::pair<std::string, std::string>> QueryDefs();
 
     // A `source` is a table, a named query, or a text of SQL.
@@ -63,11 +63,11 @@ public:
 
     // The tables in the order of creation, without the store's own.
     std::vector<TableDef> TableDefs() const;
-    // nullptr when there is none; without regard to case. Valid until the schema changes.
+    // Ignores case; nullptr when there is none. Valid until the schema changes.
     const TableDef* FindTableDef(std::string_view name) const;
-    // A linked table needs only its name, SourceTableName and Connect: it is there for reading, until it is
-    // deleted or the DataSet is closed, and leaves no trace in the file. Errors as OpenDatabase for the other
-    // DataSet, and 3078 when that has no such table.
+    // A linked table needs only its name, SourceTableName and Connect. It is read-only, exists until it is
+    // deleted or the DataSet is closed, and is not stored in the file. Errors as for OpenDatabase on the
+    // other DataSet, and 3078 when that has no such table.
     void AppendTable(const TableDef& table);
     void DeleteTable(std::string_view name);
 
@@ -89,38 +89,37 @@ public:
     Engine(const Engine&) = delete;
     Engine& operator=(const Engine&) = delete;
 
-    // A new empty file; 3204 when the file exists.
+    // Creates an empty DataSet; 3204 when the file exists.
     DatabaseHandle CreateDatabase(const std::string& path, std::string_view locale = kLocale);
-    // The same in a file that the caller has made, which must be empty. After a failure the caller removes
-    // it, and its journal.
+    // The same in an empty file made by the caller, who removes it and its journal after a failure.
     DatabaseHandle CreateDatabaseIn(const std::string& emptyFile);
-    // A file on a read-only medium or without write permission opens for reading. 3024 no such file, 3343 not
-    // a DataSet, 3045 open in another process, 3049 damaged.
+    // A file on a read-only medium or without write permission is opened for reading. Errors: 3024 no such
+    // file, 3343 not a DataSet, 3045 open in another process, 3049 damaged.
     DatabaseHandle OpenDatabase(const std::string& path);
 
     // One level, over every open DataSet; nesting is an error (3034 without a begin).
     void BeginTrans();
     void CommitTrans();
     void Rollback();
-    // Rollback for a destructor or a handler: never throws, and does nothing without a transaction.
+    // Rolls back in a destructor or a handler: never throws, and does nothing without a transaction.
     void Abandon() noexcept;
     bool InTransaction() const;
     bool IsJobRunning() const;
     // Finishes background work; called after closing.
     void FreeLocks();
 
-    // Between BeginJob and EndJob committed units are gathered into durable commits at least twice a second:
-    // a crash costs the last second at most, and each unit stays whole. When the disk refuses a write, all
-    // later writes of the job fail at once with that error (StoreError::EndsJob), and so does EndJob.
+    // Between BeginJob and EndJob, committed units are grouped into durable commits at least twice a second:
+    // a crash loses at most the last second, and never part of a unit. After a disk error all later writes of
+    // the job fail at once with that error (StoreError::EndsJob), and so does EndJob.
     void BeginJob();
     void EndJob();
 
-    // Between BeginCommand and CommitCommand everything is one durable commit, whose units are savepoints: a
-    // crash leaves none of it. 3034 inside a transaction, a job or another command. When the disk refuses a
-    // write, all later writes fail with that error, and so does CommitCommand, which then stores nothing.
+    // Between BeginCommand and CommitCommand everything is one durable commit, whose units are savepoints:
+    // after a crash none of it is stored. 3034 inside a transaction, a job or another command. After a disk
+    // error all later writes fail with that error, and so does CommitCommand, which then stores nothing.
     void BeginCommand();
     void CommitCommand();
-    // Rolls all of it back. Never throws, and does nothing without a command.
+    // Rolls back the command. Never throws, and does nothing without a command.
     void AbandonCommand() noexcept;
     bool IsCommandRunning() const;
 
@@ -128,7 +127,7 @@ public:
     const EngineState& State() const { return *state_; }
 
 private:
-    std::unique_ptr<EngineState> state_;  // its address is what the connections keep
+    std::unique_ptr<EngineState> state_;  // connections keep its address
     std::vector<std::weak_ptr<Connection>> connections_;
     std::shared_ptr<Connection> FindOpen(const std::string& path) const;
     DatabaseHandle Adopt(std::shared_ptr<Connection> connection, const std::string& path);
@@ -136,14 +135,14 @@ private:
     void OnEach(Action action);
 };
 
-// BeginJob and EndJob by scope.
+// Calls BeginJob and EndJob.
 class Job {
 public:
     explicit Job(Engine& engine) : engine_(engine) { engine_.BeginJob(); }
     ~Job();
     Job(const Job&) = delete;
     Job& operator=(const Job&) = delete;
-    // Ends the job now, so that the caller learns of a failure to make it durable.
+    // Ends the job now, so that the caller gets the error when it could not be made durable.
     void End();
 
 private:

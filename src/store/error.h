@@ -1,5 +1,5 @@
-// The exception of the store. A procedure above catches it at its border and shows the description as it is.
-// Short memory is the one failure that is not a StoreError: it passes as std::bad_alloc.
+// The exception of the store. Callers show its description to the user unchanged. Short memory is not a
+// StoreError but std::bad_alloc.
 #pragma once
 
 #include <stdexcept>
@@ -42,7 +42,7 @@ enum class ErrorNumber : int {
     IndexMissing = 3015,
 };
 
-// The next write would meet the error of one of these again.
+// Errors that the next write would get again.
 inline constexpr ErrorNumber kErrorsOfTheFile[] = {
     ErrorNumber::DiskFull,    ErrorNumber::ReadOnly,       ErrorNumber::DiskError,   ErrorNumber::FileInUse,
     ErrorNumber::CorruptFile, ErrorNumber::CannotOpenFile, ErrorNumber::ObjectClosed};
@@ -55,9 +55,8 @@ public:
     int Number() const { return number_; }
     std::string Description() const { return what(); }
     bool Is(ErrorNumber number) const { return number_ == static_cast<int>(number); }
-    // True for an error of the file as a whole (a full disk, a journal that cannot be made, damage): the next
-    // write would fail in the same way, so a job ends here and reports it once. False for an error of one
-    // row.
+    // True for an error of the whole file (a full disk, a journal that cannot be made, damage). The next
+    // write would fail too, so a job ends and reports it once. False for an error of one row.
     bool EndsJob() const;
 
 private:

@@ -1,5 +1,5 @@
-// A query ready to run, stored under a name in the DataSet or temporary. Parameters are bound by name,
-// without regard to case; one that is not set is Null.
+// A query, either stored in the DataSet under a name or temporary. Parameters are bound by name, ignoring
+// case; unset ones are Null.
 #pragma once
 
 #include <memory>
@@ -21,17 +21,17 @@ public:
 
     const std::string& Name() const { return name_; }
     const std::string& SQL() const;
-    // Replaces the text, in the file too when the query is a named one.
+    // Replaces the text, also in the file for a named query.
     void SetSQL(std::string_view sql);
 
     // 3265 when the query declares no such parameter.
     QueryDef& Set(std::string_view parameter, const Value& value);
-    // The names of the parameters in the order of declaration.
+    // The parameter names in the order of declaration.
     const std::vector<std::string>& Parameters() const;
 
-    // True when it returns rows; false when it is executed.
+    // True for a query that returns rows; false for one to Execute.
     bool IsSelect() const;
-    // Rows inserted, changed or deleted.
+    // Returns the number of rows inserted, changed or deleted.
     int Execute();
     std::unique_ptr<Recordset> OpenRecordset(RecordsetType type = RecordsetType::Dynaset);
     std::unique_ptr<Recordset> CreateDynaset() { return OpenRecordset(RecordsetType::Dynaset); }

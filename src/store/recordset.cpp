@@ -32,7 +32,7 @@ ResultSet& Recordset::Rows() const {
     return *rows_;
 }
 
-// Before the first row the place is -1, past the last one it is the number of rows.
+// Before the first row the index is -1; after the last one it is the number of rows.
 bool Recordset::Eof() const {
     Rows().RequireOpen();
     if (position_ < 0) return !Rows().Has(0);
@@ -44,7 +44,7 @@ bool Recordset::Bof() const {
     return position_ < 0 || !Rows().Has(0);
 }
 
-// From `row` on in the direction of `step` to the first row that still exists.
+// Moves from `row` in the direction of `step` to the first row that still exists.
 bool Recordset::LandOn(std::ptrdiff_t row, std::ptrdiff_t step) {
     pending_ = Pending::None;
     while (row >= 0 && Rows().Has(static_cast<std::size_t>(row)) &&

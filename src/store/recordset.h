@@ -1,9 +1,8 @@
-// The rows of a table or a query, visited one at a time, and written where they come from one table.
+// The rows of a table or a query, visited one at a time, and updatable if they come from one table.
 //
 // After opening, a recordset is on its first row; both Bof() and Eof() are true when there is none. It shows
-// the rows as they were when it was opened: what another handle writes appears after Requery(), never before.
-// A dynaset sees its own Update() at once. Rows are read as they are visited, so opening a large result costs
-// nothing until it is walked.
+// the rows of the moment when it was opened: writes of other handles appear only after Requery(), but its own
+// Update() at once. Rows are read as they are visited, so opening a large result is cheap.
 #pragma once
 
 #include <cstddef>
@@ -21,7 +20,8 @@ class ResultSet;
 
 class Recordset {
 public:
-    // The place of a row; valid for the recordset that gave it, and its clones, until Requery() or Close().
+    // The position of a row; valid for the recordset that returned it and its clones, until Requery() or
+    // Close().
     using RowBookmark = std::ptrdiff_t;
 
     explicit Recordset(std::shared_ptr<ResultSet> rows);
@@ -32,21 +32,21 @@ public:
     bool Eof() const;
     bool Bof() const;
     void MoveFirst();
-    void MoveLast();      // 3251 where only MoveNext() is
-    void MoveNext();      // 3021 past the end
-    void MovePrevious();  // 3021 before the beginning
-    // Rows visited so far: 0 when empty, at least 1 otherwise, all of them after MoveLast(). A row added here
-    // counts as visited, a row deleted here does not.
+    void MoveLast();      // 3251 when ForwardOnly
+    void MoveNext();      // 3021 at the end
+    void MovePrevious();  // 3021 at the beginning
+    // The number of rows visited so far: 0 when empty, otherwise at least 1, and all of them after
+    // MoveLast(). Rows added here count as visited, deleted ones do not.
     std::size_t RecordCount() const;
     // From 0; -1 without a current row.
     std::ptrdiff_t AbsolutePosition() const;
     RowBookmark Bookmark() const;
     void SetBookmark(RowBookmark bookmark);
-    // A second position on the same rows, on no row until moved; it shares later Update()s.
+    // A second position on the same rows, without a current row until moved; it shows later Update()s.
     std::unique_ptr<Recordset> Clone() const;
 
-    // Criteria in the dialect, as after WHERE. NoMatch() reports the result; without a match the position
-    // stays.
+    // Criteria in the dialect, as after WHERE. NoMatch() returns the result; without a match the position is
+    // unchanged.
     void FindFirst(std::string_view criteria);
     void FindNext(std::string_view criteria);
     void FindPrevious(std::string_view criteria);
@@ -55,16 +55,16 @@ public:
     void Seek(std::string_view comparison, const std::vector<Value>& key);
     bool NoMatch() const;
 
-    // By name without regard to case; 3265 for no such column, 3021 without a current row. While AddNew() or
-    // Edit() is pending they return what has been set.
+    // By name, ignoring case; 3265 for an unknown column, 3021 without a current row. While AddNew() or
+    // Edit() is pending they return the new values.
     Value Get(std::string_view column) const;
     Value operator[](std::string_view column) const { return Get(column); }
-    Value At(std::size_t column) const;  // by place, from 0
+    Value At(std::size_t column) const;  // by index, from 0
     std::size_t ColumnCount() const;
     const std::string& ColumnName(std::size_t column) const;
 
-    // AddNew assigns an AutoNumber immediately. Update stores; a failed Update leaves the row as it
-    // was. Update and Delete fail with 3167 when another handle has deleted the row.
+    // AddNew assigns an AutoNumber immediately. Update stores the row; after a failed Update it is unchanged.
+    // Update and Delete fail with 3167 when another handle has deleted the row.
     void AddNew();
     void Edit();
     void Set(std::string_view column, const Value& value);
@@ -72,7 +72,7 @@ public:
     void CancelUpdate();
     void Delete();
     void Requery();
-    // Every other call fails with 3420 afterwards; clones go on.
+    // Every other call fails with 3420 afterwards; clones stay open.
     void Close();
 
 private:

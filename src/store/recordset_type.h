@@ -1,4 +1,4 @@
-// How the rows of a recordset can be walked and written.
+// How the rows of a recordset can be visited and written.
 #pragma once
 
 namespace quillon::store {
@@ -7,7 +7,7 @@ enum class RecordsetType {
     Table,        // a whole table in the order of an index; Seek
     Dynaset,      // updatable when all columns come from one table
     Snapshot,     // read only
-    ForwardOnly,  // read only, MoveNext alone, keeps no visited row: for walks over many rows
+    ForwardOnly,  // read only, only MoveNext, keeps no visited rows: for many rows
 };
 
 }  // namespace quillon::store

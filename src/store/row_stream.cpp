@@ -24,8 +24,8 @@ std::string OrderBy(const PhysicalTable& table, TableRows::Order order) {
     return list;
 }
 
-// The index of a key under the collation leaves Null out. A select has to say that it does, too, and is then
-// read along the index instead of being sorted first.
+// The index of a key under the collation has no Null. With the same condition a select can use the index
+// instead of sorting.
 std::string Condition(const PhysicalTable& table, const TableRows& rows) {
     std::string condition;
     if (!rows.column.empty())

@@ -1,8 +1,7 @@
-// The rows of one select or one table, read forward once, for walks over whole tables: values are read in
-// place, without copies. Exports use it; whoever needs to find, to go back or to write uses a
-// Recordset.
+// Reads the rows of a select or a table forward once, for scans of whole tables: values are read in place,
+// without copies. Use a Recordset to search, to go back or to write.
 //
-// Nothing may be written to the DataSet while a stream is open: it does not keep its rows, as a recordset
+// The DataSet must not be written while a stream is open, because it does not keep its rows as a recordset
 // does.
 #pragma once
 
@@ -21,34 +20,33 @@ namespace quillon::store {
 class Lease;
 class NativeStatement;
 
-// Which rows of a table a stream reads.
+// The rows of a table that a stream reads.
 struct TableRows {
-    // Key: by the primary key in plain byte order, the order in the file. Collated: by the primary
-    // key, its texts under the program's collation, as a select of the dialect gives them. Any: as it is read
-    // fastest.
+    // Key: by the primary key in plain byte order, the order in the file. Collated: by the primary key, with
+    // texts under the program's collation, like a select of the dialect. Any: in the fastest order.
     enum class Order { Key, Collated, Any } order = Order::Key;
     // Only rows with one of these numbers in the column; all rows while the column is empty. Each number is
-    // looked up, so this is for few of them; their count has no limit.
+    // looked up, so this is for few of them, although their number is not limited.
     std::string_view column = {};
     std::vector<std::int32_t> among = {};
 };
 
 class RowStream {
 public:
-    // A select in the dialect, without parameters. It is before the first row after opening. Throws
-    // StoreError, as Next() does.
+    // A select in the dialect, without parameters. Starts before the first row. Throws StoreError, like
+    // Next().
     RowStream(Database& database, std::string_view select);
-    // Columns of a table, in this order; one may be named twice.
+    // Columns of a table, in this order; duplicates are allowed.
     RowStream(Database& database, std::string_view table, const std::vector<std::string_view>& columns,
               const TableRows& rows = {});
     ~RowStream();
     RowStream(const RowStream&) = delete;
     RowStream& operator=(const RowStream&) = delete;
 
-    // Goes on to the next row; false past the last one.
+    // Moves to the next row; false after the last one.
     bool Next();
 
-    // Columns count from 0. A number is 0 and a text "" for Null; a Boolean is 0 or 1. A text lives until
+    // Columns count from 0. For Null a number is 0 and a text ""; a Boolean is 0 or 1. A text is valid until
     // Next().
     bool IsNull(std::size_t column) const;
     std::int64_t Long(std::size_t column) const;

@@ -1,5 +1,5 @@
-// Turns within a long statement: lets a job report progress and notice a Cancel while SQLite runs one
-// statement over a whole table. The closing pass of an import uses it; loops over rows take their own turns.
+// Turns within a long statement, so that a job can report progress and be canceled while SQLite runs one
+// statement over a whole table. Used by the closing pass of an import.
 #pragma once
 
 #include <functional>
@@ -11,9 +11,9 @@ namespace quillon::store {
 
 class StatementTurns {
 public:
-    // From now on `goOn` is called every few milliseconds while a statement of `database` runs. When it
-    // returns false the statement fails with a StoreError and leaves nothing. It must not throw or use
-    // `database`, which must be open at the end.
+    // Calls `goOn` every few milliseconds while a statement of `database` runs. When it returns false the
+    // statement fails with a StoreError and stores nothing. It must not throw or use `database`, which must
+    // be open at the end.
     StatementTurns(Database& database, std::function<bool()> goOn);
 
 private:

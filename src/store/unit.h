@@ -1,5 +1,5 @@
-// One unit of work: what is written between its construction and Commit() is stored as a whole, or not at
-// all. Writers make one for each statement or record. Units do not nest.
+// A unit of work: the writes between its construction and Commit() are stored completely or not at all.
+// Writers make one for each statement or record. Units do not nest.
 //
 // Without Commit() the destructor rolls the unit back. It never throws: the caller sees the error that ended
 // the unit.
@@ -11,7 +11,7 @@ namespace quillon::store {
 
 class Unit {
 public:
-    // StoreError when a unit is open already.
+    // Throws StoreError when a unit is already open.
     explicit Unit(Engine& engine) : engine_(engine) { engine_.BeginTrans(); }
     ~Unit() {
         if (open_) engine_.Abandon();
@@ -19,7 +19,7 @@ public:
     Unit(const Unit&) = delete;
     Unit& operator=(const Unit&) = delete;
 
-    // An error leaves nothing of the unit in the file.
+    // After an error nothing of the unit is in the file.
     void Commit() {
         open_ = false;
         engine_.CommitTrans();

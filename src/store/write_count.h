@@ -1,5 +1,5 @@
-// How much has been written to a DataSet since it was opened. Whoever caches what is expensive to read
-// compares the count: while it has not changed, the cache is valid.
+// Counts the writes to a DataSet since it was opened. A cache of DataSet content is valid while the count has
+// not changed.
 #pragma once
 
 #include <cstdint>
@@ -8,8 +8,8 @@
 
 namespace quillon::store {
 
-// Grows with every row that this process writes to the file, through whatever handle; never falls while the
-// DataSet is open. Throws ObjectClosed afterwards.
+// Increases with every row that this process writes, through any handle, until the DataSet is closed. Throws
+// ObjectClosed afterwards.
 std::int64_t WriteCount(const Database& database);
 
 }  // namespace quillon::store

@@ -1,6 +1,6 @@
-// A statement of the dialect as a small tree. Plain data: the parser makes it, the emitter and the criteria
-// of recordsets read it, each by recursion. So the parser bounds how deep a tree is: a chain of And, Or or &
-// is one node however long it is, and other operators may not be chained without end.
+// The syntax tree of a statement of the dialect. Plain data: the parser creates it; the emitter and the
+// criteria of recordsets read it recursively. The parser therefore limits the depth: a chain of And, Or or &
+// is one node of any length, and other chains are limited.
 #pragma once
 
 #include <cstddef>
@@ -19,12 +19,12 @@ using ExpressionPtr = std::unique_ptr<Expression>;
 
 enum class ExpressionKind {
     Literal,   // value
-    Column,    // name, perhaps with a qualifier; or the name of a parameter
+    Column,    // name, possibly with a qualifier; or the name of a parameter
     Missing,   // the empty third part of an IIf
     Star,      // count(*)
     Not,       // arguments[0]
     Negate,    // arguments[0]
-    Binary,    // name is the operator of two arguments: = <> < > <= >= + - * /
+    Binary,    // name is an operator with two arguments: = <> < > <= >= + - * /
     Chain,     // name is the operator between all arguments, two or more: & and or
     IsNull,    // arguments[0]; `negated` for Is Not Null
     Like,      // arguments[0] Like arguments[1]
@@ -44,7 +44,7 @@ struct Expression {
     std::vector<ExpressionPtr> arguments;
     std::unique_ptr<Select> select;
     std::size_t place = 0;
-    std::size_t depth = 1;  // levels of the tree from here down
+    std::size_t depth = 1;  // height of the subtree
 };
 
 struct SelectItem {
@@ -58,7 +58,7 @@ enum class JoinKind { Inner, Left, Right };
 
 struct TableRef {
     bool isJoin = false;
-    std::string table, alias;  // of a table or a stored query
+    std::string table, alias;  // a table or a stored query, and its alias
     std::size_t place = 0;
     JoinKind join = JoinKind::Inner;
     std::unique_ptr<TableRef> left, right;
@@ -97,8 +97,8 @@ struct Declaration {
 struct Statement {
     StatementKind kind = StatementKind::Select;
     std::vector<Declaration> parameters;
-    std::unique_ptr<Select> select;  // of a select, or what an insert takes
-    std::string table;               // of every other kind
+    std::unique_ptr<Select> select;  // a select, or the source of an insert
+    std::string table;               // for every other kind
     std::vector<std::string> columns;
     std::vector<ExpressionPtr> values;  // INSERT ... VALUES
     std::unique_ptr<TableRef> target;   // of an update

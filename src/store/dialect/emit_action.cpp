@@ -1,4 +1,4 @@
-// INSERT, UPDATE and DELETE as SQLite has them: values pass through their fields, AutoNumbers through
+// INSERT, UPDATE and DELETE in SQLite's syntax: values are converted to their fields, AutoNumbers come from
 // qln_auto.
 #include <fmt/format.h>
 
@@ -23,7 +23,7 @@ std::unique_ptr<Expression> ColumnOf(const Source& source, const OutputColumn& c
     return expression;
 }
 
-// The values of an insert in their order. A star stands for all columns, which `starred` keeps alive.
+// The values of an insert, in order. A star is expanded to all columns, which `starred` owns.
 std::vector<const Expression*> InsertedValues(const Statement& statement, const Scope& scope,
                                               std::vector<ExpressionPtr>& starred) {
     std::vector<const Expression*> given;

@@ -1,4 +1,4 @@
-// Expressions as SQLite has them: collations, Null in concatenations, and the two forms of True.
+// Expressions in SQLite's syntax: collations, Null in concatenations, and the two forms of True.
 #include <fmt/format.h>
 
 #include <span>
@@ -22,8 +22,8 @@ bool IsZero(const Expression& expression) {
            expression.value.AsLong() == 0;
 }
 
-// SQLite nests a chain as deep as it is long, and bounds the depth. In halves a chain nests no deeper than
-// the logarithm of its length.
+// SQLite's depth of a chain is its length, which is limited. Split in halves, a chain of n members has a
+// depth of log n.
 void AppendChain(std::span<const std::string> members, std::string_view op, std::string& sql) {
     constexpr std::size_t kLongest = 64;
     if (members.size() <= kLongest) {
@@ -47,7 +47,7 @@ std::string JoinChain(const std::vector<std::string>& members, std::string_view 
     return sql += ")";
 }
 
-// The dialect's True is -1, the file's is 1.
+// True is -1 in the dialect and 1 in the file.
 Emitted AsStoredBoolean(const Expression& expression, Emitted emitted) {
     if (expression.kind == ExpressionKind::Literal && expression.value.IsInteger())
         return {expression.value.AsLong() != 0 ? "1" : "0", ValueType::Boolean};

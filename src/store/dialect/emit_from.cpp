@@ -12,8 +12,8 @@ namespace quillon::store::dialect {
 
 namespace {
 
-constexpr int kDeepestQuery = 20;  // stored queries that select from stored queries
-constexpr int kMostQueries = 100;  // in one statement: each may name another twice, and so on
+constexpr int kDeepestQuery = 20;  // nesting of stored queries
+constexpr int kMostQueries = 100;  // in one statement: each may use another twice, and so on
 
 Source TableSource(const TableRef& ref, const PhysicalTable& table) {
     Source source{ref.Alias(), {}, &table};
@@ -79,8 +79,8 @@ std::string Emitter::EmitSource(const TableRef& ref, Scope& scope) {
     Fail(ref.place, "Cannot translate");
 }
 
-// Joins associate to the left in SQLite: a right join is turned round, and an inner join onto a joined group
-// is put behind the group, so that parentheses, which would hide indexes, are rarely needed.
+// Joins are left-associative in SQLite: a right join is reversed, and an inner join with a joined group is
+// moved after the group, so that parentheses, which prevent the use of indexes, are rarely needed.
 std::string Emitter::EmitTableRef(const TableRef& ref, Scope& scope) {
     if (!ref.isJoin) return EmitSource(ref, scope);
     const bool turned = ref.join == JoinKind::Right ||

@@ -1,4 +1,4 @@
-// Selects and unions: the columns, the keys behind them, DISTINCTROW, and an order where none is given.
+// Selects and unions: the columns, the keys after them, DISTINCTROW, and the default order.
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -45,7 +45,7 @@ std::string Qualified(const Source& source, std::string_view column) {
     return QuoteName(source.alias) + "." + QuoteName(column);
 }
 
-// Two columns with one name get the names of their tables before it.
+// Prefixes duplicate column names with the names of their tables.
 void Qualify(std::vector<OutputColumn>& columns, const std::vector<std::string>& sources) {
     const std::vector<OutputColumn> before = columns;
     for (std::size_t i = 0; i < columns.size(); ++i)
@@ -154,8 +154,7 @@ Emitter::SelectText Emitter::EmitCore(const Select& select, const Scope* outer, 
     return result;
 }
 
-// Without an order of its own a select from one table comes in the order of its key, a DISTINCT in that of
-// its columns.
+// Without ORDER BY, a select from one table is ordered by its key, a DISTINCT by its columns.
 std::string Emitter::EmitOrderBy(const Select& select, const Scope& scope, const SelectText& text) {
     std::string list;
     const auto add = [&](const std::string& item) { list += (list.empty() ? " ORDER BY " : ", ") + item; };

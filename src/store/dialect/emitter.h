@@ -1,5 +1,5 @@
-// The work behind Translate: one object for each statement, which collects the slots in the order of the
-// SQLite text. Only the files of this folder use it.
+// Implements Translate: one object for each statement, which collects the slots in the order of the SQLite
+// text. Used only in this folder.
 #pragma once
 
 #include <string>
@@ -89,7 +89,7 @@ private:
     const Schema& schema_;
     Translation& out_;
     int depth_ = 0;
-    int expanded_ = 0;  // stored queries put into the statement so far
+    int expanded_ = 0;  // number of stored queries in the statement so far
     std::vector<std::pair<std::string, SelectText>> storedQueries_;  // translated ahead, by alias
 };
 

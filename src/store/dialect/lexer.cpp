@@ -9,7 +9,7 @@ namespace quillon::store::dialect {
 
 namespace {
 
-// Memory for a statement is proportional to this; a list of 200,000 ids stays below it.
+// Limits the memory for a statement. A list of 200,000 ids fits.
 constexpr std::size_t kMostTokens = 500'000;
 
 bool IsBlank(char c) {
@@ -44,7 +44,7 @@ private:
     std::string Bracketed() { return Enclosed(']', "Missing ] in"); }
     std::string Quoted(char quote) { return Enclosed(quote, "Missing closing quote in"); }
 
-    // Up to the closing sign; a doubled one is part of the text.
+    // The text up to the closing character; a doubled one is part of the text.
     std::string Enclosed(char close, std::string_view missing) {
         const std::size_t open = at_++;
         std::string text;

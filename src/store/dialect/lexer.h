@@ -1,5 +1,5 @@
-// Cuts a statement of the dialect into tokens. It knows spelling only: names in brackets, texts in either
-// quote, numbers, operators; what a word means is the parser's business.
+// Cuts a statement of the dialect into tokens. It handles only spelling: names in brackets, texts in either
+// quote, numbers, operators. The parser gives words their meaning.
 #pragma once
 
 #include <cstddef>
@@ -17,13 +17,13 @@ struct Token {
     std::size_t place = 0;  // byte offset in the statement, for error messages
 };
 
-// Always ends with an End token. A quote or bracket that is never closed is a SyntaxError naming the place.
+// Always ends with an End token. Throws SyntaxError with the place of an unclosed quote or bracket.
 std::vector<Token> Tokenize(std::string_view sql);
 
-// A name as a statement holds it: in brackets, a closing bracket within it doubled.
+// A name for use in a statement: in brackets, with closing brackets doubled.
 std::string BracketName(std::string_view name);
 
-// The error of every part of the dialect: says what is wrong and shows the statement from `place` on.
+// Throws the syntax error of all parts of the dialect: `what`, with the statement from `place` on.
 [[noreturn]] void FailAt(std::string_view sql, std::size_t place, std::string_view what);
 
 }  // namespace quillon::store::dialect

@@ -34,7 +34,7 @@ ExpressionPtr MakeBinary(TokenStream& tokens, std::string name, ExpressionPtr le
 
 using Level = ExpressionPtr (*)(TokenStream&);
 
-// `next`, or a chain of them with one operator between them, for which `take` looks.
+// Parses `next`, or a chain of them joined by an operator, which `take` accepts.
 template <typename Take>
 ExpressionPtr ParseChain(TokenStream& tokens, std::string_view name, Level next, const Take& take) {
     ExpressionPtr first = next(tokens);
@@ -141,7 +141,7 @@ ExpressionPtr ParseSigned(TokenStream& tokens) {
     return negate;
 }
 
-// Operators of one level, which nest to the left.
+// Left-associative operators of one level.
 template <std::size_t N>
 ExpressionPtr ParseLevel(TokenStream& tokens, const std::array<std::string_view, N>& symbols, Level next) {
     ExpressionPtr left = next(tokens);

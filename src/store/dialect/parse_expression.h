@@ -7,7 +7,7 @@
 namespace quillon::store::dialect {
 
 ExpressionPtr ParseExpression(TokenStream& tokens);
-// A select in parentheses or after INSERT; the stream is on its first word.
+// Parses a select in parentheses or after INSERT; the stream is at its first word.
 std::unique_ptr<Select> ParseSelect(TokenStream& tokens);
 
 }  // namespace quillon::store::dialect

@@ -165,7 +165,7 @@ void ParseUpdate(TokenStream& tokens, Statement& statement) {
     statement.target = ParseTableRef(tokens);
     tokens.ExpectWord("set");
     do {
-        // The value is an ordinary expression; the column before it is a plain name.
+        // The column is a plain name; its value is any expression.
         auto column = std::make_unique<Expression>();
         column->kind = ExpressionKind::Column;
         column->place = tokens.Peek().place;

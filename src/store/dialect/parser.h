@@ -1,5 +1,5 @@
-// Reads a statement, or a criteria, of the dialect into its tree. Checks the form only; whether the names
-// exist is decided where the tree is used. What the dialect does not have is a SyntaxError naming the place.
+// Parses a statement or criteria of the dialect into a tree. Checks the syntax only; names are resolved where
+// the tree is used. Throws SyntaxError with the place.
 #pragma once
 
 #include <string_view>
@@ -9,7 +9,7 @@
 namespace quillon::store::dialect {
 
 Statement ParseStatement(std::string_view sql);
-// A condition as after WHERE, alone.
+// Parses a condition, as after WHERE.
 ExpressionPtr ParseCriteria(std::string_view criteria);
 
 }  // namespace quillon::store::dialect

@@ -1,4 +1,4 @@
-// The names in sight while a select is translated: its sources, and those of the selects around it.
+// The visible names while a select is translated: its sources, and those of enclosing selects.
 #pragma once
 
 #include <string>
@@ -18,7 +18,7 @@ struct Source {
 struct Scope {
     const Scope* outer = nullptr;
     std::vector<Source> sources;
-    std::vector<std::string> aliases;  // of output columns, for ORDER BY
+    std::vector<std::string> aliases;  // aliases of output columns, for ORDER BY
 };
 
 struct FoundColumn {
@@ -27,8 +27,8 @@ struct FoundColumn {
 };
 
 const Source* FindSource(const Scope& scope, std::string_view alias);
-// Walks outward through the scopes; nothing found leaves both members null. A name that two sources of one
-// scope have is an error, thrown as StoreError naming it.
+// Searches the scopes from the inside out; both members are null when nothing is found. Throws StoreError for
+// an ambiguous name in one scope.
 FoundColumn FindColumn(const Scope* scope, std::string_view qualifier, std::string_view name);
 
 ValueType TypeOf(FieldType type);

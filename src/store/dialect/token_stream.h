@@ -1,4 +1,4 @@
-// The parser's view of the tokens: one ahead, words compared without regard to case.
+// The tokens for the parser, with a look-ahead of one. Words are compared ignoring case.
 #pragma once
 
 #include <string>
@@ -24,15 +24,15 @@ public:
     bool TakeSymbol(std::string_view symbol);
     void ExpectWord(std::string_view word);
     void ExpectSymbol(std::string_view symbol);
-    // A name, bracketed or not, that is no key word.
+    // A name, bracketed or not, but not a keyword.
     std::string ExpectName();
     bool IsName() const;
 
     [[noreturn]] void Fail(std::string_view what) const { FailAt(sql_, Peek().place, what); }
-    // `depth` of a node that gets a part with `below` levels. Whoever walks the tree recurses as deep as it
-    // is, so a tree that is too deep is an error.
+    // Updates the `depth` of a node for a child of height `below`. Throws when the tree gets too deep for
+    // recursion.
     void Nest(std::size_t& depth, std::size_t below) const;
-    // Guards the recursion of the parser against statements nested without end.
+    // Limits the recursion of the parser.
     class Depth {
     public:
         explicit Depth(TokenStream& stream);

@@ -1,9 +1,9 @@
-// Turns a statement of the dialect into one of SQLite: names found in the schema, texts compared by the
-// program's collation, functions and joins written as SQLite has them.
+// Translates a statement of the dialect to SQLite: looks up names in the schema, compares texts by the
+// program's collation, and writes functions and joins in SQLite's syntax.
 //
-// Names without a qualifier mean a column of the tables in scope first, then a parameter: a parameter with
-// the name of a column in scope is never seen. A name that is neither is TooFewParameters. A stored query may
-// take the place of a table.
+// A name without a qualifier is first a column of the tables in scope, then a parameter: a column hides a
+// parameter of the same name. A name that is neither is the error TooFewParameters. A stored query may be
+// used as a table.
 #pragma once
 
 #include <optional>
@@ -16,7 +16,7 @@
 
 namespace quillon::store::dialect {
 
-// What the translation asks about the DataSet. Names compare without regard to case.
+// The tables and queries of a DataSet. Names are compared ignoring case.
 class Schema {
 public:
     virtual ~Schema() = default;
@@ -30,14 +30,14 @@ enum class ValueType { Any, Text, Number, Boolean, Date };
 struct OutputColumn {
     std::string name;
     ValueType type = ValueType::Any;
-    std::string field;  // of the one table behind an updatable select; empty for an expression
+    std::string field;  // a field of the table of an updatable select; empty for an expression
 };
 
-// One place of the SQLite statement that takes a value.
+// A placeholder of the SQLite statement.
 struct Slot {
-    int parameter = -1;  // place among the declared ones, or -1 for the constant
+    int parameter = -1;  // index of the declared parameter, or -1 for the constant
     Value constant;
-    std::optional<FieldDef> field;  // the value is stored in it, so it is converted and checked on the way
+    std::optional<FieldDef> field;  // the field that stores the value, which is converted and checked
 };
 
 struct Translation {
@@ -46,13 +46,13 @@ struct Translation {
     std::string sql;
     std::vector<Slot> slots;
     std::vector<OutputColumn> columns;
-    std::string table;  // that an INSERT, UPDATE or DELETE changes
-    // An updatable select: its table, and behind the output columns those that find the row again.
+    std::string table;  // changed by an INSERT, UPDATE or DELETE
+    // For an updatable select: its table, and after the output columns the key columns of the row.
     std::string updatableTable;
     std::size_t keyColumns = 0;
 };
 
-// Of SELECT, INSERT, UPDATE and DELETE. Errors of the statement are thrown as StoreError.
+// Translates SELECT, INSERT, UPDATE and DELETE. Throws StoreError for errors in the statement.
 Translation Translate(const Statement& statement, std::string_view text, const Schema& schema);
 
 }  // namespace quillon::store::dialect

@@ -69,7 +69,7 @@ std::int64_t AutoNumbers::Next(std::string_view table) {
     return counter.next++;
 }
 
-// The counter is made here, so that noting the number after its row is stored needs no memory.
+// Creates the counter, so that Note allocates nothing after the row is stored.
 void AutoNumbers::Check(std::string_view table, std::int64_t given) {
     CounterOf(table);
     if (given < kLeast || given > kLast)

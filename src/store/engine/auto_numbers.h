@@ -1,8 +1,8 @@
-// The counters behind the AutoNumber fields of one DataSet. A number once given is not given again, not even
-// when its row is deleted or its unit rolled back: counters are kept in memory, and written to the file
-// before rows are deleted and at the end of a job.
+// The counters of the AutoNumber fields of a DataSet. A number is never reused, not even when its row is
+// deleted or its unit rolled back: counters are kept in memory, and written to the file before rows are
+// deleted and at the end of a job.
 //
-// A counter stops at 2,147,483,647, the last number of a Long. It never wraps.
+// A counter stops at 2,147,483,647, the largest Long. It never wraps.
 #pragma once
 
 #include <cstdint>
@@ -18,24 +18,24 @@ namespace quillon::store {
 class AutoNumbers {
 public:
     explicit AutoNumbers(const Tables& tables) : tables_(tables) {}
-    // Refuses a file with a counter or an id that no Long can hold.
+    // Refuses a file with a counter or an id outside the range of a Long.
     void Attach(sqlite3* db);
 
-    // A fresh number; NumericOverflow when none is left.
+    // The next number; NumericOverflow when none is left.
     std::int64_t Next(std::string_view table);
-    // NumericOverflow when no Long can hold a number that is given by hand.
+    // NumericOverflow when an explicit number is outside the range of a Long.
     void Check(std::string_view table, std::int64_t given);
-    // Check, and later numbers are above this one.
+    // Like Check, and makes later numbers greater than this one.
     void Note(std::string_view table, std::int64_t given);
 
-    // Writes the counter of the table, or of all tables, to the file where it has changed.
+    // Write the changed counter of the table, or those of all tables, to the file.
     void Save(std::string_view table);
     void SaveAll();
-    // What the file holds is unknown after a rollback; the next Save writes it again.
+    // After a rollback the counters in the file are unknown; makes the next Save write them again.
     void ForgetSaved() noexcept;
-    // A new table of this name counts from 1.
+    // A new table of this name starts at 1.
     void Remove(std::string_view table);
-    // Drops the counters of tables that are gone.
+    // Drops the counters of deleted tables.
     void KeepExisting();
 
 private:

@@ -52,7 +52,7 @@ Connection::~Connection() {
     try {
         Close();
     } catch (...) {
-        // What was committed is in the file.
+        // Committed data is in the file.
     }
 }
 
@@ -87,7 +87,7 @@ void Connection::WritePending() {
     if (units_.IsUnitOpen()) units_.Rollback();
     if (IsReadOnly()) return;
     units_.Recover();
-    // In a file that was moved away there is nothing left to save but counters.
+    // In a file that was moved away only counters would be left to save.
     if (!units_.IsDurableOpen() && !file_.IsInPlace()) return;
     autoNumbers_.SaveAll();
     units_.CommitDurable();
@@ -95,7 +95,7 @@ void Connection::WritePending() {
 
 // The schema.
 
-// Numbers once given stay given, so the counters themselves are kept over a rollback.
+// Numbers are not reused, so the counters are kept after a rollback.
 void Connection::RolledBack(bool definitions) noexcept {
     autoNumbers_.ForgetSaved();
     schemaStale_ = schemaStale_ || definitions;
@@ -136,7 +136,7 @@ void Connection::DeleteTable(std::string_view name) {
     });
 }
 
-// What is written is committed first: attaching and detaching need that no transaction is open.
+// Pending writes are committed first, because attaching and detaching require that no transaction is open.
 void Connection::AppendLink(const TableDef& def) {
     if (!units_.IsUnitOpen()) units_.CommitDurable();
     links_.Add(def);
@@ -165,7 +165,7 @@ void Connection::DropLookupIndexes() {
     Write([&] { store::DropLookupIndexes(Native(), tables_); });
 }
 
-// The schema in memory still lists the indexes that wait.
+// The schema in memory still lists the deferred indexes.
 void Connection::BuildLookupIndexes() {
     const std::vector<std::string> waiting = WaitingIndexes(Native());
     if (waiting.empty()) return;

@@ -1,10 +1,8 @@
-// The one SQLite connection behind all handles of this process on a DataSet. It brings its parts together:
-// the file, the tables and stored queries in memory, statements, units, AutoNumbers, and the results that are
-// open.
+// The one SQLite connection behind all handles of this process on a DataSet. It combines the file, the tables
+// and stored queries in memory, statements, units, AutoNumbers, and the open results.
 //
-// Only store/ uses it. A file has one connection however many Database handles are open on it, so none of
-// them locks another out, and SQLite's locks on the file are never dropped by a second descriptor of this
-// process.
+// Only store/ uses it. A file has one connection for any number of Database handles, so they do not lock each
+// other out, and no second descriptor of this process drops SQLite's locks on the file.
 #pragma once
 
 #include <cstdint>
@@ -29,8 +27,8 @@ namespace quillon::store {
 
 class Connection : private dialect::Schema, private Units::Listener {
 public:
-    // Opens an existing DataSet, or with `create` makes one in an empty file, which goes when that fails.
-    // Throws StoreError.
+    // Opens an existing DataSet, or with `create` makes one in an empty file, which is removed when that
+    // fails. Throws StoreError.
     Connection(const EngineState& engine, const std::string& path, bool create);
     ~Connection() override;
     Connection(const Connection&) = delete;
@@ -39,12 +37,11 @@ public:
     sqlite3* Native() const { return file_.Native(); }
     const FileIdentity& Identity() const { return file_.Identity(); }
     bool IsReadOnly() const { return file_.IsReadOnly(); }
-    // Writes out what is pending and leaves one file with nothing beside it, also when it throws. Later calls
-    // throw ObjectClosed.
+    // Writes pending data and removes the journal, also when it throws. Later calls throw ObjectClosed.
     void Close();
-    // Closes a file that was just made, and deletes it.
+    // Closes and deletes a new file.
     void Abandon() noexcept;
-    // ObjectClosed once closed. What a rollback has taken back is read again here.
+    // Throws ObjectClosed once closed. Reads the schema again after a rollback.
     void RequireOpen();
     int handles = 0;  // Database objects on this connection
 
@@ -65,17 +62,17 @@ public:
     void ReplaceQuery(std::string_view name, std::string_view sql);
     void DropQuery(std::string_view name);
 
-    // Statements in the dialect. Executing one gives the rows affected.
+    // Statements in the dialect. Execute returns the number of rows affected.
     std::shared_ptr<Compiled> Compile(std::string_view text);
     Lease Borrow(std::shared_ptr<Compiled> compiled);
     int Execute(const std::shared_ptr<Compiled>& compiled, const std::vector<Value>& values);
     int ExecuteText(std::string_view text);
-    // One statement of SQLite's own SQL.
+    // Runs one statement of SQLite's SQL.
     int ExecuteNative(std::string_view sql);
-    // Rows written since the opening.
+    // The number of rows written since the opening.
     std::int64_t WriteCount() const;
 
-    // Every writer goes through this; see Units::Write.
+    // All writes go through this; see Units::Write.
     template <typename Action>
     void Write(const Action& write) {
         RequireOpen();
@@ -84,7 +81,7 @@ public:
     void CommitUnit() { units_.Commit(); }
     void RollbackUnit() { units_.Rollback(); }
     void EndJob();
-    // Everything of the command, or nothing of it when this throws.
+    // Commits all of the command, or nothing when it throws.
     void CommitCommand();
     void AbandonCommand() noexcept { units_.AbandonJob(); }
 
@@ -112,8 +109,7 @@ private:
     bool schemaStale_ = true;  // tables and queries in memory may differ from the file
 };
 
-// One Database object's hold on the connection; its recordsets and queries share it, and fail once it is
-// closed.
+// The connection of one Database object, shared by its recordsets and queries, which fail once it is closed.
 struct Handle {
     std::shared_ptr<Connection> connection;
     bool open = true;

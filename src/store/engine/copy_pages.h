@@ -1,5 +1,5 @@
-// Copies an open DataSet page by page through SQLite. The file is never opened a second time: closing another
-// descriptor would drop the locks that this process has on it.
+// Copies an open DataSet page by page through SQLite. The file is not opened again, because closing another
+// descriptor would drop the locks that this process holds on it.
 #pragma once
 
 #include <functional>
@@ -9,8 +9,8 @@
 
 namespace quillon::store {
 
-// Fills the empty file `to`, without making it durable. Throws StoreError, also when `goOn`, which is called
-// every few milliseconds, returns false.
+// Fills the empty file `to`, without making it durable. `goOn` is called every few milliseconds. Throws
+// StoreError, also when `goOn` returns false.
 void CopyPages(const Connection& from, const std::string& to, const std::function<bool()>& goOn);
 
 }  // namespace quillon::store

@@ -23,7 +23,7 @@ int Rank(const Value& value) {
 
 Value Compare(const std::string& op, const Value& left, const Value& right) {
     if (left.IsNull() || right.IsNull()) return {};
-    // A number is compared with a text as a number where the text is one.
+    // A number and a numeric text are compared as numbers.
     const bool mixed = left.IsText() != right.IsText();
     const Value& text = left.IsText() ? left : right;
     int order = 0;
@@ -41,7 +41,7 @@ Value Compare(const std::string& op, const Value& left, const Value& right) {
     return op == "<=" ? order <= 0 : order >= 0;
 }
 
-// Every argument is evaluated, so that a wrong one is an error wherever it is.
+// Every argument is evaluated, so that an invalid one is always an error.
 Value EvaluateChain(const Expression& expression, const ColumnReader& column) {
     const bool decides = expression.name == "or";
     std::string text;

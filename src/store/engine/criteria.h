@@ -1,5 +1,5 @@
-// Criteria of FindFirst and the other searches, run over one row in memory. Values compare as in statements:
-// texts by the collation, Null makes a comparison neither true nor false.
+// Evaluates the criteria of FindFirst and the other searches for a row in memory. Values are compared as in
+// statements: texts by the collation; a comparison with Null is neither true nor false.
 #pragma once
 
 #include <functional>

@@ -35,7 +35,7 @@ std::string FolderOf(const std::string& path) {
     return slash == std::string::npos ? "." : path.substr(0, slash + 1);
 }
 
-// Reads the first bytes with a descriptor of its own; only for a file that this process has not open.
+// Reads the first bytes with a separate descriptor; only for a file that this process does not have open.
 void CheckHeader(const std::string& path) {
     struct stat info {};
     if (stat(path.c_str(), &info) != 0) {
@@ -61,8 +61,8 @@ void CheckHeader(const std::string& path) {
     if (!ours) FailPath(ErrorNumber::UnrecognizedFormat, "This is not a DataSet:", path);
 }
 
-// By the header's version for reading. It is read through SQLite's own descriptor: closing another one would
-// drop the locks of this process.
+// Tests the read version in the header, through SQLite's descriptor, because closing another one would drop
+// the locks of this process.
 bool IsInWriteAheadMode(sqlite3* db) {
     constexpr int kReadVersionAt = 19;
     sqlite3_file* file = nullptr;
@@ -102,7 +102,7 @@ void DataSetFile::Abandon() noexcept {
     db_ = nullptr;
 }
 
-// The second is the log of another program's write-ahead mode.
+// The second file is the log of another program in write-ahead mode.
 bool DataSetFile::EndedUncleanly() const {
     for (const std::string& left : {journalPath_, realPath_ + "-wal"}) {
         struct stat info {};
@@ -131,7 +131,7 @@ void DataSetFile::Open(const std::string& path, bool create, AutoNumbers& autoNu
     TakeLock();
     if (create) return MakeOwnTables();
     Check(unclean);
-    // Another program may have left another mode, which needs a second file.
+    // Another program may have left a mode that needs a second file.
     if (!readOnly_) ExecNative(db_, "PRAGMA journal_mode = DELETE");
 }
 
@@ -155,14 +155,14 @@ void DataSetFile::TakeLock() {
                readOnly_ ? "BEGIN; SELECT count(*) FROM sqlite_master; COMMIT" : "BEGIN EXCLUSIVE; COMMIT");
 }
 
-// A full check after an unclean end, otherwise a quick one. A large file is not checked: the user would
-// notice it at each opening, and SQLite checks every page that it reads. Constraints are not run, because the
-// file may come from anywhere.
+// Runs a full check after an unclean end, otherwise a quick one. A large file is not checked, because each
+// opening would be slow, and SQLite checks every page that it reads. Constraints are not run, because the
+// file is not trusted.
 void DataSetFile::Check(bool unclean) {
     struct stat info {};
     if (stat(realPath_.c_str(), &info) != 0) info.st_size = 0;
     {
-        // A last page cut short is read as if it ended in zeroes, which no check sees.
+        // SQLite pads a truncated last page with zeroes, which no check notices.
         NativeStatement page(db_, "PRAGMA page_size");
         if (page.Step() && info.st_size % page.Long(0) != 0) ThrowCode(SQLITE_CORRUPT);
     }
@@ -180,8 +180,8 @@ void DataSetFile::Remove() noexcept {
     unlink(realPath_.c_str());
 }
 
-// While the lock is still held: a journal without a header holds nothing that could be played back. SQLite
-// leaves one only where memory was too short to remove it.
+// Removes the journal while the lock is still held. A journal without a header contains nothing to roll back;
+// SQLite leaves one only when memory is short.
 void DataSetFile::LeaveNothingBeside() noexcept {
     const int journal = open(journalPath_.c_str(), O_RDONLY | O_CLOEXEC);
     if (journal < 0) return;
@@ -193,14 +193,14 @@ void DataSetFile::LeaveNothingBeside() noexcept {
 
 void DataSetFile::Close() noexcept {
     if (db_ == nullptr) return;
-    // A journal beside a file that took the place of this one is not ours.
+    // A journal beside a file that replaced this one is not ours.
     const bool ours = !readOnly_ && IsInPlace();
     const bool settled = RollBackNative(db_);
-    // Giving up the exclusive lock removes the journal, so that one file is left.
+    // Releasing the exclusive lock removes the journal, so that only one file is left.
     const int unlocked = sqlite3_exec(db_, "PRAGMA locking_mode = NORMAL; SELECT count(*) FROM sqlite_master",
                                       nullptr, nullptr, nullptr);
     if (ours && settled && unlocked != SQLITE_OK) LeaveNothingBeside();
-    // A journal that was there at the opening is removed only by a change of the journal mode.
+    // A journal that existed at the opening is removed only by a change of the journal mode.
     if (ours && access(journalPath_.c_str(), F_OK) == 0)
         sqlite3_exec(db_, "PRAGMA journal_mode = PERSIST; PRAGMA journal_mode = DELETE", nullptr, nullptr,
                      nullptr);

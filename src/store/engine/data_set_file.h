@@ -1,6 +1,6 @@
-// The SQLite file of a DataSet: making, checking and opening it, and closing it so that nothing is left
-// beside it. A connection has one. A DataSet may come from anywhere, so it is opened in defensive mode and
-// refused in plain words when it is damaged or something else.
+// The SQLite file of a DataSet: creates, checks, opens and closes it, without leaving a journal. Each
+// connection has one. A DataSet is not trusted, so it is opened in defensive mode and refused with a clear
+// message when it is damaged or not a DataSet.
 #pragma once
 
 #include <string>
@@ -15,9 +15,8 @@ class AutoNumbers;
 
 class DataSetFile {
 public:
-    // Opens an existing DataSet, or with `create` makes one in an empty file; the exclusive lock is taken
-    // here and kept. A creation that fails leaves no file. Statements take their AutoNumbers from
-    // `autoNumbers`.
+    // Opens an existing DataSet, or with `create` makes one in an empty file; takes and keeps the exclusive
+    // lock. A failed creation leaves no file. Statements use `autoNumbers`.
     DataSetFile(const std::string& path, bool create, AutoNumbers& autoNumbers);
     ~DataSetFile() { Close(); }
     DataSetFile(const DataSetFile&) = delete;
@@ -30,7 +29,7 @@ public:
     bool IsReadOnly() const { return readOnly_; }
     // False once the path leads to another file, or to none.
     bool IsInPlace() const noexcept { return IdentityOf(realPath_) == identity_; }
-    // A transaction that is open is rolled back. Closing twice is allowed.
+    // Rolls back an open transaction. Closing twice is allowed.
     void Close() noexcept;
     // Deletes the file, after Close().
     void Remove() noexcept;
@@ -47,7 +46,7 @@ private:
     sqlite3* db_ = nullptr;
     FileIdentity identity_;
     std::string realPath_;
-    std::string journalPath_;  // made ahead: closing must not need memory
+    std::string journalPath_;  // set at the opening, because closing must not allocate
     bool readOnly_ = false;
 };
 

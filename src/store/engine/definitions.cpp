@@ -34,7 +34,7 @@ FieldType TypeNamed(const dialect::Statement& statement) {
                      fmt::format("There is no field type '{}'.", statement.columnType));
 }
 
-// SQLite cannot change a table's key in place: the rows move to a table with the key wanted.
+// SQLite cannot change a table's key, so the rows are copied to a new table with the key.
 void RebuildTable(sqlite3* db, const std::string& name, const TableDef& wanted) {
     const PhysicalTable table = PhysicalTableOf(wanted);
     const std::string temporary = name + "~new";
@@ -49,7 +49,7 @@ void RebuildTable(sqlite3* db, const std::string& name, const TableDef& wanted) 
     for (const IndexSql& index : CreateIndexSql(table)) ExecNative(db, index.sql);
 }
 
-// A required column of a table with rows has no value for them yet; it is checked for new rows only.
+// Existing rows have no value for a new required column; it is checked only for new rows.
 void AddColumn(sqlite3* db, const TableDef& def, const dialect::Statement& statement) {
     constexpr int kTextSize = 255;
     const FieldType type = TypeNamed(statement);
@@ -90,12 +90,12 @@ void DropIndex(sqlite3* db, TableDef wanted, std::string_view wantedName) {
     ExecNative(db, "DROP INDEX " + QuoteName(name));
 }
 
-// A large sort is done in parts as big as the page cache. Small ones stay near the processor, and a second
-// thread sorts one while the next is read.
+// A large sort is done in parts of the size of the page cache. Small parts fit into the processor's cache,
+// and a second thread sorts one while the next is read.
 constexpr const char* kSortInParts = "PRAGMA cache_size = -4096; PRAGMA threads = 1";
 constexpr const char* kSortWhole = "PRAGMA cache_size = -65536; PRAGMA threads = 0";
 
-// BuildLookupIndexes builds the indexes of the schema only; one that was made besides has to stay.
+// BuildLookupIndexes builds only the indexes of the schema; others must not be dropped.
 bool IsBuiltLater(const std::string& name) {
     for (const TableSpec& table : DataSetTables())
         for (const IndexSql& index : CreateIndexSql(PhysicalTableOf(TableDefOf(table))))

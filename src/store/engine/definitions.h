@@ -1,4 +1,4 @@
-// Changes of a DataSet's tables and indexes in the file. Each leaves the file as it was when it fails. The
+// Changes a DataSet's tables and indexes in the file. A failed change leaves the file unchanged. The
 // connection calls these inside a write and reads the schema again afterwards.
 #pragma once
 
@@ -15,14 +15,14 @@ namespace quillon::store {
 // ItemNotFound when an index names a field that the table does not have.
 void RequireIndexedFields(const TableDef& def);
 void CreateTable(sqlite3* db, const TableDef& def);
-// With its counter: a new table of this name counts from 1.
+// Also drops the counter: a new table of this name starts at 1.
 void DropTable(sqlite3* db, std::string_view name);
 // ALTER TABLE, CREATE INDEX and DROP INDEX.
 void ChangeTable(sqlite3* db, const PhysicalTable& table, const dialect::Statement& statement);
 
-// Drops the indexes that only speed up look-ups, for a bulk load, and notes their names in the file.
+// Drops the indexes that only speed up look-ups, for a bulk load, and stores their names in the file.
 void DropLookupIndexes(sqlite3* db, const Tables& tables);
-// The names noted there.
+// The names stored there.
 std::vector<std::string> WaitingIndexes(sqlite3* db);
 // Builds those indexes again.
 void BuildLookupIndexes(sqlite3* db, const Tables& tables, const std::vector<std::string>& waiting);

@@ -1,5 +1,5 @@
-// What all connections of one Engine share: whether a transaction is open, whether a long job runs, and how
-// to look into another DataSet. The Engine owns it; a connection only reads it.
+// The state shared by all connections of an Engine: whether a transaction is open, whether a long job runs,
+// and a function to inspect another DataSet. The Engine owns it; connections only read it.
 #pragma once
 
 #include <functional>
@@ -13,14 +13,14 @@ namespace quillon::store {
 class Connection;
 
 struct OtherDataSet {
-    const Connection* connection = nullptr;  // to compare; it may be closed again
+    const Connection* connection = nullptr;  // only for comparison; it may be closed
     std::vector<TableDef> tables;
 };
 
 struct EngineState {
     bool inTransaction = false;
     bool inJob = false;
-    bool inCommand = false;  // a job with one commit, at its end
+    bool inCommand = false;  // a job with a single commit at its end
     // Opens a DataSet with all checks, reads its tables, and closes it unless it was open before.
     std::function<OtherDataSet(const std::string& path)> look;
 };

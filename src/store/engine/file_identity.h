@@ -1,4 +1,4 @@
-// What makes two paths the same file: device and inode.
+// The identity of a file: device and inode.
 #pragma once
 
 #include <cstdint>

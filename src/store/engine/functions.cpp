@@ -70,7 +70,7 @@ void StrCompFunction(sqlite3_context* context, int count, sqlite3_value** values
     sqlite3_result_int(context, order < 0 ? -1 : (order > 0 ? 1 : 0));
 }
 
-// The place of the second text in the first, from 1, without regard to case; 0 for none.
+// The 1-based position of the second text in the first, ignoring case; 0 for none.
 void InStr(sqlite3_context* context, int, sqlite3_value** values) {
     if (IsNull(values[0]) || IsNull(values[1])) return;
     const std::string text = LowerCase(TextOf(values[0]));
@@ -110,7 +110,7 @@ void DeleteMap(void* function) {
 
 using NativeFunction = void (*)(sqlite3_context*, int, sqlite3_value**);
 
-// SQLITE_RANGE brings a number out of range through SQLite, with its description.
+// SQLITE_RANGE passes the error of a number out of range through SQLite.
 template <NativeFunction function>
 void Guarded(sqlite3_context* context, int count, sqlite3_value** values) noexcept {
     try {
@@ -148,7 +148,7 @@ void RegisterFunctions(sqlite3* db, AutoNumbers& autoNumbers) {
     Add<AutoNumber>(db, "qln_auto", 2, &autoNumbers);
 }
 
-// SQLite deletes the function, also when it cannot register it.
+// SQLite deletes the function, even when it cannot register it.
 void RegisterMap(sqlite3* db, const std::string& name, MapFunction function) {
     auto owned = std::make_unique<MapFunction>(std::move(function));
     CheckNative(db, sqlite3_create_function_v2(db, name.c_str(), 1, SQLITE_UTF8 | SQLITE_DIRECTONLY,

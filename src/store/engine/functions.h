@@ -1,5 +1,5 @@
-// The collation and the functions that translated statements use, in SQLite's terms. No exception passes
-// through SQLite: it becomes an error of the statement that called the function.
+// Registers the collation and the functions of translated statements with SQLite. No exception passes through
+// SQLite: it becomes an error of the statement.
 #pragma once
 
 #include <cstdint>

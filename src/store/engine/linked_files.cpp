@@ -60,8 +60,7 @@ void LinkedFiles::Add(const TableDef& def) {
     }
 }
 
-// The other file is checked as at any opening and closed again, because a process may have a file open only
-// once.
+// The other file is opened, checked and closed first, because a process may have a file open only once.
 const LinkedFiles::AttachedFile& LinkedFiles::AttachFile(const std::string& path) {
     for (const AttachedFile& file : attached_)
         if (file.path == path) return file;
@@ -92,7 +91,7 @@ bool LinkedFiles::IsUsed(const AttachedFile& file) const {
                        [&](const PhysicalTable& link) { return PathIn(link.def.Connect) == file.path; });
 }
 
-// A file that a result still reads from stays attached until the next link goes, or the DataSet is closed.
+// A file that a result still reads stays attached until the next link is removed or the DataSet is closed.
 void LinkedFiles::DetachUnused() noexcept {
     std::erase_if(attached_, [this](const AttachedFile& file) {
         if (IsUsed(file)) return false;

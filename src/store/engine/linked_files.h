@@ -1,5 +1,5 @@
-// Linked tables: tables of other DataSets under names of this one. The other file is attached, and a
-// temporary view has the name, so nothing of a link is ever written to either file.
+// Linked tables: tables of other DataSets with names in this one. The other file is attached and a temporary
+// view created, so nothing about a link is written to either file.
 #pragma once
 
 #include <string>
@@ -18,7 +18,7 @@ public:
     LinkedFiles(const EngineState& engine, const Connection& owner) : engine_(engine), owner_(owner) {}
     void Attach(sqlite3* db) { db_ = db; }
 
-    // Attaching and detaching need that no transaction is open. InvalidPath for a Connect that names no
+    // Attaching and detaching require that no transaction is open. InvalidPath for a Connect without a
     // DataSet, UnknownTable when that has no such table, and the errors of opening it.
     void Add(const TableDef& def);
     void Remove(std::string_view name);
@@ -26,7 +26,7 @@ public:
 
 private:
     struct AttachedFile {
-        std::string schema;  // the name that statements know it by
+        std::string schema;  // the schema name in statements
         std::string path;
         std::vector<TableDef> tables;
     };

@@ -94,7 +94,7 @@ void CheckNative(sqlite3* db, int code) {
     if (code != SQLITE_OK) ThrowNative(db, code);
 }
 
-// The check reports a page that it had no memory to read as if it were damaged.
+// The check reports a page as damaged when memory is too short to read it.
 void RequireWhole(std::string_view report) {
     if (report.find("error code=7") != std::string_view::npos) throw std::bad_alloc();
     if (report != "ok") ThrowCode(SQLITE_CORRUPT);
@@ -145,7 +145,7 @@ std::int64_t LongIn(sqlite3_stmt* statement, int column) {
 std::string_view TextIn(sqlite3_stmt* statement, int column) {
     const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
     if (text != nullptr) return {text, static_cast<std::size_t>(sqlite3_column_bytes(statement, column))};
-    // A text that is not there although the column is not Null did not fit into memory.
+    // A missing text in a column that is not Null did not fit into memory.
     const bool none = IsNullIn(statement, column) || sqlite3_column_bytes(statement, column) == 0;
     if (!none || sqlite3_errcode(sqlite3_db_handle(statement)) == SQLITE_NOMEM) throw std::bad_alloc();
     return {};
@@ -192,7 +192,8 @@ void NativeStatement::Reset() {
 }
 
 NativeTurns::NativeTurns(sqlite3* db, std::function<bool()> goOn) : db_(db), goOn_(std::move(goOn)) {
-    constexpr int kInstructions = 10'000;  // of SQLite's machine between two turns: about a millisecond
+    constexpr int kInstructions =
+        10'000;  // of SQLite's virtual machine between two turns: about a millisecond
     sqlite3_progress_handler(db_, kInstructions, Turn, this);
 }
 

@@ -1,5 +1,5 @@
-// SQLite's own interface, wrapped just enough to be safe: statements that are finalized, results that are
-// checked, and errors as exceptions. The files of store/ that need SQLite's own SQL use it.
+// A thin wrapper around SQLite's interface: finalizes statements, checks results, and throws errors. Used by
+// the files of store/ that need SQLite's own SQL.
 //
 // Short memory is always std::bad_alloc; every other failure is a StoreError.
 #pragma once
@@ -17,7 +17,7 @@ struct sqlite3_stmt;
 
 namespace quillon::store {
 
-// The error of the last call on `db` that failed with `code`, in the store's numbers and words.
+// Throws the error of the last call on `db`, which failed with `code`, as a StoreError.
 [[noreturn]] void ThrowNative(sqlite3* db, int code);
 [[noreturn]] void ThrowCode(int code, std::string_view nativeMessage = {});
 // Throws unless `code` is SQLITE_OK.
@@ -26,7 +26,7 @@ void CheckNative(sqlite3* db, int code);
 // Throws unless `report`, the first row of SQLite's check of a file, is "ok".
 void RequireWhole(std::string_view report);
 
-// Prepares one statement; the caller finalizes it. `persistent` for one that is used again.
+// Prepares one statement; the caller finalizes it. Use `persistent` for one that is kept.
 sqlite3_stmt* PrepareNative(sqlite3* db, std::string_view sql, bool persistent = false);
 void ExecNative(sqlite3* db, const std::string& sql);
 
@@ -50,7 +50,7 @@ public:
     void Bind(int place, std::string_view text);
     void Bind(int place, std::int64_t number);
     void BindNull(int place);
-    // Without a copy: the text must live until the statement is reset.
+    // Binds without a copy: the text must stay valid until the statement is reset.
     void BindInPlace(int place, std::string_view text);
     void BindValue(int place, const Value& value) { BindNative(statement_, place, value); }
     bool Step() { return StepNative(statement_); }
@@ -64,9 +64,9 @@ private:
     sqlite3_stmt* statement_;
 };
 
-// Turns within a long statement: while it lives, `goOn` is called every few milliseconds in which a statement
-// of `db` runs. When it returns false the statement fails as interrupted. It must not throw or use `db`,
-// which must be open at the end.
+// Turns within a long statement: during its lifetime `goOn` is called every few milliseconds while a
+// statement of `db` runs. When it returns false the statement is interrupted. It must not throw or use `db`,
+// which must outlive this object.
 class NativeTurns {
 public:
     NativeTurns(sqlite3* db, std::function<bool()> goOn);
@@ -81,11 +81,11 @@ private:
     std::function<bool()> goOn_;
 };
 
-// Rolls back what is open on `db`; false when it is still open, because memory is too short even for that.
+// Rolls back the open transaction of `db`; false when that failed because memory is short.
 bool RollBackNative(sqlite3* db) noexcept;
 
-// A savepoint by scope: without Keep() the destructor undoes what came after it. Where memory is too short
-// for that, it rolls the whole transaction back.
+// A savepoint: without Keep() the destructor undoes later changes. When memory is too short for that, it
+// rolls back the whole transaction.
 class Savepoint {
 public:
     Savepoint(sqlite3* db, const char* name);
@@ -99,7 +99,7 @@ private:
     const char* name_;
     bool kept_ = false;
 };
-// Undoes everything since the savepoint and removes it; false when that failed.
+// Undoes all changes since the savepoint and removes it; false on failure.
 bool UndoSavepoint(sqlite3* db, const char* name) noexcept;
 
 }  // namespace quillon::store

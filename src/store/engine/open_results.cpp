@@ -27,7 +27,7 @@ void OpenResults::FreezeOrBreak() noexcept {
     }
 }
 
-// Closing a result removes it from the list and puts the last one in its place.
+// Closing a result removes it from the list and moves the last one to its index.
 void OpenResults::CloseOf(const Handle& handle) noexcept {
     for (std::size_t i = results_.size(); i-- > 0;)
         if (results_[i]->IsOf(handle)) results_[i]->Close();

@@ -1,5 +1,5 @@
-// The results that are open on one connection. Before anything is written each of them reads the rows that it
-// has not visited yet, so that it keeps showing what was there when it was opened.
+// The open results of a connection. Before any write each of them reads its remaining rows, so that it keeps
+// the rows of the moment when it was opened.
 #pragma once
 
 #include <vector>
@@ -13,10 +13,10 @@ class OpenResults {
 public:
     void Add(ResultSet* result) { results_.push_back(result); }
     void Remove(const ResultSet* result) noexcept;
-    // Throws when a result cannot read its rows; nothing has been written then.
+    // Throws before anything is written when a result cannot read its rows.
     void Freeze();
-    // As Freeze, before a rollback, which must not fail: a result that cannot read its rows reports the error
-    // when it is walked further.
+    // Like Freeze, for a rollback, which must not fail: a result that cannot read its rows reports the error
+    // at its next move.
     void FreezeOrBreak() noexcept;
     void CloseOf(const Handle& handle) noexcept;
     void CloseAll() noexcept;

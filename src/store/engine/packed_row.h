@@ -1,4 +1,4 @@
-// The values of one row in one block of memory: a result keeps the rows that it has visited so.
+// The values of one row in one block of memory. Results keep visited rows in this form.
 #pragma once
 
 #include <cstddef>
@@ -12,11 +12,11 @@ namespace quillon::store {
 class PackedRow {
 public:
     void Append(const Value& value);
-    // A number that is written in place later, when it is known.
+    // Appends a number that SetNumber can overwrite.
     void AppendNumber(std::int64_t number);
-    // The value at a place, counted from 0; the row must have it.
+    // The value with that index, from 0, which must exist.
     Value At(std::size_t place) const;
-    // Overwrites the number at a place that AppendNumber has filled.
+    // Overwrites a number appended with AppendNumber.
     void SetNumber(std::size_t place, std::int64_t number) noexcept;
     void Swap(PackedRow& other) noexcept { packed_.swap(other.packed_); }
 

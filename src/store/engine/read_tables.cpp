@@ -56,7 +56,7 @@ void ReadIndexes(sqlite3* db, PhysicalTable& table) {
         NativeStatement parts(db, "SELECT name FROM pragma_index_info(?1) ORDER BY seqno");
         parts.Bind(1, name);
         while (parts.Step()) index.fields.emplace_back(parts.Text(0));
-        // An index over an expression was made by another program.
+        // Only other programs create indexes over expressions.
         const bool known =
             std::all_of(index.fields.begin(), index.fields.end(),
                         [&](const std::string& field) { return table.def.Field(field) != nullptr; });

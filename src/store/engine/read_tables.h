@@ -1,5 +1,5 @@
-// Reads the tables of an open DataSet back from its file. The connection calls it at opening and after a
-// change of the schema.
+// Reads the tables of an open DataSet from its file. The connection calls it at opening and after a change of
+// the schema.
 #pragma once
 
 #include <vector>
@@ -10,8 +10,8 @@ struct sqlite3;
 
 namespace quillon::store {
 
-// In the order of creation. The store's own tables are left out, and so is any table with a column that the
-// schema cannot describe.
+// In the order of creation. Omits the store's own tables, and tables with columns that the schema cannot
+// describe.
 std::vector<PhysicalTable> ReadTables(sqlite3* db);
 
 }  // namespace quillon::store

@@ -1,7 +1,7 @@
 // The rows of one opened select, read from SQLite as they are visited and kept packed; shared by a recordset
-// and its clones. The row last read stays in the SQLite statement until the next one is needed, so that a
-// look-up of one row copies nothing. Before anything is written to the DataSet, Freeze() reads the rest, and
-// the rows stay as they were.
+// and its clones. The last row read stays in the SQLite statement until the next one is needed, so that a
+// look-up of one row copies nothing. Before any write to the DataSet, Freeze() reads the rest, so that the
+// rows do not change.
 #pragma once
 
 #include <cstddef>
@@ -29,33 +29,33 @@ public:
     bool IsOf(const Handle& handle) const { return handle_.get() == &handle; }
     void Close() noexcept;
     void Requery();
-    // Reads all rows that are left.
+    // Reads all remaining rows.
     void Freeze();
-    // Lets go of the rows that are left: whoever walks on to them gets an error.
+    // Drops the remaining rows; moving to them is an error afterwards.
     void Break() noexcept;
 
-    // True when there is a row at that place; reads up to it.
+    // True when there is a row with that index; reads up to it.
     bool Has(std::size_t row);
     std::size_t Count();  // of all rows
     bool IsDeleted(std::size_t row) const;
-    // How many of the first `rows` rows are deleted.
+    // The number of deleted rows among the first `rows`.
     std::size_t DeletedBefore(std::size_t rows) const;
     Value At(std::size_t row, std::size_t column);
     const std::vector<dialect::OutputColumn>& Columns() const { return compiled_->translation.columns; }
-    // Without regard to case; 3265 for no such column.
+    // Ignores case; 3265 for an unknown column.
     std::size_t ColumnPlace(std::string_view name) const;
 
     bool IsUpdatable() const;
     const PhysicalTable& BaseTable() const;
-    // Store a changed, a new, or no more row. `values` has one value for each column; for a change only
-    // `changed` ones count. On an error the row is as it was.
+    // Change, add or delete a row. `values` has one value for each column; a change stores only those in
+    // `changed`. After an error the row is unchanged.
     void UpdateRow(std::size_t row, const std::vector<Value>& values, const std::vector<bool>& changed);
-    // Puts the next AutoNumber into its column, if the result has it.
+    // Sets the AutoNumber column, if the result has it, to the next number.
     void StageAutoNumber(std::vector<Value>& values);
     void InsertRow(const std::vector<Value>& values);
     void DeleteRow(std::size_t row);
 
-    // Table-type: another order, and the place of a row by its key in that order; -1 for none.
+    // For tables: sets the order, and finds a row by its key in that order; -1 for none.
     void UseIndex(std::string_view indexName);
     std::ptrdiff_t SeekRow(std::string_view comparison, const std::vector<Value>& key);
 
@@ -64,12 +64,12 @@ private:
         PackedRow values;
         bool deleted = false;
     };
-    // The columns of a row that is being written, and their values.
+    // A row that is being written.
     struct Written {
         std::vector<const FieldDef*> fields;  // by column; nullptr for a computed one
         std::vector<Value> after;             // by column, then the key
-        std::vector<std::size_t> given;       // columns that are written
-        std::int64_t hidden = 0;              // an AutoNumber that the result does not show
+        std::vector<std::size_t> given;       // indexes of the written columns
+        std::int64_t hidden = 0;              // an AutoNumber without a column in the result
     };
     void Open();
     void ReadNext();
@@ -87,16 +87,16 @@ private:
     int CompareKey(std::size_t row, const std::vector<std::size_t>& columns, const std::vector<Value>& key);
 
     std::shared_ptr<Handle> handle_;
-    std::shared_ptr<Connection> connection_;  // outlives the handle, so that the statement can be given back
+    std::shared_ptr<Connection> connection_;  // outlives the handle, so that the statement can be returned
     std::shared_ptr<Compiled> compiled_;
     std::vector<Value> values_;
     RecordsetType type_;
     Lease lease_;
     std::vector<Row> rows_;
-    std::size_t dropped_ = 0;  // rows that a ForwardOnly result no longer keeps
+    std::size_t dropped_ = 0;  // number of rows dropped by a ForwardOnly result
     bool live_ = false;        // the row at dropped_ + rows_.size() is in the statement
     bool complete_ = false;
-    bool broken_ = false;  // rows are missing because they could not be read
+    bool broken_ = false;  // some rows could not be read
     bool inOrder_ = true;  // no row was changed or added since they were read
     std::size_t deleted_ = 0;
     std::string indexName_ = "PrimaryKey";

@@ -23,14 +23,13 @@ void ResultSet::UseIndex(std::string_view indexName) {
         fmt::format("SELECT * FROM {} ORDER BY {};", dialect::BracketName(BaseTable().def.name), order);
     std::string chosen = index->name;
     std::shared_ptr<Compiled> compiled = handle_->Require().Compile(sql);
-    Break();  // gives the statement back before its text goes
+    Break();  // returns the statement before its text is deleted
     compiled_ = std::move(compiled);
     indexName_ = std::move(chosen);
     Requery();
 }
 
-// The rows that are left, in the order of the columns: a row written since the others were read stands behind
-// them.
+// The remaining rows in the order of the columns; rows written later are at the end until they are sorted.
 std::vector<std::size_t> ResultSet::RowsInOrder(const std::vector<std::size_t>& columns) {
     std::vector<std::size_t> order;
     for (std::size_t row = 0; Has(row); ++row)
@@ -67,7 +66,7 @@ std::ptrdiff_t ResultSet::SeekRow(std::string_view comparison, const std::vector
     const std::vector<std::size_t> order = asRead ? std::vector<std::size_t>() : RowsInOrder(columns);
     if (!asRead) count = order.size();
     const auto rowAt = [&](std::size_t place) { return asRead ? place : order[place]; };
-    // In the order of the index two binary searches bound the rows that are equal.
+    // In index order two binary searches find the range of equal rows.
     const auto first = [&](int least) {
         std::size_t low = 0, high = count;
         while (low < high) {

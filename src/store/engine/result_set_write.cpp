@@ -1,5 +1,5 @@
-// Changing, adding and deleting rows of an updatable result. What the result keeps of a row is made ready
-// before the file is written, so that a failure leaves both as they were.
+// Changes, adds and deletes rows of an updatable result. The packed row is prepared before the file is
+// written, so that a failure leaves both unchanged.
 #include <fmt/format.h>
 #include <sqlite3.h>
 
@@ -56,8 +56,8 @@ void ResultSet::BindKey(NativeStatement& statement, int first, std::size_t row) 
         statement.BindValue(first + static_cast<int>(i), At(row, width + i));
 }
 
-// Puts the values of the key behind the columns. Gives the place of a rowid, which is known only once the row
-// is stored; 0 when there is none.
+// Appends the values of the key to the columns. Returns the index of the rowid, which is known only after the
+// row is stored; 0 when there is none.
 std::size_t ResultSet::AfterKey(Written& row) const {
     const std::vector<std::string> keys = BaseTable().KeyColumns();
     std::size_t rowid = 0;
@@ -124,7 +124,7 @@ void ResultSet::StageAutoNumber(std::vector<Value>& values) {
             values[i] = handle_->Require().Numbers().Next(table.def.name);
 }
 
-// An AutoNumber that the result does not show, or that was taken out again, is given all the same.
+// Assigns an AutoNumber also when the result has no column for it, or its value was removed.
 ResultSet::Written ResultSet::NewRow(Connection& connection, const std::vector<Value>& values) const {
     const PhysicalTable& table = BaseTable();
     Written written;

@@ -16,7 +16,7 @@ constexpr std::size_t kMostCompiled = 512;
 constexpr std::size_t kLongestKept = std::size_t{16} * 1024;  // bytes of a text
 constexpr std::size_t kMostIdle = 4;
 
-// A Text parameter takes the text of any value, a Long the number of any numeric one.
+// A Text parameter accepts the text of any value, a Long the number of any numeric value.
 Value AsDeclared(const dialect::Declaration& parameter, const Value& value) {
     if (value.IsNull()) return value;
     if (parameter.text) return value.AsText();
@@ -28,7 +28,7 @@ Value AsDeclared(const dialect::Declaration& parameter, const Value& value) {
 
 }  // namespace
 
-// Giving a statement back must not fail, so the room for it is there from the start.
+// Returning a statement must not fail, so its space is reserved here.
 Compiled::Compiled() {
     idle.reserve(kMostIdle);
 }

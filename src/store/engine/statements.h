@@ -1,5 +1,5 @@
-// The statements of one connection: translated once from the dialect, kept by text, and their prepared forms
-// used again. Two users of one text at the same time get two prepared forms.
+// The statements of a connection: translated once from the dialect, cached by text, with reuse of prepared
+// statements. Two simultaneous users of a text get two prepared statements.
 #pragma once
 
 #include <memory>
@@ -17,7 +17,7 @@ struct sqlite3_stmt;
 
 namespace quillon::store {
 
-// A statement ready to run again and again.
+// A translated statement with its prepared SQLite statements.
 struct Compiled {
     std::string text;  // in the dialect
     dialect::Translation translation;
@@ -36,19 +36,20 @@ public:
     explicit Statements(const dialect::Schema& schema) : schema_(schema) {}
     void Attach(sqlite3* db) { db_ = db; }
 
-    // Returns the same object for the same text until Forget(); a very long text is translated each time.
+    // Returns the same object for the same text until Forget(); very long texts are not cached.
     std::shared_ptr<Compiled> Compile(std::string_view text);
     // The cached statement; nullptr when the text was not compiled since Forget().
     std::shared_ptr<Compiled> Find(std::string_view text) const;
     std::shared_ptr<Compiled> CompileQuery(std::string_view name, const std::string& text);
-    // Compiles without keeping.
+    // Compiles without caching.
     std::shared_ptr<Compiled> Prepare(std::string_view text, const dialect::Statement& statement);
-    // The schema or a stored query has changed.
+    // Call it when the schema or a stored query has changed.
     void Forget() noexcept;
-    // Finalizes every prepared form that is not on loan, so that the connection can be closed.
+    // Finalizes every prepared statement that is not leased, so that the connection can be closed.
     void FinalizeIdle() noexcept;
 
-    // `values` has one for each parameter. A value that its field or parameter refuses is a StoreError.
+    // `values` has one value for each parameter. Throws StoreError for a value that its field or parameter
+    // refuses.
     static void Bind(const Compiled& compiled, sqlite3_stmt* statement, const std::vector<Value>& values);
 
 private:
@@ -57,10 +58,10 @@ private:
     sqlite3* db_ = nullptr;
     NameMap<std::shared_ptr<Compiled>> queries_;
     std::unordered_map<std::string, std::shared_ptr<Compiled>> byText_;
-    std::vector<std::weak_ptr<Compiled>> all_;  // also those that the caches have dropped
+    std::vector<std::weak_ptr<Compiled>> all_;  // including those dropped from the caches
 };
 
-// A prepared form on loan; it goes back by scope, reset and ready for the next user.
+// Leases a prepared statement. The destructor resets and returns it.
 class Lease {
 public:
     Lease() = default;
@@ -71,7 +72,7 @@ public:
     Lease(Lease&& other) noexcept { *this = std::move(other); }
     Lease& operator=(Lease&& other) noexcept;
 
-    // nullptr once it has been given back.
+    // nullptr once it has been returned.
     sqlite3_stmt* Statement() const { return statement_; }
     void GiveBack() noexcept;
 

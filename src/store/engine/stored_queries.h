@@ -1,5 +1,5 @@
-// The named queries of one DataSet: their texts in the dialect, in the order of creation, in memory as in the
-// file. It checks no text and compiles none.
+// The named queries of a DataSet: their texts in the dialect, in the order of creation, cached in memory.
+// Does not check or compile texts.
 #pragma once
 
 #include <string>
@@ -15,7 +15,7 @@ namespace quillon::store {
 
 class StoredQueries {
 public:
-    // Reads them from the file; on an error they stay as they were.
+    // Reads them from the file; keeps the old ones after an error.
     void Load(sqlite3* db);
 
     // nullptr when there is no such query.

@@ -1,4 +1,4 @@
-// The tables of an open DataSet in memory, linked ones among them, found by name.
+// The tables of an open DataSet in memory, including linked ones, by name.
 #pragma once
 
 #include <memory>
@@ -18,7 +18,7 @@ public:
     const PhysicalTable& Require(std::string_view name) const;
     // In the order of creation.
     const std::vector<std::unique_ptr<PhysicalTable>>& All() const { return tables_; }
-    // On an error the tables stay as they were.
+    // Keeps the old tables after an error.
     void Replace(std::vector<PhysicalTable> own, const std::vector<PhysicalTable>& links);
 
 private:

@@ -15,7 +15,7 @@ namespace {
 constexpr auto kJobCommitInterval = std::chrono::milliseconds(400);
 constexpr const char* kUnit = "qln_unit";
 
-// True for an error of the file as a whole, which the next write would meet again.
+// True for an error of the whole file, which the next write would get again.
 bool IsOfTheFile(const std::exception_ptr& failure) noexcept {
     try {
         std::rethrow_exception(failure);
@@ -68,8 +68,8 @@ void Units::CommitDurable() {
     definitionsChanged_ = false;
 }
 
-// After some failures (a full disk) SQLite has rolled back by itself what the program thinks is open. What is
-// left of the unit must not be stored then, and during a job the units before it are gone too.
+// After some failures (a full disk) SQLite has rolled back by itself. The rest of the unit must then not be
+// stored, and during a job the previous units are lost too.
 bool Units::NoticeRollback() noexcept {
     if (!durableOpen_ || sqlite3_get_autocommit(db_) == 0) return false;
     durableOpen_ = false;
@@ -80,7 +80,7 @@ bool Units::NoticeRollback() noexcept {
     return true;
 }
 
-// What the program remembers of the file is read again where a rollback may have taken it away.
+// Makes the connection read its cached state again after a rollback.
 void Units::Forget() noexcept {
     listener_.RolledBack(std::exchange(definitionsChanged_, false));
 }
@@ -150,7 +150,7 @@ void Units::Commit() {
     CommitDurable();
 }
 
-// The units before one that outlives its job are still to be made durable.
+// Earlier units of a job that has ended are still not durable.
 void Units::Rollback() {
     NoticeRollback();
     unitLost_ = false;
@@ -161,7 +161,7 @@ void Units::Rollback() {
     if (!engine_.inJob) CommitDurable();
 }
 
-// A savepoint that cannot be undone takes the durable commit with it, and so ends the job.
+// If the savepoint cannot be undone, the durable commit is rolled back, which ends the job.
 void Units::UndoUnit() noexcept {
     unitOpen_ = false;
     if (!unitIsSavepoint_) return UndoDurable();
@@ -190,7 +190,7 @@ void Units::AbandonJob() noexcept {
 void Units::EndJob() {
     const bool failed = std::exchange(jobFailed_, false);
     const std::exception_ptr failure = failed ? std::exchange(failure_, nullptr) : nullptr;
-    // A unit that is open decides for itself, and takes the units before it along.
+    // An open unit commits or rolls back later, together with the units before it.
     if (!unitOpen_) CommitDurable();
     if (failure) std::rethrow_exception(failure);
     if (failed) ThrowCode(SQLITE_IOERR);

@@ -1,9 +1,9 @@
-// The transactions of one connection. A unit is what a program wraps in BeginTrans and CommitTrans; a durable
-// commit is SQLite's. Outside a job each unit is one durable commit. During a job a unit is a savepoint, and
-// units are gathered into a durable commit every 0.4 seconds.
+// The transactions of a connection. A unit is the code between BeginTrans and CommitTrans; a durable commit
+// is a transaction of SQLite. Outside a job each unit is one durable commit. During a job a unit is a
+// savepoint, and units are grouped into a durable commit every 0.4 seconds.
 //
-// Every writer goes through Write(). When the disk refuses a write during a job, every later write of that
-// job fails with the same error, so that the job ends with one message and not with one for each row.
+// All writes go through Write(). After a disk error during a job, every later write of that job fails with
+// the same error, so that the job ends with one message instead of one for each row.
 #pragma once
 
 #include <chrono>
@@ -29,11 +29,11 @@ public:
 
     Units(const EngineState& engine, OpenResults& results, Listener& listener)
         : engine_(engine), results_(results), listener_(listener) {}
-    // `path` is the file behind `db`, with symbolic links followed; `identity` what it was at opening.
+    // `path` is the file of `db`, with symbolic links followed; `identity` is its identity at opening.
     void Attach(sqlite3* db, const std::string& path, const FileIdentity& identity, bool readOnly);
 
-    // Runs `write` in the unit that is open, or as a unit of its own. When it throws, what SQLite has undone
-    // by itself is noted, and the error passes on.
+    // Runs `write` in the open unit, or in its own unit. When it throws, checks for a rollback by SQLite and
+    // rethrows.
     template <typename Action>
     void Write(const Action& write) {
         BeforeWrite();
@@ -45,25 +45,24 @@ public:
         }
         AfterWrite();
     }
-    // Tables or stored queries have been changed by this write.
+    // Call it when this write has changed tables or stored queries.
     void DefinitionsChanged() { definitionsChanged_ = true; }
 
-    // Nothing when no unit has written here. A commit that fails leaves nothing of the unit.
+    // Does nothing when the unit has not written here. After a failed commit nothing of the unit is stored.
     void Commit();
     void Rollback();
-    // Throws the error that has ended the unit or the job.
+    // Throws the error that ended the unit or the job.
     void RequireUnit();
-    // Everything that is pending, but for a unit that is open.
+    // Commits everything pending except an open unit.
     void CommitDurable();
-    // The last durable commit of a job, and its error when an earlier one failed.
+    // Makes the last durable commit of a job, or throws the error of an earlier one.
     void EndJob();
     // Rolls back everything that is pending.
     void AbandonJob() noexcept;
 
     bool IsDurableOpen() const { return durableOpen_; }
     bool IsUnitOpen() const { return unitOpen_; }
-    // Ends a transaction that an earlier failure left behind; std::bad_alloc while memory is too short for
-    // it.
+    // Ends a transaction that an earlier failure left open; std::bad_alloc while memory is too short for it.
     void Recover();
 
 private:
@@ -87,7 +86,7 @@ private:
     bool durableOpen_ = false;  // a transaction of SQLite's is open
     bool unitOpen_ = false;     // the engine's transaction has written here
     bool unitIsSavepoint_ = false;
-    bool unitLost_ = false;            // what the engine's transaction wrote here is gone: it must not go on
+    bool unitLost_ = false;  // the writes of the engine's transaction were lost, so it must not continue
     bool definitionsChanged_ = false;  // since the last durable commit
     bool jobFailed_ = false;
     std::exception_ptr failure_;  // why the unit is lost or the job has failed; null for a plain disk error

@@ -16,8 +16,8 @@ void MakeNoJournal(Connection& connection) {
 
 void CheckWholeFile(const EngineState& engine, const std::string& path, const std::atomic<bool>& stop) {
     Connection connection(engine, path, false);
-    // Constraints are not run: what was there before need not keep them. Every page is read once, so that a
-    // large cache would only fill the memory.
+    // Constraints are not run, because old rows may violate them. Every page is read once, so a large cache
+    // would only use memory.
     ExecNative(connection.Native(), "PRAGMA ignore_check_constraints = ON; PRAGMA cache_size = -2000");
     {
         const NativeTurns turns(connection.Native(), [&stop] { return !stop; });

@@ -1,4 +1,4 @@
-// A DataSet as one file, for the jobs that make or replace the whole of it. Only store/lifecycle uses it.
+// Functions for jobs that make or replace a whole DataSet file. Only store/lifecycle uses them.
 #pragma once
 
 #include <atomic>
@@ -8,18 +8,17 @@
 
 namespace quillon::store {
 
-// For a file that nobody else has and that is made durable as a whole at its end: nothing is synced before
-// that, and no journal stands beside it.
+// For a private file that is made durable at the end: switches off syncs and the journal.
 void WriteWithoutSyncs(Connection& connection);
 
-// For an open file that was replaced: it makes and removes no journal from now on.
+// For an open file that was replaced: makes it neither create nor remove a journal.
 void MakeNoJournal(Connection& connection);
 
 // Opens the closed file at `path`, checks every page of it, and closes it. CorruptFile when it is damaged.
-// May run in a thread of its own; it fails soon after another thread has set `stop`.
+// May run in another thread; fails soon after `stop` is set.
 void CheckWholeFile(const EngineState& engine, const std::string& path, const std::atomic<bool>& stop);
 
-// The failure of a statement that was interrupted.
+// Throws the error of an interrupted statement.
 [[noreturn]] void ThrowInterrupted();
 
 }  // namespace quillon::store

@@ -18,7 +18,7 @@ namespace quillon::store {
 namespace {
 
 constexpr std::size_t kKingdomWidth =
-    10;  // the built-in names are padded to it, and the root keeps the padding
+    10;  // the built-in names are padded to this length, which the root keeps
 
 void SeedKingdom(Database& database, int index, const std::string& name) {
     const auto kingdoms = database.OpenTable("kingdoms");
@@ -74,7 +74,7 @@ void SeedChangeOperations(Database& database) {
     }
 }
 
-// One unit; after a failure nothing of it stays.
+// Runs `step` as one unit, which a failure undoes.
 template <typename Step>
 void InUnit(Engine& engine, Step step) {
     engine.BeginTrans();
@@ -96,17 +96,17 @@ void DefineTablesAndQueries(Engine& engine, Database& database) {
     });
 }
 
-// The failure that led here is the one to report, whatever else fails on the way out.
+// The caller reports the original failure, so failures here are ignored.
 void Abandon(Database& database, const std::string& path) {
     try {
         database.Close();
     } catch (const StoreError&) {
-        // The file goes.
+        // The file is removed anyway.
     }
     for (const char* ending : {"-journal", ""}) unlink((path + ending).c_str());
 }
 
-// The tables that a new DataSet has rows in, beside its root taxon.
+// The tables with rows in a new DataSet, besides its root taxon.
 constexpr std::array<std::string_view, 4> kSeeded = {"kingdoms", "taxonomic_unit_types", "db_control",
                                                      "change_operations_lookup"};
 

@@ -47,7 +47,7 @@ private:
     int descriptor_;
 };
 
-// At once where the file system can share the blocks of both.
+// Shares the blocks if the file system supports that.
 void CopyBytes(const std::string& from, TemporaryFile& to) {
     Source source(from);
     if (ioctl(to.Descriptor(), FICLONE, source.Descriptor()) == 0) return;

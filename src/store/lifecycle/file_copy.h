@@ -1,6 +1,5 @@
-// DataSets as whole files: put in place, copied, and protected while they are open. Everything is written
-// beside its target and put there in one step, so that a failure leaves the target as it was. Every failure
-// is a StoreError.
+// Publishes and copies DataSet files, and protects open ones. Everything is written beside its target and
+// moved there in one step, so that a failure leaves the target unchanged. Every failure is a StoreError.
 #pragma once
 
 #include <functional>
@@ -13,7 +12,7 @@
 
 namespace quillon::store {
 
-// The StoreError for a file that could not be read or written.
+// Throws the StoreError for a file that could not be read or written.
 [[noreturn]] void ThrowFileError(const FileError& error);
 template <typename Step>
 auto WithStoreErrors(Step step) {
@@ -24,21 +23,21 @@ auto WithStoreErrors(Step step) {
     }
 }
 
-// True for what a run that makes a DataSet can leave: nothing yet, or the beginning of a DataSet.
+// True for bytes that a killed run may leave: none, or the beginning of a DataSet.
 bool BeginsLikeDataSet(std::string_view firstBytes);
 
-// True when there is a file at `path`, or a journal or log of one that is gone. Whoever is to make a DataSet
-// there asks the user first: all of them go.
+// True when there is a file at `path`, or a journal or log of a deleted one. Callers ask the user before they
+// make a DataSet there, because all of them are removed.
 bool IsDataSetPlaceTaken(const std::string& path);
 
-// Puts a finished, closed DataSet in its target's place. A journal or a log that another file left beside the
-// target goes first, or it would be played into the new one.
+// Replaces the target with a finished, closed DataSet. First removes a journal or log that another file left
+// beside the target, because SQLite would apply it to the new file.
 void PublishDataSet(TemporaryFile& finished);
 
-// Byte for byte. Neither may be open in this process.
+// Copies the file. Neither file may be open in this process.
 void CopyDataSetFile(const std::string& from, const std::string& to);
 
-// Throws FileInUse when `path` is a DataSet that another process has open; anything else passes.
+// Throws FileInUse when `path` is a DataSet that another process has open.
 void RefuseFileInUse(Engine& engine, const std::string& path);
 
 // Opens the DataSet that was just put in place at `path`. Another process may look at it first and have it

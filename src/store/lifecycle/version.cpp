@@ -10,8 +10,8 @@ namespace {
 
 constexpr std::string_view kDigits = "0123456789";
 
-// The number that the text begins with, without zeros in front, and the rest behind a point; "" for no
-// number.
+// Removes the number at the beginning of the text, and the point after it, and returns it without leading
+// zeros; "" for no number.
 std::string_view TakePart(std::string_view& text) {
     std::string_view part = text.substr(0, text.find_first_not_of(kDigits));
     text.remove_prefix(part.size());
@@ -24,7 +24,7 @@ std::string_view TakePart(std::string_view& text) {
     return part;
 }
 
-// Part by part as numbers; a part that is missing is 0.
+// Compares part by part as numbers; a missing part is 0.
 bool IsAbove(std::string_view version, std::string_view program) {
     while (!version.empty() || !program.empty()) {
         const std::string_view left = TakePart(version), right = TakePart(program);
@@ -61,8 +61,8 @@ bool IsFileDataSetVersionValid(Engine& engine, const std::string& path, std::str
     }
 }
 
-// A version whose parts are numbers above the program's is newer. All others compare as text, and the order
-// of the tests decides.
+// A version whose numeric parts are above the program's is newer. All others are compared as text, in the
+// order of these tests.
 VersionOrder CompareDataSetVersion(std::string_view version, std::string_view program) {
     if (version == program) return VersionOrder::Same;
     if (version == "1.3" || version == "1.31") return VersionOrder::Same;

@@ -1,5 +1,5 @@
-// The version of a DataSet, as its table db_control has it, and how it stands to that of the program. Whoever
-// opens a DataSet asks this before anything else is read.
+// Reads the version of a DataSet from its table db_control, and compares it with that of the program. Call it
+// before anything else is read from a DataSet.
 #pragma once
 
 #include <string>
@@ -9,15 +9,15 @@
 
 namespace quillon::store {
 
-// True when the "Version" row of db_control begins with a digit or with "Gamma". `version` is what the row
-// holds, "" when there is none. A table that cannot be read is a StoreError.
+// True when the "Version" row of db_control begins with a digit or with "Gamma". `version` gets the value of
+// the row, "" when there is none. Throws StoreError when the table cannot be read.
 bool IsDataSetVersionValid(Database& database, std::string& version);
-// The same for a file that is open only meanwhile; false when it cannot be opened or read.
+// Opens a file for the same test and closes it; false when it cannot be opened or read.
 bool IsFileDataSetVersionValid(Engine& engine, const std::string& path, std::string& version);
 
 enum class VersionOrder {
-    Older,      // the DataSet must be brought up to date first
-    Same,       // the program works with it as it is
+    Older,      // the DataSet must be updated first
+    Same,       // the program can use it
     Newer,      // made by a later program
     Unordered,  // the two cannot be compared
 };

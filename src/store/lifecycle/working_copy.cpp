@@ -25,7 +25,7 @@ namespace {
 constexpr auto kTurnInterval = std::chrono::milliseconds(10);
 constexpr std::streamsize kJournalHeader = 28;
 
-// Without a thread when the system has none left.
+// Runs without a thread when none can be created.
 template <typename Work>
 std::future<void> Start(const Work& work) {
     try {
@@ -35,8 +35,8 @@ std::future<void> Start(const Work& work) {
     }
 }
 
-// Runs `work` in a thread of its own while this one takes its turns. False when a turn said no; `stop` is set
-// then, and the work is waited for.
+// Runs `work` in another thread while this one takes its turns. When a turn returns false, sets `stop`, waits
+// for the work and returns false.
 template <typename Work>
 bool RunWithTurns(const Work& work, std::atomic<bool>& stop, const std::function<bool()>& turn) {
     std::future<void> done = Start(work);
@@ -46,8 +46,8 @@ bool RunWithTurns(const Work& work, std::atomic<bool>& stop, const std::function
     return !stop && turn();
 }
 
-// True for the journal of an open DataSet in which no unit is open: nothing of it would be played back. True
-// also where there is none.
+// True for the journal of an open DataSet without an open unit, which contains nothing to roll back. Also
+// true without a journal.
 bool IsSpentJournal(const std::string& path) {
     std::ifstream journal(path, std::ios::binary);
     std::string header(kJournalHeader, '\0');
@@ -68,8 +68,7 @@ WorkingCopy::WorkingCopy(Engine& engine, Database& original, std::function<bool(
           return TemporaryFile(RequireWritable(original).Name(), BeginsLikeDataSet);
       })) {
     RequireSameFile(original);
-    // So that the copy has the AutoNumbers that were given, and closing the DataSet has nothing left to
-    // write.
+    // Writes the AutoNumbers, so that the copy has them and closing the DataSet writes nothing.
     Job pending(engine_);
     original.Shared()->Write([] {});
     pending.End();
@@ -84,7 +83,7 @@ WorkingCopy::~WorkingCopy() {
     try {
         copy_->Close();
     } catch (const std::exception&) {
-        // What could not be written goes with the file.
+        // The file is removed, so unwritten data does not matter.
         copy_.reset();
     }
 }
@@ -101,7 +100,7 @@ void WorkingCopy::Replace(DatabaseHandle& original) {
     RefuseForeignLogs();
     const std::string path = original->Name();
     WithStoreErrors([this] { file_.Publish(); });
-    // Only now: until the new file stood in its place, nobody else could open the DataSet.
+    // Only now, because the old handle kept other processes from opening the DataSet until it was replaced.
     LeaveNoJournal(*original);
     original->Close();
     original = OpenReplaced(engine_, path, [this] { goOn_(); });
@@ -129,14 +128,15 @@ void WorkingCopy::RefuseForeignLogs() const {
     if (!IsSpentJournal(file_.Target() + "-journal")) refuse(file_.Target() + "-journal");
 }
 
-// The old file is gone: its journal goes, too, and closing it must not remove one of its successor.
+// The old file is replaced: removes its journal, and prevents that closing it removes the journal of the new
+// file.
 void WorkingCopy::LeaveNoJournal(Database& replaced) const {
     try {
         MakeNoJournal(*replaced.Shared());
         const std::string journal = file_.Target() + "-journal";
         if (IsSpentJournal(journal)) unlink(journal.c_str());
     } catch (const std::exception&) {
-        return;  // the spent journal stays, and does no harm
+        return;  // the empty journal stays but is harmless
     }
 }
 

@@ -1,5 +1,5 @@
-// The name lines of both sides of a compare: Line is what two names are matched by, Line2 what the user
-// reads. The differences in blanks between them are seen in the lists and stay.
+// The name lines of both sides of a compare: names are matched by Line and shown as Line2. They differ in
+// blanks, which is visible in the lists and must stay.
 #include "store/queries/catalogue_families.h"
 
 namespace quillon::store {

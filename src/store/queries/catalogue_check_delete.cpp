@@ -1,6 +1,7 @@
-// Is a name, a comment or a document used elsewhere, and the deletions by key.
+// Tests whether a name, a comment or a document is used elsewhere, and deletions by key.
 //
-// "Delete Old Vernacular" has a parameter that bears its field's name. The field wins: it takes every row.
+// "Delete Old Vernacular" has a parameter with the name of its field. The field wins, so it deletes every
+// row.
 #include "store/queries/catalogue_families.h"
 
 namespace quillon::store {

@@ -1,5 +1,5 @@
-// The families of the catalogue, each a run of it in the order of creation. Only catalogue.cpp joins them;
-// everyone else asks NamedQueryCatalogue().
+// The parts of the catalogue, in the order of creation. Only catalogue.cpp uses them; other code calls
+// NamedQueryCatalogue().
 #pragma once
 
 #include <span>

@@ -1,6 +1,6 @@
-// What the program reads, first part.
+// Queries that read data, first part.
 //
-// "Get Accepted Names" is cut before its first "0" and gets a rank_id there: that "0" must stay the first.
+// The program replaces the first "0" of "Get Accepted Names" with a rank_id, so no other "0" may precede it.
 #include "store/queries/catalogue_families.h"
 
 namespace quillon::store {

@@ -1,7 +1,7 @@
-// What the program reads, second part: vocabulary, stepping through a rank, and the names without a match.
+// Queries that read data, second part: vocabulary, steps through a rank, and names without a match.
 //
-// "Get NoMatch1" tests the joined side by <> where the others test for Null. "Get NoMatch4" and "Get
-// NoMatch6" give the Line of both sides, so that their columns bear the name of the query they come from.
+// "Get NoMatch1" tests the joined side with <>, the others test for Null. "Get NoMatch4" and "Get NoMatch6"
+// return the Line of both sides, so their columns have the name of their query.
 #include "store/queries/catalogue_families.h"
 
 namespace quillon::store {

@@ -1,4 +1,4 @@
-// What the program reads, third part: parents, documentation, taxa and vernaculars.
+// Queries that read data, third part: parents, documentation, taxa and vernaculars.
 #include "store/queries/catalogue_families.h"
 
 namespace quillon::store {

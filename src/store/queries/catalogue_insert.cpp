@@ -1,5 +1,5 @@
-// Rows added. The Dummy queries make the placeholder of a row that an import has not read yet; its marker is
-// the parameter, and the "Get ... Dummy ID" queries find it again by that.
+// Queries that add rows. The Dummy queries add the placeholder of a row that an import has not read yet, with
+// the parameter as its marker, by which the "Get ... Dummy ID" queries find it.
 #include "store/queries/catalogue_families.h"
 
 namespace quillon::store {

@@ -1,7 +1,7 @@
-// The matches of a compare, rows changed, and who uses a comment or a document.
+// The matches of a compare, updates of rows, and the users of a comment or a document.
 //
-// "Update VVern_Ref Link" moves a link to the taxon's vernacular vernid (a qb_vern_id) and takes that
-// row's vern_id along.
+// "Update VVern_Ref Link" moves a link to the taxon's vernacular vernid (a qb_vern_id) and copies that row's
+// vern_id.
 #include "store/queries/catalogue_families.h"
 
 namespace quillon::store {

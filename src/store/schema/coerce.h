@@ -1,4 +1,4 @@
-// Converts a value to the type of the field that stores it, or refuses it. Every write passes through here.
+// Converts a value to the type of the field that stores it, or throws. Every write uses it.
 #pragma once
 
 #include "core/value.h"
@@ -7,12 +7,12 @@
 
 namespace quillon::store {
 
-// Null stays Null (a required field is checked where the whole row is known). Text fields take the text of
-// any value: an empty one is EmptyText, one over the size FieldTooSmall. Number fields take numbers and
-// numeric texts: others are ConversionError, values out of range NumericOverflow. Boolean takes "True",
-// "False", "Yes", "No", "-1", "0" and numbers. DateTime takes "yyyy-mm-dd" with or without " hh:mm:ss".
+// Null stays Null (required fields are checked with the whole row). Text fields accept the text of any value:
+// EmptyText for an empty text, FieldTooSmall for one over the size. Number fields accept numbers and numeric
+// texts: ConversionError for others, NumericOverflow for values out of range. Boolean accepts "True",
+// "False", "Yes", "No", "-1", "0" and numbers. DateTime accepts "yyyy-mm-dd" with or without " hh:mm:ss".
 Value Coerce(const FieldDef& field, const Value& value);
-// The error of a field that may not be Null.
+// The error of a Null in a required field.
 StoreError RequiredError(const FieldDef& field, bool inKey);
 
 }  // namespace quillon::store

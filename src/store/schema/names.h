@@ -1,5 +1,5 @@
-// Names of tables, fields and queries: they compare without regard to the case of ASCII letters, and are
-// quoted when they go into a statement of SQLite. Every layer of the store uses this.
+// Names of tables, fields and queries: compares them ignoring the case of ASCII letters, and quotes them for
+// SQLite. Every layer of the store uses this.
 #pragma once
 
 #include <cstddef>

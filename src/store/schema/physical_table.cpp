@@ -13,7 +13,7 @@ namespace {
 struct TypeWord {
     FieldType type;
     std::string_view word;
-    std::string_view check;  // the values that the type holds; {} is the column
+    std::string_view check;  // the range of the type; {} is the column
 };
 
 constexpr std::array<TypeWord, 7> kTypeWords = {{
@@ -26,7 +26,7 @@ constexpr std::array<TypeWord, 7> kTypeWords = {{
     {FieldType::Memo, "LONGTEXT", "length({}) BETWEEN 1 AND 65535"},
 }};
 
-// Look-ups that the schema has no index for but that run at every click or row.
+// Frequent look-ups without an index in the schema.
 struct LookupIndex {
     std::string_view table, name, columns;
     bool deferrable;
@@ -71,8 +71,8 @@ std::string Collated(const FieldDef& field) {
     return QuoteName(field.name) + (HasText(field.type) ? " COLLATE QLN" : "");
 }
 
-// A document's prefix is one of three fixed words. Between those the key in byte order keeps duplicates out
-// by itself, so that the index under the collation may wait while rows are written in bulk.
+// A document's prefix is one of three fixed words. For these the key in byte order is enough to prevent
+// duplicates, so a bulk load can defer the index under the collation.
 bool HoldsFixedWord(std::string_view field) {
     return field.ends_with("_id_prefix");
 }

@@ -2,14 +2,14 @@
 // Creating, altering and reading a DataSet use it. It opens nothing itself.
 //
 // A table whose key is one AutoNumber keeps it as its rowid. Any other table with a key is clustered by it
-// (WITHOUT ROWID) in plain byte order, so that a stock client reads it; where the key holds a text, a second
-// index enforces it under the program's collation. Indexes on texts are partial (not Null), so that a client
-// without the collation never needs them, and the many Nulls of the higher name units cost nothing. Sizes and
-// ranges are CHECK constraints named after their field, so that no program can store a value that breaks
-// them.
+// (WITHOUT ROWID) in byte order, so that other SQLite clients can read it; if the key contains a text, a
+// second index enforces it under the program's collation. Indexes on texts are partial (not Null), so that a
+// client without the collation never needs them, and the many Nulls of the higher name units need no space.
+// Sizes and ranges are CHECK constraints named after their field, so that no program can store an invalid
+// value.
 //
-// A name with a tilde is the store's own and no part of the schema: "qb_vernaculars~taxon" is an index that
-// only speeds up look-ups, and "name~new" a table that is being rebuilt under another key.
+// Names with a tilde belong to the store and not to the schema: "qb_vernaculars~taxon" is an index that only
+// speeds up look-ups, and "name~new" a table that is being rebuilt with another key.
 #pragma once
 
 #include <string>
@@ -28,7 +28,7 @@ struct PhysicalTable {
     KeyKind key = KeyKind::None;
     std::string autoField;  // empty when the table has no AutoNumber
 
-    // The columns by which a row is found again: the rowid, or those of the key.
+    // The columns that identify a row: the rowid, or those of the key.
     std::vector<std::string> KeyColumns() const;
 };
 
@@ -47,9 +47,9 @@ struct IndexSql {
     std::string name;
     std::string sql;
     bool deferrable =
-        false;  // building may wait: it only speeds up look-ups, or keeps out what the key does too
+        false;  // can be deferred: it only speeds up look-ups, or prevents the same duplicates as the key
 };
-// All indexes of a table: its key under the collation, the schema's, and the store's own for look-ups.
+// All indexes of a table: the key under the collation, those of the schema, and those for look-ups.
 std::vector<IndexSql> CreateIndexSql(const PhysicalTable& table);
 std::string IndexName(std::string_view table, std::string_view index);
 

@@ -1,5 +1,4 @@
-// The fields of each table, as schema.cpp lists them. Only schema.cpp includes this; everyone else asks
-// DataSetTables().
+// The fields of each table, for schema.cpp. Other code calls DataSetTables().
 #pragma once
 
 #include "store/schema/schema.h"
@@ -88,7 +87,7 @@ inline constexpr FieldSpec kTaxonomicUnitTypes[] = {
     Integer("required_parent_rank_id"),
 };
 
-// Narrower than the taxa in unit_ind3 and unit_ind4; the compare lives with that.
+// unit_ind3 and unit_ind4 are narrower than those of the taxa.
 inline constexpr FieldSpec kTaxunits[] = {
     AutoNumber("qb_id"),
     Long("tsn"),

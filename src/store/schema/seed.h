@@ -1,5 +1,5 @@
-// The values of the root taxon of a new DataSet other than its name and rank, by kingdom. Seeding reads it
-// once; the other seed rows follow from the vocabulary.
+// The values of the root taxon of a new DataSet other than its name and rank, by kingdom. The other seed rows
+// come from the vocabulary.
 #pragma once
 
 #include <string_view>

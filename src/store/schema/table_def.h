@@ -1,5 +1,5 @@
-// What a table of a DataSet looks like: its fields and keys under the schema's names. A description only;
-// changing it changes nothing in the file (Database::AppendTable and the dialect's ALTER TABLE do that).
+// Describes a table of a DataSet: its fields and keys under the schema's names. Changing a description
+// changes nothing in the file; use Database::AppendTable or the dialect's ALTER TABLE for that.
 #pragma once
 
 #include <string>
@@ -14,14 +14,14 @@ struct FieldDef {
     std::string name;
     FieldType type = FieldType::Text;
     int size = 0;                // characters of a Text; 0 otherwise
-    bool autoIncrement = false;  // the store provides the value unless the statement does
+    bool autoIncrement = false;  // the store assigns a value unless the statement does
     bool required = false;
 };
 
 struct IndexDef {
     std::string name;
     std::vector<std::string> fields;  // ascending
-    bool primary = false;             // primary is unique, and none of its fields may be Null
+    bool primary = false;             // a primary key is unique, and none of its fields may be Null
     // "+qb_id;+geographic_value"
     std::string FieldList() const;
 };
@@ -30,13 +30,13 @@ struct TableDef {
     std::string name;
     std::vector<FieldDef> fields;
     std::vector<IndexDef> indexes;
-    // Of a linked table: the table that it shows, and ";DATABASE=" with the path of that table's DataSet and
-    // ";". Empty for a table of the DataSet itself.
+    // For a linked table: the name of the source table, and ";DATABASE=" path ";" of its DataSet. Empty for a
+    // table of the DataSet itself.
     std::string SourceTableName;
     std::string Connect;
 
     bool IsLinked() const { return !Connect.empty(); }
-    // Without regard to case; nullptr when the table has no such field or index.
+    // Ignore case; nullptr when the table has no such field or index.
     const FieldDef* Field(std::string_view fieldName) const;
     const IndexDef* Index(std::string_view indexName) const;
     const IndexDef* PrimaryKey() const;
