@@ -62,15 +62,16 @@ public:
     // Asks about an unsaved record. True when the user stays on it. Does not change RecordDirty, which the
     // next load clears.
     bool AskLoseChanges();
-    // Runs after each Yes to that question, after the change tracks of the record have been removed. Must not
-    // throw.
+    // Its two halves, for a command that can still be canceled after the question: the question, true when
+    // the record may go, and what a Yes does.
+    bool MayLoseRecord();
+    void DiscardRecord();
+    // Runs after the change tracks of a discarded record have been removed. Must not throw.
     std::function<void()> RecordDiscarded;
     // Reads gKingdomId, gPrefRank, gRankGenus and gRankSpecies from the open DataSet and shows warnings.
     void ReadKingdomAndRanks();
 
 private:
-    bool MayLoseRecord();
-    void DiscardRecord();
     bool MakeInPlaceOfOpen(const std::string& path);
     void CopyOpenTo(const std::string& path);
     bool OpenChosen(const std::string& path);

@@ -109,6 +109,7 @@ void FrmNExport::RunExport() {
 }
 
 void FrmNExport::Export() {
+    outside_.replacingLogs = ReplacingLog;
     ExportJob job(state_, engine_, outside_);
     const ExportOrder order = Order();
     const ExportResult result = job.Run(order);

@@ -2,6 +2,7 @@
 // export.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "core/controls.h"
@@ -40,6 +41,10 @@ public:
     GaugeControl Gauge1{form, "Gauge1"};
     ButtonControl cmdOK{form, "cmdOK", "&OK"};
     ButtonControl cmdCancel{form, "cmdCancel", "Ca&ncel"};
+
+    // Called when an export for the online system is about to replace the validation's log; whoever shows the
+    // old one closes it.
+    std::function<void()> ReplacingLog;
 
     // The command of cmdSelectDB: asks for the DataSet to export.
     void SelectDataSet();

@@ -145,7 +145,7 @@ void CrossReferences::MoveChildrenOfKingdoms() {
 // several open links first gets temporary ids that files cannot have.
 void CrossReferences::ResolveSynonymLinks() {
     std::vector<OpenSynonymLink>& links = run_.openSynonyms;
-    std::sort(links.begin(), links.end(), [](const OpenSynonymLink& left, const OpenSynonymLink& right) {
+    SortWithTurns(links, turns_, [](const OpenSynonymLink& left, const OpenSynonymLink& right) {
         return std::pair(left.qb_id, left.qb_id_accepted) < std::pair(right.qb_id, right.qb_id_accepted);
     });
     std::vector<AcceptedId> found;

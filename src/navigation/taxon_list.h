@@ -17,6 +17,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "core/outside.h"
 #include "navigation/list_order.h"
 #include "navigation/pattern_search.h"
 
@@ -54,6 +55,10 @@ public:
     bool Load(std::chrono::microseconds slice);
     void LoadAll() {
         while (!Load(std::chrono::hours(1))) continue;
+    }
+    // The same with a turn after each slice.
+    void LoadAll(EventPump& events, std::chrono::microseconds slice = std::chrono::milliseconds(10)) {
+        while (!Load(slice)) events.Yield();
     }
     bool IsComplete() const { return !order_ || order_->IsComplete() || stopped_; }
 

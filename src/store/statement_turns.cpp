@@ -6,7 +6,15 @@
 
 namespace quillon::store {
 
-StatementTurns::StatementTurns(Database& database, std::function<bool()> goOn)
-    : connection_(database.Shared()), turns_(connection_->Native(), std::move(goOn)) {}
+StatementTurns::StatementTurns(Database& database, std::function<bool()> goOn, int instructions)
+    : connection_(database.Shared()),
+      outer_(connection_->currentTurns),
+      turns_(connection_->Native(), std::move(goOn), instructions, outer_) {
+    connection_->currentTurns = &turns_;
+}
+
+StatementTurns::~StatementTurns() {
+    connection_->currentTurns = outer_;
+}
 
 }  // namespace quillon::store

@@ -2,8 +2,10 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QStatusBar>
 
 #include "core/version.h"
+#include "core/wait_cursor.h"
 #include "export/tagged_export_form.h"
 #include "startup/preferences_form.h"
 #include "ui/about_window.h"
@@ -23,7 +25,8 @@ namespace quillon::ui {
 
 namespace {
 
-constexpr int kFailed = 3;  // exit status
+constexpr int kFailed = 3;          // exit status
+constexpr int kNoteLasts = 10'000;  // milliseconds
 
 // Lets windows repaint and finish, but ignores user input.
 class QuietPump : public EventPump {
@@ -139,6 +142,7 @@ void DesktopProgram::RegisterValidationForms() {
 void DesktopProgram::RegisterExportForms() {
     desktop_.Register("FrmNExport", [this](QWidget* parent) {
         exporting::FrmNExport form(state_, engine_, prompter_, pump_, clock_, workDirectory_, findings_);
+        form.ReplacingLog = [this] { CloseErrorLog(); };
         ExportWindow(form, parent).exec();
     });
     desktop_.Register("FrmDExport", [this](QWidget* parent) {
@@ -157,9 +161,16 @@ void DesktopProgram::RegisterExportForms() {
     });
 }
 
+// Repaints the windows meanwhile.
+void DesktopProgram::LoadWholeList() {
+    const WaitCursor waiting(prompter_);
+    QuietPump pump;
+    explorer_.ListV().LoadAll(pump);
+}
+
 // Stops reading the list while a job reads at full speed or writes.
 void DesktopProgram::ShowJob(std::string_view formName) {
-    explorer_.ListV().LoadAll();
+    LoadWholeList();
     prompter_.ShowModal(formName);
 }
 
@@ -181,7 +192,9 @@ void DesktopProgram::ShowErrorLog() {
 }
 
 void DesktopProgram::CloseErrorLog() {
-    if (errorWindow_ != nullptr && errorWindow_->isVisible()) errorLog_->Exit();
+    if (errorWindow_ == nullptr || !errorWindow_->isVisible()) return;
+    errorLog_->Exit();
+    window_->statusBar()->showMessage(QObject::tr("The log of the last validation was closed."), kNoteLasts);
 }
 
 // When the taxon no longer exists, the current record stays, behind the log.
@@ -194,17 +207,18 @@ void DesktopProgram::GoToTaxon(int qb_id, std::string_view tab) {
 }
 
 // Stops reading the list while the import writes. A failed import may have replaced the handle of the
-// unchanged DataSet.
+// DataSet. An unsaved record is discarded only after the import has run; a canceled import leaves it.
 editor::ImportEnd DesktopProgram::Import() {
-    explorer_.ListV().LoadAll();
+    LoadWholeList();
     const auto before = state_.gDatabase;
     const auto outcome =
-        importing::ImportCommand(state_, prompter_, [this] { return lifecycle_.AskLoseChanges(); });
+        importing::ImportCommand(state_, prompter_, [this] { return !lifecycle_.MayLoseRecord(); });
     if (state_.gDatabase != before) explorer_.ListV().Reattach(state_.gDatabase);
     switch (outcome) {
         case importing::ImportOutcome::Canceled:
             return editor::ImportEnd::Canceled;
         case importing::ImportOutcome::Done:
+            lifecycle_.DiscardRecord();
             return editor::ImportEnd::Done;
         case importing::ImportOutcome::NotStarted:
             break;

@@ -61,6 +61,7 @@ private:
     void RegisterValidationForms();
     void RegisterExportForms();
     editor::ImportEnd Import();
+    void LoadWholeList();
     void ShowJob(std::string_view formName);
     void GoToTaxon(int qb_id, std::string_view tab);
     void ShowErrorLog();

@@ -149,6 +149,7 @@ ValidationResult ValidateDataSet(ApplicationState& state, store::Engine& engine,
         outside.prompter.Message(*message);
         return {};
     }
+    if (outside.replacingLogs) outside.replacingLogs();
     return Validation(state, outside, database).Run();
 }
 

@@ -33,6 +33,8 @@ struct ValidationOutside {
     FindingMarks* marks = nullptr;
     // Also writes "validate.tsv" beside the log.
     bool writeTable = false;
+    // Runs before the logs of the last run are replaced: whatever shows them lets them go.
+    std::function<void()> replacingLogs = {};
 };
 
 struct ValidationResult {

@@ -49,7 +49,7 @@ void frmValidate::Continue() {
         outside_.prompter.Message(*message);
         return;
     }
-    if (ReplacingLog) ReplacingLog();
+    outside_.replacingLogs = ReplacingLog;
     state_.gBatchRunning = true;
     state_.gValidatingForExport = false;
     state_.gRecordsDone = 0;

@@ -99,5 +99,19 @@ TEST_F(ImportTurns, AreNoFurtherApartWhenALinkNamesOneOfManyVernaculars) {
     EXPECT_LT(meter.Longest(), kInstructions);
 }
 
+TEST(SortWithTurns, SortsAndHearsCancelWithinTheSort) {
+    ApplicationState state;
+    testkit::TurnMeter meter(state);
+    Turns turns(state, meter);
+    std::vector<int> values;
+    for (int i = 0; i < 20'000; ++i) values.push_back(i * 7919 % 20'011);
+    std::vector<int> sorted = values;
+    SortWithTurns(sorted, turns, std::less<>());
+    EXPECT_TRUE(std::is_sorted(sorted.begin(), sorted.end()));
+    EXPECT_GT(meter.turns, 100);
+    meter.cancelAt = meter.turns + 2;
+    EXPECT_THROW(SortWithTurns(values, turns, std::less<>()), ImportCanceled);
+}
+
 }  // namespace
 }  // namespace quillon::importing

@@ -2,11 +2,28 @@
 
 #include "core/text.h"
 #include "navigation/taxa_fixture.h"
+#include "testkit/turn_meter.h"
 
 namespace quillon::navigation {
 namespace {
 
 using std::chrono::microseconds;
+
+// The shortest slice: as many turns as there can be.
+TEST_F(TaxaFixture, TheWholeListIsLoadedWithTurns) {
+    {
+        const store::Job job(data.engine);
+        for (int id = 2; id <= 3000; ++id) Add({.qb_id = id, .name1 = fmt::format("Genus{:04}", id)});
+    }
+    testkit::TurnMeter meter(data.state);
+    meter.Watch();
+    TaxonList list;
+    list.Open(data.state.gDatabase, TaxonList::kMarkedQuery);
+    list.LoadAll(meter, microseconds(0));
+    EXPECT_EQ(list.RowCount(), 3000u);
+    EXPECT_GE(meter.turns, 10);
+    EXPECT_LT(meter.Longest(), store::NativeTurns::kInstructions);
+}
 
 class List : public TaxaFixture {
 protected:

@@ -2,6 +2,7 @@
 
 #include "selection/record_filter.h"
 #include "selection_fixture.h"
+#include "testkit/turn_meter.h"
 
 namespace quillon::selection {
 namespace {
@@ -61,6 +62,24 @@ TEST_F(BatchTotals, CountADocumentOnceALink) {
     Run("INSERT INTO journal (qb_id) VALUES (2)");
     Run("INSERT INTO journal (qb_id) VALUES (3)");
     EXPECT_EQ(Totals("journal"), std::pair(12, 28));  // a taxon, its author and its publication more
+}
+
+TEST_F(BatchTotals, TakeTurnsWithinTheCountOfALargeTable) {
+    constexpr int rows = 50'000;
+    {
+        const store::Job job(set.engine);
+        for (int id = 10; id < 10 + rows; ++id)
+            set.db().Execute(fmt::format("INSERT INTO qb_comments (qb_comment_id) VALUES ({})", id));
+    }
+    testkit::TurnMeter meter(set.state);
+    meter.Watch();
+    SelectedTaxa taxa(set.db(), "none", Turns(set.state, meter));
+    const int before = meter.turns;
+    CountBatchRecords(set.state, set.db(), taxa, Turns(set.state, meter));
+    EXPECT_EQ(set.state.gRecordsTotal, 31 + rows);
+    EXPECT_GT(meter.turns - before, 20) << "16 tables, and turns within one of them";
+    meter.cancelAt = meter.turns + 14;
+    EXPECT_NO_THROW(CountBatchRecords(set.state, set.db(), taxa, Turns(set.state, meter)));
 }
 
 }  // namespace

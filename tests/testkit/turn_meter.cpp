@@ -1,10 +1,5 @@
 #include "testkit/turn_meter.h"
 
-#include <sqlite3.h>
-
-#include "store/engine.h"
-#include "store/engine/connection.h"
-
 namespace quillon::testkit {
 
 namespace {
@@ -13,19 +8,15 @@ constexpr int kGrain = 100;
 
 }  // namespace
 
-TurnMeter::~TurnMeter() {
-    if (watched_ != nullptr) sqlite3_progress_handler(watched_, 0, nullptr, nullptr);
-}
-
 void TurnMeter::Watch() {
-    watched_ = state_.gDatabase->Shared()->Native();
-    sqlite3_progress_handler(watched_, kGrain, Count, this);
     steps_ = 0;
-}
-
-int TurnMeter::Count(void* meter) {
-    static_cast<TurnMeter*>(meter)->steps_ += kGrain;
-    return 0;
+    watched_.emplace(
+        *state_.gDatabase,
+        [this] {
+            steps_ += kGrain;
+            return true;
+        },
+        kGrain);
 }
 
 void TurnMeter::Yield() {

@@ -3,20 +3,20 @@
 #pragma once
 
 #include <algorithm>
+#include <optional>
 
 #include "core/application_state.h"
 #include "core/outside.h"
-
-struct sqlite3;
+#include "store/statement_turns.h"
 
 namespace quillon::testkit {
 
 class TurnMeter : public EventPump {
 public:
     explicit TurnMeter(ApplicationState& state) : state_(state) {}
-    ~TurnMeter() override;
 
-    // Begins to count the steps of the open DataSet.
+    // Begins to count the steps of the open DataSet, which must stay open. A statement that takes turns of
+    // its own counts none.
     void Watch();
     void Yield() override;
 
@@ -27,11 +27,9 @@ public:
     long Longest() const { return std::max(longest, steps_); }
 
 private:
-    static int Count(void* meter);
-
     ApplicationState& state_;
-    sqlite3* watched_ = nullptr;
     long steps_ = 0;
+    std::optional<store::StatementTurns> watched_;
 };
 
 }  // namespace quillon::testkit

@@ -75,5 +75,42 @@ TEST(MainWindowAfterAJob, ShowsTheCountOfNamesAfterAnImport) {
     EXPECT_EQ(taxa->text(), "TAXA: 3");
 }
 
+// An unsaved record with a change track that is stored already.
+class UnsavedAtImport : public MainWindow {
+protected:
+    UnsavedAtImport() {
+        MakeWhales();
+        program.Explorer().ListDblClick(2);
+        program.RecView().Controls().taxon.txtName1.UserSetText("Orka");
+        Execute("INSERT INTO qb_change_tracks (qb_change_track_id, qb_id) SELECT 7, 2");
+        program.State().gNewChangeTrackIds = {7};
+        program.State().gDataSetIsNew = true;
+        prompter.yesNo = {true};
+    }
+    int Tracks() {
+        const auto rows = program.State().gDatabase->CreateSnapshot("SELECT count(*) FROM qb_change_tracks");
+        return static_cast<int>(rows->At(0).AsLong());
+    }
+};
+
+TEST_F(UnsavedAtImport, StaysWhenTheImportIsCanceledAfterTheQuestion) {
+    program.State().gBatchCancel = true;  // as the form leaves it
+    action("mnuFImport")->trigger();
+    EXPECT_EQ(prompter.forms, std::vector<std::string>{"FrmImport"});
+    EXPECT_EQ(prompter.questions.size(), 1u);
+    EXPECT_EQ(Tracks(), 1);
+    EXPECT_EQ(program.State().gNewChangeTrackIds, std::vector<int>{7});
+    EXPECT_TRUE(program.State().RecordDirty);
+    EXPECT_EQ(field("txtName1"), "Orka");
+}
+
+TEST_F(UnsavedAtImport, GoesWhenTheImportHasRun) {
+    program.State().gBatchCancel = false;
+    action("mnuFImport")->trigger();
+    EXPECT_EQ(Tracks(), 0);
+    EXPECT_TRUE(program.State().gNewChangeTrackIds.empty());
+    EXPECT_FALSE(program.State().RecordDirty);
+}
+
 }  // namespace
 }  // namespace quillon::ui

@@ -261,5 +261,28 @@ TEST_F(ValidationOnTheDesktop, NextRunClosesTheOldLog) {
     EXPECT_TRUE(std::filesystem::exists(dir.File("validate.log"))) << "the log of the new run";
 }
 
+// Its log takes the place of the one on show, whose marks would lead to the wrong records.
+TEST_F(ValidationOnTheDesktop, ExportForTheOnlineSystemClosesTheOldLogAndSaysSo) {
+    Validate();
+    program.Outside().ShowModal("FrmVError");
+    ASSERT_NE(Log(), nullptr);
+    prompter.yesNo = {false};
+    const auto exportAs = [this](const char* option) {
+        WhenModal([option](QWidget& modal) {
+            modal.findChild<QRadioButton*>(option)->click();
+            modal.findChild<QPushButton*>("cmdOK")->click();
+            modal.close();
+        });
+        program.Outside().ShowModal("FrmNExport");
+    };
+    exportAs("OptPartial");
+    EXPECT_NE(Log(), nullptr) << "it writes no log";
+    prompter.yesNo = {true, false};
+    exportAs("OptOnline");
+    EXPECT_EQ(Log(), nullptr);
+    EXPECT_TRUE(std::filesystem::exists(dir.File("validate.log"))) << "the log of the export";
+    EXPECT_EQ(program.Window().statusBar()->currentMessage(), "The log of the last validation was closed.");
+}
+
 }  // namespace
 }  // namespace quillon::ui

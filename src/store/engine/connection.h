@@ -43,7 +43,8 @@ public:
     void Abandon() noexcept;
     // Throws ObjectClosed once closed. Reads the schema again after a rollback.
     void RequireOpen();
-    int handles = 0;  // Database objects on this connection
+    int handles = 0;                      // Database objects on this connection
+    NativeTurns* currentTurns = nullptr;  // the innermost of those at work
 
     // The schema. References to tables are valid until it changes.
     const PhysicalTable* Table(std::string_view name) const override { return tables_.Find(name); }
@@ -53,6 +54,7 @@ public:
     void DeleteTable(std::string_view name);
     void DropLookupIndexes();
     void BuildLookupIndexes();
+    void RenewLookupIndexes();
 
     // The stored queries.
     const std::vector<std::pair<std::string, std::string>>& Queries() const { return queries_.All(); }

@@ -191,14 +191,17 @@ void NativeStatement::Reset() {
     sqlite3_reset(statement_);
 }
 
-NativeTurns::NativeTurns(sqlite3* db, std::function<bool()> goOn) : db_(db), goOn_(std::move(goOn)) {
-    constexpr int kInstructions =
-        10'000;  // of SQLite's virtual machine between two turns: about a millisecond
-    sqlite3_progress_handler(db_, kInstructions, Turn, this);
+NativeTurns::NativeTurns(sqlite3* db, std::function<bool()> goOn, int instructions, NativeTurns* outer)
+    : db_(db), goOn_(std::move(goOn)), instructions_(instructions), outer_(outer) {
+    Install();
 }
 
 NativeTurns::~NativeTurns() {
-    sqlite3_progress_handler(db_, 0, nullptr, nullptr);
+    outer_ != nullptr ? outer_->Install() : sqlite3_progress_handler(db_, 0, nullptr, nullptr);
+}
+
+void NativeTurns::Install() noexcept {
+    sqlite3_progress_handler(db_, instructions_, Turn, this);
 }
 
 int NativeTurns::Turn(void* turns) {

@@ -66,19 +66,25 @@ private:
 
 // Turns within a long statement: during its lifetime `goOn` is called every few milliseconds while a
 // statement of `db` runs. When it returns false the statement is interrupted. It must not throw or use `db`,
-// which must outlive this object.
+// which must outlive this object. SQLite takes only one at a time: `outer` rests until this one is gone.
 class NativeTurns {
 public:
-    NativeTurns(sqlite3* db, std::function<bool()> goOn);
+    static constexpr int kInstructions = 10'000;  // of SQLite's machine: about a millisecond
+
+    NativeTurns(sqlite3* db, std::function<bool()> goOn, int instructions = kInstructions,
+                NativeTurns* outer = nullptr);
     ~NativeTurns();
     NativeTurns(const NativeTurns&) = delete;
     NativeTurns& operator=(const NativeTurns&) = delete;
 
 private:
+    void Install() noexcept;
     static int Turn(void* turns);
 
     sqlite3* db_;
     std::function<bool()> goOn_;
+    int instructions_;
+    NativeTurns* outer_;
 };
 
 // Rolls back the open transaction of `db`; false when that failed because memory is short.
