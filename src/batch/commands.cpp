@@ -156,7 +156,7 @@ ExitStatus RunNew(const CommonOptions& options, const std::string& path) {
         Fail("Canceled.");
         return ExitStatus::Failed;
     }
-    // It is not opened: another process may have it as soon as it is there.
+    // The DataSet is not opened here, because another process may open it as soon as it exists.
     store::MakeDataSetFile(batchJob.engine, path, options.kingdom, batchJob.state.gVersion);
     return ExitStatus::Done;
 }

@@ -46,7 +46,7 @@ void AddExport(CLI::App& app, Arguments& arguments) {
     ExportArguments& exported = arguments.exported;
     command->add_option("FILE", exported.file, "The file to write")->required();
     CLI::Option* online =
-        command->add_flag("--online", exported.online, "Validate first, and leave out what is refused");
+        command->add_flag("--online", exported.online, "Validate first, and omit records with errors");
     command->add_option("--list", exported.list, "A list of names instead: name, author or rank")
         ->check(CLI::IsMember({"name", "author", "rank"}))
         ->excludes(online);
@@ -114,8 +114,9 @@ int Run(int argc, char** argv) {
     AddCommon(*query, arguments);
     AddKingdom(*query, arguments);
     query->add_option("QUERY", arguments.query, "The name of a query, or a select")->required();
-    query->add_option("PARAMETER=VALUE", arguments.parameters, "Values of parameters; one not given is Null");
-    CLI::App* info = app.add_subcommand("info", "Tell version, kingdom and the rows of each table");
+    query->add_option("PARAMETER=VALUE", arguments.parameters, "Values of parameters; the default is Null");
+    CLI::App* info =
+        app.add_subcommand("info", "Print version, kingdom and the number of rows of each table");
     AddCommon(*info, arguments);
     AddKingdom(*info, arguments);
 

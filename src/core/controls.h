@@ -326,8 +326,8 @@ public:
     const std::string& Cell(std::size_t row, std::size_t column) const { return rows_.at(row).at(column); }
     // A short row is filled up with empty texts.
     void AddRow(Row row);
-    // Inserts a row before the row `index`, or behind the last one when there is no such row. The selected
-    // row stays selected.
+    // Inserts a row before row `index`, or at the end when there is no such row. The selected row stays
+    // selected.
     void InsertRow(std::size_t index, Row row);
     void ReplaceRow(std::size_t index, Row row);
     void SetRows(std::vector<Row> rows);

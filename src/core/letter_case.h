@@ -2,7 +2,7 @@
 // character. Used by the text procedures and the collation; use UpperCase and LowerCase for texts.
 //
 // A letter of CP1252 whose other case is outside it (the micro sign, the florin) does not change, so that
-// exchange files can hold it; nor do sharp s and the two Turkish letters i.
+// exchange files can hold it. Sharp s and the two Turkish letters i do not change either.
 #pragma once
 
 namespace quillon {

@@ -16,9 +16,9 @@ struct Fault {
     Control* field;
     std::string message;
 };
-using Verdict = std::optional<Fault>;  // nothing when the name passes
+using Verdict = std::optional<Fault>;  // empty when the name is valid
 
-// The field that shows a unit, with its trimmed text.
+// The field of a unit and its trimmed text.
 struct Unit {
     Control* field;
     std::string_view text;
@@ -38,7 +38,7 @@ Verdict CheckPresent(const Unit& unit, std::string_view word) {
     return Fault{unit.field, fmt::format("The {} is a required field!", word)};
 }
 
-// The first letter decides. A text without one passes.
+// Tests the first letter. A text without letters is valid.
 bool BeginsWithCapital(std::string_view text) {
     for (const char c : text) {
         if (c >= 'A' && c <= 'Z') return true;
@@ -93,7 +93,7 @@ bool CheckNameSyntax(TaxonControls& tab, Prompter& prompter) {
     tab.BringUp();
     for (const auto check : {&CheckFirst, &CheckSecond, &CheckThird, &CheckFourth}) {
         if (const Verdict fault = check(tab)) {
-            tab.form.TellChanges();  // so that the message stands over the fields that it is about
+            tab.form.TellChanges();  // so that the message appears over the fields that it describes
             prompter.Message(fault->message, "Input Error");
             fault->field->TakeFocus();
             return false;

@@ -58,10 +58,10 @@ public:
     // Every change of the current record goes through here. With `checkDirty` the user may stay on an unsaved
     // record. The status bar shows when the name is not in the tree.
     void SelectExplorerItem(int qb_id, bool checkDirty, bool isInTree = true);
-    // The command behind cmdOK: checks the form, saves the record, and brings form, tree and list up to date.
-    // A refused record stays on the form as it was entered.
+    // The command of cmdOK: checks and saves the record, and updates form, tree and list. A refused record
+    // stays on the form as entered.
     void SaveCommand();
-    // The new record that was saved last; 0 for none since the DataSet was opened.
+    // The last new record saved since the DataSet was opened; 0 for none.
     int LastSaved() const { return lastSaved_; }
     // Asks about an unsaved record. True when the user stays on it.
     bool AskLoseChanges();

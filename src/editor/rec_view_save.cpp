@@ -61,7 +61,7 @@ void RecView::SaveChanges() {
     NoteSaved();
 }
 
-// False when the record could not be stored: what was entered stays.
+// False when the record could not be stored; the input is then kept.
 bool RecView::SaveNew() {
     if (!save_.SaveNewTaxon()) return false;
     const int qb_id = state_.currentTaxon.qb_id;
@@ -77,8 +77,8 @@ void RecView::NoteSaved() {
     Note("Saved " + BuildSciName(NameOf(state_.currentTaxon)));
 }
 
-// Also after a refusal: a record that was refused raises no question about losing it. One whose row could not
-// be stored is still to be saved.
+// Also called for a refused record, which no longer counts as unsaved. A record whose row could not be stored
+// stays unsaved.
 void RecView::EndSave(bool keepsEntry) {
     for (RecordTab* tab : controls_.Tabs()) tab->RefreshLists();
     state_.RecordDirty = keepsEntry;

@@ -91,7 +91,7 @@ void RecordChecks::SurroundSubgenus() {
     if (form_.taxon.lblName2.Caption() == "Subgenus") form_.taxon.Fields().AddParentheses();
 }
 
-// An untouched parent stays the one of the record, also when another name of its rank reads the same.
+// An unchanged parent is kept, even if another name of its rank has the same text.
 void RecordChecks::TakeParent() {
     const std::string& rank = form_.taxon.cboDPRank.Text();
     const std::string& name = form_.taxon.cboParentName.Text();

@@ -1,5 +1,5 @@
-// The checks that a record passes before it is saved, in their order. The first one that fails says why and
-// puts the focus on the field; nothing is stored then, and what was entered stays.
+// The checks of a record before it is saved, in their order. The first one that fails reports the reason and
+// moves the focus to the field; nothing is stored, and the input is kept.
 //
 // The checks also fill CurrentTaxon with what the form shows: kingdom, rank, parent and author.
 #pragma once
@@ -15,16 +15,16 @@ namespace quillon::editor {
 
 class RecordChecks {
 public:
-    // All references outlive the object.
+    // All references must outlive the object.
     RecordChecks(ApplicationState& state, Prompter& prompter, RecViewForm& form, EditorState& editing)
         : state_(state), prompter_(prompter), form_(form), editing_(editing) {}
 
-    // True when the record may be saved. StoreError when the DataSet cannot be read.
+    // True when the record may be saved. Throws StoreError when the DataSet cannot be read.
     bool CheckFields();
 
 private:
     bool IsNew() const { return editing_.mode != EditorMode::Edit; }
-    // Whether the preference asks for the two warnings at this save.
+    // True when the two warnings are enabled for this save by the preferences.
     bool Warns() const;
     bool CheckRank();
     void SurroundSubgenus();
@@ -40,8 +40,8 @@ private:
     EditorState& editing_;
 };
 
-// The rank whose names every record below `rankName` (in any case) must have among its ancestors; "" for a
-// text that is no rank.
+// The rank whose names every record below `rankName` (in any case) must have among its ancestors; "" for an
+// unknown rank.
 std::string_view MajorRank(std::string_view rankName);
 
 }  // namespace quillon::editor

@@ -16,7 +16,7 @@ using records::RecordStore;
 
 namespace {
 
-// AutoNumbers rise, so that the row added last has the highest one.
+// AutoNumbers increase, so the last row added has the highest one.
 int LastTaxon(store::Database& database) {
     return static_cast<int>(
         database.CreateSnapshot("SELECT max(qb_id) AS last FROM qb_taxonomic_units")->At(0).AsLong());
@@ -27,7 +27,7 @@ void DeleteAuthor(const RecordStore& records, int authorId) {
     records.RunUnit(query.Set("author", authorId));
 }
 
-// A procedure that sets the id of a new record and fails leaves it as none.
+// Resets the id of a new record to 0 when its save fails.
 class NewId {
 public:
     explicit NewId(int& id) : id_(id) {}
@@ -88,7 +88,7 @@ void RecordSave::TakeAuthors(const RecordStore& records) {
         TakeAuthor(records, form_.taxon.EnteredHybridAuthor(), taxon.hybridAuthorExisted);
 }
 
-// The id of the author with this text, who is added when there is none.
+// The id of the author with this text, which is added if it does not exist.
 int RecordSave::TakeAuthor(const RecordStore& records, const std::string& author, bool& existed) {
     existed = true;
     if (author.empty()) return 0;
@@ -103,8 +103,8 @@ void RecordSave::DeleteAddedAuthors(const RecordStore& records) {
     if (!taxon.hybridAuthorExisted) DeleteAuthor(records, taxon.hybrid_author_id);
 }
 
-// The stored authors that the record gives up go when no other taxon has them. An author that only changes
-// to the other field stays.
+// Deletes replaced authors of the record that no other taxon has. An author that only moves to the other
+// field is kept.
 void RecordSave::DeleteReplacedAuthors(const RecordStore& records) {
     const CurrentTaxon& taxon = state_.currentTaxon;
     const auto keeps = [&](const Value& id) {
@@ -123,7 +123,7 @@ void RecordSave::DeleteReplacedAuthors(const RecordStore& records) {
     }
 }
 
-// The distribution never ends the chain; of the others the first one that fails does.
+// Stops at the first tab that fails, except for the distribution.
 void RecordSave::AddTabs(const RecordStore& records) {
     form_.distribution.SaveNew(records);
     if (!form_.vernaculars.SaveNew(records)) return;
@@ -144,7 +144,7 @@ void RecordSave::UpdateTabs(const RecordStore& records) {
     form_.otherSources.SaveChanges(records);
 }
 
-// A name that is not accepted has no synonyms, and an accepted one is none.
+// A name that is not accepted has no synonyms, and an accepted name is not a synonym.
 void RecordSave::UpdateSynonymLinks(const RecordStore& records) {
     const int qb_id = state_.currentTaxon.qb_id;
     if (form_.taxon.optInvalid.Value()) {

@@ -1,12 +1,12 @@
-// Writes the record on the form: its row, its authors, what the tabs hold, and the journal. There are two
-// ways, one for a new record and one for a stored one, which differ in many small points; each reads like its
-// steps.
+// Writes the record on the form: its row, its authors, the content of the tabs, and the journal. New and
+// stored records have separate procedures, because they differ in many small points.
 //
-// A save is one durable commit: after a crash the DataSet holds the record as it was, or as it is with all
-// that belongs to it. A statement that fails takes back itself alone, is reported, and the save goes on. An
-// error of the whole file, such as a full disk, passes through, and nothing of the save is stored.
+// A save is one durable commit: after a crash the DataSet holds either all of it or nothing. A statement that
+// fails is undone and reported, and the save continues. After an error of the whole file, such as a full
+// disk, the exception ends the save and nothing is stored.
 //
-// RecordChecks has been run, and CurrentTaxon holds the distribution. Tree, list and form are the caller's.
+// RecordChecks must have passed, and CurrentTaxon must hold the distribution. The caller updates tree, list
+// and form.
 #pragma once
 
 #include "core/application_state.h"
@@ -18,12 +18,12 @@ namespace quillon::editor {
 
 class RecordSave {
 public:
-    // All references outlive the object.
+    // All references must outlive the object.
     RecordSave(ApplicationState& state, Prompter& prompter, store::Engine& engine, RecViewForm& form)
         : state_(state), prompter_(prompter), engine_(engine), form_(form) {}
 
-    // Adds the record, and sets CurrentTaxon.qb_id to the id that it gets. False when its row could not be
-    // stored: then nothing is, and the id is 0.
+    // Adds the record and sets CurrentTaxon.qb_id to its id. When the row could not be stored, nothing is
+    // stored, the id is 0 and the result is false.
     bool SaveNewTaxon();
     // Rewrites the record.
     void SaveTaxonChanges();

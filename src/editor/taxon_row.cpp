@@ -22,7 +22,7 @@ bool IsZoological(const TaxonTab& tab) {
     return KingdomIndex(kingdom) != 0 && FamilyOfKingdom(kingdom) == KingdomFamily::Animal;
 }
 
-// The first two units, which both queries take alike.
+// The first two units, which are the same in both queries.
 NameUnits FirstUnits(const TaxonTab& tab) {
     NameUnits units;
     units.ind1 = tab.chkHybrid1.Value() ? "X" : "";

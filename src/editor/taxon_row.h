@@ -1,6 +1,6 @@
 // The row of qb_taxonomic_units that the form would store, as the parameters of the stored queries "Insert
-// Taxon Data" and "Update Taxon Data". The two differ in many small ways, which are required: see
-// RowToInsert and RowToUpdate.
+// Taxon Data" and "Update Taxon Data". The two differ on purpose in many small ways: see UnitsToInsert and
+// UnitsToUpdate.
 #pragma once
 
 #include <string>
@@ -16,7 +16,7 @@ struct NameUnits {
     std::string ind1, name1, ind2, name2, ind3, name3, ind4, name4;
 };
 
-// A new record. A fourth name without a third one moves up, but for a hybrid formula of rank Species; a
+// A new record. A fourth name without a third one moves up, except in a hybrid formula of rank Species; a
 // third name of the zoological kingdoms has no indicator.
 NameUnits UnitsToInsert(const TaxonTab& tab);
 // A stored record. Here a fourth name alone moves up at every rank, a variety of three names has its

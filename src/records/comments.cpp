@@ -63,7 +63,7 @@ std::string FreeStamp(const RecordStore& records, const std::string& commentator
     }
 }
 
-// Everything of the row but its key.
+// Everything of the row except its key.
 void SetFields(store::QueryDef& query, const Comment& comment) {
     query.Set("authorityid", Value::IdOrNull(comment.comment_id))
         .Set("who", Value::TextOrNull(comment.commentator))

@@ -1,5 +1,5 @@
-// The comments of a taxon as the save of a record stores them. A comment is a row of its own, linked to one
-// taxon or to many; records/links.h removes the links.
+// Stores the comments of a taxon for the save of a record. A comment is a row linked to one or more taxa;
+// records/links.h removes the links.
 #pragma once
 
 #include <string>
@@ -13,16 +13,16 @@ struct Comment {
     int qb_comment_id = 0;  // 0 while it is not stored
     int comment_id = 0;     // the authority's; 0 for one that was never published
     std::string commentator, detail;
-    std::string timeStamp;  // "ddmmyyyyhhnnss"; the identity of a comment beside its commentator
+    std::string timeStamp;  // "ddmmyyyyhhnnss"; identifies a comment together with its commentator
 };
 
 // Stores a comment as a new row, linked to the taxon, and sets its qb_comment_id and its time stamp: that of
-// `now` ("yyyy-mm-dd hh:mm:ss"), or the first second after it at which the commentator has no comment. False
-// after a failure, which is reported.
+// `now` ("yyyy-mm-dd hh:mm:ss"), or the first second after it at which the commentator has no comment.
+// Reports a failure and returns false.
 bool AddComment(const RecordStore& records, const TaxonKey& taxon, Comment& comment, const std::string& now);
-// Links a stored comment to the taxon too. The same.
+// Links a stored comment to the taxon. Reports a failure and returns false.
 bool LinkComment(const RecordStore& records, const TaxonKey& taxon, const Comment& comment);
-// Rewrites the row of its qb_comment_id, if there is one. The tombstone of its link to the taxon goes. A
+// Rewrites the row of its qb_comment_id, if there is one. Removes the tombstone of its link to the taxon. A
 // failure is reported.
 void UpdateComment(const RecordStore& records, const TaxonKey& taxon, const Comment& comment);
 // Throws StoreError.

@@ -1,7 +1,7 @@
-// Where a taxon lives, as stored rows: one for each region of the world, and one for each jurisdiction with
+// Stores the distribution of a taxon: a row for each region of the world, and one for each jurisdiction with
 // its origin. The save of a record uses it.
 //
-// Every statement is a unit of its own; a failed one is reported, and the others go on.
+// Every statement runs in its own unit; a failed one is reported, and the others continue.
 #pragma once
 
 #include <string>
@@ -16,12 +16,13 @@ namespace quillon::records {
 using Divisions = std::vector<std::string>;
 using Jurisdictions = std::vector<std::pair<std::string, std::string>>;  // value and origin
 
-// The rows of a taxon that has none yet.
+// Add the rows of a taxon that has none yet.
 void AddDivisions(const RecordStore& records, const TaxonKey& taxon, const Divisions& divisions);
 void AddJurisdictions(const RecordStore& records, const TaxonKey& taxon, const Jurisdictions& jurisdictions);
 
-// Replaces all rows of the taxon. For a published one a row that comes back loses its tombstone, and one of
-// `old` that does not leaves one; another origin in the same jurisdiction is the same row.
+// Replace all rows of the taxon. For a published taxon, the tombstone of a row that is stored again is
+// removed, and a row of `old` that is not stored again gets a tombstone; a changed origin in the same
+// jurisdiction is the same row.
 void RewriteDivisions(const RecordStore& records, const TaxonKey& taxon, const Divisions& divisions,
                       const Divisions& old);
 void RewriteJurisdictions(const RecordStore& records, const TaxonKey& taxon,

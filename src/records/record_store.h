@@ -3,9 +3,9 @@
 // The editor and the import make one for a command or a run and pass it on. It holds no record: the taxon
 // that a procedure works on is an argument of that procedure.
 //
-// A failure takes back the statement that failed, is reported, and the caller goes on. Only in a command
-// (store/command.h) does an error of the file as a whole, such as a full disk, pass through: nothing of the
-// command can be stored any more.
+// A failed statement is undone and reported, and the caller continues. Only in a command (store/command.h) an
+// error of the whole file, such as a full disk, is thrown, because nothing of the command can be stored any
+// more.
 #pragma once
 
 #include <new>

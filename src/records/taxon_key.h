@@ -1,4 +1,4 @@
-// The two ids under which the rows of a taxon are stored: its own, and the one that the authority gave it.
+// The two ids under which the rows of a taxon are stored: its own, and the one assigned by the authority.
 #pragma once
 
 namespace quillon::records {

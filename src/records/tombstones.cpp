@@ -17,7 +17,7 @@ constexpr std::string_view kInsert =
     "INSERT INTO db_tombstone ( table_name, pk1, pk2, pk3, pk4 ) SELECT tablename, key1, key2, key3, key4;";
 
 // The condition on one key column of a tombstone. The index answers the equality, which ignores case; the
-// comparison behind it does not.
+// comparison after it does not.
 std::string KeyCondition(std::size_t column) {
     return fmt::format(" AND pk{0} = key{0} AND StrComp(pk{0}, key{0}, 0) = 0", column);
 }

@@ -1,5 +1,5 @@
 // The explorer's pane of the main window: the hierarchy "HierView" and the alphabetical list "AlphaView", one
-// of which is on show. It shows what cExplorer holds and passes user actions to it. The main window creates
+// of which is visible. It shows what cExplorer holds and passes user actions to it. The main window creates
 // it beside the editor.
 //
 // It handles the explorer's events for the list, the timers and the notes. ItemSelected, CurrentPos, Dropped

@@ -63,7 +63,7 @@ HierView::HierView(cExplorer& explorer, QWidget* parent)
     setUniformRowHeights(true);
     setIndentation(fontMetrics().height() * 4 / 5);  // names are ten levels deep
     header()->setStretchLastSection(false);
-    header()->setResizeContentsPrecision(0);  // as wide as the rows on show
+    header()->setResizeContentsPrecision(0);  // as wide as the visible rows
     header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     setEditTriggers(NoEditTriggers);
     setItemDelegate(new TreeLines(this));
