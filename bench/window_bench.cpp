@@ -1,6 +1,6 @@
 // The main window on a large DataSet, driven through its real widgets on the offscreen platform: how long
 // until it can be used, until a large node stands open, until the list shows rows and answers a key while it
-// loads and afterwards, what moves and reading all names anew take among thousands of siblings, and what all
+// loads and afterwards, what moves and reading all names again take among thousands of siblings, and what all
 // that holds in memory.
 //
 //     bench_window DATASET

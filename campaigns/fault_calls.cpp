@@ -1,4 +1,4 @@
-// The system calls of the store's own file copies, in place of the real ones: see the linker's --wrap.
+// Replaces the system calls of the store's file copies: see the linker's --wrap.
 #include <sys/types.h>
 
 #include <cerrno>

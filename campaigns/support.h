@@ -22,7 +22,7 @@
 
 namespace quillon::campaign {
 
-// A temporary folder that goes with the object; `where` may be empty for the system's own place.
+// A temporary folder, removed by the destructor; `where` may be empty for the default location.
 class Folder {
 public:
     explicit Folder(const std::string& where = {});

@@ -1,4 +1,4 @@
-// Every stage of an import takes turns, however large the file is, and hears Cancel at each.
+// Every stage of an import takes turns, with files of any size, and responds to Cancel at each.
 #include <gmock/gmock.h>
 
 #include <map>

@@ -1,5 +1,5 @@
-// Long expected outputs as files: tests/golden holds one a test, in a folder a subsystem and named after the
-// test.
+// Long expected outputs as files: tests/golden has a folder for each subsystem, with files named after their
+// tests.
 #pragma once
 
 #include <string>
@@ -7,7 +7,7 @@
 
 namespace quillon::testkit {
 
-// The bytes of tests/golden/`name`, as "export/NameOfTheTest.txt". A missing file fails the test.
+// The bytes of tests/golden/`name`, such as "export/NameOfTheTest.txt". A missing file fails the test.
 std::string Golden(std::string_view name);
 
 }  // namespace quillon::testkit

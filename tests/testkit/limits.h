@@ -1,4 +1,4 @@
-// The troubles of a disk, for as long as an object lives: files that cannot grow, a folder that cannot be
+// Simulates disk errors for the lifetime of an object: files that cannot grow, a folder that cannot be
 // written.
 #pragma once
 
@@ -12,8 +12,8 @@
 
 namespace quillon::testkit {
 
-// No file of this process grows beyond `bytes`, as on a disk that fills up. Nothing may be printed while the
-// object lives.
+// No file of this process grows beyond `bytes`, as on a disk that fills up. Nothing may be printed during its
+// lifetime.
 class FilesStopAt {
 public:
     explicit FilesStopAt(rlim_t bytes) : old_(signal(SIGXFSZ, SIG_IGN)) {
@@ -33,8 +33,8 @@ private:
     sighandler_t old_;
 };
 
-// Nothing can be made in the folder. Permissions do not bind an administrator, who becomes another user for
-// that time.
+// No file can be created in the folder. Permissions do not restrict root, so root becomes another user
+// meanwhile.
 class ReadOnlyFolder {
 public:
     explicit ReadOnlyFolder(std::string folder) : folder_(std::move(folder)), user_(geteuid()) {

@@ -87,7 +87,7 @@ std::string TempDir::File(std::string_view name) const {
     return std::filesystem::path(path_) / name;
 }
 
-// Making a DataSet costs fifty times as much as copying one, so each kingdom's is made once a process.
+// Making a DataSet costs fifty times as much as copying one, so one is made per process and kingdom.
 static const std::string& NewDataSetBytes(store::Engine& engine, const std::string& kingdom,
                                           const std::string& version) {
     static std::map<std::pair<std::string, std::string>, std::string> made;

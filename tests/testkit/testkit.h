@@ -1,5 +1,4 @@
-// What the tests of every folder share: scripted answers in place of a user, a temporary folder, and a new
-// DataSet in it.
+// Shared by all tests: scripted answers in place of a user, a temporary folder, and a new DataSet in it.
 #pragma once
 
 #include <deque>
@@ -15,8 +14,8 @@
 
 namespace quillon::testkit {
 
-// Answers from queues, and remembers what was said. A question with no answer left fails the test and counts
-// as No.
+// Answers from queues, and records messages and questions. A question without an answer fails the test and
+// counts as No.
 class ScriptedPrompter : public Prompter {
 public:
     ~ScriptedPrompter() override;
@@ -29,9 +28,9 @@ public:
     std::vector<std::string> stops;      // those of them with the stop icon
     std::vector<std::string> titles;     // of message boxes and questions, in order
     std::vector<std::string> questions;  // the texts of Yes or No questions
-    std::vector<std::string> losses;     // those of them that Return answers with No
+    std::vector<std::string> losses;     // those of them with No as the default
     std::vector<std::string> fileTitles, fileFilters;
-    std::vector<std::string> filesOffered;  // the paths that dialogs for saving began with
+    std::vector<std::string> filesOffered;  // the initial paths of save dialogs
     std::vector<std::string> forms;         // shown modally
 
     void Message(std::string_view text, std::string_view title) override;
@@ -54,7 +53,7 @@ public:
     int yields = 0;
 };
 
-// A folder that goes with the object.
+// A temporary folder, removed by the destructor.
 class TempDir {
 public:
     TempDir();
@@ -69,8 +68,7 @@ private:
     std::string path_;
 };
 
-// A new DataSet, open, as the New command leaves it: a copy of one that the process makes once for each
-// kingdom.
+// A new, open DataSet, as after the New command: a copy of one that is made once per process and kingdom.
 struct DataSetFixture {
     TempDir dir;
     ApplicationState state;

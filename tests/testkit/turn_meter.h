@@ -1,5 +1,6 @@
-// Measures how much the store does between two turns of a job, in steps of its own machine and not in time,
-// so that a test can show that a Cancel is heard however large the tables are; and cancels at a turn.
+// Measures the work of the store between two turns of a job, in steps of its virtual machine instead of time,
+// so that a test can show that a job responds to Cancel with tables of any size. It can also cancel at a
+// turn.
 #pragma once
 
 #include <algorithm>
@@ -15,15 +16,15 @@ class TurnMeter : public EventPump {
 public:
     explicit TurnMeter(ApplicationState& state) : state_(state) {}
 
-    // Begins to count the steps of the open DataSet, which must stay open. A statement that takes turns of
-    // its own counts none.
+    // Begins to count the steps of the open DataSet, which must stay open. Statements with their own turns
+    // are not counted.
     void Watch();
     void Yield() override;
 
     int turns = 0;
     int cancelAt = 0;  // the turn that cancels, counted from 1; 0 for none
-    long longest = 0;  // steps between two turns, in the longest stretch
-    // Steps since the last turn count, too.
+    long longest = 0;  // the largest number of steps between two turns
+    // Includes the steps since the last turn.
     long Longest() const { return std::max(longest, steps_); }
 
 private:
