@@ -34,7 +34,7 @@ std::string_view TakeWord(std::string_view& text) {
 }
 
 // The parts of a clause made by ColumnClause; empty for a text of another form.
-std::optional<Condition> TakeApart(std::string_view clause) {
+std::optional<Condition> ParseClause(std::string_view clause) {
     if (!clause.starts_with(kWhere)) return std::nullopt;
     clause.remove_prefix(kWhere.size());
     Condition condition;
@@ -52,7 +52,7 @@ bool IsTruthWord(std::string_view value) {
 }
 
 // True for a value that can be compared with a field of this type.
-bool Suits(store::FieldType type, std::string_view comparison, std::string_view value) {
+bool FitsType(store::FieldType type, std::string_view comparison, std::string_view value) {
     if (type == store::FieldType::Text || type == store::FieldType::Memo || EqualText(comparison, "Like"))
         return true;
     if (type == store::FieldType::Boolean && IsTruthWord(value)) return true;
@@ -83,7 +83,7 @@ std::optional<std::string> CheckColumnClause(store::Database& database, std::str
         return fmt::format("'{}' is no operator: it is one of {}.", comparison, fmt::join(kOperators, ", "));
     if (value.find('"') != std::string_view::npos)
         return "The value of a filter may not hold a double quote.";
-    if (!Suits(field->type, comparison, value))
+    if (!FitsType(field->type, comparison, value))
         return fmt::format("The column '{}' holds no texts, so it cannot be compared with '{}'.", field->name,
                            value);
     return std::nullopt;
@@ -91,7 +91,7 @@ std::optional<std::string> CheckColumnClause(store::Database& database, std::str
 
 std::optional<std::string> CheckRecordFilter(store::Database& database, std::string_view filter) {
     if (filter == kNoFilter || filter == kJournalFilter) return std::nullopt;
-    const auto condition = TakeApart(filter);
+    const auto condition = ParseClause(filter);
     if (!condition) return fmt::format("'{}' is no filter.", Trim(filter));
     return CheckColumnClause(database, condition->column, condition->comparison, condition->value);
 }
@@ -115,7 +115,7 @@ std::optional<std::string> ReadFilterText(store::Database& database, std::string
 }
 
 std::string RunnableFilter(std::string_view filter) {
-    const auto condition = TakeApart(filter);
+    const auto condition = ParseClause(filter);
     const store::FieldSpec* field = condition ? SpecOf(condition->column) : nullptr;
     if (field == nullptr) return std::string(filter);
     const std::string column = fmt::format("{}.{}", kTaxa, field->name);
