@@ -1,21 +1,25 @@
 #include "records/journal.h"
 
-#include <string>
+#include <string_view>
 
 namespace quillon::records {
 
+namespace {
+
+constexpr std::string_view kFind = "PARAMETERS theid Long; SELECT qb_id FROM journal WHERE qb_id = theid;";
+// A statement and not a table that is opened, which would read all rows before the first write.
+constexpr std::string_view kAdd = "PARAMETERS theid Long; INSERT INTO journal ( qb_id ) SELECT theid;";
+
+}  // namespace
+
 bool IsInJournal(store::Database& database, int qb_id) {
-    const auto count = database.CreateSnapshot("Select count(*) as qbcount from journal where qb_id = " +
-                                               std::to_string(qb_id));
-    return count->Get("qbcount").AsLong() != 0;
+    store::QueryDef query = database.CreateQueryDef("", kFind);
+    return !query.Set("theid", qb_id).OpenRecordset(store::RecordsetType::ForwardOnly)->Eof();
 }
 
 void AddToJournal(store::Database& database, int qb_id) {
     if (IsInJournal(database, qb_id)) return;
-    const auto journal = database.OpenTable("journal");
-    journal->AddNew();
-    journal->Set("qb_id", qb_id);
-    journal->Update();
+    database.CreateQueryDef("", kAdd).Set("theid", qb_id).Execute();
 }
 
 }  // namespace quillon::records

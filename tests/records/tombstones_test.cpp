@@ -3,6 +3,7 @@
 
 #include "records/tombstones.h"
 #include "testkit/testkit.h"
+#include "testkit/turn_meter.h"
 
 namespace quillon::records {
 namespace {
@@ -46,6 +47,20 @@ TEST_F(Tombstones, AreSilentlySkippedWithoutAFirstKey) {
     EXPECT_EQ(Dump(), "comments\t1234567890\t\\N\t\\N\t\\N\n");
     EXPECT_THAT(set.prompter.messages, IsEmpty());
     EXPECT_FALSE(set.engine.InTransaction());
+}
+
+TEST_F(Tombstones, CostTheSameHoweverManyThereAre) {
+    {
+        const store::Job job(set.engine);
+        for (int tsn = 1; tsn <= 3000; ++tsn) WriteTombstone(Records(), "jurisdiction", tsn, "Alaska");
+    }
+    testkit::TurnMeter meter(set.state);
+    meter.Watch();
+    EXPECT_TRUE(WriteTombstone(Records(), "comments", 1));
+    meter.Yield();
+    RemoveTombstone(Records(), "jurisdiction", 7, "Alaska");
+    EXPECT_LT(meter.Longest(), 500);
+    EXPECT_EQ(set.Dump("SELECT count(*) FROM db_tombstone"), "3000\n");
 }
 
 TEST_F(Tombstones, LeaveAnOpenUnitAlone) {
