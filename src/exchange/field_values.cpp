@@ -48,20 +48,25 @@ std::string Assemble(std::string_view text, std::span<const Piece> pieces) {
 }  // namespace
 
 std::int32_t ReadNumber(std::string_view text) {
-    if (text.empty()) return 0;
+    return ReadNumberField(text).value;
+}
+
+NumberField ReadNumberField(std::string_view text) {
+    if (text.find_first_not_of(' ') == std::string_view::npos) return {};
     if (text.size() > 1 && text[0] == '+' && text[1] != '-') text.remove_prefix(1);
     const char* const end = text.data() + text.size();
     std::int32_t number = 0;
     const auto whole = std::from_chars(text.data(), end, number);
-    if (whole.ec == std::errc() && whole.ptr == end) return number;
+    if (whole.ec == std::errc() && whole.ptr == end) return {number, true};
     double real = 0;
     const auto read = std::from_chars(text.data(), end, real);
-    if (read.ec != std::errc() || read.ptr != end) return 0;
-    real = std::nearbyint(real);
+    if (read.ec != std::errc() || read.ptr != end) return {0, false};
+    const double rounded = std::nearbyint(real);
     // NaN is in no range.
-    const bool fits =
-        real >= std::numeric_limits<std::int32_t>::min() && real <= std::numeric_limits<std::int32_t>::max();
-    return fits ? static_cast<std::int32_t>(real) : 0;
+    const bool fits = rounded >= std::numeric_limits<std::int32_t>::min() &&
+                      rounded <= std::numeric_limits<std::int32_t>::max();
+    if (!fits) return {0, false};
+    return {static_cast<std::int32_t>(rounded), rounded == real};
 }
 
 bool ReadIndicator(std::string_view text) {

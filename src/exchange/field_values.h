@@ -13,6 +13,13 @@ namespace quillon::exchange {
 // A whole number, or a number with a fraction rounded to the nearest; 0 for the empty text, for text that is
 // not a number, and for a number that does not fit 32 bits.
 std::int32_t ReadNumber(std::string_view text);
+// The same, and whether the value is what the text says: false for text that ReadNumber rounds or reads as 0
+// although it is neither empty nor blank.
+struct NumberField {
+    std::int32_t value = 0;
+    bool exact = true;
+};
+NumberField ReadNumberField(std::string_view text);
 
 // "Yes" and "Y" in any case.
 bool ReadIndicator(std::string_view text);

@@ -59,6 +59,9 @@ public:
     // Notes that the line has more fields than its record.
     void NoteMoreFields() { moreFields_.Note(line_); }
     const OddLines& WithMoreFields() const { return moreFields_; }
+    // Notes that a number field of the line was not read as it is written.
+    void NoteOddNumber() { oddNumbers_.Note(line_); }
+    const OddLines& WithOddNumber() const { return oddNumbers_; }
     // Reports a finding. A finding of the closing pass has no line.
     void Report(std::string sentence, std::string_view line = {});
     bool ImportError() const { return importError_; }
@@ -90,7 +93,7 @@ public:
         }
     }
 
-    // Deletes the Kingdom records of the DataSet, which that of `kingdom` replaces.
+    // Deletes the other Kingdom records of the DataSet, which the one just stored for `kingdom` replaces.
     void ReplaceKingdomRows(RowPlace kingdom);
     // Notes whether the row just stored for the taxon is a Kingdom record.
     void NoteKingdomRow(RowPlace taxon, std::string_view usage, std::int32_t rank_id);
@@ -127,7 +130,7 @@ private:
     store::BulkLoad& load_;
     FindingSink sink_;
     FailurePrompter failures_;
-    OddLines moreFields_;
+    OddLines moreFields_, oddNumbers_;
     std::int64_t line_ = 0;
     bool importError_ = false;
     std::set<std::int32_t> kingdomRows_;

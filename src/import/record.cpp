@@ -13,8 +13,16 @@ Record::Record(ImportRun& run, std::string_view line, const exchange::RecordLayo
 }
 
 bool Record::Good() {
-    if (good_ && cutter_.Rest().find_first_not_of(" |") != std::string_view::npos) run_.NoteMoreFields();
-    return good_;
+    if (!good_) return false;
+    if (cutter_.Rest().find_first_not_of(" |") != std::string_view::npos) run_.NoteMoreFields();
+    if (oddNumber_) run_.NoteOddNumber();
+    return true;
+}
+
+std::int32_t Record::Number() {
+    const exchange::NumberField number = exchange::ReadNumberField(Next(exchange::FieldForm::Number));
+    oddNumber_ = oddNumber_ || !number.exact;
+    return number.value;
 }
 
 std::string_view Record::Next([[maybe_unused]] exchange::FieldForm form) {

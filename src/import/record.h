@@ -27,11 +27,11 @@ public:
     Record(ImportRun& run, std::string_view line, const exchange::RecordLayout& layout);
 
     // True when every field could be read. Call it once, after the last field: it notes a line with more
-    // fields.
+    // fields, or with a number that was not read as it is written.
     bool Good();
     // Each reads the next field, which must have the form in the layout. Text is valid as long as the line.
     std::string_view Text() { return Next(exchange::FieldForm::Text); }
-    std::int32_t Number() { return exchange::ReadNumber(Next(exchange::FieldForm::Number)); }
+    std::int32_t Number();
     bool Indicator() { return exchange::ReadIndicator(Next(exchange::FieldForm::YesNo)); }
     std::optional<bool> IndicatorOrNull();
     // A date or a time stamp in stored form; empty for an empty field.
@@ -62,6 +62,7 @@ private:
     std::size_t place_ = 0;  // of the next field
     exchange::FieldCutter cutter_;
     bool good_ = true;
+    bool oddNumber_ = false;
 };
 
 }  // namespace quillon::importing

@@ -16,8 +16,6 @@
 
 namespace quillon::importing {
 
-namespace {}  // namespace
-
 TaggedImport::TaggedImport(ApplicationState& state, store::Engine& engine, Prompter& prompter,
                            EventPump& events, Gauge gauge)
     : Failed([&prompter](const Failure& failure) { prompter.Message(failure.sentence); }),

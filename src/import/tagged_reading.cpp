@@ -87,6 +87,7 @@ void NoteOddLines(const OddLines& lines, std::string_view what, std::vector<std:
 
 void NoteOddities(const LineReader& reader, const ImportRun& run, std::vector<std::string>& notes) {
     NoteOddLines(run.WithMoreFields(), "fields behind the last one that is read", notes);
+    NoteOddLines(run.WithOddNumber(), "a number field that is not a whole number in range", notes);
     NoteOddLines(reader.WithNul(), "NUL bytes", notes);
     NoteOddLines(reader.NotUtf8(), "bytes that are not UTF-8", notes);
     NoteOddLines(reader.NotCp1252(), "bytes that CP1252 leaves open", notes);

@@ -29,6 +29,14 @@ TEST(ReadNumber, TakesAnythingElseForNone) {
         EXPECT_EQ(ReadNumber(text), 0) << text;
 }
 
+TEST(ReadNumberField, IsExactForWhatIsStoredAsItIsWritten) {
+    for (const std::string_view text : {"", "  ", "0", "7", "+7", "-7", "007", "2147483647", "7.0", "1e3"})
+        EXPECT_TRUE(ReadNumberField(text).exact) << text;
+    for (const std::string_view text : {"1.5", "5x", "x", "1 2", "2147483648", "-2147483649", "1e300", "nan"})
+        EXPECT_FALSE(ReadNumberField(text).exact) << text;
+    EXPECT_EQ(ReadNumberField("1.5").value, 2);
+}
+
 TEST(ReadIndicator, IsTrueForYesAndYInAnyCase) {
     for (const std::string_view text : {"Yes", "YES", "yes", "Y", "y"})
         EXPECT_TRUE(ReadIndicator(text)) << text;

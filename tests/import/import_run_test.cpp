@@ -305,6 +305,18 @@ TEST_F(Running, OddLinesAndPlaceholdersThatStayAreCounted) {
                     "1 placeholder stays in the DataSet for records that the file names but does not hold."));
 }
 
+TEST_F(Running, NumbersThatAreNotReadAsTheyAreWrittenAreCounted) {
+    const ImportResult result = Run(Line("100") +
+                                    "\r\n[JR]|Alaska||100|\r\n[JR]|Hawaii||100.4|\r\n"
+                                    "[GD]5x|Africa|100|\r\n[GD]5x|Asia|2147483648|\r\n");
+    EXPECT_THAT(
+        result.notes,
+        ElementsAre("3 lines have a number field that is not a whole number in range; the first is line 3."));
+    EXPECT_EQ(Dump("SELECT geographic_value, tsn FROM qb_geographic_division"), "Africa\t100\n");
+    EXPECT_EQ(Dump("SELECT jurisdiction_value, tsn FROM qb_jurisdiction ORDER BY jurisdiction_value"),
+              "Alaska\t100\nHawaii\t100\n");
+}
+
 TEST_F(Running, AFailureIsAnErrorAndComesWithItsLine) {
     testkit::WriteFile(set.dir.File("in.qln"), Line("100") + "\r\n[GD]|Africa|100|\r\n[GD]|Africa|100|\r\n");
     TaggedImport tagged(set.state, set.engine, set.prompter, pump, [](double) {});
