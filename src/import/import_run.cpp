@@ -120,6 +120,7 @@ bool ImportRun::StoreOwn(store::RowWriter& writer, Stored& stored) {
 
 void ImportRun::ReplaceKingdomRows(RowPlace kingdom) {
     newKingdom = maps.taxa[kingdom].newId;
+    const bool isNoted = kingdomRows_.erase(newKingdom) != 0;
     for (const std::int32_t qb_id : kingdomRows_) {
         if (!Guarded([&] { deleteTaxonRow_.Set("theid", qb_id).Execute(); })) continue;
         replacedKingdoms.push_back(qb_id);
@@ -129,6 +130,7 @@ void ImportRun::ReplaceKingdomRows(RowPlace kingdom) {
         maps.taxa[taxon].isKingdomRow = false;
     }
     kingdomRows_.clear();
+    if (isNoted) kingdomRows_.insert(newKingdom);
 }
 
 void ImportRun::NoteKingdomRow(RowPlace taxon, std::string_view usage, std::int32_t rank_id) {

@@ -43,7 +43,7 @@ TaxonFields ReadTaxonFields(Record& record) {
     return fields;
 }
 
-void StoreTaxon(ImportRun& run, RowPlace taxon, const TaxonFields& fields) {
+bool StoreTaxon(ImportRun& run, RowPlace taxon, const TaxonFields& fields) {
     TaxonRow& row = run.maps.taxa[taxon];
     store::RowWriter& writer = run.writers.taxa;
     writer.Id(row.newId).Id(fields.tsn);
@@ -54,7 +54,9 @@ void StoreTaxon(ImportRun& run, RowPlace taxon, const TaxonFields& fields) {
     // Parents and authors keep the file's ids until the closing pass.
     writer.Id(fields.parent_tsn).Id(fields.parent_qb_id).Id(fields.author).Id(fields.hybrid_author_id);
     writer.Id(fields.kingdom_id).Id(fields.rank_id).BooleanOrNull(fields.uncertain_parent_ind);
-    if (run.StoreOwn(writer, row.stored)) run.NoteKingdomRow(taxon, fields.usage, fields.rank_id);
+    if (!run.StoreOwn(writer, row.stored)) return false;
+    run.NoteKingdomRow(taxon, fields.usage, fields.rank_id);
+    return true;
 }
 
 }  // namespace
@@ -70,10 +72,7 @@ void ReadTaxon(ImportRun& run, Record& record) {
     row.author = fields.author;
     row.hybrid_author_id = fields.hybrid_author_id;
     row.isOwnParent = UsageIsAccepted(fields.usage) && fields.rank_id == run.kingdomRank;
-    if (row.isOwnParent) {
-        row.parent_qb_id = fields.parent_qb_id = row.newId;
-        run.ReplaceKingdomRows(*taxon);
-    }
+    if (row.isOwnParent) row.parent_qb_id = fields.parent_qb_id = row.newId;
     OldReason rewritten;
     if (!fields.unacceptability_reason.empty()) {
         rewritten = RewriteOldReason(run.family, fields.usage, fields.unacceptability_reason);
@@ -81,8 +80,10 @@ void ReadTaxon(ImportRun& run, Record& record) {
         if (rewritten.unnamed) fields.unnamed_taxon_ind = "Yes";
         if (!rewritten.finding.empty()) record.Report(rewritten.finding);
     }
-    // A Kingdom record stored before under the same key has just been deleted with the others.
-    if (row.stored != Stored::Gone) StoreTaxon(run, *taxon, fields);
+    // Only another Kingdom record brings back one that was replaced.
+    if (row.stored == Stored::Gone && !row.isOwnParent) return;
+    // The old Kingdom records are deleted last, so that a line that cannot be stored leaves them.
+    if (StoreTaxon(run, *taxon, fields) && row.isOwnParent) run.ReplaceKingdomRows(*taxon);
 }
 
 void ReadAuthor(ImportRun& run, Record& record) {

@@ -135,15 +135,36 @@ TEST_F(TaxonRecords, AnotherKingdomRecordReplacesTheFirst) {
     EXPECT_EQ(Dump(kTaxa), "3\t\\N\tSecond\tvalid\t3\n");
 }
 
+TEST_F(TaxonRecords, ASecondKingdomLineWithTheKeyOverwritesTheFirst) {
+    Import({TaxonLine{.qb_id = "5", .unit_name1 = "First", .rank_id = "10"},
+            TaxonLine{.qb_id = "7", .unit_name1 = "Child", .parent_qb_id = "5"},
+            TaxonLine{.qb_id = "5", .unit_name1 = "Animalia", .rank_id = "10"}});
+    EXPECT_EQ(Dump(kTaxa), "2\t\\N\tAnimalia\tvalid\t2\n3\t\\N\tChild\tvalid\t2\n");
+    EXPECT_EQ(findings, Findings{});
+}
+
 TEST_F(TaxonRecords, AReplacedKingdomRecordIsNotUpdatedByALaterLine) {
     const TaxonLine kingdom{.qb_id = "5", .unit_name1 = "Animalia", .rank_id = "10"};
-    // The second line deletes the row of the first, and then finds nothing to update.
-    Import({kingdom, kingdom});
-    EXPECT_EQ(Dump(kTaxa), "");
-    EXPECT_EQ(findings, Findings{});
     Import({kingdom, TaxonLine{.qb_id = "6", .unit_name1 = "Second", .rank_id = "10"},
             TaxonLine{.qb_id = "5", .unit_name1 = "Third", .rank_id = "30"}});
-    EXPECT_EQ(Dump(kTaxa), "4\t\\N\tSecond\tvalid\t4\n");
+    EXPECT_EQ(Dump(kTaxa), "3\t\\N\tSecond\tvalid\t3\n");
+}
+
+TEST_F(TaxonRecords, AReplacedKingdomRecordComesBackWithAnotherKingdomLine) {
+    const TaxonLine first{.qb_id = "5", .unit_name1 = "First", .rank_id = "10"};
+    Import({first, TaxonLine{.qb_id = "6", .unit_name1 = "Second", .rank_id = "10"},
+            TaxonLine{.qb_id = "7", .unit_name1 = "Child", .parent_qb_id = "6"}, first});
+    EXPECT_EQ(Dump(kTaxa), "2\t\\N\tFirst\tvalid\t2\n4\t\\N\tChild\tvalid\t2\n");
+}
+
+TEST_F(TaxonRecords, AKingdomLineThatCannotBeStoredLeavesTheOldRecord) {
+    const std::string tooLong(36, 'a');
+    Import({TaxonLine{.qb_id = "5", .unit_name1 = tooLong, .rank_id = "10"}});
+    EXPECT_THAT(set.prompter.messages, ElementsAre(StartsWith("Failed ")));
+    EXPECT_EQ(Dump(kTaxa), "1\t202423\tAnimalia  \tvalid\t1\n2\t\\N\tDummy#5\t\\N\t2\n");
+    Import({TaxonLine{.qb_id = "5", .unit_name1 = "Animalia", .rank_id = "10"},
+            TaxonLine{.qb_id = "5", .unit_name1 = tooLong, .rank_id = "10"}});
+    EXPECT_EQ(Dump(kTaxa), "2\t\\N\tDummy#5\t\\N\t2\n3\t\\N\tAnimalia\tvalid\t3\n");
 }
 
 TEST_F(TaxonRecords, AFormerKingdomRecordStays) {
