@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 #include <sqlite3.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <memory>
@@ -15,6 +16,9 @@ namespace quillon::campaign {
 namespace {
 
 constexpr std::string_view kMagic("SQLite format 3\0", 16);
+// All but the list of indexes that are still to be made: the next opening empties it.
+constexpr const char* kTables =
+    "SELECT name FROM sqlite_master WHERE type = 'table' AND name <> 'qln_waiting_indexes' ORDER BY name";
 // A digit stands where there is a d.
 constexpr std::string_view kStamps[] = {"dddd-dd-dd dd:dd:dd", "dd/dd/dddd"};
 
@@ -25,12 +29,30 @@ int Compare(void*, int leftSize, const void* left, int rightSize, const void* ri
                        {static_cast<const char*>(right), static_cast<std::size_t>(rightSize)});
 }
 
+bool IsPlainFile(const std::string& path) {
+    struct stat info {};
+    return stat(path.c_str(), &info) == 0 && S_ISREG(info.st_mode);
+}
+
 Handle Open(const std::string& path) {
     sqlite3* raw = nullptr;
-    sqlite3_open_v2(path.c_str(), &raw, SQLITE_OPEN_READONLY, nullptr);
+    sqlite3_open_v2(path.c_str(), &raw, SQLITE_OPEN_READWRITE, nullptr);
     sqlite3_create_collation(raw, "QLN", SQLITE_UTF8, nullptr, Compare);
     return {raw, &sqlite3_close};
 }
+
+// A copy with its journal and its log: SQLite makes and removes files beside what it opens.
+class Copy {
+public:
+    explicit Copy(const std::string& path) {
+        for (const char* ending : {"", "-journal", "-wal"})
+            if (FileExists(path + ending)) WriteFile(Path() + ending, ReadFile(path + ending));
+    }
+    std::string Path() const { return folder_.File("copy"); }
+
+private:
+    Folder folder_;
+};
 
 // The rows of a statement, their values split by tabs; its error as the last row.
 std::vector<std::string> Rows(sqlite3* db, const std::string& sql) {
@@ -75,10 +97,10 @@ std::string WithoutStamps(std::string_view text) {
 }
 
 std::string TablesOf(const std::string& path) {
-    const Handle db = Open(path);
+    const Copy copy(path);
+    const Handle db = Open(copy.Path());
     std::string content;
-    for (std::string name :
-         Rows(db.get(), "SELECT name FROM sqlite_master WHERE type = 'table' ORDER BY name")) {
+    for (std::string name : Rows(db.get(), kTables)) {
         name = name.substr(2, name.size() - 3);  // its type before it, a tab behind it
         std::vector<std::string> rows = Rows(db.get(), "SELECT * FROM \"" + name + "\"");
         std::sort(rows.begin(), rows.end());
@@ -91,14 +113,16 @@ std::string TablesOf(const std::string& path) {
 }  // namespace
 
 std::string CheckOfFile(const std::string& path) {
-    const Handle db = Open(path);
+    if (!IsPlainFile(path)) return "no plain file";
+    const Copy copy(path);
+    const Handle db = Open(copy.Path());
     const std::vector<std::string> rows = Rows(db.get(), "PRAGMA integrity_check(1)");
     if (rows.size() != 1) return "the check could not run";
     return rows[0] == "3:ok\t" ? "ok" : rows[0];
 }
 
 std::string ContentOf(const std::string& path) {
-    if (!FileExists(path)) return "(none)";
+    if (!IsPlainFile(path)) return "(none)";
     const std::string bytes = ReadFile(path);
     return WithoutStamps(bytes.starts_with(kMagic) ? TablesOf(path) : bytes);
 }

@@ -7,11 +7,12 @@
 
 namespace quillon::campaign {
 
-// "ok" when SQLite finds the DataSet at `path` whole, otherwise its first complaint. Opens it read-only.
+// "ok" when SQLite finds the DataSet at `path` whole, otherwise its first complaint.
 std::string CheckOfFile(const std::string& path);
 
 // Every row of every table of a DataSet, without its time stamps; for any other file its bytes, without time
-// stamps; "(none)" when there is no file.
+// stamps; "(none)" when there is no file, and nothing of a
+// pipe, a device or a folder.
 std::string ContentOf(const std::string& path);
 
 // What quillon-batch must never leave beside a file: temporary files, journals and logs of the store.

@@ -108,8 +108,9 @@ int PowerLoss::AcknowledgedBefore(std::size_t moment) const {
 
 FolderContent ReadFolder(const std::string& folder) {
     FolderContent content;
+    std::error_code ignored;  // of a link that leads nowhere
     for (const auto& entry : std::filesystem::directory_iterator(folder))
-        if (entry.is_regular_file()) content[entry.path().filename()] = ReadFile(entry.path());
+        if (entry.is_regular_file(ignored)) content[entry.path().filename()] = ReadFile(entry.path());
     return content;
 }
 
