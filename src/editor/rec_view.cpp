@@ -47,6 +47,7 @@ void RecView::ConnectCommands() {
     on(controls_.mnuFOpen, [this] { OpenCommand(); });
     on(controls_.mnuFNew, [this] { NewCommand(); });
     onDataSet(controls_.mnuSave, [this] { SaveCommand(); });
+    onDataSet(controls_.mnuEDelete, [this] { RecordDelete(); });
     onDataSet(controls_.cmdOK, [this] { SaveCommand(); });
     onDataSet(controls_.mnuFSaveAs, [this] { SaveAsCommand(); });
     on(controls_.mnuFImport, [this] { RunImport(); });

@@ -61,6 +61,9 @@ public:
     // The command of cmdOK: checks and saves the record, and updates form, tree and list. A refused record
     // stays on the form as entered.
     void SaveCommand();
+    // The command of mnuEDelete: asks, deletes the record and everything that belongs to it, and shows an
+    // empty form for a new one. The node above it is selected then, but not loaded.
+    void RecordDelete();
     // The last new record saved since the DataSet was opened; 0 for none.
     int LastSaved() const { return lastSaved_; }
     // Asks about an unsaved record. True when the user stays on it.
@@ -116,12 +119,13 @@ private:
     void AddNew();
     void CopyRecord();
 
-    // The save.
+    // The save and the deletion.
     bool ConfirmRankChange();
     void SaveChanges();
     bool SaveNew();
     void NoteSaved();
     void EndSave(bool keepsEntry);
+    bool DeleteStoredRecord();
 
     // The modes and what goes with them.
     void EnterInput();

@@ -32,7 +32,7 @@ constexpr std::array<KeyedButton, 15> kKeys = {{
 
 RecViewForm::RecViewForm() {
     for (ButtonControl* later :
-         {&mnuTaxonomy, &mnuFullRecord, &mnuFReports, &mnuEDelete, &mnuAuth, &mnuMerge, &mnuSplit}) {
+         {&mnuTaxonomy, &mnuFullRecord, &mnuFReports, &mnuAuth, &mnuMerge, &mnuSplit}) {
         later->SetEnabled(false);
     }
     hierarchy.SetValue(true);

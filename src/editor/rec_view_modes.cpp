@@ -31,7 +31,6 @@ void RecView::SetEnabled(std::string_view key, bool enabled) {
     edit_.ChangeStateTo(key, enabled);
 }
 
-// "delete" stays disabled until its command exists.
 void RecView::MakeToolbarManagers() {
     const auto buttons = [this](std::span<const std::string_view> keys) {
         navigation::TBBtnMgr::Toolbar toolbar;
@@ -40,7 +39,7 @@ void RecView::MakeToolbarManagers() {
     };
     navigation_.Init(buttons(navigation::kNavigationKeys), navigation::kNavigationKeys, true);
     edit_.Init(buttons(navigation::kEditKeys), navigation::kEditKeys, true);
-    for (const std::string_view key : {"paste", "undo", "delete"}) edit_.Disable(key);
+    for (const std::string_view key : {"paste", "undo"}) edit_.Disable(key);
 }
 
 void RecView::EnterMode(EditorMode mode) {
@@ -57,7 +56,7 @@ void RecView::EnterInput() {
 void RecView::EnterEdit() {
     controls_.cmdOK.SetCaption("&Save Changes");
     EnterMode(EditorMode::Edit);
-    for (const std::string_view key : {"addnew", "moveprev", "movenext"}) SetEnabled(key, true);
+    for (const std::string_view key : {"addnew", "moveprev", "movenext", "delete"}) SetEnabled(key, true);
 }
 
 void RecView::ShowDataSet() {
@@ -87,7 +86,7 @@ void RecView::StartOfDataSet() {
     controls_.taxa.SetCaption("");
     if (state_.gDataSetOpen) OfferLists();
     if (!state_.gDataSetOpen) EnterMode(EditorMode::None);
-    for (const std::string_view key : {"cut", "copy", "addnew", "moveprev", "movenext"})
+    for (const std::string_view key : {"cut", "copy", "delete", "addnew", "moveprev", "movenext"})
         SetEnabled(key, true);
     editing_.firstWarning = true;
     state_.RecordDirty = false;

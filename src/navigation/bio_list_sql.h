@@ -41,11 +41,13 @@ inline constexpr std::string_view kSynonymKeysSql =
     "t.unit_name1, t.unit_name2, t.unit_name3, t.unit_name4 "
     "FROM qb_synonym_links AS s INNER JOIN qb_taxonomic_units AS t ON s.qb_id = t.qb_id "
     "WHERE s.qb_id_accepted = [theId] AND s.qb_id > [theLast] ORDER BY s.qb_id";
-// The same for all taxa without a parent, with a last column that is Null for those without a synonym link.
+// The same for all taxa without a parent, a row for each of its synonym links, or one. The last column is the
+// accepted name of the link, and Null where there is none.
 inline constexpr std::string_view kOrphanKeysSql =
     "PARAMETERS theLast Long; SELECT t.qb_id, t.rank_id, t.phylo_sort_sequence, "
-    "t.unit_name1, t.unit_name2, t.unit_name3, t.unit_name4, s.qb_id AS LinkedId "
-    "FROM qb_taxonomic_units AS t LEFT JOIN qb_synonym_links AS s ON t.qb_id = s.qb_id "
+    "t.unit_name1, t.unit_name2, t.unit_name3, t.unit_name4, a.qb_id AS LinkedId "
+    "FROM (qb_taxonomic_units AS t LEFT JOIN qb_synonym_links AS s ON t.qb_id = s.qb_id) "
+    "LEFT JOIN qb_taxonomic_units AS a ON s.qb_id_accepted = a.qb_id "
     "WHERE t.parent_qb_id Is Null AND t.qb_id > [theLast] ORDER BY t.qb_id";
 inline constexpr std::string_view kKingdomNamesSql = "SELECT kingdom_name FROM kingdoms";
 

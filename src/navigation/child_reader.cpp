@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <limits>
+#include <optional>
 #include <tuple>
+#include <utility>
 
 #include "core/text.h"
 #include "navigation/bio_list_connection.h"
@@ -98,19 +100,30 @@ std::size_t ChildReader::ReadKeys(store::Database& database, std::size_t rows) {
     if (kind != Kind::Orphan) query.Set("theId", parent_.qb_id());
     const auto row = query.OpenRecordset(store::RecordsetType::ForwardOnly);
     std::size_t read = 0;
-    for (; read < rows && !row->Eof(); ++read, row->MoveNext()) {
+    std::optional<Key> held;  // wanted unless another row of its taxon says otherwise
+    const auto release = [&] {
+        if (held) keys_.push(*std::exchange(held, std::nullopt));
+    };
+    for (; !row->Eof(); ++read, row->MoveNext()) {
+        const bool isSame = read > 0 && row->At(0).AsLong() == lastKey_;
+        if (!isSame && read >= rows) break;
         lastKey_ = row->At(0).AsLong();
-        if (!IsWanted(*row)) continue;
-        const bool byRank = kind == Kind::Child;
-        keys_.push({byRank ? NumberOf(row->At(1)) : 0, byRank ? NumberOf(row->At(2)) : 0, NameOf(*row, 3),
-                    static_cast<std::int32_t>(lastKey_)});
+        if (!isSame) release();
+        if (!IsWanted(*row)) {
+            held.reset();
+        } else if (!isSame) {
+            const bool byRank = kind == Kind::Child;
+            held = Key{byRank ? NumberOf(row->At(1)) : 0, byRank ? NumberOf(row->At(2)) : 0, NameOf(*row, 3),
+                       static_cast<std::int32_t>(lastKey_)};
+        }
     }
-    if (read < rows) EndKeys(database);
+    release();
+    if (row->Eof()) EndKeys(database);
     return read;
 }
 
-// A taxon without a parent is not an orphan when it is a synonym, has no first unit, or has the name of a
-// kingdom.
+// A taxon without a parent is not an orphan when it is a synonym of a name that is there, has no first unit,
+// or has the name of a kingdom.
 bool ChildReader::IsWanted(const Recordset& row) const {
     if (parts_.back() != Kind::Orphan) return true;
     const std::string name = row.At(3).AsText();

@@ -274,11 +274,18 @@ private:
     void ScrollWhileDragging(int direction);
     bool Reparent(TreeNode* node, TreeNode* newParent);
     void TakeUnder(TreeNode* node, TreeNode* parent);
+    void TakeUnderParent(int qb_id, int parent);
     void TakeUnderAccepted(int qb_id);
     void MoveList(int id);
     void SearchTyped(bool onlyBefore);
     void EndSearch();
     std::vector<int> AcceptedNamesOf(int id) const;
+    std::vector<int> SynonymsOf(int id) const;
+    std::vector<int> SynonymsUnder(int qb_id) const;
+    Item NewItem(int qb_id) const;
+    std::size_t SortedRow(std::string_view text, const TreeNode* parent) const;
+    TreeNode* InsertSorted(Item item, TreeNode* parent);
+    TreeNode* AddUnder(int qb_id, TreeNode* parent);
 
     ApplicationState& state_;
     Prompter& prompter_;

@@ -13,14 +13,20 @@ bool IsBelow(const std::string& leftInLowerCase, std::string_view right) {
 
 }  // namespace
 
+// The row before the first child whose text is above this one. The root is always the first node of the top
+// level.
+std::size_t cExplorer::SortedRow(std::string_view text, const TreeNode* parent) const {
+    const std::string lower = LowerCase(text);
+    std::size_t row = parent == nullptr ? 1 : 0;
+    while (row < tree_.CountUnder(parent) && !IsBelow(lower, tree_.Under(parent, row)->Text())) ++row;
+    return row;
+}
+
 bool cExplorer::Reparent(TreeNode* node, TreeNode* newParent) {
     if (node->Parent() == newParent || (newParent != nullptr && newParent->IsWithin(node))) return false;
     if (newParent != nullptr && IsLoading(newParent) && newParent->HasPlaceholder())
         tree_.Remove(newParent->Child(0));
-    const std::string text = LowerCase(node->Text());
-    // The root is always the first node of the top level.
-    std::size_t row = newParent == nullptr ? 1 : 0;
-    while (row < tree_.CountUnder(newParent) && !IsBelow(text, tree_.Under(newParent, row)->Text())) ++row;
+    const std::size_t row = SortedRow(node->Text(), newParent);
     tree_.Move(node, newParent, row);
     const Item item = nodes_.ItemOf(node);
     if (item && item->IsSyn()) {

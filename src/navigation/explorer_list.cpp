@@ -10,7 +10,8 @@ namespace quillon::navigation {
 namespace {
 
 constexpr std::string_view kAcceptedNamesSql =
-    "PARAMETERS theId Long; SELECT qb_id_accepted FROM qb_synonym_links WHERE qb_id = [theId]";
+    "PARAMETERS theId Long; SELECT s.qb_id_accepted FROM qb_synonym_links AS s INNER JOIN "
+    "qb_taxonomic_units AS t ON s.qb_id_accepted = t.qb_id WHERE s.qb_id = [theId]";
 
 // The text without its last character.
 void ChopCharacter(std::string& text) {
@@ -30,6 +31,7 @@ void cExplorer::ListClick(ListArea area, int id) {
     if (area == ListArea::List) ListDblClick(id);
 }
 
+// Those that are there: a link may outlive its accepted name.
 std::vector<int> cExplorer::AcceptedNamesOf(int id) const {
     std::vector<int> accepted;
     auto query = state_.gDatabase->CreateQueryDef("", kAcceptedNamesSql);

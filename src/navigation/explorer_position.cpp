@@ -20,8 +20,7 @@ void cExplorer::ReflectRealNodePosition(int qb_id) {
     if (row->Eof()) return;
     if (row->Get("parent_qb_id").IsNull()) return TakeUnderAccepted(qb_id);
     const auto parent = static_cast<int>(row->Get("parent_qb_id").AsLong());
-    TreeNode* node = FindNodeWithId(qb_id);
-    if (node != nullptr && parent != qb_id) TakeUnder(node, FindNodeWithId(parent));
+    TakeUnderParent(qb_id, parent);
 }
 
 // When the parent has no node, or was never opened, opening it will add the node.
@@ -31,6 +30,14 @@ void cExplorer::TakeUnder(TreeNode* node, TreeNode* parent) {
     } else {
         Reparent(node, parent);
     }
+}
+
+// A taxon with a parent has one node. Others are left from the time when it was a synonym.
+void cExplorer::TakeUnderParent(int qb_id, int parent) {
+    const std::vector<TreeNode*> nodes = nodes_.NodesOf(qb_id);
+    if (nodes.empty() || parent == qb_id) return;
+    for (std::size_t i = 1; i < nodes.size(); ++i) RemoveSubtree(nodes[i]);
+    TakeUnder(nodes.front(), FindNodeWithId(parent));
 }
 
 // A synonym has one node under each accepted taxon; without one it is at the top level.
@@ -51,6 +58,8 @@ void cExplorer::TakeUnderAccepted(int qb_id) {
             missing.erase(missing.begin());
         }
     }
+    for (const int above : missing)
+        if (TreeNode* parent = FindNodeWithId(above)) AddUnder(qb_id, parent);
 }
 
 }  // namespace quillon::navigation
