@@ -8,8 +8,8 @@
 #include <cstring>
 #include <filesystem>
 #include <system_error>
-#include <utility>
 
+#include "core/descriptor.h"
 #include "core/file_identity.h"
 #include "core/temporary_file.h"
 
@@ -24,22 +24,6 @@ constexpr std::size_t kLargest = 1 << 20;
 std::string LastFailure() {
     return std::strerror(errno);
 }
-
-class Descriptor {
-public:
-    explicit Descriptor(int number) : number_(number) {}
-    ~Descriptor() {
-        if (number_ >= 0) close(number_);
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-
-    int Number() const { return number_; }
-    bool IsOpen() const { return number_ >= 0; }
-
-private:
-    int number_;
-};
 
 std::string FolderOf(const std::string& path) {
     const std::string folder = fs::path(path).parent_path().string();

@@ -19,6 +19,7 @@
 #include <set>
 #include <utility>
 
+#include "core/descriptor.h"
 #include "core/file_identity.h"
 
 namespace quillon {
@@ -101,12 +102,11 @@ bool IsLeftover(int descriptor, Recognise leftover) {
 
 // Takes the lock before it removes the file, so that it never removes a file in use.
 void RemoveUnheld(const std::string& path, Recognise leftover) noexcept {
-    const int descriptor = open(path.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
-    if (descriptor < 0) return;
-    if (flock(descriptor, LOCK_EX | LOCK_NB) == 0 && LeadsTo(path, descriptor) &&
-        IsLeftover(descriptor, leftover))
+    const Descriptor file(open(path.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    if (!file.IsOpen()) return;
+    if (flock(file.Number(), LOCK_EX | LOCK_NB) == 0 && LeadsTo(path, file.Number()) &&
+        IsLeftover(file.Number(), leftover))
         RemoveWithLogs(path);
-    close(descriptor);
 }
 
 std::string FolderOf(const std::string& path) {
@@ -224,10 +224,8 @@ void WriteAll(int descriptor, std::string_view bytes, const std::string& path) {
 
 void SyncFolderOf(const std::string& path) noexcept {
     try {
-        const int descriptor = open(FolderOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-        if (descriptor < 0) return;
-        fsync(descriptor);
-        close(descriptor);
+        const Descriptor folder(open(FolderOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+        if (folder.IsOpen()) fsync(folder.Number());
     } catch (const std::bad_alloc&) {
         return;  // the file is in place; the kernel writes the folder later
     }

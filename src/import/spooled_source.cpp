@@ -7,7 +7,8 @@
 
 #include <cerrno>
 #include <cstdlib>
-#include <utility>
+
+#include "core/descriptor.h"
 
 namespace quillon::importing {
 
@@ -16,22 +17,6 @@ namespace {
 constexpr std::size_t kBlock = std::size_t{64} * 1024;
 // The time in milliseconds that a turn waits for an empty pipe.
 constexpr int kWait = 50;
-
-class Descriptor {
-public:
-    explicit Descriptor(int number) : number_(number) {}
-    ~Descriptor() {
-        if (number_ >= 0) close(number_);
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-
-    int Number() const { return number_; }
-    int Release() { return std::exchange(number_, -1); }
-
-private:
-    int number_;
-};
 
 [[noreturn]] void FailToRead(const std::string& path) {
     throw ReadError("File " + path + " cannot be read!");

@@ -12,6 +12,7 @@
 #include <chrono>
 #include <thread>
 
+#include "core/descriptor.h"
 #include "core/file_identity.h"
 
 namespace quillon::store {
@@ -27,16 +28,13 @@ class Source {
 public:
     explicit Source(const std::string& path)
         : path_(path), descriptor_(open(path.c_str(), O_RDONLY | O_CLOEXEC)) {
-        if (descriptor_ < 0) throw FileError("Opening", path, errno);
+        if (!descriptor_.IsOpen()) throw FileError("Opening", path, errno);
     }
-    ~Source() { close(descriptor_); }
-    Source(const Source&) = delete;
-    Source& operator=(const Source&) = delete;
 
-    int Descriptor() const { return descriptor_; }
+    int Number() const { return descriptor_.Number(); }
     std::size_t Read(char* buffer, std::size_t size) {
         ssize_t got = -1;
-        do got = read(descriptor_, buffer, size);
+        do got = read(Number(), buffer, size);
         while (got < 0 && errno == EINTR);
         if (got < 0) throw FileError("Reading", path_, errno);
         return static_cast<std::size_t>(got);
@@ -44,13 +42,13 @@ public:
 
 private:
     std::string path_;
-    int descriptor_;
+    Descriptor descriptor_;
 };
 
 // Shares the blocks if the file system supports that.
 void CopyBytes(const std::string& from, TemporaryFile& to) {
     Source source(from);
-    if (ioctl(to.Descriptor(), FICLONE, source.Descriptor()) == 0) return;
+    if (ioctl(to.Descriptor(), FICLONE, source.Number()) == 0) return;
     std::array<char, 1 << 16> buffer;
     while (const std::size_t got = source.Read(buffer.data(), buffer.size())) to.Write({buffer.data(), got});
 }
