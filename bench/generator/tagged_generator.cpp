@@ -19,7 +19,7 @@ namespace {
 constexpr std::size_t kFirstTsn = 3'000'000, kFirstAuthor = 20'000'000, kFirstPublication = 30'000'000;
 constexpr std::size_t kFirstVernacular = 40'000'000, kFirstComment = 50'000'000, kFirstExpert = 60'000'000;
 constexpr std::size_t kFirstSource = 61'000'000;
-constexpr std::size_t kBuffer = 256 * 1024;
+constexpr std::size_t kBuffer = std::size_t{256} * 1024;
 
 // Of the animal kingdom.
 enum : int {
@@ -198,8 +198,9 @@ private:
             const std::string journal(JournalName(i / 3));
             std::string line = "[PB]PUB||" + std::to_string(kFirstPublication + i) + "|" +
                                std::string(Surname(i)) + ", " +
-                               std::string(1, static_cast<char>('A' + i % 26)) + ".|" + PublicationTitle(i) +
-                               "|" + journal + "|01/01/" + year + "|01/01/" + year + "|";
+                               std::string(1, static_cast<char>('A' + i % 26)) + ".|" + PublicationTitle(i);
+            line.append("|").append(journal).append("|01/01/").append(year).append("|01/01/").append(year);
+            line += "|";
             line += "||||" + std::to_string(1 + Below(400)) + "-" + std::to_string(401 + Below(400)) + "||";
             Write("PB", line);
             WriteReferences("PUB", kFirstPublication + i, 1 + Below(7));
@@ -319,7 +320,7 @@ std::string GeneratedText(std::size_t names, std::uint64_t seed) {
 GeneratedCounts GenerateFile(std::size_t names, std::uint64_t seed, const std::string& path) {
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "wb"), &std::fclose);
     if (file == nullptr) throw std::runtime_error("cannot write " + path);
-    const GeneratedCounts counts = GenerateTagged(names, seed, [&](std::string_view bytes) {
+    GeneratedCounts counts = GenerateTagged(names, seed, [&](std::string_view bytes) {
         if (std::fwrite(bytes.data(), 1, bytes.size(), file.get()) != bytes.size())
             throw std::runtime_error("cannot write all of " + path);
     });
