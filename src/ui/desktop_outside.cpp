@@ -196,10 +196,16 @@ QString ToolkitFilter(std::string_view filter) {
     return filters.join(";;");
 }
 
+DesktopPump::DesktopPump(Milliseconds now) : now_(std::move(now)) {}
+
 void DesktopPump::Yield() {
-    if (since_.isValid() && since_.elapsed() < kMillisecondsBetweenEvents) return;
+    if (last_ && now_() - *last_ < kMillisecondsBetweenEvents) return;
     QCoreApplication::processEvents();
-    since_.start();
+    last_ = now_();
+}
+
+qint64 DesktopPump::SteadyTime() {
+    return QDeadlineTimer::current().deadline();
 }
 
 }  // namespace quillon::ui

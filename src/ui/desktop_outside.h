@@ -2,11 +2,11 @@
 // forms and the event loop.
 #pragma once
 
-#include <QElapsedTimer>
 #include <QHash>
 #include <QPointer>
 #include <QWidget>
 #include <functional>
+#include <optional>
 #include <utility>
 
 #include "core/outside.h"
@@ -58,10 +58,16 @@ QString ToolkitFilter(std::string_view filter);
 // Lets events through at most every 20 ms.
 class DesktopPump : public EventPump {
 public:
+    using Milliseconds = std::function<qint64()>;
+    // `now` counts from any beginning.
+    explicit DesktopPump(Milliseconds now = SteadyTime);
     void Yield() override;
 
 private:
-    QElapsedTimer since_;
+    static qint64 SteadyTime();
+
+    Milliseconds now_;
+    std::optional<qint64> last_;
 };
 
 }  // namespace quillon::ui

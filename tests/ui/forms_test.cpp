@@ -256,19 +256,21 @@ TEST(ToolkitFilter, TakesBothCasesOfAnEnding) {
 }
 
 TEST(DesktopPump, ProcessesEventsAtIntervals) {
-    DesktopPump pump;
+    qint64 now = 1000;
+    DesktopPump pump([&] { return now; });
     int fired = 0;
-    QTimer::singleShot(0, [&] { ++fired; });
-    pump.Yield();
-    EXPECT_EQ(fired, 1);
-    QTimer::singleShot(0, [&] { ++fired; });
-    pump.Yield();
-    EXPECT_EQ(fired, 1) << "twice within 20 ms";
-    QElapsedTimer waited;
-    waited.start();
-    while (waited.elapsed() < 25) continue;
-    pump.Yield();
-    EXPECT_EQ(fired, 2);
+    const auto yieldAt = [&](qint64 time) {
+        now = time;
+        QTimer::singleShot(0, [&] { ++fired; });
+        pump.Yield();
+        return fired;
+    };
+    EXPECT_EQ(yieldAt(1000), 1);
+    EXPECT_EQ(yieldAt(1000), 1);
+    EXPECT_EQ(yieldAt(1019), 1);
+    EXPECT_EQ(yieldAt(1020), 4);
+    EXPECT_EQ(yieldAt(1039), 4);
+    EXPECT_EQ(yieldAt(1040), 6);
 }
 
 }  // namespace
