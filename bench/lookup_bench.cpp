@@ -19,6 +19,7 @@
 #include "generator/tagged_generator.h"
 #include "import/tagged_import.h"
 #include "lookup_cases.h"
+#include "testkit/outside.h"
 
 namespace quillon::bench {
 
@@ -27,24 +28,12 @@ namespace {
 constexpr double kMostRatio = 2.0;
 constexpr std::size_t kNames = 100'000;
 
-class SilentPrompter : public Prompter {
+// Ends the bench with the message of a failure.
+class ThrowingPrompter : public testkit::SilentPrompter {
 public:
     void Message(std::string_view text, std::string_view) override {
         throw std::runtime_error(std::string(text));
     }
-    bool AskYesNo(std::string_view, std::string_view) override { return false; }
-    std::optional<std::string> FileToOpen(std::string_view, std::string_view) override { return {}; }
-    std::optional<std::string> FileToSave(std::string_view, std::string_view, bool,
-                                          std::string_view) override {
-        return {};
-    }
-    void ShowModal(std::string_view) override {}
-    void WaitCursor(bool) override {}
-};
-
-class NoEvents : public EventPump {
-public:
-    void Yield() override {}
 };
 
 // A DataSet of generated names, open through the store, and a closed copy of it open through SQLite alone.
@@ -107,8 +96,8 @@ private:
     std::filesystem::path folder_;
     ApplicationState state_;
     store::Engine engine_;
-    SilentPrompter prompter_;
-    NoEvents events_;
+    ThrowingPrompter prompter_;
+    testkit::NullPump events_;
     dataset::Lifecycle lifecycle_{state_, engine_, prompter_};
     sqlite3* bare_ = nullptr;
 };
@@ -236,6 +225,7 @@ int main(int argc, char** argv) {
                                       "--benchmark_report_aggregates_only=true"};
     words.insert(words.end(), argv + 1, argv + argc);
     std::vector<char*> arguments;
+    arguments.reserve(words.size());
     for (std::string& word : words) arguments.push_back(word.data());
     int count = static_cast<int>(arguments.size());
     benchmark::Initialize(&count, arguments.data());

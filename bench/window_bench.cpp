@@ -12,9 +12,9 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
-#include <optional>
 #include <string>
 
+#include "testkit/outside.h"
 #include "ui/desktop_program.h"
 
 namespace {
@@ -26,8 +26,8 @@ using quillon::ui::DesktopProgram;
 constexpr double kKeyGoal = 0.05;
 constexpr double kStepGoal = 0.1;
 
-// Answers nothing.
-class LoudPrompter : public quillon::Prompter {
+// Prints messages and questions.
+class LoudPrompter : public quillon::testkit::SilentPrompter {
 public:
     void Message(std::string_view text, std::string_view) override {
         std::fprintf(stderr, "message: %s\n", std::string(text).c_str());
@@ -36,13 +36,6 @@ public:
         Message(text, {});
         return false;
     }
-    std::optional<std::string> FileToOpen(std::string_view, std::string_view) override { return {}; }
-    std::optional<std::string> FileToSave(std::string_view, std::string_view, bool,
-                                          std::string_view) override {
-        return {};
-    }
-    void ShowModal(std::string_view) override {}
-    void WaitCursor(bool) override {}
 };
 
 double Seconds(const QElapsedTimer& timer) {

@@ -23,18 +23,13 @@ constexpr std::size_t kPage = 4096;
 constexpr unsigned kMostSeconds = 120;  // for one file, under sanitizers on a busy machine
 constexpr int kFirstEnd = 10;           // the child's exit status is this and the Visit
 
-class NoEvents : public EventPump {
-public:
-    void Yield() override {}
-};
-
 std::string SampleDataSet(const Folder& folder) {
     const std::string path = folder.File("whole.mdb");
     Session session;
     session.Make(path);
     const std::string text = bench::GeneratedText(kNames, 5);
     importing::MemorySource source(text);
-    NoEvents events;
+    testkit::NullPump events;
     importing::TaggedImport import(session.state, session.engine, session.prompter, events, [](double) {});
     import.ReadTaggedFile(source, [](const importing::Finding&){});
     // Some queries name the tables that are there only while two DataSets are compared.

@@ -14,17 +14,12 @@ namespace {
 constexpr int kUnits = 6;
 constexpr std::size_t kNames = 25;
 
-class SilentPump : public EventPump {
-public:
-    void Yield() override {}
-};
-
 Outcome Import(const Place& place, const Originals&) {
     Outcome outcome;
     Session session;
     try {
         session.Open(place.File("set.mdb"));
-        SilentPump pump;
+        testkit::NullPump pump;
         importing::TaggedImport import(session.state, session.engine, session.prompter, pump, [](double) {});
         const importing::ImportResult result = import.Run(place.File("names.qln"), place.folder);
         if (!result.completed && session.prompter.messages.empty()) outcome.message = "(none)";

@@ -19,11 +19,6 @@ namespace {
 
 constexpr std::size_t kNames = 3000;
 
-class SilentPump : public EventPump {
-public:
-    void Yield() override {}
-};
-
 struct ImportJob {
     std::string folder, file;
     std::string DataSet() const { return folder + "/set.mdb"; }
@@ -32,7 +27,7 @@ struct ImportJob {
 int RunImport(const ImportJob& job) {
     Session session;
     session.Open(job.DataSet());
-    SilentPump pump;
+    testkit::NullPump pump;
     importing::TaggedImport import(session.state, session.engine, session.prompter, pump, [](double) {});
     const importing::ImportResult result = import.Run(job.file, job.folder);
     session.Close();

@@ -27,11 +27,6 @@ namespace {
 
 constexpr uid_t kNobody = 65534;
 
-class NoEvents : public EventPump {
-public:
-    void Yield() override {}
-};
-
 struct Fixture {
     explicit Fixture(const std::string& where) : folder(where) {
         chmod(folder.Path().c_str(), 0755);
@@ -69,7 +64,7 @@ std::string Import(const std::string& path, const std::string& file, const std::
     unlink((workFolder + "/import.err").c_str());  // of another case, and another user
     Session session;
     session.Open(path);
-    NoEvents events;
+    testkit::NullPump events;
     importing::TaggedImport import(session.state, session.engine, session.prompter, events, [](double) {});
     import.Run(file, workFolder);
     try {

@@ -19,6 +19,7 @@
 #include "core/outside.h"
 #include "dataset/lifecycle.h"
 #include "store/engine.h"
+#include "testkit/outside.h"
 
 namespace quillon::campaign {
 
@@ -36,21 +37,6 @@ private:
     std::string path_;
 };
 
-// Keeps the messages; answers No.
-class KeepingPrompter : public Prompter {
-public:
-    void Message(std::string_view text, std::string_view) override { messages.emplace_back(text); }
-    bool AskYesNo(std::string_view, std::string_view) override { return false; }
-    std::optional<std::string> FileToOpen(std::string_view, std::string_view) override { return {}; }
-    std::optional<std::string> FileToSave(std::string_view, std::string_view, bool,
-                                          std::string_view) override {
-        return {};
-    }
-    void ShowModal(std::string_view) override {}
-    void WaitCursor(bool) override {}
-    std::vector<std::string> messages;
-};
-
 // One process's view of a DataSet.
 struct Session {
     Session();
@@ -62,7 +48,7 @@ struct Session {
 
     ApplicationState state;
     store::Engine engine;
-    KeepingPrompter prompter;
+    testkit::SilentPrompter prompter;
     dataset::Lifecycle lifecycle{state, engine, prompter};
 };
 

@@ -96,6 +96,7 @@ void FuzzDataSet::PrepareResets() {
 
 void FuzzDataSet::Reset(bool used) {
     LimitSteps(0);
+    prompter.messages.clear();
     for (sqlite3_stmt* statement : resets_[used ? 1 : 0]) {
         const int code = sqlite3_step(statement);
         sqlite3_reset(statement);

@@ -12,24 +12,11 @@
 #include "core/outside.h"
 #include "dataset/lifecycle.h"
 #include "store/engine.h"
+#include "testkit/outside.h"
 
 struct sqlite3_stmt;
 
 namespace quillon::fuzz {
-
-// Answers No and drops every message.
-class SilentPrompter : public Prompter {
-public:
-    void Message(std::string_view, std::string_view) override {}
-    bool AskYesNo(std::string_view, std::string_view) override { return false; }
-    std::optional<std::string> FileToOpen(std::string_view, std::string_view) override { return {}; }
-    std::optional<std::string> FileToSave(std::string_view, std::string_view, bool,
-                                          std::string_view) override {
-        return {};
-    }
-    void ShowModal(std::string_view) override {}
-    void WaitCursor(bool) override {}
-};
 
 class FuzzDataSet {
 public:
@@ -47,7 +34,7 @@ public:
 
     ApplicationState state;
     store::Engine engine;
-    SilentPrompter prompter;
+    testkit::SilentPrompter prompter;
     dataset::Lifecycle lifecycle{state, engine, prompter};
 
 private:

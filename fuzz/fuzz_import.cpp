@@ -6,13 +6,9 @@
 
 #include "fuzz_data_set.h"
 #include "import/tagged_import.h"
+#include "testkit/outside.h"
 
 namespace {
-
-class NoEvents : public quillon::EventPump {
-public:
-    void Yield() override {}
-};
 
 // Of 1,024 inputs one meets a new DataSet, which costs a hundred times more. Decided by the bytes, so that a
 // case runs the same way again.
@@ -31,7 +27,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     set.state.gBatchCancel = false;
     set.state.currentTaxon = {};
     quillon::importing::MemorySource source(bytes);
-    NoEvents events;
+    quillon::testkit::NullPump events;
     quillon::importing::TaggedImport import(set.state, set.engine, set.prompter, events, [](double) {});
     try {
         import.ReadTaggedFile(source, [](const quillon::importing::Finding&){});

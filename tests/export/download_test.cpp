@@ -51,7 +51,7 @@ protected:
     }
 
     testkit::NullPump pump;
-    FixedClock clock;
+    testkit::FixedClock clock;
 };  // namespace
 
 class RandomDownloads : public Downloads, public ::testing::WithParamInterface<std::uint32_t> {};

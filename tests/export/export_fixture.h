@@ -20,31 +20,7 @@
 
 namespace quillon::exporting {
 
-class FixedClock : public Clock {
-public:
-    std::string Now() const override { return "2024-06-01 12:34:56"; }
-};
-
-// Cancels the run at a turn, counted from 1; 0 for never.
-class CancelingPump : public EventPump {
-public:
-    explicit CancelingPump(ApplicationState& state) : state_(state) {}
-    void Yield() override {
-        if (++turns == cancelAt) state_.gBatchCancel = true;
-    }
-    int turns = 0;
-    int cancelAt = 0;
-
-private:
-    ApplicationState& state_;
-};
-
-// Lines as a file has them.
-inline std::string Lines(std::initializer_list<std::string_view> lines) {
-    std::string text;
-    for (const std::string_view line : lines) text.append(line).append("\r\n");
-    return text;
-}
+using testkit::Lines;
 
 // The turns of a tagged export before those of its rows, without authors: 16 tables are counted, each taxon
 // is looked at, and the parents' tsn are filled in.
@@ -142,8 +118,8 @@ protected:
     }
 
     testkit::DataSetFixture set;
-    CancelingPump pump{set.state};
-    FixedClock clock;
+    testkit::CancelingPump pump{set.state};
+    testkit::FixedClock clock;
     std::vector<double> gauge;
     int taxaWritten = 0;
 };

@@ -207,19 +207,13 @@ TEST_F(ExportForm, CanceledPartialListSaysSoAndLeavesTheOldFile) {
     EXPECT_EQ(testkit::ReadFile(set.dir.File("test.qln")), "old");
 }
 
-// Presses buttons during the run.
-class PressingPump : public EventPump {
-public:
-    std::function<void()> press;
-    void Yield() override { press(); }
-};
-
 TEST_F(ExportForm, CancelEndsARunAndClosesTheIdleForm) {
-    PressingPump pressing;
+    std::function<void()> press;
+    testkit::ActingPump pressing([&](int) { press(); });
     FrmNExport busy(set.state, set.engine, set.prompter, pressing, clock, set.dir.path(), marks);
     int closedWhileBusy = 0;
     busy.form.OnClosed([&] { ++closedWhileBusy; });
-    pressing.press = [&] {
+    press = [&] {
         busy.RunExport();
         busy.Cancel();
     };

@@ -114,15 +114,9 @@ TEST_F(Job, TaxonWithoutAKingdomLeavesTheOldFile) {
     EXPECT_EQ(OutFile(), "old");
 }
 
-// Allocations fail during the run.
-class ExhaustedPump : public EventPump {
-public:
-    void Yield() override { throw std::bad_alloc(); }
-};
-
 TEST_F(Job, ShortMemoryIsReportedAndLeavesTheOldFile) {
     testkit::WriteFile(set.state.gExportFile, "old");
-    ExhaustedPump exhausted;
+    testkit::ActingPump exhausted([](int) { throw std::bad_alloc(); });
     ExportJob job(set.state, set.engine, {set.prompter, exhausted, clock, [](double) {}, set.dir.path()});
     EXPECT_EQ(job.Run({}).outcome, ExportOutcome::Failed);
     EXPECT_EQ(set.prompter.messages, Texts{"Not enough memory."});

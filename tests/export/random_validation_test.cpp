@@ -67,7 +67,7 @@ protected:
 
     testkit::DataSetFixture one, other;
     testkit::NullPump pump;
-    FixedClock clock;
+    testkit::FixedClock clock;
     std::vector<store::TableDef> filled;  // the tables that a new DataSet has no rows in
 };
 

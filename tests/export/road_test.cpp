@@ -72,7 +72,7 @@ protected:
 
     testkit::DataSetFixture set, other;
     testkit::NullPump pump;
-    FixedClock clock;
+    testkit::FixedClock clock;
 };
 
 // The rows of a DataSet, by table. Tables that every new DataSet fills alike are left out, and so are empty

@@ -142,19 +142,13 @@ TEST_F(ImportForm, OffersTheLogWhenTheFileCannotBeRead) {
     EXPECT_TRUE(set.state.gDataSetIsNew);
 }
 
-// The user presses Cancel while the first line is stored.
-class PressCancel : public EventPump {
-public:
-    void Yield() override { form->cmdCancel.UserClick(); }
-    FrmImport* form = nullptr;
-};
-
 TEST_F(ImportForm, CancelEndsTheRunAndTheFormClosesOnce) {
     testkit::WriteFile(set.dir.File("in.qln"), "[TA]|70|Linnaeus|5|\r\n[TA]|71|Gray|5|\r\n");
     set.prompter.filesToOpen.push_back(set.dir.File("in.qln"));
-    PressCancel events;
+    std::function<void()> pressCancel;
+    testkit::ActingPump events([&](int) { pressCancel(); });
     FrmImport form(set.state, set.engine, set.prompter, events, set.dir.path());
-    events.form = &form;
+    pressCancel = [&] { form.cmdCancel.UserClick(); };
     form.form.OnClosed([this] { ++closed; });
     form.cmdOK.UserClick();
     EXPECT_THAT(set.prompter.messages, ElementsAre("Import Canceled!"));

@@ -77,22 +77,10 @@ TEST_F(Reading, TheGaugeFollowsTheBytesReadPlusOneFiftieth) {
 
 TEST_F(Reading, EventsAreLetThroughAtEachLine) {
     Import({"[RV]1|"});
-    const int forOne = pump.yields;
+    const int forOne = pump.turns;
     Import({"[RV]1|", "[RV]2|", "[RV]3|"});
-    EXPECT_EQ(pump.yields, 2 * forOne + 2);
+    EXPECT_EQ(pump.turns, 2 * forOne + 2);
 }
-
-class CancelAfter : public EventPump {
-public:
-    CancelAfter(ApplicationState& state, int lines) : state_(state), left_(lines) {}
-    void Yield() override {
-        if (--left_ == 0) state_.gBatchCancel = true;
-    }
-
-private:
-    ApplicationState& state_;
-    int left_;
-};
 
 class Running : public ImportTest {
 protected:
@@ -180,7 +168,7 @@ TEST_F(Running, CancelAtAnyTurnLeavesTheDataSetAsItWas) {
     const auto* const handle = set.state.gDatabase.get();
     for (int turn = 1;; ++turn) {
         set.state.gBatchCancel = false;
-        CancelAfter cancel(set.state, turn);
+        testkit::CancelingPump cancel(set.state, turn);
         const ImportResult result = RunWith(set.dir.File("in.qln"), cancel);
         if (result.completed) {
             EXPECT_GT(turn, 10);
@@ -199,17 +187,11 @@ TEST_F(Running, CancelAtAnyTurnLeavesTheDataSetAsItWas) {
 }
 
 TEST_F(Running, AnImportThatFailsLateLeavesTheDataSetAsItWas) {
-    class Replacing : public EventPump {
-    public:
-        explicit Replacing(std::string path) : path_(std::move(path)) {}
-        void Yield() override {
-            if (turns++ == 0) std::filesystem::rename(path_, path_ + ".moved");
-        }
-        std::string path_;
-        int turns = 0;
-    };
     testkit::WriteFile(set.dir.File("in.qln"), Line("100") + "\r\n");
-    Replacing replacing(set.state.gDataSetPath);
+    const std::string path = set.state.gDataSetPath;
+    testkit::ActingPump replacing([&](int turn) {
+        if (turn == 1) std::filesystem::rename(path, path + ".moved");
+    });
     const ImportResult result = RunWith(set.dir.File("in.qln"), replacing);
     EXPECT_FALSE(result.completed);
     EXPECT_THAT(set.prompter.messages, ElementsAre(StartsWith("Failed The DataSet ")));
@@ -234,16 +216,8 @@ TEST_F(Running, WhatAKilledImportLeftIsRemoved) {
 }
 
 TEST_F(Running, ClosingTheDataSetDuringTheRunEndsIt) {
-    class Closing : public EventPump {
-    public:
-        explicit Closing(store::Database& database) : database_(database) {}
-        void Yield() override { database_.Close(); }
-
-    private:
-        store::Database& database_;
-    };
     testkit::WriteFile(set.dir.File("in.qln"), Line("100") + "\r\n" + Line("200") + "\r\n");
-    Closing closing(set.db());
+    testkit::ActingPump closing([&database = set.db()](int) { database.Close(); });
     const ImportResult result = RunWith(set.dir.File("in.qln"), closing);
     EXPECT_FALSE(result.completed);
     EXPECT_THAT(set.prompter.messages, ElementsAre(StartsWith("Failed ")));
@@ -347,7 +321,7 @@ TEST_F(Running, APipeIsReadToItsEndAndImported) {
 
 TEST_F(Running, CancelWorksWhileAPipeIsIdle) {
     ASSERT_EQ(mkfifo(set.dir.File("pipe").c_str(), 0600), 0);
-    CancelAfter cancel(set.state, 3);
+    testkit::CancelingPump cancel(set.state, 3);
     const ImportResult result = RunWith(set.dir.File("pipe"), cancel);
     EXPECT_TRUE(result.canceled);
 }

@@ -328,9 +328,9 @@ TEST_F(StopTest, ClosesTheDataSetWithPausesAroundIt) {
     EXPECT_TRUE(Stop());
     EXPECT_FALSE(data.state.gDataSetOpen);
     EXPECT_EQ(data.state.gDataSetPath, "");
-    EXPECT_EQ(pump.yields, 2);
+    EXPECT_EQ(pump.turns, 2);
     EXPECT_TRUE(Stop()) << "with none open";
-    EXPECT_EQ(pump.yields, 2);
+    EXPECT_EQ(pump.turns, 2);
 }
 
 }  // namespace

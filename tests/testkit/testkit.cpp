@@ -113,6 +113,12 @@ void DataSetFixture::Make(const std::string& kingdom, std::string_view file) {
     prompter.fileFilters.clear();
 }
 
+std::string Lines(std::initializer_list<std::string_view> lines) {
+    std::string text;
+    for (const std::string_view line : lines) text.append(line).append("\r\n");
+    return text;
+}
+
 std::string DumpRows(store::Recordset& rows) {
     std::string text;
     for (; !rows.Eof(); rows.MoveNext()) {
@@ -128,6 +134,13 @@ std::string DumpRows(store::Recordset& rows) {
 std::string DataSetFixture::Dump(std::string_view sql) {
     const auto rows = db().CreateSnapshot(sql);
     return DumpRows(*rows);
+}
+
+std::string DataSetFixture::DumpEverything() {
+    std::string text;
+    for (const store::TableDef& table : db().TableDefs())
+        text += table.name + ":\n" + Dump("SELECT * FROM " + table.name);
+    return text;
 }
 
 std::string ReadFile(const std::string& path) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <deque>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -11,6 +12,7 @@
 #include "core/outside.h"
 #include "dataset/lifecycle.h"
 #include "store/engine.h"
+#include "testkit/outside.h"
 
 namespace quillon::testkit {
 
@@ -47,12 +49,6 @@ public:
     bool waitCursor = false;
 };
 
-class NullPump : public EventPump {
-public:
-    void Yield() override { ++yields; }
-    int yields = 0;
-};
-
 // A temporary folder, removed by the destructor.
 class TempDir {
 public:
@@ -80,8 +76,12 @@ struct DataSetFixture {
     store::Database& db() { return *state.gDatabase; }
     // The rows of a select, tab-separated, Null as \N, one line each.
     std::string Dump(std::string_view sql);
+    // Every table with its rows, each after a line with its name.
+    std::string DumpEverything();
 };
 
+// Lines as a file of the program has them.
+std::string Lines(std::initializer_list<std::string_view> lines);
 std::string DumpRows(store::Recordset& rows);
 std::string ReadFile(const std::string& path);
 void WriteFile(const std::string& path, std::string_view content);

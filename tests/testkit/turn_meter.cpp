@@ -22,7 +22,7 @@ void TurnMeter::Watch() {
 void TurnMeter::Yield() {
     longest = Longest();
     steps_ = 0;
-    if (++turns == cancelAt) state_.gBatchCancel = true;
+    CancelingPump::Yield();
 }
 
 }  // namespace quillon::testkit

@@ -7,22 +7,20 @@
 #include <optional>
 
 #include "core/application_state.h"
-#include "core/outside.h"
 #include "store/statement_turns.h"
+#include "testkit/outside.h"
 
 namespace quillon::testkit {
 
-class TurnMeter : public EventPump {
+class TurnMeter : public CancelingPump {
 public:
-    explicit TurnMeter(ApplicationState& state) : state_(state) {}
+    explicit TurnMeter(ApplicationState& state) : CancelingPump(state), state_(state) {}
 
     // Begins to count the steps of the open DataSet, which must stay open. Statements with their own turns
     // are not counted.
     void Watch();
     void Yield() override;
 
-    int turns = 0;
-    int cancelAt = 0;  // the turn that cancels, counted from 1; 0 for none
     long longest = 0;  // the largest number of steps between two turns
     // Includes the steps since the last turn.
     long Longest() const { return std::max(longest, steps_); }

@@ -17,23 +17,6 @@
 
 namespace quillon::ui {
 
-// Answers No and cancels file dialogs, unless `fileToSave` names a file, and remembers the messages.
-class Canceler : public Prompter {
-public:
-    std::vector<std::string> messages;
-    std::optional<std::string> fileToSave;
-
-    void Message(std::string_view text, std::string_view) override { messages.emplace_back(text); }
-    bool AskYesNo(std::string_view, std::string_view) override { return false; }
-    std::optional<std::string> FileToOpen(std::string_view, std::string_view) override { return {}; }
-    std::optional<std::string> FileToSave(std::string_view, std::string_view, bool,
-                                          std::string_view) override {
-        return fileToSave;
-    }
-    void ShowModal(std::string_view) override {}
-    void WaitCursor(bool) override {}
-};
-
 class EveryWindow : public testing::Test {
 protected:
     EveryWindow() {
@@ -67,7 +50,7 @@ protected:
     }
 
     testkit::TempDir dir;
-    Canceler user;
+    testkit::SilentPrompter user;
     DesktopProgram program{&user, dir.path()};
 
 private:

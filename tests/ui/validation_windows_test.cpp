@@ -28,7 +28,7 @@ protected:
 
     testkit::DataSetFixture data;
     testkit::NullPump pump;
-    FixedClock clock;
+    testkit::FixedClock clock;
     validation::FindingMarks marks;
 };
 

@@ -1,14 +1,10 @@
-// What the tests of single forms share: a turn of the event loop that meets the modal window, and a clock
-// that stands still.
+// What the tests of single forms share: a turn of the event loop that meets the modal window.
 #pragma once
 
 #include <gtest/gtest.h>
 
 #include <QtWidgets>
 #include <functional>
-#include <string>
-
-#include "core/outside.h"
 
 namespace quillon::ui {
 
@@ -20,10 +16,5 @@ inline void WhenModal(const std::function<void(QWidget&)>& act) {
         act(*modal);
     });
 }
-
-class FixedClock : public Clock {
-public:
-    std::string Now() const override { return "2024-06-01 12:34:56"; }
-};
 
 }  // namespace quillon::ui

@@ -136,18 +136,6 @@ TEST_F(ValidateForm, CancelStopsARunAndClosesAnIdleForm) {
     EXPECT_EQ(closed, 1);
 }
 
-// Memory runs out at a turn of the run.
-class FailingPump : public EventPump {
-public:
-    explicit FailingPump(int turns) : left_(turns) {}
-    void Yield() override {
-        if (--left_ == 0) throw std::bad_alloc();
-    }
-
-private:
-    int left_;
-};
-
 TEST_F(ValidateForm, RunOutOfMemorySaysSoAndLeavesNothingBehind) {
     testkit::TurnMeter meter(set.state);
     Unrefer(3);
@@ -155,7 +143,9 @@ TEST_F(ValidateForm, RunOutOfMemorySaysSoAndLeavesNothingBehind) {
                     {set.prompter, meter, clock, [](double) {}, set.dir.path(), [] {}});
     ASSERT_GT(meter.turns, 10);
     for (int turn = 1; turn <= meter.turns; ++turn) {
-        FailingPump failing(turn);
+        testkit::ActingPump failing([turn](int now) {
+            if (now == turn) throw std::bad_alloc();
+        });
         set.prompter.messages.clear();
         frmValidate out(set.state, set.engine, set.prompter, failing, clock, set.dir.path(), marks);
         out.Continue();

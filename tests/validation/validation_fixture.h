@@ -16,17 +16,7 @@
 
 namespace quillon::validation {
 
-class FixedClock : public Clock {
-public:
-    std::string Now() const override { return "2024-06-01 12:34:56"; }
-};
-
-// Lines as a log has them.
-inline std::string Lines(std::initializer_list<std::string_view> lines) {
-    std::string text;
-    for (const std::string_view line : lines) text.append(line).append("\r\n");
-    return text;
-}
+using testkit::Lines;
 
 class ValidationTest : public ::testing::Test {
 protected:
@@ -106,7 +96,7 @@ protected:
     testkit::DataSetFixture set;
     testkit::NullPump pump;
     Turns turns{set.state, pump};
-    FixedClock clock;
+    testkit::FixedClock clock;
     std::vector<double> gauge;
     FindingMarks marks;
     int completions = 0;
