@@ -9,6 +9,7 @@
 #include <map>
 #include <utility>
 
+#include "core/version.h"
 #include "store/lifecycle/create.h"
 
 namespace quillon::testkit {
@@ -87,11 +88,14 @@ std::string TempDir::File(std::string_view name) const {
     return std::filesystem::path(path_) / name;
 }
 
-// Making a DataSet costs fifty times as much as copying one, so one is made per process and kingdom.
+// Making a DataSet costs fifty times as much as copying one. The build has made those of the kingdoms that
+// tests use most; any other is made once a process.
 static const std::string& NewDataSetBytes(store::Engine& engine, const std::string& kingdom,
                                           const std::string& version) {
     static std::map<std::pair<std::string, std::string>, std::string> made;
     std::string& bytes = made[{kingdom, version}];
+    if (bytes.empty() && version == kProgramVersion)
+        bytes = ReadFile(QUILLON_TEMPLATES "/" + kingdom + ".mdb");
     if (bytes.empty()) {
         const TempDir folder;
         store::MakeDataSetFile(engine, folder.File("new.mdb"), kingdom, version);
