@@ -70,7 +70,7 @@ const std::vector<Pair> kPairs = {
 };
 
 // Chooses the file of a Save As, and says Yes.
-class SavingPrompter : public KeepingPrompter {
+class SavingPrompter : public testkit::SilentPrompter {
 public:
     explicit SavingPrompter(std::string path) : path_(std::move(path)) {}
     bool AskYesNo(std::string_view, std::string_view) override { return true; }
