@@ -1,6 +1,7 @@
 // Validation of more taxa than are looked up one by one: the same findings under a filter that lets all of
 // them through, and a turn for the user at every row, wherever the run is.
 
+#include "testkit/golden.h"
 #include "testkit/turn_meter.h"
 #include "validation_fixture.h"
 
@@ -72,19 +73,7 @@ protected:
         Set(9004, "usage", "'invalid'");
         Run("UPDATE qb_taxon_authors_lookup SET kingdom_id = Null WHERE qb_taxon_author_id = 9005");
     }
-    static std::string Findings() {
-        return Lines({"ID =  9000   Name = Alpha beta", "     at least one reference is required",
-                      "ID =  9004   Name = Alpha beta",
-                      "     an 'invalid'/'not accepted' taxon must be linked to a 'valid'/'accepted' one",
-                      "     <> is not a valid unacceptability reason (required field)",
-                      "     an invalid/not accepted Taxon cannot have a parent",
-                      "Author ID = 9005  Name = Smith, 1900", "     a kingdom is required",
-                      "Publications:  PUBID = <9001>  Publication = <>  Title = <Moths>",
-                      "     a publication name is required",
-                      "Vernaculars:  QBID = <9002> Vernacular Name = <Moth>  Language = <English>",
-                      "     a reference is required for an approved vernacular",
-                      "ID = 9003  Name = Alpha beta", "     origin is required for jurisdiction 'Alaska'"});
-    }
+    static std::string Findings() { return testkit::Golden("validation/ManyTaxa.log"); }
     ValidationResult ValidateWith(EventPump& events, std::string_view filter) {
         set.state.gRecordFilter = filter;
         return ValidateDataSet(set.state, set.engine,
