@@ -142,18 +142,18 @@ TEST(TaggedFormat, TheImportStoresEveryRecordOfTheDescription) {
     importing::MemorySource source(text);
     testkit::NullPump pump;
     std::vector<std::string> findings;
-    importing::TaggedImport import(set.state, set.engine, set.prompter, pump, [](double) {});
-    import.ReadTaggedFile(source, [&](const importing::Finding& finding) {
+    importing::TaggedImport tagged(set.state, set.engine, set.prompter, pump, [](double) {});
+    tagged.ReadTaggedFile(source, [&](const importing::Finding& finding) {
         findings.push_back(finding.sentence + " " + finding.line);
-});
-EXPECT_EQ(findings, std::vector<std::string>{});
-EXPECT_EQ(set.prompter.messages, std::vector<std::string>{});
-for (const RecordLayout* record : AllRecords()) {
-    if (record->table.empty() || record->kind == RecordKind::Deletion) continue;
-    EXPECT_NE(set.Dump("SELECT Count(*) FROM " + std::string(record->table)), "0\n") << record->tag;
+    });
+    EXPECT_EQ(findings, std::vector<std::string>{});
+    EXPECT_EQ(set.prompter.messages, std::vector<std::string>{});
+    for (const RecordLayout* record : AllRecords()) {
+        if (record->table.empty() || record->kind == RecordKind::Deletion) continue;
+        EXPECT_NE(set.Dump("SELECT Count(*) FROM " + std::string(record->table)), "0\n") << record->tag;
+    }
+    EXPECT_EQ(set.Dump("SELECT Count(*) FROM db_tombstone"), "12\n");
 }
-EXPECT_EQ(set.Dump("SELECT Count(*) FROM db_tombstone"), "12\n");
-}  // namespace
 
-}  // namespace quillon::exchange
+}  // namespace
 }  // namespace quillon::exchange

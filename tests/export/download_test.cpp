@@ -52,7 +52,7 @@ protected:
 
     testkit::NullPump pump;
     testkit::FixedClock clock;
-};  // namespace
+};
 
 class RandomDownloads : public Downloads, public ::testing::WithParamInterface<std::uint32_t> {};
 
