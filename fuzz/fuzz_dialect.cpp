@@ -9,8 +9,6 @@
 
 namespace {
 
-using quillon::store::RecordsetType;
-
 constexpr int kMostSteps = 200'000;
 constexpr int kMostRows = 200;
 
