@@ -54,18 +54,8 @@ TEST(Collation, TrailingBlanksDoNotCount) {
 }
 
 TEST(Collation, PunctuationSortsBeforeDigitsBeforeLetters) {
-    ExpectAscending({"a b", "a-b", "a~b",
-                     "a\xE2\x80\x93"
-                     "b",
-                     "a0b", "a9b", "aab", "azb",
-                     "a\xCE\xB1"
-                     "b",
-                     "a\xD0\xB0"
-                     "b",
-                     "a\xE4\xB8\xAD"
-                     "b",
-                     "a\xFF"
-                     "b"});
+    ExpectAscending({"a b", "a-b", "a~b", "a\u2013b", "a0b", "a9b", "aab", "azb", "a\u03B1b", "a\u0430b",
+                     "a\u4E2Db", "a\377b"});
 }
 
 TEST(Collation, EveryAsciiCharacterButTheLettersHasItsOwnPlace) {
@@ -88,23 +78,14 @@ TEST(Collation, AccentsCountOnlyWhenAllBaseLettersAreEqual) {
 
 TEST(Collation, StrokesAndOtherFormsAreMarksOnTheirLetter) {
     ExpectAscending({"do", "d\xC3\xB8", "\xC4\x91o", "\xC3\xB0o", "dp"});  // do, dø, đo, ðo
-    ExpectAscending({"Lodz",
-                     "L\xC3\xB3"
-                     "dz",
-                     "\xC5\x81odz", "m"});
+    ExpectAscending({"Lodz", "L\u00F3dz", "\xC5\x81odz", "m"});
     ExpectAscending({"f", "\xC6\x92", "g"});
     ExpectSame("\xC6\x91", "\xC6\x92");
 }
 
 TEST(Collation, LigaturesSortAfterTheirTwoLetters) {
-    ExpectAscending({"ad", "ae", "\xC3\xA6", "aea",
-                     "\xC3\xA6"
-                     "a",
-                     "af"});
-    ExpectAscending({"strasse",
-                     "stra\xC3\x9F"
-                     "e",
-                     "strassf"});
+    ExpectAscending({"ad", "ae", "\xC3\xA6", "aea", "\u00E6a", "af"});
+    ExpectAscending({"strasse", "stra\u00DFe", "strassf"});
     ExpectAscending({"oe", "\xC5\x93", "of"});
     ExpectAscending({"ij", "\xC4\xB3", "ik"});
     ExpectAscending({"th", "\xC3\xBE", "ti"});
@@ -117,9 +98,7 @@ TEST(Collation, ACombiningMarkEqualsThePrecomposedLetter) {
     ExpectSame("\xC3\xB8\xCC\x81", "\xC7\xBE");       // ǿ
     ExpectSame("A\xCC\xA3\xCC\x82", "\xE1\xBA\xAD");  // ậ
     ExpectSame("\xCF\x89\xCC\x81", "\xCE\x8F");       // ώ
-    ExpectAscending({"", "\xCC\x81", "e", "e\xCC\x81", "ea",
-                     "e\xCC\x81"
-                     "a"});
+    ExpectAscending({"", "\xCC\x81", "e", "e\xCC\x81", "ea", "e\u0301a"});
 }
 
 TEST(Collation, RaisedDigitsAndLettersFollowTheirPlainForms) {
@@ -187,7 +166,8 @@ TEST(Collation, KeysAgreeWithComparisonsOfAnyTwoTexts) {
     for (const std::string& left : texts) {
         for (const std::string& right : texts) {
             const int order = Sign(CompareText(left, right));
-            ++seen[static_cast<std::size_t>(order + 1)];
+            const int place = order + 1;
+            ++seen[static_cast<std::size_t>(place)];
             ASSERT_EQ(order, CompareKeys(SortKey(left), SortKey(right))) << left << " and " << right;
             ASSERT_EQ(order, -Sign(CompareText(right, left))) << left << " and " << right;
         }
