@@ -4,10 +4,10 @@
 
 namespace quillon::testkit {
 
-// While it lives, allocation number `place`, counted from 0, fails; those before and after it succeed.
+// While it lives, allocation number `failing`, counted from 0, fails; those before and after it succeed.
 class FailingMemory {
 public:
-    explicit FailingMemory(long place);
+    explicit FailingMemory(long failing);
     ~FailingMemory();
     FailingMemory(const FailingMemory&) = delete;
     FailingMemory& operator=(const FailingMemory&) = delete;
