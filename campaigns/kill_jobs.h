@@ -1,4 +1,4 @@
-// The two jobs of the kill campaign: each starts child processes, kills them at random moments, opens what
+// The jobs of the kill campaign: each starts child processes, kills them at random moments, opens what
 // they left, and counts what it found.
 #pragma once
 
@@ -15,6 +15,10 @@ void KillImports(std::size_t count, std::size_t together, const Folder& folder, 
 // `count` writers that store unit after unit and note each acknowledged one in a file of their own before the
 // next.
 void KillWriters(std::size_t count, const Folder& folder, Random& random, Violations& violations);
+
+// `count` exports of the quillon-batch at `program`, some of them ended by SIGTERM and SIGHUP instead.
+void KillExports(std::size_t count, const std::string& program, const Folder& folder, Random& random,
+                 Violations& violations);
 
 // What a killed child left under `path`, opened through the store; nothing when it does not open or is not
 // whole, which is a violation. Removes nothing.
