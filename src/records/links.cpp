@@ -34,16 +34,20 @@ constexpr std::string_view kVernRefLinkKeys =
 // without their UNION, which reads every link of the document before it returns the first.
 constexpr std::string_view kOtherReferences =
     "PARAMETERS qbid Long, prefix Text, docid Long; SELECT qb_id FROM qb_reference_links "
-    "WHERE qb_documentation_id_prefix = prefix and qb_documentation_id = docid and qb_id <> qbid;";
+    "WHERE qb_documentation_id_prefix Is Not Null and qb_documentation_id_prefix = prefix and "
+    "qb_documentation_id = docid and qb_id <> qbid;";
 constexpr std::string_view kVernReferences =
     "PARAMETERS prefix Text, docid Long; SELECT qb_id FROM qb_vern_ref_links "
-    "WHERE qb_documentation_id_prefix = prefix and qb_documentation_id = docid;";
+    "WHERE qb_documentation_id_prefix Is Not Null and qb_documentation_id_prefix = prefix and "
+    "qb_documentation_id = docid;";
 constexpr std::string_view kReferences =
     "PARAMETERS prefix Text, docid Long; SELECT qb_id FROM qb_reference_links "
-    "WHERE qb_documentation_id_prefix = prefix and qb_documentation_id = docid;";
+    "WHERE qb_documentation_id_prefix Is Not Null and qb_documentation_id_prefix = prefix and "
+    "qb_documentation_id = docid;";
 constexpr std::string_view kOtherVernReferences =
     "PARAMETERS qbid Long, prefix Text, docid Long, qbvernid Long; SELECT qb_id FROM qb_vern_ref_links "
-    "WHERE qb_documentation_id_prefix = prefix and qb_documentation_id = docid and "
+    "WHERE qb_documentation_id_prefix Is Not Null and qb_documentation_id_prefix = prefix and "
+    "qb_documentation_id = docid and "
     "qb_vern_id NOT IN (SELECT qb_vern_id FROM qb_vern_ref_links WHERE qb_id = qbid and "
     "qb_vern_id = qbvernid and qb_documentation_id_prefix = prefix and qb_documentation_id = docid);";
 

@@ -37,9 +37,8 @@ bool HasCollatedKey(const PhysicalTable& table) {
 BulkLoad::BulkLoad(Engine& engine, Database& database, bool deferIndexes)
     : engine_(engine), connection_(database.Shared()), deferred_(deferIndexes) {
     engine_.BeginJob();
-    if (!deferred_) return;
     try {
-        connection_->DropLookupIndexes();
+        deferred_ ? connection_->DropLookupIndexes() : connection_->RenewLookupIndexes();
     } catch (...) {
         const Job ending(engine_);
         throw;

@@ -20,8 +20,8 @@ namespace quillon::store {
 class NativeStatement;
 
 // A long job that fills `database`. With `deferIndexes` the indexes that only speed up look-ups are dropped
-// at the start and built by Finish(); keys are always checked. After a crash the next opening builds missing
-// indexes.
+// at the start and built by Finish(); without it, those of an earlier version of the program are built anew
+// at the start. Keys are always checked. After a crash the next opening builds missing indexes.
 class BulkLoad {
 public:
     BulkLoad(Engine& engine, Database& database, bool deferIndexes);

@@ -6,12 +6,15 @@ namespace {
 
 constexpr std::string_view kTaxonOfAuthor =
     "PARAMETERS theid Long; SELECT min(qb_id) FROM qb_taxonomic_units WHERE qb_taxon_author_id = theid;";
+// With the condition of the index ~document.
 constexpr std::string_view kTaxonOfDocument =
     "PARAMETERS theid Long, theprefix Text; SELECT min(qb_id) FROM qb_reference_links "
-    "WHERE qb_documentation_id = theid AND qb_documentation_id_prefix = theprefix;";
+    "WHERE qb_documentation_id = theid AND qb_documentation_id_prefix = theprefix AND "
+    "qb_documentation_id_prefix Is Not Null;";
 constexpr std::string_view kTaxonOfVernacularDocument =
     "PARAMETERS theid Long, theprefix Text; SELECT min(qb_id) FROM qb_vern_ref_links "
-    "WHERE qb_documentation_id = theid AND qb_documentation_id_prefix = theprefix;";
+    "WHERE qb_documentation_id = theid AND qb_documentation_id_prefix = theprefix AND "
+    "qb_documentation_id_prefix Is Not Null;";
 
 std::optional<int> FirstTaxon(store::QueryDef& query) {
     const auto row = query.CreateSnapshot();

@@ -175,6 +175,12 @@ void Connection::BuildLookupIndexes() {
     });
 }
 
+void Connection::RenewLookupIndexes() {
+    Write([&] {
+        if (store::RenewLookupIndexes(Native(), tables_)) DefinitionsChanged();
+    });
+}
+
 // Stored queries.
 
 std::shared_ptr<Compiled> Connection::CompileQuery(std::string_view name) {

@@ -95,6 +95,13 @@ void DropIndex(sqlite3* db, TableDef wanted, std::string_view wantedName) {
 constexpr const char* kSortInParts = "PRAGMA cache_size = -4096; PRAGMA threads = 1";
 constexpr const char* kSortWhole = "PRAGMA cache_size = -65536; PRAGMA threads = 0";
 
+// Empty when there is no such index.
+std::string DefinitionOf(sqlite3* db, const std::string& index) {
+    NativeStatement find(db, "SELECT sql FROM sqlite_master WHERE type = 'index' AND name = ?1");
+    find.Bind(1, std::string_view(index));
+    return find.Step() ? std::string(find.Text(0)) : std::string();
+}
+
 // BuildLookupIndexes builds only the indexes of the schema; others must not be dropped.
 bool IsBuiltLater(const std::string& name) {
     for (const TableSpec& table : DataSetTables())
@@ -176,6 +183,21 @@ void BuildLookupIndexes(sqlite3* db, const Tables& tables, const std::vector<std
     ExecNative(db, kSortWhole);
     ExecNative(db, "DELETE FROM qln_waiting_indexes");
     definition.Keep();
+}
+
+bool RenewLookupIndexes(sqlite3* db, const Tables& tables) {
+    Savepoint definition(db, kDefinition);
+    bool renewed = false;
+    for (const TableSpec& table : DataSetTables()) {
+        if (tables.Find(table.name) == nullptr) continue;
+        for (const IndexSql& index : CreateIndexSql(PhysicalTableOf(TableDefOf(table)))) {
+            if (!index.forLookups || DefinitionOf(db, index.name) == index.sql) continue;
+            ExecNative(db, fmt::format("DROP INDEX IF EXISTS {}; {}", QuoteName(index.name), index.sql));
+            renewed = true;
+        }
+    }
+    definition.Keep();
+    return renewed;
 }
 
 }  // namespace quillon::store

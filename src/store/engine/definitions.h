@@ -27,4 +27,8 @@ std::vector<std::string> WaitingIndexes(sqlite3* db);
 // Builds those indexes again.
 void BuildLookupIndexes(sqlite3* db, const Tables& tables, const std::vector<std::string>& waiting);
 
+// Builds the store's own indexes for look-ups that an older version of the program made otherwise, or not at
+// all. False when there were none.
+bool RenewLookupIndexes(sqlite3* db, const Tables& tables);
+
 }  // namespace quillon::store

@@ -32,6 +32,10 @@ struct LookupIndex {
     bool deferrable;
     std::string_view where = {};
 };
+// The prefix comes first, so that a client without the collation never chooses the index.
+constexpr std::string_view kDocumentColumns = "qb_documentation_id_prefix COLLATE QLN, qb_documentation_id";
+constexpr std::string_view kHasPrefix = "qb_documentation_id_prefix IS NOT NULL";
+
 constexpr std::array<LookupIndex, 18> kLookups = {{
     {"qb_taxonomic_units", "~parent", "parent_qb_id", true},
     {"qb_taxonomic_units", "~rank", "rank_id", true},
@@ -43,8 +47,8 @@ constexpr std::array<LookupIndex, 18> kLookups = {{
     {"qb_vernaculars", "~taxon", "qb_id", true},
     {"qb_vernaculars", "~vern_id", "vern_id", true},
     {"qb_tu_comments_link", "~comment", "qb_comment_id", true},
-    {"qb_reference_links", "~document", "qb_documentation_id", true},
-    {"qb_vern_ref_links", "~document", "qb_documentation_id", true},
+    {"qb_reference_links", "~document", kDocumentColumns, true, kHasPrefix},
+    {"qb_vern_ref_links", "~document", kDocumentColumns, true, kHasPrefix},
     {"qb_nodc_ids", "~taxon", "qb_id", true},
     {"qb_comments", "~stamp", "comment_time_stamp COLLATE QLN", true, "comment_time_stamp IS NOT NULL"},
     {"db_tombstone", "~key", "table_name COLLATE QLN, pk1 COLLATE QLN, pk2 COLLATE QLN", true,
@@ -172,7 +176,7 @@ std::vector<IndexSql> CreateIndexSql(const PhysicalTable& table) {
         const std::string where = lookup.where.empty() ? "" : fmt::format(" WHERE {}", lookup.where);
         statements.push_back(
             {name, fmt::format("CREATE INDEX {} ON {} ({}){}", QuoteName(name), on, lookup.columns, where),
-             lookup.deferrable});
+             lookup.deferrable, true});
     }
     return statements;
 }

@@ -46,8 +46,9 @@ bool ParseColumnType(std::string_view declared, FieldDef& field);
 struct IndexSql {
     std::string name;
     std::string sql;
-    bool deferrable =
-        false;  // can be deferred: it only speeds up look-ups, or prevents the same duplicates as the key
+    // Can be deferred: it only speeds up look-ups, or prevents the same duplicates as the key.
+    bool deferrable = false;
+    bool forLookups = false;  // one of the store's own
 };
 // All indexes of a table: the key under the collation, those of the schema, and those for look-ups.
 std::vector<IndexSql> CreateIndexSql(const PhysicalTable& table);
