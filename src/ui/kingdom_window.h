@@ -1,7 +1,7 @@
 // FrmKingdom, which asks for a kingdom when the preferences have none.
 #pragma once
 
-#include "startup/dialogs.h"
+#include "startup/start_up_forms.h"
 #include "ui/form_dialog.h"
 
 namespace quillon::ui {

@@ -1,7 +1,7 @@
 // frmNoDB, which asks what to do when the DataSet of the preferences cannot be opened.
 #pragma once
 
-#include "startup/dialogs.h"
+#include "startup/start_up_forms.h"
 #include "ui/form_dialog.h"
 
 namespace quillon::ui {

@@ -3,7 +3,7 @@
 
 #include <QWidget>
 
-#include "startup/dialogs.h"
+#include "startup/start_up_forms.h"
 
 namespace quillon::ui {
 

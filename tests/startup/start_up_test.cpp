@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "startup/dialogs.h"
 #include "startup/preferences.h"
 #include "startup/start_fixture.h"
+#include "startup/start_up_forms.h"
 #include "testkit/limits.h"
 
 namespace quillon::startup {

@@ -1,4 +1,4 @@
-#include "startup/dialogs.h"
+#include "startup/start_up_forms.h"
 
 #include <fmt/format.h>
 
