@@ -1,7 +1,6 @@
 #include "core/line_file.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -10,18 +9,27 @@
 #include <filesystem>
 #include <utility>
 
+#include "core/target_check.h"
+
 namespace quillon {
 
 namespace {
 
 constexpr std::size_t kBufferSize = 1 << 16;
 
-bool IsOneOf(const struct stat& file, const std::vector<std::string>& paths) {
-    return std::any_of(paths.begin(), paths.end(), [&](const std::string& path) {
-        struct stat other {};
-        return !path.empty() && stat(path.c_str(), &other) == 0 && other.st_dev == file.st_dev &&
-               other.st_ino == file.st_ino;
-    });
+// Empty for no fault.
+std::string RefusalOf(const std::string& path, const std::vector<std::string>& inUse) {
+    switch (FaultOfTarget(path, inUse)) {
+        case TargetFault::InUse:
+            return path + " is in use by this job.";
+        case TargetFault::NotOrdinary:
+            return path + " is not an ordinary file.";
+        case TargetFault::DataSet:
+            return path + " is a DataSet.";
+        case TargetFault::None:
+            break;
+    }
+    return {};
 }
 
 }  // namespace
@@ -47,12 +55,8 @@ LineFile::~LineFile() {
 // Checks the file before it opens it: opening some devices has side effects, and closing a file in use would
 // drop the locks that this process holds on it.
 void LineFile::OpenFile(const std::vector<std::string>& inUse) {
-    struct stat file {};
-    if (stat(path_.c_str(), &file) == 0) {
-        if (!S_ISREG(file.st_mode)) failure_ = path_ + " is not an ordinary file.";
-        if (IsOneOf(file, inUse)) failure_ = path_ + " is in use by this job.";
-        if (!failure_.empty()) return;
-    }
+    failure_ = RefusalOf(path_, inUse);
+    if (!failure_.empty()) return;
     descriptor_ = open(path_.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NONBLOCK | O_CLOEXEC, 0666);
     if (descriptor_ < 0) Fail(errno);
 }

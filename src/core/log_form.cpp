@@ -10,6 +10,7 @@
 
 #include "core/file_identity.h"
 #include "core/file_replace.h"
+#include "core/target_check.h"
 
 namespace quillon {
 
@@ -67,10 +68,16 @@ void LogForm::SaveLogAs() {
 std::string LogForm::Refusal(const std::string& path) const {
     if (!IsOrdinaryFile(logPath_)) return fmt::format("The log '{}' is no longer there.", logPath_);
     if (IsSameFile(path, logPath_)) return fmt::format("'{}' is the log itself.", path);
-    for (const std::string& dataSet : {state_.gDataSetPath, state_.gExportPath})
-        if (!dataSet.empty() && IsSameFile(path, dataSet))
+    switch (FaultOfTarget(path, {state_.gDataSetPath, state_.gExportPath})) {
+        case TargetFault::InUse:
             return fmt::format("'{}' is an open DataSet, and cannot be overwritten.", path);
-    if (FileExists(path) && !IsOrdinaryFile(path)) return fmt::format("'{}' is not an ordinary file.", path);
+        case TargetFault::NotOrdinary:
+            return fmt::format("'{}' is not an ordinary file.", path);
+        case TargetFault::DataSet:
+            return fmt::format("'{}' is a DataSet, and cannot be overwritten.", path);
+        case TargetFault::None:
+            break;
+    }
     return {};
 }
 

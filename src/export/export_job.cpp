@@ -2,12 +2,14 @@
 
 #include <fmt/format.h>
 
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "core/attempt.h"
-#include "core/file_identity.h"
 #include "core/line_file.h"
 #include "core/running_flag.h"
+#include "core/target_check.h"
 #include "core/wait_cursor.h"
 #include "export/tagged_export.h"
 #include "selection/record_filter.h"
@@ -82,13 +84,14 @@ ExportResult ExportJob::Run(const ExportOrder& order) {
 // Refuses to overwrite an open DataSet, the exported one, or a log of the run.
 void ExportJob::RefuseTarget(ExportKind kind) const {
     const std::string& file = state_.gExportFile;
-    if (IsSameFile(file, state_.gExportPath) || IsSameFile(file, state_.gDataSetPath))
+    if (FaultOfTarget(file, {state_.gExportPath, state_.gDataSetPath}) == TargetFault::InUse)
         throw ExportError(fmt::format("'{}' is an open DataSet, and cannot be overwritten.", file));
     if (kind == ExportKind::Online) {
-        for (const std::string_view log : {validation::kLogName, validation::kTimeLogName})
-            if (IsSameFile(file, PathIn(outside_.workDirectory, log)))
-                throw ExportError(
-                    fmt::format("'{}' is a log of the validation, and cannot be overwritten.", file));
+        const std::vector<std::string> logs = {PathIn(outside_.workDirectory, validation::kLogName),
+                                               PathIn(outside_.workDirectory, validation::kTimeLogName)};
+        if (FaultOfTarget(file, logs) == TargetFault::InUse)
+            throw ExportError(
+                fmt::format("'{}' is a log of the validation, and cannot be overwritten.", file));
     }
     store::RefuseFileInUse(engine_, file);
 }
