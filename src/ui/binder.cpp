@@ -2,6 +2,7 @@
 
 #include "ui/access_keys.h"
 #include "ui/binder_parts.h"
+#include "ui/cut_text_tips.h"
 #include "ui/guard.h"
 
 namespace quillon::ui {
@@ -134,6 +135,7 @@ void BindGauge(GaugeControl& control, const QWidget& window) {
 void BindList(ListControl& control, const QWidget& window) {
     auto* list = Partner<QListWidget>(window, control);
     if (list == nullptr) return BindListView(control, window);
+    new CutTextTips(*list);
     Mirror(control, *list, [](const ListControl& model, QListWidget& shown) {
         ShowCommon(model, shown);
         shown.clear();

@@ -1,5 +1,6 @@
 // Binds a table widget to a GridControl. Only cells that differ are set, so that a large grid stays quick.
 #include "ui/binder_parts.h"
+#include "ui/cut_text_tips.h"
 #include "ui/guard.h"
 
 namespace quillon::ui {
@@ -58,6 +59,7 @@ void ShowGrid(const GridControl& model, QTableWidget& shown) {
 void BindGrid(GridControl& control, const QWidget& window) {
     auto* table = Partner<QTableWidget>(window, control);
     if (table == nullptr) return;
+    new CutTextTips(*table);
     Mirror(control, *table, ShowGrid);
     Connect(table, &QTableWidget::currentCellChanged, table,
             [&control](int row, int, int, int) { control.UserSelectRow(row); });

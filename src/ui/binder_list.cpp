@@ -2,6 +2,7 @@
 
 #include "ui/binder_parts.h"
 #include "ui/choice_model.h"
+#include "ui/cut_text_tips.h"
 #include "ui/guard.h"
 
 namespace quillon::ui {
@@ -9,6 +10,7 @@ namespace quillon::ui {
 void BindListView(ListControl& control, const QWidget& window) {
     auto* list = Partner<QListView>(window, control);
     if (list == nullptr) return;
+    new CutTextTips(*list);
     auto* model = new ChoiceModel(control, list);
     list->setModel(model);
     list->setItemDelegate(new LineDelegate(*model, list));

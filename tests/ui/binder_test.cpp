@@ -166,6 +166,23 @@ TEST_F(BinderTest, ListsAndGridsReportTheSelection) {
     EXPECT_EQ(sample.grdComments.SelectedRow(), 1);
 }
 
+TEST_F(BinderTest, ACellThatIsCutHasAToolTip) {
+    sample.grdComments.AddRow({"short", "1"});
+    sample.grdComments.AddRow({QString(40, 'l').toStdString() + " & more", "2"});
+    grid->resize(600, 200);
+    grid->setColumnWidth(0, 100);
+    const auto tipAt = [&](int row) {
+        const QPoint at = grid->visualItemRect(grid->item(row, 0)).topLeft() + QPoint(4, 4);
+        QHelpEvent event(QEvent::ToolTip, at, grid->viewport()->mapToGlobal(at));
+        QApplication::sendEvent(grid->viewport(), &event);
+        return QToolTip::text();
+    };
+    EXPECT_EQ(tipAt(0), "");
+    EXPECT_EQ(tipAt(1), QString(40, 'l') + " &amp; more");
+    grid->setColumnWidth(0, 1000);
+    EXPECT_EQ(tipAt(1), "") << "it is whole now";
+}
+
 TEST_F(BinderTest, AGridThatLosesItsRowsLosesItsSelection) {
     sample.grdComments.AddRow({"first", "1"});
     grid->setCurrentCell(0, 0);
