@@ -3,6 +3,7 @@
 #include <array>
 #include <vector>
 
+#include "core/document_kinds.h"
 #include "selection/record_filter.h"
 #include "store/row_stream.h"
 #include "store/statement_turns.h"
@@ -38,9 +39,7 @@ public:
     int Of(std::string_view table) const {
         if (table == kTaxa) return static_cast<int>(taxa_.Ids().Count());
         if (table == "qb_taxon_authors_lookup") return Authors();
-        if (table == "qb_experts") return Links(table, "expert_id_prefix", "qb_expert_id");
-        if (table == "qb_other_sources") return Links(table, "source_id_prefix", "qb_source_id");
-        if (table == "qb_publications") return Links(table, "publication_id_prefix", "qb_publication_id");
+        if (const DocumentKind* kind = DocumentKindOfTable(table)) return Links(*kind);
         return table == "qb_vernaculars" ? OfTaxa(table, taxa_.Listed()) : OfTaxa(table, taxa_.Ids());
     }
 
@@ -62,10 +61,10 @@ private:
                        return taxa_.CountOfAuthor(static_cast<std::int32_t>(row.Long(0)));
                    });
     }
-    int Links(std::string_view table, std::string_view prefix, std::string_view id) const {
+    int Links(const DocumentKind& kind) const {
         const DocumentLinks& documents = taxa_.Documents();
-        return Sum(table, {prefix, id}, RowsAmong(id, documents.Ids(), kAny),
-                   [&](const store::RowStream& row) {
+        return Sum(kind.table, {kind.prefixColumn, kind.idColumn},
+                   RowsAmong(kind.idColumn, documents.Ids(), kAny), [&](const store::RowStream& row) {
                        return documents.Count(row.Text(0), static_cast<std::int32_t>(row.Long(1)));
                    });
     }

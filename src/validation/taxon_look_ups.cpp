@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/document_kinds.h"
 #include "core/text.h"
 #include "core/vocabulary.h"
 #include "validation/dates.h"
@@ -88,18 +89,20 @@ AuthorFacts AuthorTable::Find(std::int64_t qb_taxon_author_id) const {
 }
 
 DocumentTable::DocumentTable(store::Database& database, const selection::IdSet* ids, Turns turns) {
-    RowStream publications(database, "qb_publications",
-                           {"qb_publication_id", "actual_pub_date", "publication_id_prefix"},
-                           Among("qb_publication_id", ids, Order::Collated));
+    RowStream publications(database, kPublications.table,
+                           {kPublications.idColumn, "actual_pub_date", kPublications.prefixColumn},
+                           Among(kPublications.idColumn, ids, Order::Collated));
     ReadRows(publications, turns, [this](const RowStream& row) {
         PublicationFacts facts{Id(row, 0), ActualYear(row.Text(1)), {}};
         const std::string_view prefix = row.Text(2);
         std::copy_n(prefix.begin(), std::min(prefix.size(), facts.prefix.size()), facts.prefix.begin());
         publications_.Append(facts);
     });
-    RowStream experts(database, "qb_experts", {"qb_expert_id"}, Among("qb_expert_id", ids, Order::Any));
+    RowStream experts(database, kExperts.table, {kExperts.idColumn},
+                      Among(kExperts.idColumn, ids, Order::Any));
     ReadRows(experts, turns, [this](const RowStream& row) { experts_.Append({Id(row, 0)}); });
-    RowStream sources(database, "qb_other_sources", {"qb_source_id"}, Among("qb_source_id", ids, Order::Any));
+    RowStream sources(database, kOtherSources.table, {kOtherSources.idColumn},
+                      Among(kOtherSources.idColumn, ids, Order::Any));
     ReadRows(sources, turns, [this](const RowStream& row) { otherSources_.Append({Id(row, 0)}); });
     publications_.Sort();
     experts_.Sort();
@@ -108,12 +111,12 @@ DocumentTable::DocumentTable(store::Database& database, const selection::IdSet* 
 
 void DocumentTable::Resolve(std::string_view prefix, std::int64_t id, bool isOriginal,
                             TaxonReferences& references) const {
-    if (IsPrefix(prefix, "PUB")) {
+    if (IsPrefix(prefix, kPublications.prefix)) {
         for (const PublicationFacts& publication : publications_.FindAll(id))
             references.publications.push_back({&publication, isOriginal});
-    } else if (IsPrefix(prefix, "EXP")) {
+    } else if (IsPrefix(prefix, kExperts.prefix)) {
         references.hasExpert = references.hasExpert || experts_.Find(id) != nullptr;
-    } else if (IsPrefix(prefix, "SRC")) {
+    } else if (IsPrefix(prefix, kOtherSources.prefix)) {
         references.hasOtherSource = references.hasOtherSource || otherSources_.Find(id) != nullptr;
     }
 }

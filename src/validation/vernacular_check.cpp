@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/document_kinds.h"
 #include "core/text.h"
 #include "validation/table_checks.h"
 
@@ -44,12 +45,6 @@ public:
     }
 
 private:
-    struct Kind {
-        std::string_view prefix, table, id;
-    };
-    static constexpr std::array<Kind, 3> kKinds = {{{"PUB", "qb_publications", "qb_publication_id"},
-                                                    {"SRC", "qb_other_sources", "qb_source_id"},
-                                                    {"EXP", "qb_experts", "qb_expert_id"}}};
     struct Place {
         std::int32_t id = 0;
         std::size_t begin = 0, size = 0;
@@ -62,18 +57,19 @@ private:
             RowStream links(run.database, "qb_vern_ref_links", {"qb_documentation_id"}, ofTaxa);
             while (links.Next() && run.turns.Next()) linked.Add(Id(links, 0));
         }
-        for (std::size_t i = 0; i < kKinds.size(); ++i) {
+        for (std::size_t i = 0; i < kDocumentKinds.size(); ++i) {
+            const DocumentKind& kind = *kDocumentKinds[i];
             store::TableRows among{store::TableRows::Order::Any};
-            if (!ofTaxa.column.empty()) among = selection::RowsAmong(kKinds[i].id, linked, among.order);
-            RowStream rows(run.database, kKinds[i].table, {kKinds[i].id}, among);
+            if (!ofTaxa.column.empty()) among = selection::RowsAmong(kind.idColumn, linked, among.order);
+            RowStream rows(run.database, kind.table, {kind.idColumn}, among);
             while (rows.Next() && run.turns.Next()) documents_[i].Add(Id(rows, 0));
         }
     }
     bool IsThere(std::string_view prefix, std::int32_t id) const {
-        for (std::size_t i = 0; i < kKinds.size(); ++i)
-            if (prefix == kKinds[i].prefix) return documents_[i].Has(id);
-        for (std::size_t i = 0; i < kKinds.size(); ++i)
-            if (EqualText(prefix, kKinds[i].prefix)) return documents_[i].Has(id);
+        for (std::size_t i = 0; i < kDocumentKinds.size(); ++i)
+            if (prefix == kDocumentKinds[i]->prefix) return documents_[i].Has(id);
+        for (std::size_t i = 0; i < kDocumentKinds.size(); ++i)
+            if (EqualText(prefix, kDocumentKinds[i]->prefix)) return documents_[i].Has(id);
         return false;
     }
     void Add(std::int32_t qb_id, std::string_view vernacular_name) {
