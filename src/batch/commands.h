@@ -5,6 +5,8 @@
 #include <vector>
 
 #include "batch/console.h"
+#include "export/export_file.h"
+#include "export/name_list.h"
 
 namespace quillon::batch {
 
@@ -19,10 +21,10 @@ struct CommonOptions {
 
 struct ExportArguments {
     std::string file;
-    bool online = false;          // "For Online System"
-    std::string list;             // name, author or rank for the partial list; "" for a tagged file
-    std::string filter = "none";  // none, journal, or COLUMN OPERATOR VALUE
-    std::string encoding;         // cp1252 or utf-8; "" for cp1252
+    bool online = false;                                   // "For Online System"
+    exporting::ListType list = exporting::ListType::None;  // of the partial list; None for a tagged file
+    std::string filter = "none";                           // none, journal, or COLUMN OPERATOR VALUE
+    exporting::Encoding encoding = exporting::Encoding::Cp1252;
 };
 
 ExitStatus RunNew(const CommonOptions& options, const std::string& path);

@@ -14,26 +14,18 @@ namespace quillon::batch {
 
 namespace {
 
-using exporting::Encoding;
 using exporting::ExportKind;
 using exporting::ExportOrder;
 using exporting::ExportOutcome;
 using exporting::ExportResult;
 using exporting::ListType;
 
-ListType ListTypeOf(std::string_view list) {
-    if (list == "name") return ListType::Name;
-    return list == "author" ? ListType::NameAuthor : ListType::NameAuthorRank;
-}
-
 ExportOrder OrderOf(const ExportArguments& arguments) {
     ExportOrder order;
     if (arguments.online) order.kind = ExportKind::Online;
-    if (!arguments.list.empty()) {
-        order.kind = ExportKind::List;
-        order.listType = ListTypeOf(arguments.list);
-    }
-    if (arguments.encoding == "utf-8") order.encoding = Encoding::Utf8;
+    if (arguments.list != ListType::None) order.kind = ExportKind::List;
+    order.listType = arguments.list;
+    order.encoding = arguments.encoding;
     return order;
 }
 

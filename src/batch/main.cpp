@@ -39,6 +39,12 @@ void AddKingdom(CLI::App& command, Arguments& arguments) {
                        "The preference kingdom; without it the DataSet's own");
 }
 
+exporting::ListType ListTypeOf(std::string_view list) {
+    using exporting::ListType;
+    if (list == "name") return ListType::Name;
+    return list == "author" ? ListType::NameAuthor : ListType::NameAuthorRank;
+}
+
 void AddExport(CLI::App& app, Arguments& arguments) {
     CLI::App* command = app.add_subcommand("export", "Write an exchange file, or a list of names");
     AddCommon(*command, arguments);
@@ -47,11 +53,17 @@ void AddExport(CLI::App& app, Arguments& arguments) {
     command->add_option("FILE", exported.file, "The file to write")->required();
     CLI::Option* online =
         command->add_flag("--online", exported.online, "Validate first, and omit records with errors");
-    command->add_option("--list", exported.list, "A list of names instead: name, author or rank")
+    const auto takeList = [&exported](const std::string& list) { exported.list = ListTypeOf(list); };
+    command
+        ->add_option_function<std::string>("--list", takeList,
+                                           "A list of names instead: name, author or rank")
         ->check(CLI::IsMember({"name", "author", "rank"}))
         ->excludes(online);
     command->add_option("--filter", exported.filter, "none, journal or 'COLUMN OPERATOR VALUE'");
-    command->add_option("--encoding", exported.encoding, "cp1252 or utf-8")
+    const auto takeEncoding = [&exported](const std::string& encoding) {
+        if (encoding == "utf-8") exported.encoding = exporting::Encoding::Utf8;
+    };
+    command->add_option_function<std::string>("--encoding", takeEncoding, "cp1252 or utf-8")
         ->check(CLI::IsMember({"cp1252", "utf-8"}));
 }
 
