@@ -38,6 +38,7 @@ public:
 
 DesktopProgram::DesktopProgram(Prompter* prompter, std::string workDirectory, std::string preferencesFile)
     : prompter_(prompter != nullptr ? *prompter : desktop_),
+      quiet_(std::make_unique<QuietPump>()),
       workDirectory_(std::move(workDirectory)),
       preferencesFile_(std::move(preferencesFile)),
       profile_(prompter_),
@@ -83,9 +84,8 @@ void DesktopProgram::ConnectCommands() {
     recView_.ImportCommand = [this] { return Import(); };
     recView_.PreferencesCommand = [this] { prompter_.ShowModal("FrmPreferences"); };
     recView_.StopCommand = [this] {
-        QuietPump pump;
         startUp_.RememberDataSet();
-        return startup::StopProgram(state_, lifecycle_, prompter_, pump);
+        return startup::StopProgram(state_, lifecycle_, prompter_, *quiet_);
     };
     recView_.ValidateCommand = [this] { ShowJob("frmValidate"); };
     recView_.ExportCommand = [this] { ShowJob("FrmNExport"); };
@@ -164,8 +164,7 @@ void DesktopProgram::RegisterExportForms() {
 // Repaints the windows meanwhile.
 void DesktopProgram::LoadWholeList() {
     const WaitCursor waiting(prompter_);
-    QuietPump pump;
-    explorer_.ListV().LoadAll(pump);
+    explorer_.ListV().LoadAll(*quiet_);
 }
 
 // Stops reading the list while a job reads at full speed or writes.
@@ -178,7 +177,7 @@ void DesktopProgram::ShowJob(std::string_view formName) {
 void DesktopProgram::ShowErrorLog() {
     errorWindow_.reset();
     errorLog_ = std::make_unique<validation::FrmVError>(
-        state_, prompter_, workDirectory_, findings_,
+        state_, prompter_, *quiet_, workDirectory_, findings_,
         [this](int qb_id, std::string_view tab) { GoToTaxon(qb_id, tab); });
     errorWindow_ = std::make_unique<ValidationErrorWindow>(*errorLog_, window_.get());
     Connect(errorWindow_.get(), &QDialog::finished, window_.get(), [this] {

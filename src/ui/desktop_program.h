@@ -81,6 +81,7 @@ private:
     validation::FindingMarks findings_;                           // of the last validation
     exporting::ListType exportType_ = exporting::ListType::Name;  // chosen in ExpType
     InProgress progress_;
+    const std::unique_ptr<EventPump> quiet_;  // ignores user input
     std::string workDirectory_;
     std::string preferencesFile_;
     IniProfile profile_;

@@ -27,7 +27,11 @@ bool Holds(std::string_view line, std::string_view wanted) {
     return wanted.empty() || found != line.end();
 }
 
-std::vector<std::string> Split(std::string_view log) {
+void TakeTurnAt(std::size_t line, const LogLines::Turn& turn) {
+    if (turn && line % LogLines::kLinesOfATurn == 0) turn();
+}
+
+std::vector<std::string> Split(std::string_view log, const LogLines::Turn& turn) {
     std::vector<std::string> lines;
     while (!log.empty()) {
         const std::size_t end = std::min(log.find('\n'), log.size());
@@ -35,13 +39,15 @@ std::vector<std::string> Split(std::string_view log) {
         if (line.ends_with('\r')) line.remove_suffix(1);
         lines.emplace_back(line);
         log.remove_prefix(std::min(end + 1, log.size()));
+        TakeTurnAt(lines.size(), turn);
     }
     return lines;
 }
 
 }  // namespace
 
-LogLines::LogLines(std::string_view log, FindingMarks marks) : lines_(Split(log)), marks_(std::move(marks)) {}
+LogLines::LogLines(std::string_view log, FindingMarks marks, const Turn& turn)
+    : lines_(Split(log, turn)), marks_(std::move(marks)) {}
 
 const FindingMark* LogLines::MarkFrom(std::size_t line) const {
     const auto found =
@@ -55,7 +61,8 @@ const FindingMark* LogLines::MarkAt(std::size_t line) const {
     return mark != nullptr && mark->line == line ? mark : nullptr;
 }
 
-std::vector<std::size_t> LogLines::Narrowed(std::string_view text, std::optional<Rule> rule) const {
+std::vector<std::size_t> LogLines::Narrowed(std::string_view text, std::optional<Rule> rule,
+                                            const Turn& turn) const {
     const std::string wanted = LowerCase(text);
     const std::string code = UpperCase(Trim(text));
     std::vector<std::size_t> kept;
@@ -63,6 +70,7 @@ std::vector<std::size_t> LogLines::Narrowed(std::string_view text, std::optional
     bool wholeRecord = false;
     auto mark = marks_.begin();
     for (std::size_t i = 0; i < lines_.size(); ++i) {
+        TakeTurnAt(i, turn);
         while (mark != marks_.end() && mark->line < i) ++mark;
         const bool isFinding = mark != marks_.end() && mark->line == i;
         const bool ofRule = !rule || (isFinding && mark->rule == *rule);

@@ -18,11 +18,12 @@ constexpr std::int64_t kNoRule = -1;
 
 }  // namespace
 
-FrmVError::FrmVError(const ApplicationState& state, Prompter& prompter, const std::string& workDirectory,
-                     FindingMarks marks, GoTo goTo)
+FrmVError::FrmVError(const ApplicationState& state, Prompter& prompter, EventPump& events,
+                     const std::string& workDirectory, FindingMarks marks, GoTo goTo)
     : LogForm("FrmVError", "Validation Error Log", state, prompter, PathIn(workDirectory, kLogName),
               std::string(kLogName)),
-      log_(ReadLog(logPath_), std::move(marks)),
+      events_(events),
+      log_(ReadLog(logPath_), std::move(marks), [&events] { events.Yield(); }),
       goTo_(std::move(goTo)),
       dataSetPath_(state.gDataSetPath) {
     FillRules();
@@ -35,7 +36,7 @@ FrmVError::FrmVError(const ApplicationState& state, Prompter& prompter, const st
 
 void FrmVError::FillRules() {
     cboRules.AddItem(kAllRules, kNoRule);
-    const auto counts = log_.Count(log_.Narrowed({}, std::nullopt));
+    const auto counts = log_.Count(log_.Narrowed({}, std::nullopt, [this] { events_.Yield(); }));
     for (const RuleInfo& rule : AllRules()) {
         const auto place = static_cast<std::size_t>(rule.rule);
         if (counts && (*counts)[place] > 0)
@@ -51,10 +52,14 @@ std::optional<Rule> FrmVError::ChosenRule() const {
 }
 
 void FrmVError::ShowLines() {
-    const std::vector<std::size_t> lines = log_.Narrowed(txtFilter.Text(), ChosenRule());
+    const std::vector<std::size_t> lines =
+        log_.Narrowed(txtFilter.Text(), ChosenRule(), [this] { events_.Yield(); });
     std::vector<ChoiceControl::Choice> choices;
     choices.reserve(lines.size());
-    for (const std::size_t i : lines) choices.push_back({log_.Lines()[i], static_cast<std::int64_t>(i)});
+    for (const std::size_t i : lines) {
+        choices.push_back({log_.Lines()[i], static_cast<std::int64_t>(i)});
+        if (choices.size() % LogLines::kLinesOfATurn == 0) events_.Yield();
+    }
     lstError.SetChoices(std::move(choices));
     const auto counts = log_.Count(lines);
     lblCounts.SetCaption(counts ? CountsText(*counts) : std::string());

@@ -20,8 +20,9 @@ public:
 
     // Shows the log in `workDirectory`, or in the current directory when it is empty; `marks` are those of
     // the run that wrote it.
-    FrmVError(const ApplicationState& state, Prompter& prompter, const std::string& workDirectory,
-              FindingMarks marks, GoTo goTo);
+    // `events` must pass no user input on: the log is read and narrowed with turns.
+    FrmVError(const ApplicationState& state, Prompter& prompter, EventPump& events,
+              const std::string& workDirectory, FindingMarks marks, GoTo goTo);
 
     LabelControl lblFilter{form, "lblFilter", "&Find:"};
     TextControl txtFilter{form, "txtFilter"};
@@ -42,6 +43,7 @@ private:
     void ShowRule();
     void GoToFinding();
 
+    EventPump& events_;
     LogLines log_;
     GoTo goTo_;
     std::string dataSetPath_;  // the DataSet that was open when the log was shown

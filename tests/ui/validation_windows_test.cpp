@@ -99,7 +99,7 @@ protected:
         validation::frmValidate(data.state, data.engine, data.prompter, pump, clock, data.dir.path(), marks)
             .Continue();
         form = std::make_unique<validation::FrmVError>(
-            data.state, data.prompter, data.dir.path(), marks, [this](int qb_id, std::string_view tab) {
+            data.state, data.prompter, pump, data.dir.path(), marks, [this](int qb_id, std::string_view tab) {
                 visited << QString("%1 %2").arg(qb_id).arg(QString::fromUtf8(tab.data(), tab.size()));
             });
         window = std::make_unique<ValidationErrorWindow>(*form, nullptr);

@@ -170,7 +170,7 @@ protected:
     }
     std::unique_ptr<FrmVError> Load() {
         return std::make_unique<FrmVError>(
-            set.state, set.prompter, set.dir.path(), marks,
+            set.state, set.prompter, pump, set.dir.path(), marks,
             [this](int qb_id, std::string_view tab) { visited.push_back(fmt::format("{} {}", qb_id, tab)); });
     }
     static std::vector<std::string> Shown(const FrmVError& form) {
@@ -331,6 +331,20 @@ TEST_F(ErrorForm, SaveAsksAgainWhereItCompletedTheName) {
     EXPECT_NE(testkit::ReadFile(set.dir.File("mine.LOG")), "old");
     const std::string question = "File '" + set.dir.File("mine.LOG") + "' already exists.  Overwrite?";
     EXPECT_EQ(set.prompter.questions, (Texts{question, question}));
+}
+
+TEST_F(ErrorForm, ALongLogIsReadAndNarrowedWithTurns) {
+    constexpr int lots = 10;
+    std::string log;
+    for (std::size_t i = 0; i < lots * LogLines::kLinesOfATurn; ++i) log += "     a finding\r\n";
+    testkit::WriteFile(set.dir.File("validate.log"), log);
+    testkit::TurnMeter meter(set.state);
+    FrmVError form(set.state, set.prompter, meter, set.dir.path(), {}, [](int, std::string_view) {});
+    EXPECT_GE(meter.turns, 3 * lots) << "while it is split, narrowed and shown";
+    meter.turns = 0;
+    form.txtFilter.UserSetText("nothing");
+    EXPECT_GE(meter.turns, lots);
+    EXPECT_EQ(form.lstError.ListCount(), 0u);
 }
 
 // By another name, too; and the log itself stays.
