@@ -178,9 +178,10 @@ TEST_F(BinderTest, ACellThatIsCutHasAToolTip) {
         return QToolTip::text();
     };
     EXPECT_EQ(tipAt(0), "");
-    EXPECT_EQ(tipAt(1), QString(40, 'l') + " &amp; more");
     grid->setColumnWidth(0, 1000);
-    EXPECT_EQ(tipAt(1), "") << "it is whole now";
+    EXPECT_EQ(tipAt(1), "") << "it is whole";
+    grid->setColumnWidth(0, 100);
+    EXPECT_EQ(tipAt(1), QString(40, 'l') + " &amp; more");
 }
 
 TEST_F(BinderTest, AGridThatLosesItsRowsLosesItsSelection) {
