@@ -5,6 +5,7 @@
 #include "core/attempt.h"
 #include "core/text.h"
 #include "core/vocabulary.h"
+#include "records/distribution.h"
 #include "store/engine.h"
 
 namespace quillon::editor {
@@ -153,6 +154,28 @@ void DistributionTab::Collect(CurrentTaxon& taxon) {
         for (const OriginWord& word : OriginWords())
             if (lists[i]->Text() == word.shown)
                 taxon.jurisdictions.emplace_back(JurisdictionValues()[i], word.stored);
+}
+
+void DistributionTab::EnterMode(EditorMode mode) {
+    if (mode != EditorMode::Input) return;
+    oldDivisions.clear();
+    oldJurisdictions.clear();
+}
+
+bool DistributionTab::SaveNew(const records::RecordStore& records) {
+    CurrentTaxon& taxon = State().currentTaxon;
+    if (taxon.qb_id == 0) return false;
+    Collect(taxon);
+    records::AddDivisions(records, {taxon.qb_id, taxon.tsn}, taxon.divisions);
+    records::AddJurisdictions(records, {taxon.qb_id, taxon.tsn}, taxon.jurisdictions);
+    return true;
+}
+
+void DistributionTab::SaveChanges(const records::RecordStore& records) {
+    CurrentTaxon& taxon = State().currentTaxon;
+    Collect(taxon);
+    records::RewriteDivisions(records, {taxon.qb_id, taxon.tsn}, taxon.divisions, oldDivisions);
+    records::RewriteJurisdictions(records, {taxon.qb_id, taxon.tsn}, taxon.jurisdictions, oldJurisdictions);
 }
 
 void DistributionTab::ResetJurisdictionLists() {

@@ -2,7 +2,8 @@
 // each with the origin of the taxon there. Only ranks from species down have a distribution; for the others
 // the panel is disabled.
 //
-// The tab never writes: a save collects it into CurrentTaxon and compares that with the old values kept here.
+// A click writes nothing. A save collects what the tab shows into CurrentTaxon, rewrites the rows of the
+// taxon, and compares them with the old values kept here.
 #pragma once
 
 #include <array>
@@ -29,13 +30,17 @@ public:
     // Loads the rows of the taxon, whatever its rank. Unknown regions and origins are reported one by one;
     // unknown jurisdictions are skipped.
     void Load(int qb_id) override;
+    // A new record has no old values, whatever it keeps of another one.
+    void EnterMode(EditorMode mode) override;
+    bool SaveNew(const records::RecordStore& records) override;
+    void SaveChanges(const records::RecordStore& records) override;
     // Shows a message when the panel is disabled, once per visit.
     void Shown() override;
     void Hidden() override { said_ = false; }
 
     // Enables the panel for ranks that have a distribution and disables it for all others.
     void SetRank(std::string_view rank);
-    // Copies what the tab shows to `taxon`, in the order of the tab and as it is stored. A save will call it.
+    // Copies what the tab shows to `taxon`, in the order of the tab and as it is stored.
     void Collect(CurrentTaxon& taxon);
 
     // In the order of GeographicValues() and of JurisdictionValues().

@@ -18,7 +18,7 @@ void Run(const std::function<void()>& command) {
 }  // namespace
 
 RecView::RecView(ApplicationState& state, Prompter& prompter, ProgressDialog& progress,
-                 dataset::Lifecycle& lifecycle)
+                 dataset::Lifecycle& lifecycle, const Clock& clock)
     : state_(state),
       prompter_(prompter),
       progress_(progress),
@@ -27,6 +27,7 @@ RecView::RecView(ApplicationState& state, Prompter& prompter, ProgressDialog& pr
       checks_(state, prompter, controls_, editing_),
       save_(state, prompter, lifecycle.Engine(), controls_) {
     lifecycle_.RecordDiscarded = [this] { Guarded([this] { ReflectRealNodePosition(); }); };
+    controls_.comments.UseClock(clock);
     MakeToolbarManagers();
     ConnectCommands();
     ConnectTabs();

@@ -31,7 +31,7 @@ enum class ImportEnd { NotStarted, Canceled, Done };
 class RecView {
 public:
     RecView(ApplicationState& state, Prompter& prompter, ProgressDialog& progress,
-            dataset::Lifecycle& lifecycle);
+            dataset::Lifecycle& lifecycle, const Clock& clock);
     ~RecView();
     RecView(const RecView&) = delete;
     RecView& operator=(const RecView&) = delete;

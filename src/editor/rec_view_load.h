@@ -18,7 +18,7 @@ void LoadTaxon(ApplicationState& state, Prompter& prompter, int qb_id);
 
 // "<unknown>" when the DataSet has no rank of that id.
 std::string GetRankName(store::Database& database, int rank_id);
-// 0 for a taxon that has none or does not exist. The command that adds an accepted name will call it.
+// 0 for a taxon that has none or does not exist.
 int GetTSN(store::Database& database, int qb_id);
 // The qb_id of the kingdom record; 0 when the DataSet has none. The checks of a save will call it.
 int GetKingdomId(store::Database& database);

@@ -8,6 +8,8 @@
 #include "core/names.h"
 #include "core/vocabulary.h"
 #include "core/wait_cursor.h"
+#include "editor/rec_view_load.h"
+#include "records/links.h"
 #include "store/write_count.h"
 
 namespace quillon::editor {
@@ -19,6 +21,7 @@ using store::RecordsetType;
 
 namespace {
 
+constexpr std::string_view kAccepted = "A", kSynonym = "S";
 constexpr std::string_view kRanks =
     "SELECT rank_name FROM taxonomic_unit_types WHERE kingdom_id IN (SELECT kingdom_id FROM kingdoms) "
     "ORDER BY rank_id";
@@ -70,7 +73,7 @@ int PlaceOf(const GridControl& grid, int qb_id) {
 
 GridControl::Row RowOf(const SynonymTab::Accepted& name) {
     return {name.nameAndAuthor, "", std::to_string(name.qb_id),
-            name.tsn == 0 ? std::string() : std::to_string(name.tsn), "A"};
+            name.tsn == 0 ? std::string() : std::to_string(name.tsn), std::string(kAccepted)};
 }
 
 }  // namespace
@@ -92,7 +95,6 @@ SynonymTab::SynonymTab(Form& form)
       cmdSAdd(form, "cmdSAdd", "&Add"),
       cmdSDelete(form, "cmdSDelete", "&Delete") {
     SetFieldsEnabled(false);
-    for (ButtonControl* command : {&cmdSAdd, &cmdSDelete}) command->SetEnabled(false);
     cboSRName.OnEdit([this] { TakeCandidate(); });
     grdSynonyms.OnEdit([this] { ShowRow(); });
 }
@@ -103,6 +105,8 @@ void SynonymTab::Connect(ApplicationState& state, Prompter& prompter) {
         cboSRName.SetText("");
         OfferCandidates();
     });
+    cmdSAdd.OnClick([this] { Attempt(Outside(), [this] { Add(); }); });
+    cmdSDelete.OnClick([this] { Attempt(Outside(), [this] { Delete(); }); });
 }
 
 void SynonymTab::OfferLists() {
@@ -138,7 +142,24 @@ void SynonymTab::Load(int qb_id) {
 }
 
 void SynonymTab::EnterMode(EditorMode mode) {
-    if (mode == EditorMode::Input) OfferCandidates();
+    if (mode != EditorMode::Input) return;
+    for (std::size_t row = grdSynonyms.DataCount(); row-- > 0;)
+        if (grdSynonyms.Cell(row, Column::kType) == kSynonym) grdSynonyms.RemoveRow(row);
+    OfferCandidates();
+}
+
+void SynonymTab::TurnToAcceptedNames() {
+    SetAcceptedNameCaptions();
+    grdSynonyms.ClearRows();
+    ShowRow();
+    SetFieldsEnabled(true);
+}
+
+void SynonymTab::TurnToSynonyms() {
+    lblSynonyms.SetCaption("Synonyms");
+    grdSynonyms.ClearRows();
+    ShowRow();
+    SetFieldsEnabled(false);
 }
 
 void SynonymTab::ApplyPreferences(EditorMode mode) {
@@ -153,7 +174,7 @@ void SynonymTab::LoadSynonyms(int qb_id) {
     const auto names = RowsOf(*State().gDatabase, "Get Synonyms of Accepted Name", "Accepted_Id", qb_id);
     for (; !names->Eof(); names->MoveNext()) {
         rows.push_back({NameOfRow(*names), names->Get("unacceptability_reason").AsText(),
-                        names->Get("qb_id").AsText(), "", "S"});
+                        names->Get("qb_id").AsText(), "", std::string(kSynonym)});
     }
     grdSynonyms.SetDataRows(std::move(rows));
 }
@@ -164,7 +185,7 @@ void SynonymTab::LoadAcceptedNames(int qb_id) {
     const auto names = RowsOf(*State().gDatabase, "Get Accepted Names of Synonym", "Synonym_Id", qb_id);
     for (; !names->Eof(); names->MoveNext()) {
         rows.push_back({NameOfRow(*names), "", names->Get("qb_id_accepted").AsText(),
-                        names->Get("tsn_accepted").AsText(), "A"});
+                        names->Get("tsn_accepted").AsText(), std::string(kAccepted)});
     }
     grdSynonyms.SetDataRows(std::move(rows));
     SetFieldsEnabled(true);
@@ -178,6 +199,7 @@ void SynonymTab::SetAcceptedNameCaptions() {
 
 void SynonymTab::SetFieldsEnabled(bool enabled) {
     for (ComboControl* field : {&cboSRank, &cboSRName, &cboSSciName}) field->SetEnabled(enabled);
+    for (ButtonControl* command : {&cmdSAdd, &cmdSDelete}) command->SetEnabled(enabled);
 }
 
 void SynonymTab::FillRankList(std::string_view rankName) {
@@ -213,15 +235,49 @@ void SynonymTab::ReplaceAccepted(int oldQbId, const Accepted* name) {
     const int oldRow = oldQbId == 0 ? -1 : PlaceOf(grdSynonyms, oldQbId);
     if (oldRow >= 0) grdSynonyms.RemoveRow(static_cast<std::size_t>(oldRow));
     if (name == nullptr) return;
-    std::vector<GridControl::Row> rows = grdSynonyms.Rows();
     const int place = PlaceOf(grdSynonyms, name->qb_id);
-    if (place >= 0) {
-        rows[static_cast<std::size_t>(place)] = RowOf(*name);
-    } else {
-        const auto end = static_cast<std::ptrdiff_t>(rows.size()) - 1;  // the place of the empty row
-        rows.insert(rows.begin() + (oldRow >= 0 ? oldRow : end), RowOf(*name));
+    if (place >= 0) return grdSynonyms.ReplaceRow(static_cast<std::size_t>(place), RowOf(*name));
+    const std::size_t end = grdSynonyms.DataCount();
+    grdSynonyms.InsertRow(oldRow >= 0 ? static_cast<std::size_t>(oldRow) : end, RowOf(*name));
+}
+
+void SynonymTab::Add() {
+    State().RecordDirty = true;
+    const auto qb_id = static_cast<int>(cboSSciName.ItemData(cboSSciName.ListIndex()));
+    if (qb_id == 0) {
+        Outside().Message("A Scientific Name is required!");
+        return cboSSciName.TakeFocus();
     }
-    grdSynonyms.SetRows(std::move(rows));
+    const Accepted name{qb_id, GetTSN(*State().gDatabase, qb_id), cboSSciName.Text()};
+    ReplaceAccepted(0, &name);
+    grdSynonyms.SetSelectedRow(PlaceOf(grdSynonyms, qb_id));
+    ShowRow();
+}
+
+void SynonymTab::Delete() {
+    if (grdSynonyms.SelectedRow() < 0) return Outside().Message("You must select the value to delete.");
+    State().RecordDirty = true;
+    grdSynonyms.RemoveSelectedData();
+    ShowRow();
+}
+
+bool SynonymTab::SaveNew(const records::RecordStore& records) {
+    return State().currentTaxon.qb_id != 0 && SaveLinks(records);
+}
+
+void SynonymTab::SaveChanges(const records::RecordStore& records) {
+    records::DeleteSynonymLinks(records, State().currentTaxon.qb_id);
+    SaveLinks(records);
+}
+
+bool SynonymTab::SaveLinks(const records::RecordStore& records) {
+    const records::TaxonKey synonym{State().currentTaxon.qb_id, State().currentTaxon.tsn};
+    for (const GridControl::Row& row : grdSynonyms.Rows()) {
+        if (row[Column::kType] != kAccepted) continue;
+        const auto id = [&](std::size_t column) { return static_cast<int>(Value(row[column]).AsLong()); };
+        if (!records::AddSynonymLink(records, synonym, {id(Column::kQbId), id(Column::kTsn)})) return false;
+    }
+    return true;
 }
 
 void SynonymTab::ShowRow() {

@@ -2,7 +2,7 @@
 // points to, and offers candidates to add; for an accepted one it lists the synonyms that point to it,
 // read-only.
 //
-// Nothing here writes to the DataSet.
+// The commands change only the grid; a save rewrites the links of the record.
 #pragma once
 
 #include <cstdint>
@@ -47,12 +47,21 @@ public:
     // Loads the synonyms of an accepted name, or the accepted names of one that is not, which enables the
     // fields. Loads nothing for a usage that is neither.
     void Load(int qb_id) override;
-    // For a new record any name may be the accepted one.
+    // For a new record any name may be the accepted one; it has no synonyms yet.
     void EnterMode(EditorMode mode) override;
+    // Only accepted names are stored. The first link that fails ends the save.
+    bool SaveNew(const records::RecordStore& records) override;
+    // The old links of the record go, with their tombstones.
+    void SaveChanges(const records::RecordStore& records) override;
+    void RefreshLists() override { OfferCandidates(); }
     // Applies the words of the kingdom. The heading of a stored record is kept, because it describes what the
     // grid holds.
     void ApplyPreferences(EditorMode mode) override;
 
+    // The user has changed the usage of the record. The grid is emptied: what it lists is no longer what the
+    // record has.
+    void TurnToAcceptedNames();
+    void TurnToSynonyms();
     // Offers the accepted names of the rank in cboSRank. They are read when the list is first used, without
     // the record that is current then. A failure is reported.
     void OfferCandidates();
@@ -79,6 +88,9 @@ public:
     ButtonControl cmdSAdd, cmdSDelete;
 
 private:
+    void Add();
+    void Delete();
+    bool SaveLinks(const records::RecordStore& records);
     void LoadSynonyms(int qb_id);
     void LoadAcceptedNames(int qb_id);
     // Sets "Accepted Names" and "Accepted Name", or "Valid Names" and "Valid Name", by kingdom.

@@ -20,6 +20,9 @@ void DeleteVernRefLink(const RecordStore& records, int qb_id, std::string_view p
 void DeleteCommentLinks(const RecordStore& records, int qb_id);
 void DeleteReferenceLinks(const RecordStore& records, int qb_id);
 
+// Stores that `synonym` is a synonym of `accepted`, and removes the tombstone of that link. False after a
+// failure.
+bool AddSynonymLink(const RecordStore& records, const TaxonKey& synonym, const TaxonKey& accepted);
 // Delete the links in which the taxon is the synonym, or the accepted name, but not the names themselves.
 void DeleteSynonymLinks(const RecordStore& records, int qb_id);
 void DeleteSynonymsOfAccepted(const RecordStore& records, int qb_id);

@@ -44,7 +44,7 @@ DesktopProgram::DesktopProgram(Prompter* prompter, std::string workDirectory, st
       profile_(prompter_),
       lifecycle_(state_, engine_, prompter_),
       explorer_(state_, engine_, prompter_),
-      recView_(state_, prompter_, progress_, lifecycle_),
+      recView_(state_, prompter_, progress_, lifecycle_, clock_),
       startUp_(state_, lifecycle_, profile_, prompter_, *this, {preferencesFile_, workDirectory_}) {
     state_.gVersion = kProgramVersion;
     if (auto* application = dynamic_cast<Application*>(qApp))

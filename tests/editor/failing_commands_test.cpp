@@ -43,7 +43,7 @@ TEST_F(FailingCommands, AQuestionThatFailsIsReported) {
     Make();
     FailingPrompter prompter;
     decltype(data.lifecycle) lifecycle{data.state, data.engine, prompter};
-    RecView failing{data.state, prompter, progress, lifecycle};
+    RecView failing{data.state, prompter, progress, lifecycle, clock};
     failing.Attach(explorer);
     failing.ShowDataSet();
     failing.SelectExplorerItem(3, false);

@@ -9,6 +9,7 @@
 
 #include "editor/rec_view.h"
 #include "navigation/explorer.h"
+#include "testkit/outside.h"
 #include "testkit/testkit.h"
 
 namespace quillon::editor {
@@ -106,8 +107,9 @@ protected:
 
     testkit::DataSetFixture data;
     ProgressLog progress;
+    testkit::FixedClock clock;
     navigation::cExplorer explorer{data.state, data.engine, data.prompter};
-    RecView recView{data.state, data.prompter, progress, data.lifecycle};
+    RecView recView{data.state, data.prompter, progress, data.lifecycle, clock};
     RecViewForm& form = recView.Controls();
     TaxonTab& tab = form.taxon;
     std::string events;

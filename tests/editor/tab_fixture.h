@@ -1,12 +1,17 @@
-// What the tests of the tabs share: a DataSet, a form to put a tab on, and the text of a grid.
+// What the tests of the tabs share: a DataSet, a form to put a tab on, saves of one tab, and the text of a
+// grid.
 #pragma once
 
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/controls.h"
+#include "core/record_tab.h"
+#include "records/record_store.h"
+#include "store/command.h"
 #include "testkit/testkit.h"
 
 namespace quillon::editor {
@@ -44,6 +49,33 @@ protected:
             text += choice.text + "=" + std::to_string(choice.itemData) + "\n";
         return text;
     }
+
+    // The record on the form; a tsn of 0 is that of a name that was never published.
+    void SetTaxon(int qb_id, int tsn = 0) {
+        data.state.currentTaxon.qb_id = qb_id;
+        data.state.currentTaxon.tsn = tsn;
+    }
+    void Edit(RecordTab& tab, int qb_id, int tsn = 0) {
+        SetTaxon(qb_id, tsn);
+        tab.EnterMode(EditorMode::Edit);
+        tab.Load(qb_id);
+        data.state.RecordDirty = false;
+    }
+    records::RecordStore Records() { return {data.engine, data.db(), data.prompter}; }
+    void SaveChanges(RecordTab& tab) {
+        store::Command command(data.engine);
+        tab.SaveChanges(Records());
+        command.Commit();
+    }
+    bool SaveNew(RecordTab& tab) {
+        store::Command command(data.engine);
+        const bool saved = tab.SaveNew(Records());
+        command.Commit();
+        return saved;
+    }
+    std::string Tombstones() { return data.Dump("SELECT table_name, pk1, pk2, pk3, pk4 FROM db_tombstone"); }
+    // The messages since the last call.
+    std::vector<std::string> Said() { return std::exchange(data.prompter.messages, {}); }
 
     testkit::DataSetFixture data;
     Form form{"RecView"};
