@@ -25,6 +25,10 @@ public:
     virtual bool AskBeforeLoss(std::string_view text, std::string_view title) {
         return AskYesNo(text, title);
     }
+    // A question with OK and Cancel before much is changed; true for OK. Return answers Cancel.
+    virtual bool AskOkCancel(std::string_view text, std::string_view title) {
+        return AskBeforeLoss(text, title);
+    }
     // A file to open; empty when the user cancels. The filter is "Name (*.x)|*.x|...".
     virtual std::optional<std::string> FileToOpen(std::string_view title, std::string_view filter) = 0;
     // A file to save. With `overwritePrompt` the dialog asks before it accepts an existing file, and adds the

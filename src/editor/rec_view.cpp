@@ -49,6 +49,9 @@ void RecView::ConnectCommands() {
     on(controls_.mnuFNew, [this] { NewCommand(); });
     onDataSet(controls_.mnuSave, [this] { SaveCommand(); });
     onDataSet(controls_.mnuEDelete, [this] { RecordDelete(); });
+    onDataSet(controls_.mnuAuth, [this] {
+        if (!AskLoseChanges()) Run(AuthorEditCommand);
+    });
     onDataSet(controls_.cmdOK, [this] { SaveCommand(); });
     onDataSet(controls_.mnuFSaveAs, [this] { SaveAsCommand(); });
     on(controls_.mnuFImport, [this] { RunImport(); });

@@ -10,6 +10,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/application_state.h"
 #include "core/outside.h"
@@ -64,6 +65,11 @@ public:
     // The command of mnuEDelete: asks, deletes the record and everything that belongs to it, and shows an
     // empty form for a new one. The node above it is selected then, but not loaded.
     void RecordDelete();
+    // Taxa that the author clean-up changes: they join the journal, within the command that is open. Throws
+    // StoreError.
+    void TaxaModified(const std::vector<int>& taxa);
+    // Shows taxa that were changed elsewhere as they are now: the current record, the names of tree and list.
+    void ShowModified();
     // The last new record saved since the DataSet was opened; 0 for none.
     int LastSaved() const { return lastSaved_; }
     // Asks about an unsaved record. True when the user stays on it.
@@ -91,6 +97,8 @@ public:
     std::function<ImportEnd()> ImportCommand;
     // Closes the open DataSet before the form closes; false when the form must stay.
     std::function<bool()> StopCommand;
+    // The form behind mnuAuth, after the question about an unsaved record.
+    std::function<void()> AuthorEditCommand;
     // The forms behind mnuFPreferences, mnuFValidate, mnuFExport, mnuHContents and mnuHSearch; the first
     // three run only while a DataSet is open.
     std::function<void()> PreferencesCommand, ValidateCommand, ExportCommand, HelpContentsCommand,

@@ -1,9 +1,10 @@
-// The delete command of the main form.
+// The delete command of the main form, and what follows an author clean-up.
 #include <fmt/format.h>
 
 #include "core/wait_cursor.h"
 #include "editor/rec_view.h"
 #include "records/deletion.h"
+#include "records/journal.h"
 #include "store/command.h"
 
 namespace quillon::editor {
@@ -32,6 +33,20 @@ void RecView::RecordDelete() {
     }
     StartOfDataSet();
     Note("Deleted " + name);
+}
+
+void RecView::TaxaModified(const std::vector<int>& taxa) {
+    for (const int taxon : taxa) records::AddToJournal(*state_.gDatabase, taxon);
+}
+
+void RecView::ShowModified() {
+    const ChangeScope scope(controls_.form);
+    if (state_.currentTaxon.qb_id != 0) {
+        ShowRecord();
+    } else {
+        for (RecordTab* tab : controls_.Tabs()) tab->RefreshLists();
+    }
+    if (explorer_ != nullptr) explorer_->RefreshNames();
 }
 
 }  // namespace quillon::editor

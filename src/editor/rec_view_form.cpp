@@ -31,8 +31,7 @@ constexpr std::array<KeyedButton, 15> kKeys = {{
 }  // namespace
 
 RecViewForm::RecViewForm() {
-    for (ButtonControl* later :
-         {&mnuTaxonomy, &mnuFullRecord, &mnuFReports, &mnuAuth, &mnuMerge, &mnuSplit}) {
+    for (ButtonControl* later : {&mnuTaxonomy, &mnuFullRecord, &mnuFReports, &mnuMerge, &mnuSplit}) {
         later->SetEnabled(false);
     }
     hierarchy.SetValue(true);

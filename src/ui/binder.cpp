@@ -173,6 +173,7 @@ void BindOne(Control& control, const QWidget& window) {
     if (auto* text = dynamic_cast<TextControl*>(&control)) return BindText(*text, window);
     if (auto* combo = dynamic_cast<ComboControl*>(&control)) return BindCombo(*combo, window);
     if (auto* gauge = dynamic_cast<GaugeControl*>(&control)) return BindGauge(*gauge, window);
+    if (auto* list = dynamic_cast<MultiListControl*>(&control)) return BindMultiList(*list, window);
     if (auto* list = dynamic_cast<ListControl*>(&control)) return BindList(*list, window);
     if (auto* grid = dynamic_cast<GridControl*>(&control)) return BindGrid(*grid, window);
     if (auto* tabs = dynamic_cast<TabStripControl*>(&control)) return BindTabs(*tabs, window);
@@ -200,6 +201,7 @@ bool HasPartner(const Control& control, const QWidget& window) {
     }
     if (is(static_cast<ComboControl*>(nullptr))) return Partner<QComboBox>(window, control) != nullptr;
     if (is(static_cast<GaugeControl*>(nullptr))) return Partner<QProgressBar>(window, control) != nullptr;
+    if (is(static_cast<MultiListControl*>(nullptr))) return Partner<QListView>(window, control) != nullptr;
     if (is(static_cast<ListControl*>(nullptr))) return Partner<QListView>(window, control) != nullptr;
     if (is(static_cast<GridControl*>(nullptr))) return Partner<QTableWidget>(window, control) != nullptr;
     if (is(static_cast<TabStripControl*>(nullptr))) return Partner<QTabBar>(window, control) != nullptr;

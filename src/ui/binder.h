@@ -10,6 +10,7 @@
 //     TextControl      QLineEdit, QPlainTextEdit
 //     ComboControl     QComboBox
 //     ListControl      QListWidget, QListView
+//     MultiListControl QListView
 //     GridControl      QTableWidget
 //     GaugeControl     QProgressBar
 //     TabStripControl  QTabBar

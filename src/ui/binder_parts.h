@@ -4,6 +4,7 @@
 #include <QtWidgets>
 
 #include "core/controls.h"
+#include "core/multi_list.h"
 #include "ui/guard.h"
 #include "ui/named.h"
 #include "ui/text_convert.h"
@@ -53,5 +54,6 @@ inline bool LeavesField(const QEvent& event) {
 void BindCombo(ComboControl& control, const QWidget& window);
 void BindGrid(GridControl& control, const QWidget& window);
 void BindListView(ListControl& control, const QWidget& window);
+void BindMultiList(MultiListControl& control, const QWidget& window);
 
 }  // namespace quillon::ui

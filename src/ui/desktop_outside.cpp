@@ -46,14 +46,15 @@ void ShowMessage(QMessageBox::Icon icon, std::string_view text, std::string_view
     box.exec();
 }
 
-// `usual` is the default button.
-bool Ask(std::string_view text, std::string_view title, QMessageBox::StandardButton usual, QWidget* above) {
+// A question with the buttons `yes` and `no`; true for the first. `usual` is the default button.
+bool Ask(std::string_view text, std::string_view title, QMessageBox::StandardButton yes,
+         QMessageBox::StandardButton no, QMessageBox::StandardButton usual, QWidget* above) {
     const DialogScope scope(above);
-    QMessageBox box(QMessageBox::Question, {}, {}, QMessageBox::Yes | QMessageBox::No, above);
+    QMessageBox box(QMessageBox::Question, {}, {}, yes | no, above);
     SetUp(box, text, title);
     box.setDefaultButton(usual);
-    box.setEscapeButton(QMessageBox::No);
-    return box.exec() == QMessageBox::Yes;
+    box.setEscapeButton(no);
+    return box.exec() == yes;
 }
 
 // The ending for names of DataSets and logs that have none. The dialog adds it, so that it asks about
@@ -139,11 +140,15 @@ void DesktopPrompter::StopMessage(std::string_view text, std::string_view title)
 }
 
 bool DesktopPrompter::AskYesNo(std::string_view text, std::string_view title) {
-    return Ask(text, title, QMessageBox::Yes, Above());
+    return Ask(text, title, QMessageBox::Yes, QMessageBox::No, QMessageBox::Yes, Above());
 }
 
 bool DesktopPrompter::AskBeforeLoss(std::string_view text, std::string_view title) {
-    return Ask(text, title, QMessageBox::No, Above());
+    return Ask(text, title, QMessageBox::Yes, QMessageBox::No, QMessageBox::No, Above());
+}
+
+bool DesktopPrompter::AskOkCancel(std::string_view text, std::string_view title) {
+    return Ask(text, title, QMessageBox::Ok, QMessageBox::Cancel, QMessageBox::Cancel, Above());
 }
 
 std::optional<std::string> DesktopPrompter::FileToOpen(std::string_view title, std::string_view filter) {

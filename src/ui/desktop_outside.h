@@ -33,6 +33,7 @@ public:
     void StopMessage(std::string_view text, std::string_view title) override;
     bool AskYesNo(std::string_view text, std::string_view title) override;
     bool AskBeforeLoss(std::string_view text, std::string_view title) override;
+    bool AskOkCancel(std::string_view text, std::string_view title) override;
     std::optional<std::string> FileToOpen(std::string_view title, std::string_view filter) override;
     std::optional<std::string> FileToSave(std::string_view title, std::string_view filter,
                                           bool overwritePrompt, std::string_view suggested) override;

@@ -10,6 +10,7 @@
 #include "startup/preferences_form.h"
 #include "ui/about_window.h"
 #include "ui/application.h"
+#include "ui/clean_up_window.h"
 #include "ui/export_type_window.h"
 #include "ui/export_window.h"
 #include "ui/guard.h"
@@ -89,6 +90,7 @@ void DesktopProgram::ConnectCommands() {
     };
     recView_.ValidateCommand = [this] { ShowJob("frmValidate"); };
     recView_.ExportCommand = [this] { ShowJob("FrmNExport"); };
+    recView_.AuthorEditCommand = [this] { prompter_.ShowModal("CleanUp"); };
 }
 
 void DesktopProgram::ConnectHelp() {
@@ -102,6 +104,13 @@ void DesktopProgram::RegisterForms() {
     desktop_.Register("FrmAbout", [this](QWidget* parent) {
         startup::FrmAbout form(state_.gVersion);
         AboutWindow(form, parent).exec();
+    });
+    desktop_.Register("CleanUp", [this](QWidget* parent) {
+        curation::CleanUp form(state_, engine_, prompter_);
+        form.TURecsModified.Connect([this](const std::vector<int>& taxa) { recView_.TaxaModified(taxa); });
+        form.Changed.Connect([this] { recView_.ShowModified(); });
+        form.HelpCommand = recView_.HelpContentsCommand;
+        CleanUpWindow(form, parent).exec();
     });
     desktop_.Register("FrmImport", [this](QWidget* parent) {
         importing::FrmImport form(state_, engine_, prompter_, pump_, workDirectory_);

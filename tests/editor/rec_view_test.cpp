@@ -61,8 +61,8 @@ TEST_F(RecViewModes, CommandsRefuseWithoutADataSet) {
 TEST_F(RecViewModes, CommandsThatWriteAreNotThereYet) {
     Make();
     Select(3);
-    for (const ButtonControl* command : {&form.mnuAuth, &form.mnuMerge, &form.mnuSplit, &form.mnuFReports,
-                                         &form.mnuTaxonomy, &form.mnuFullRecord}) {
+    for (const ButtonControl* command :
+         {&form.mnuMerge, &form.mnuSplit, &form.mnuFReports, &form.mnuTaxonomy, &form.mnuFullRecord}) {
         EXPECT_FALSE(command->Enabled()) << command->Name();
     }
 }
