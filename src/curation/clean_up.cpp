@@ -1,5 +1,7 @@
 #include "curation/clean_up.h"
 
+#include <fmt/format.h>
+
 #include <utility>
 
 #include "core/attempt.h"
@@ -55,19 +57,18 @@ CleanUp::CleanUp(ApplicationState& state, store::Engine& engine, Prompter& promp
 }
 
 std::string CleanUp::AuthorsLike() const {
-    return std::string(kAllAuthors) + " where taxon_author like \"" + QuoteDoubleQuotes(TxtLower.Text()) +
-           "\";";
+    return fmt::format("{} where taxon_author like \"{}\";", kAllAuthors, QuoteDoubleQuotes(TxtLower.Text()));
 }
 
 void CleanUp::ListByPattern() {
     LstToFix.Refill({});
     LstNames.Clear();
-    names_ = {};
-    authors_ = {{AuthorsLike()}, nullptr};
+    names_ = Filling();
+    authors_ = Filling(AuthorsLike());
     cboReplace.SetChoicesLater([this, statement = AuthorsLike()] {
         Choices authors;
         Attempt(prompter_, [&] {
-            Filling all{{statement}, nullptr};
+            Filling all(statement);
             authors = ReadPart(all, static_cast<std::size_t>(-1));
             for (auto& author : authors) author.itemData = 0;
         });
@@ -79,9 +80,10 @@ void CleanUp::ListByPattern() {
 // All authors are read for this; those that are like no other one are left out.
 void CleanUp::ListSimilar() {
     const WaitCursor waiting(prompter_);
-    authors_ = names_ = {};
+    StopFilling();
     LstNames.Clear();
-    Filling all{{std::string(kAllAuthors) + ";"}, nullptr};
+    std::string statement(kAllAuthors);
+    Filling all(std::move(statement));
     LstToFix.Refill(AlikeOnly(ReadPart(all, static_cast<std::size_t>(-1))));
 }
 
@@ -94,10 +96,15 @@ std::vector<int> CleanUp::SelectedAuthors() const {
 
 void CleanUp::ListNames() {
     LstNames.Clear();
-    names_ = {};
+    names_ = Filling();
     for (const std::string& list : IdLists(SelectedAuthors()))
         names_.statements.insert(names_.statements.begin(), std::string(kNamesOf) + list);
     if (FillPart(kRowsAtOnce)) MoreToRead();
+}
+
+void CleanUp::StopFilling() {
+    authors_ = Filling();
+    names_ = Filling();
 }
 
 Choices CleanUp::ReadPart(Filling& filling, std::size_t rows) {
@@ -135,7 +142,7 @@ bool CleanUp::FillPart(std::size_t rows) {
 bool CleanUp::Continue() {
     const ChangeScope scope(form);
     bool isMore = false;
-    if (!Attempt(prompter_, [&] { isMore = FillPart(kRowsInAPart); })) authors_ = names_ = {};
+    if (!Attempt(prompter_, [&] { isMore = FillPart(kRowsInAPart); })) StopFilling();
     return isMore;
 }
 
@@ -164,7 +171,7 @@ void CleanUp::Fix() {
     const std::vector<int> authors = SelectedAuthors();
     if (authors.empty()) return;
     const WaitCursor waiting(prompter_);
-    authors_ = names_ = {};
+    StopFilling();
     std::vector<int> taxa;
     {
         store::Command command(engine_);

@@ -8,6 +8,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/application_state.h"
@@ -56,6 +57,9 @@ public:
 private:
     // A list that is being filled.
     struct Filling {
+        Filling() = default;
+        explicit Filling(std::string statement) { statements.push_back(std::move(statement)); }
+
         std::vector<std::string> statements;  // still to be read, the next one at the end
         std::unique_ptr<store::Recordset> rows;
     };
@@ -69,6 +73,7 @@ private:
     std::string AuthorsLike() const;
     std::vector<ChoiceControl::Choice> ReadPart(Filling& filling, std::size_t rows);
     bool FillPart(std::size_t rows);
+    void StopFilling();
     template <typename List>
     void Extend(List& list, Filling& filling, std::size_t rows);
 

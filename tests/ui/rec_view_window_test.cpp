@@ -74,13 +74,15 @@ TEST_F(MainWindow, ShortcutsAndIconsAreEachThereOnce) {
 
 TEST_F(MainWindow, CommandsThatAreNotThereYetAreDisabled) {
     MakeWhales();
-    for (const char* name : {"mnuSave", "mnuEDelete", "mnuPaste", "mnuEUndo", "mnuPrev", "mnuAuth",
-                             "mnuMerge", "mnuSplit", "mnuTaxonomy", "mnuFullRecord"}) {
+    for (const char* name :
+         {"mnuPaste", "mnuEUndo", "mnuPrev", "mnuMerge", "mnuSplit", "mnuTaxonomy", "mnuFullRecord"}) {
         EXPECT_FALSE(action(name)->isEnabled()) << name;
     }
-    for (const char* name : {"mnuFNew", "mnuFOpen", "mnuFSaveAs", "mnuFImport", "mnuFValidate", "mnuFExport",
-                             "mnuFPreferences", "mnuECut", "mnuCopy", "mnuParent", "mnuFirst", "mnuNext",
-                             "mnuLast", "mnuAdd", "mnuFQuit", "mnuHContents", "mnuHSearch", "mnuHAbout"}) {
+    for (const char* name :
+         {"mnuFNew",         "mnuFOpen",   "mnuFSaveAs", "mnuFImport", "mnuFValidate", "mnuFExport",
+          "mnuFPreferences", "mnuECut",    "mnuCopy",    "mnuParent",  "mnuFirst",     "mnuNext",
+          "mnuLast",         "mnuAdd",     "mnuSave",    "mnuEDelete", "mnuAuth",      "mnuFQuit",
+          "mnuHContents",    "mnuHSearch", "mnuHAbout"}) {
         EXPECT_TRUE(action(name)->isEnabled()) << name;
     }
 }
