@@ -34,6 +34,7 @@ struct ApplicationState {
     bool gPreferencesChanging = false;
 
     bool RecordDirty = false;             // a taxon on the form has not been saved
+    bool ChangeTrackApplied = false;      // no group of fields has been left changed since it was set
     std::vector<int> gNewChangeTrackIds;  // written for the record still on the form
     bool gQuitRequested = false;
     CurrentTaxon currentTaxon;  // CurrentTaxon, qb_id 0 when none

@@ -75,6 +75,11 @@ bool Control::ByUser(const std::function<bool()>& change) {
     return true;
 }
 
+void Control::Run(const Rules& rules) {
+    ChangeScope scope(form_);
+    for (const auto& rule : rules) rule();
+}
+
 LabelControl::LabelControl(Form& form, std::string name, std::string_view caption)
     : Control(form, std::move(name)) {
     SetCaption(caption);
@@ -112,9 +117,21 @@ void OptionControl::SetValue(bool value) {
     }
 }
 
+// A window may have moved its mark already: it shows the group again.
+void OptionControl::TouchGroup() {
+    for (Control* control : form_.Controls()) {
+        auto* option = dynamic_cast<OptionControl*>(control);
+        if (option != nullptr && option->group_ == group_) option->Touch();
+    }
+}
+
 bool OptionControl::UserChoose() {
     return ByUser([&] {
         if (value_) return false;
+        if (mayChoose_ && !mayChoose_()) {
+            TouchGroup();
+            return false;
+        }
         SetValue(true);
         return true;
     });

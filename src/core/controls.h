@@ -116,6 +116,16 @@ public:
     // `rule` runs after a change by the user, inside the action and before any observer.
     void OnEdit(std::function<void()> rule) { rules_.push_back(std::move(rule)); }
 
+    // The user has moved the keyboard focus into the control, or out of it. A popup of the control and a
+    // switch to another program do not count.
+    void UserEnter() { Run(enterRules_); }
+    virtual void UserLeave() { Run(leaveRules_); }
+    void OnEnter(std::function<void()> rule) { enterRules_.push_back(std::move(rule)); }
+    void OnLeave(std::function<void()> rule) { leaveRules_.push_back(std::move(rule)); }
+    // Whether the Tab key stops here. The mouse and an access key reach the control either way.
+    bool TabStop() const { return tabStop_; }
+    void SetTabStop(bool stops) { Assign(tabStop_, stops); }
+
 protected:
     Control(Form& form, std::string name);
 
@@ -135,16 +145,17 @@ protected:
     Form& form_;
 
 private:
+    using Rules = std::vector<std::function<void()>>;
     friend class Form;
+    void Run(const Rules& rules);
     std::string name_;
     std::string caption_;
     bool enabled_ = true;
     bool visible_ = true;
     bool locked_ = false;
+    bool tabStop_ = true;
     bool touched_ = false;
-    std::vector<std::function<void()>> observers_;
-    std::vector<std::function<void()>> rules_;
-    std::vector<std::function<void()>> focusObservers_;
+    Rules observers_, rules_, focusObservers_, enterRules_, leaveRules_;
 };
 
 // A fixed text: a label, a panel of the status bar, a frame. Its text is its caption.
@@ -191,10 +202,15 @@ public:
     // Choosing one clears the others.
     void SetValue(bool value);
     bool UserChoose();
+    // Asked before the user's choice; when it gives false nothing changes and no rule runs.
+    void OnChoosing(std::function<bool()> rule) { mayChoose_ = std::move(rule); }
 
 private:
+    void TouchGroup();
+
     std::string group_;
     bool value_ = false;
+    std::function<bool()> mayChoose_;
 };
 
 // A push button, a toolbar button or a menu item.
@@ -282,14 +298,22 @@ public:
     void SetListIndex(int index);
     bool UserChoose(int index);
     bool UserSetText(std::string_view text);
+    // Shows a choice that need not be in the list.
+    void SetChoice(const Choice& choice);
+    // The item data of the choice that was taken from the list or shown by SetChoice, as long as its text
+    // stands; 0 for any other text. Several choices may have the same text.
+    std::int64_t PickedData() const { return picked_.text == text_ ? picked_.itemData : 0; }
 
 private:
+    bool IsPicked(const Choice& choice) const;
     void ChoiceLost() override;
     int ChosenOfFetched() const override { return FindText(text_); }
 
     Style style_;
     std::string text_;
     std::size_t maxLength_;
+    Choice picked_;
+    bool typed_ = false;  // the text is the user's own
 };
 
 // A list with at most one selected item.

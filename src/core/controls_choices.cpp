@@ -86,6 +86,8 @@ void ComboControl::SetText(std::string_view text) {
     // A list-only combo needs the choices to accept a text; an editable one does not.
     const bool waits = style_ == Style::Editable && ChoicesPending();
     const int index = waits ? -1 : FindText(text);
+    if (text != text_) picked_ = {};
+    typed_ = false;
     Assign(listIndex_, index);
     Assign(text_, index < 0 && style_ == Style::ListOnly ? std::string() : std::string(text));
 }
@@ -94,11 +96,24 @@ void ComboControl::SetListIndex(int index) {
     ChangeScope scope(form_);
     Assign(listIndex_, Has(index) ? index : -1);
     Assign(text_, Has(index) ? At(index).text : std::string());
+    picked_ = Has(index) ? At(index) : Choice();
+    typed_ = false;
+}
+
+void ComboControl::SetChoice(const Choice& choice) {
+    SetText(choice.text);
+    picked_ = choice;
+}
+
+// Of choices with the same text the typed one is none in particular.
+bool ComboControl::IsPicked(const Choice& choice) const {
+    if (choice.text != text_) return false;
+    return PickedData() == choice.itemData || (PickedData() == 0 && !typed_);
 }
 
 bool ComboControl::UserChoose(int index) {
     return ByUser([&] {
-        if (!Has(index) || (index == listIndex_ && At(index).text == text_)) return false;
+        if (!Has(index) || (index == listIndex_ && IsPicked(At(index)))) return false;
         SetListIndex(index);
         return true;
     });
@@ -110,6 +125,7 @@ bool ComboControl::UserSetText(std::string_view text) {
     return ByUser([&] {
         if (text == text_) return false;
         SetText(text);
+        typed_ = true;
         return true;
     });
 }

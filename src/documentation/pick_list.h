@@ -25,8 +25,10 @@ public:
     bool UserDropDown();
     // Also false when there is no such item.
     bool UserPick(int index);
-    // The field has lost the focus.
-    void UserLeave() { left_ = true; }
+    void UserLeave() override {
+        left_ = true;
+        ComboControl::UserLeave();
+    }
 
     // True when the field has lost the focus since Refilled(), and before the first call of Refilled().
     bool LeftSinceRefill() const { return left_; }

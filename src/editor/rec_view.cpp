@@ -23,6 +23,7 @@ RecView::RecView(ApplicationState& state, Prompter& prompter, ProgressDialog& pr
       prompter_(prompter),
       progress_(progress),
       lifecycle_(lifecycle),
+      focusGroups_(state, editing_, controls_.taxon, controls_.cmdOK),
       move_(state, prompter, controls_),
       checks_(state, prompter, controls_, editing_),
       save_(state, prompter, lifecycle.Engine(), controls_) {
@@ -81,6 +82,7 @@ void RecView::ConnectTabs() {
         const int tab = controls_.TabOf(*control);
         if (tab != 0) control->OnTakeFocus([this, tab] { ShowTab(tab); });
     }
+    controls_.taxon.chkUnnamed.OnLeave([this] { editing_.FieldGroupLeft = 0; });
     controls_.taxon.BringUp.Connect([this] { ShowTab(controls_.TabOf(controls_.taxon.FirstControl())); });
     controls_.TabStrip1.OnEdit([this] { Guarded([this] { TabClicked(); }); });
 }

@@ -17,6 +17,7 @@
 #include "core/signal.h"
 #include "dataset/lifecycle.h"
 #include "editor/editor_state.h"
+#include "editor/focus_groups.h"
 #include "editor/rec_view_form.h"
 #include "editor/record_checks.h"
 #include "editor/record_move.h"
@@ -167,6 +168,7 @@ private:
     dataset::Lifecycle& lifecycle_;
     RecViewForm controls_;
     EditorState editing_;
+    FocusGroups focusGroups_;
     RecordMove move_;
     RecordChecks checks_;
     RecordSave save_;

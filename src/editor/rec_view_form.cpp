@@ -36,6 +36,7 @@ RecViewForm::RecViewForm() {
     }
     hierarchy.SetValue(true);
     taxon.RankShown.Connect([this](std::string_view rank) { distribution.SetRank(rank); });
+    taxon.UsageChosen.Connect([this](bool rejected) { synonyms.UsageChosen(rejected); });
     vernaculars.NamesChanged.Connect([this](const auto& names) {
         for (auto* documents : {&publications, &experts, &otherSources}) documents->OfferVernaculars(names);
     });

@@ -50,10 +50,10 @@ void RecordMove::Enter(const cBioList& moved, const cBioList* newParent, const c
 }
 
 void RecordMove::ChangeTaxonParent(const cBioList* newParent) {
-    if (newParent == nullptr) return form_.taxon.EnterParent("", 0, "");
+    if (newParent == nullptr) return form_.taxon.EnterParent("", 0, "", 0);
     store::Database& database = *state_.gDatabase;
     form_.taxon.EnterParent(GetRankName(database, newParent->rank()), newParent->rank(),
-                            ReadName(database, newParent->qb_id()).name);
+                            ReadName(database, newParent->qb_id()).name, newParent->qb_id());
 }
 
 void RecordMove::UpdateSynonymLink(const cBioList* newAccepted, const cBioList* oldAccepted) {

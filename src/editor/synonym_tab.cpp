@@ -280,6 +280,17 @@ bool SynonymTab::SaveLinks(const records::RecordStore& records) {
     return true;
 }
 
+void SynonymTab::UsageChosen(bool rejected) {
+    Clear();
+    SetAcceptedNameCaptions();
+    SetFieldsEnabled(rejected);
+    if (rejected) return;
+    lblSynonyms.SetCaption("Synonyms");
+    const CurrentTaxon& taxon = State().currentTaxon;
+    if (taxon.qb_id != 0 && UsageIsAccepted(taxon.usage))
+        Attempt(Outside(), [&] { LoadSynonyms(taxon.qb_id); });
+}
+
 void SynonymTab::ShowRow() {
     cboSRName.SetText("");
     const GridControl::Row* row = grdSynonyms.SelectedData();

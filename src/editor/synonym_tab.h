@@ -73,6 +73,9 @@ public:
         std::string nameAndAuthor;
     };
     void ReplaceAccepted(int oldQbId, const Accepted* name);
+    // The user has chosen another usage: the grid empties, for accepted names or for synonyms. A record that
+    // is accepted again as it is stored shows its synonyms.
+    void UsageChosen(bool rejected);
 
     LabelControl lblSynonyms;
     EntryGridControl grdSynonyms;

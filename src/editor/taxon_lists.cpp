@@ -161,24 +161,60 @@ void TaxonLists::SetPRankList(std::string_view rank) {
     const auto own = state_.gDatabase->CreateSnapshot(
         fmt::format("SELECT rank_id  FROM taxonomic_unit_types WHERE rank_name = '{}'", QuoteSQL(rank)));
     if (own->Eof()) return;
+    const std::string before = tab_.cboDPRank.Text();
     tab_.cboDPRank.SetChoices(
         Read(fmt::format("SELECT rank_name,rank_id FROM taxonomic_unit_types WHERE rank_id < {}   OR "
                          "rank_name = 'Kingdom' ORDER BY rank_id",
                          own->At(0).AsLong())));
+    tab_.cboDPRank.SetText(before);
+}
+
+void TaxonLists::SetParentRankFromRank() {
+    const std::string_view rank = Trim(tab_.cboRank.Text());
+    const std::string_view animal = DefaultParentRank(rank, KingdomFamily::Animal),
+                           plant = DefaultParentRank(rank, KingdomFamily::Plant);
+    const bool isKnown = KingdomIndex(state_.gKingdomName) != 0;
+    if (animal.empty() || (animal != plant && !isKnown)) return;
+    const std::string before = tab_.cboDPRank.Text();
+    tab_.cboDPRank.SetText(FamilyOfKingdom(state_.gKingdomName) == KingdomFamily::Plant ? plant : animal);
+    if (tab_.cboDPRank.Text() == before) return;
+    tab_.cboParentName.SetChoice({tab_.cboParentName.Text(), 0});
+    if (!tab_.cboDPRank.Text().empty()) FillParentNameList();
 }
 
 std::string TaxonLists::GenusOnForm() const {
     return tab_.cboName1.Visible() ? tab_.cboName1.Text() : tab_.txtName1.Text();
 }
 
+// All that the list of parents depends on.
+std::string TaxonLists::ParentsWanted() const {
+    const std::string& rank = tab_.cboDPRank.Text();
+    if (!state_.gDatabase || rank.empty()) return {};
+    return fmt::format("{}\n{}\n{}\n{}", rank, HasGenusAndEpithet(rank) ? GenusOnForm() : "", recordInEdit_,
+                       state_.gDataSetPath);
+}
+
+void TaxonLists::RefreshParents() {
+    if (ParentsWanted() != parentsOffered_) OfferParents();
+}
+
+int TaxonLists::FindParent(std::string_view name) {
+    RefreshParents();
+    for (const auto& parent : tab_.cboParentName.Choices())
+        if (EqualText(parent.text, name)) return static_cast<int>(parent.itemData);
+    return 0;
+}
+
 void TaxonLists::FillParentNameList() {
     if (!state_.gDatabase) return;
+    parentsOffered_ = ParentsWanted();
     state_.currentTaxon.direct_parent_rank_id = RankIdOf(tab_.cboDPRank.Text());
     FillParents(state_.currentTaxon.direct_parent_rank_id);
 }
 
 void TaxonLists::OfferParents() {
     tab_.cboParentName.Clear();
+    parentsOffered_ = ParentsWanted();
     const std::string& rank = tab_.cboDPRank.Text();
     if (state_.gDatabase && !rank.empty()) FillParents(RankIdOf(rank));
 }

@@ -37,14 +37,22 @@ public:
     // Handles a click on cboName1 for "Species", "Subspecies" and "Variety": fills cboName2 and the parents
     // if the DataSet has a genus of that name.
     void FillSpeciesList();
-    // cboDPRank: the ranks above `rank`, and "Kingdom". Does nothing for "" or an unknown rank.
+    // cboDPRank: the ranks above `rank`, and "Kingdom". A text that is among them stays. Does nothing for ""
+    // or an unknown rank.
     void SetPRankList(std::string_view rank);
+    // Sets cboDPRank to the usual rank of a parent for the rank in cboRank, which may depend on the kingdom.
+    void SetParentRankFromRank();
     // cboParentName: the taxa of the rank in cboDPRank that can be parents; for Species and below only those
     // of the genus on the form. In EDIT mode the record itself is left out.
     void FillParentNameList();
     // The same for a record that is only shown: leaves CurrentTaxon alone, and offers no parents without a
     // rank in cboDPRank.
     void OfferParents();
+    // The same when cboDPRank, the genus on the form or the record in EDIT mode is another one than that of
+    // the parents on offer.
+    void RefreshParents();
+    // The first parent on offer that reads as `name`, without regard to case; 0 when there is none.
+    int FindParent(std::string_view name);
     // The record in EDIT mode; 0 in INPUT mode.
     void SetRecordInEdit(int qb_id) { recordInEdit_ = qb_id; }
 
@@ -64,6 +72,7 @@ private:
     };
 
     std::string GenusOnForm() const;
+    std::string ParentsWanted() const;
     Choices Read(const std::string& sql) const;
     Choices ReadKept(Kept& kept, const std::string& sql) const;
     // The result of `read`; empty when it fails, which is reported.
@@ -77,6 +86,7 @@ private:
     Prompter& prompter_;
     TaxonControls& tab_;
     int recordInEdit_ = 0;
+    std::string parentsOffered_;  // what ParentsWanted() was when the parents were offered
     Kept authors_, genera_;
 };
 

@@ -1,9 +1,11 @@
 #include "editor/taxon_tab.h"
 
+#include <initializer_list>
 #include <utility>
 
 #include "core/attempt.h"
 #include "core/names.h"
+#include "core/text.h"
 
 namespace quillon::editor {
 
@@ -11,20 +13,72 @@ void TaxonTab::Connect(ApplicationState& state, Prompter& prompter) {
     RecordTab::Connect(state, prompter);
     lists_ = std::make_unique<TaxonLists>(state, prompter, *this);
     fields_ = std::make_unique<TaxonFields>(state, prompter, *this, *lists_);
+    usage_ = std::make_unique<UsageSwitch>(state, prompter, *this);
+    usage_->Changed.Connect([this](bool rejected) { UsageChosen(rejected); });
     TrackChanges(state,
-                 {&cboRank,   &cboName1,      &cboName2,         &txtName1,       &txtName2,    &txtName3,
-                  &txtName4,  &chkHybrid1,    &chkHybrid2,       &chkHybrid3,     &chkQuad,     &chkUnnamed,
-                  &optValid,  &optInvalid,    &cboInvalidReason, &cboCredibility, &cboCoverage, &txtCurrency,
-                  &cboDPRank, &cboParentName, &chkParentUn,      &cboAuth,        &cboAuth2});
+                 {&cboRank,       &cboName1,         &cboName2,       &cboName3Rank, &txtName1,    &txtName2,
+                  &txtName3,      &txtName4,         &chkHybrid1,     &chkHybrid2,   &chkHybrid3,  &chkQuad,
+                  &chkUnnamed,    &cboInvalidReason, &cboCredibility, &cboCoverage,  &txtCurrency, &cboDPRank,
+                  &cboParentName, &chkParentUn,      &cboAuth,        &cboAuth2});
+    ConnectFields();
+}
+
+void TaxonTab::ConnectFields() {
+    cboRank.OnEdit([this] { RankChosen(); });
     cboName1.OnEdit([this] { Attempt(Outside(), [this] { lists_->FillSpeciesList(); }); });
-    cboDPRank.OnPick([this] {
-        State().RecordDirty = true;
-        if (!cboDPRank.Text().empty()) Attempt(Outside(), [this] { lists_->FillParentNameList(); });
-    });
+    chkHybrid3.OnEdit([this] { fields_->ChangeHybridFormula(); });
+    chkQuad.OnEdit([this] { Attempt(Outside(), [this] { QuadrinomialClicked(); }); });
+    // A name of the rank before is not chosen any more, though it stays as a text.
+    cboDPRank.OnEdit([this] { cboParentName.SetChoice({cboParentName.Text(), 0}); });
+    cboDPRank.OnPick([this] { ParentRankPicked(); });
+    cboParentName.OnEnter([this] { RefuseWithoutParentRank(); });
     cmdParen.OnClick([this] {
         fields_->AddParentheses();
         State().RecordDirty = true;
     });
+    for (Control* control : std::initializer_list<Control*>{&cboDPRank, &cboName1, &txtName1})
+        control->Observe([this] { RefreshParents(); });
+}
+
+void TaxonTab::RankChosen() {
+    const std::string before = std::exchange(shownRank_, cboRank.Text());
+    Attempt(Outside(), [this] { fields_->SetNameFieldsForRankChange(); });
+    RankShown(cboRank.Text());
+    Attempt(Outside(), [&] {
+        lists_->SetPRankList(cboRank.Text());
+        const int species = lists_->RankIdOf("Species");
+        const auto isBelow = [&](const std::string& rank) { return lists_->RankIdOf(rank) >= species; };
+        if (isBelow(cboRank.Text()) && !isBelow(before)) lists_->FillGenusList();
+        lists_->SetParentRankFromRank();
+        lists_->FillSpeciesList();
+    });
+    RefreshParents();
+}
+
+void TaxonTab::QuadrinomialClicked() {
+    fields_->ChangeQuadrinomial();
+    if (!chkQuad.Value()) return usage_->Accept();
+    const std::string usage = UpperCase(Trim(State().currentTaxon.usage));
+    if (usage == UpperCase(optValid.Caption())) usage_->Reject();
+}
+
+void TaxonTab::RefuseWithoutParentRank() {
+    if (!State().gDatabase) return Outside().Message("No DataSet is Open");
+    if (!cboDPRank.Text().empty()) return;
+    Outside().Message(
+        "Rank of the Direct Parent must be entered before a pick list of Parent names can be supplied!");
+    cboDPRank.TakeFocus();
+}
+
+void TaxonTab::ParentRankPicked() {
+    State().RecordDirty = true;
+    if (cboDPRank.Text().empty()) return;
+    Attempt(Outside(), [this] { lists_->FillParentNameList(); });
+}
+
+void TaxonTab::RefreshParents() {
+    cboParentName.SetTabStop(!cboDPRank.Text().empty());
+    Attempt(Outside(), [this] { lists_->RefreshParents(); });
 }
 
 void TaxonTab::OfferLists() {
@@ -42,6 +96,7 @@ void TaxonTab::OfferLists() {
 }
 
 void TaxonTab::Clear() {
+    usage_->Forget();
     ClearFields();
     cboDPRank.Clear();
     cboParentName.Clear();
@@ -49,6 +104,7 @@ void TaxonTab::Clear() {
 }
 
 void TaxonTab::ClearForNextEntry() {
+    usage_->Forget();
     if (!KeptForNextEntry(State().gPrefSaveAuthor)) {
         cboAuth.SetText("");
         cboAuth2.SetText("");
@@ -69,7 +125,8 @@ void TaxonTab::Load(int) {
     lists_->FillReasonList();
     lists_->FillAuthorLists();
     fields_->ShowTaxon();
-    RankShown(cboRank.Text());
+    if (fields_->HasRejected()) usage_->ClearParent();
+    ShowRank();
     if (!txtKingdom.Text().empty()) {
         State().gKingdomName = txtKingdom.Text();
         State().gKingdomId = State().currentTaxon.kingdom_id;
@@ -102,18 +159,24 @@ void TaxonTab::ApplyPreferences(EditorMode mode) {
 
 void TaxonTab::SetFieldsForRank() {
     fields_->SetFieldsForRank();
-    RankShown(cboRank.Text());
+    ShowRank();
 }
 
-void TaxonTab::EnterParent(const std::string& rank, int rank_id, const std::string& name) {
+void TaxonTab::ShowRank() {
+    shownRank_ = cboRank.Text();
+    RankShown(shownRank_);
+}
+
+void TaxonTab::EnterParent(const std::string& rank, int rank_id, const std::string& name, int qb_id) {
     // The user has already confirmed a rank that the record's own rank does not allow.
     if (!rank.empty() && cboDPRank.FindText(rank) < 0) cboDPRank.AddItem(rank, rank_id);
     cboDPRank.SetText(rank);
     if (!rank.empty()) lists_->FillParentNameList();
-    cboParentName.SetText(name);
+    cboParentName.SetChoice({name, qb_id});
 }
 
 std::string TaxonTab::EnteredUnit(int unit) const {
+    if (fields_->IsDropped(unit)) return {};
     switch (unit) {
         case 1:
             return cboName1.Visible() ? cboName1.Text() : txtName1.Text();
@@ -126,14 +189,19 @@ std::string TaxonTab::EnteredUnit(int unit) const {
     }
 }
 
+std::string TaxonTab::EnteredHybridAuthor() const {
+    return fields_->IsHybridAuthorDropped() ? std::string() : cboAuth2.Text();
+}
+
 int TaxonTab::ChosenParent() const {
     const CurrentTaxon& taxon = State().currentTaxon;
-    const bool isUntouched = taxon.parent_qb_id != 0 && cboParentName.Text() == taxon.parent_name &&
-                             cboDPRank.Text() == taxon.parent_rank_name;
-    if (isUntouched) return 0;
-    const int chosen = cboParentName.ListIndex();
-    const int place = chosen >= 0 ? chosen : cboParentName.FindText(cboParentName.Text());
-    return static_cast<int>(cboParentName.ItemData(place));
+    const std::string& name = cboParentName.Text();
+    if (name.empty() || cboDPRank.Text().empty()) return 0;
+    auto chosen = static_cast<int>(cboParentName.PickedData());
+    const bool readsAsStored =
+        taxon.parent_qb_id != 0 && name == taxon.parent_name && cboDPRank.Text() == taxon.parent_rank_name;
+    if (chosen == 0 && !readsAsStored) chosen = lists_->FindParent(name);
+    return chosen == taxon.parent_qb_id ? 0 : chosen;
 }
 
 std::string TaxonTab::CurrentTaxonName() const {
@@ -164,8 +232,9 @@ void TaxonTab::TakePreferredRank() {
 
 // Names, usage and ratings. The kingdom is that of the DataSet, and the rank is the preferred one.
 void TaxonTab::ClearOtherFields() {
-    const std::string kingdom = txtKingdom.Text(), parentRank = cboDPRank.Text(),
-                      parent = cboParentName.Text(), author = cboAuth.Text(), hybridAuthor = cboAuth2.Text();
+    const std::string kingdom = txtKingdom.Text(), parentRank = cboDPRank.Text(), author = cboAuth.Text(),
+                      hybridAuthor = cboAuth2.Text();
+    const ChoiceControl::Choice parent{cboParentName.Text(), cboParentName.PickedData()};
     const bool keepsParent = cboDPRank.ListCount() > 0;
     ClearFields();
     txtKingdom.SetText(kingdom);
@@ -174,7 +243,7 @@ void TaxonTab::ClearOtherFields() {
     optValid.SetValue(false);
     if (keepsParent) lists_->SetPRankList(State().gPrefRank);
     cboDPRank.SetText(parentRank);
-    cboParentName.SetText(parent);
+    cboParentName.SetChoice(parent);
     cboAuth.SetText(author);
     cboAuth2.SetText(hybridAuthor);
 }

@@ -14,6 +14,7 @@
 #include "editor/taxon_controls.h"
 #include "editor/taxon_fields.h"
 #include "editor/taxon_lists.h"
+#include "editor/usage_switch.h"
 
 namespace quillon::editor {
 
@@ -35,17 +36,21 @@ public:
 
     // The rank in cboRank has changed, or is shown again.
     Signal<std::string_view> RankShown;
+    // The user has chosen a usage; true when the name is not accepted now. The synonyms or accepted names on
+    // the form are no longer those of the record.
+    Signal<bool> UsageChosen;
     // Shows the fields that the rank in cboRank needs.
     void SetFieldsForRank();
     // Enters a parent that was chosen elsewhere; "" as its rank for none.
-    void EnterParent(const std::string& rank, int rank_id, const std::string& name);
-    // What a save takes for the unit 1 to 4 of the name: the text of the field that is shown for it.
+    void EnterParent(const std::string& rank, int rank_id, const std::string& name, int qb_id);
+
+    // What a save takes for the unit 1 to 4 of the name, and for the two authors: the text of the field, but
+    // "" for a field that the user's own change of rank or hybrid formula has hidden.
     std::string EnteredUnit(int unit) const;
-    // What a save takes for the two authors: the taxon's, and that of a hybrid.
     std::string EnteredAuthor() const { return cboAuth.Text(); }
-    std::string EnteredHybridAuthor() const { return cboAuth2.Text(); }
-    // The parent that the user has chosen; 0 while the parent is the one of CurrentTaxon, and for a text that
-    // no name of the list has.
+    std::string EnteredHybridAuthor() const;
+    // The parent that the user has chosen: a choice of the list, or the first one that reads as the typed
+    // text. 0 while the parent is the one of CurrentTaxon, and when the list does not have the text.
     int ChosenParent() const;
     // The name of the taxon under edit, from its record or from the fields.
     std::string CurrentTaxonName() const;
@@ -57,6 +62,13 @@ public:
     std::string rankAsLoaded;
 
 private:
+    void ConnectFields();
+    void ShowRank();
+    void RankChosen();
+    void QuadrinomialClicked();
+    void RefuseWithoutParentRank();
+    void ParentRankPicked();
+    void RefreshParents();
     void ShowPreferredRank();
     void TakePreferredRank();
     void ClearOtherFields();
@@ -64,7 +76,9 @@ private:
 
     std::unique_ptr<TaxonLists> lists_;
     std::unique_ptr<TaxonFields> fields_;
+    std::unique_ptr<UsageSwitch> usage_;
     std::string appliedRank_;  // the gPrefRank applied last
+    std::string shownRank_;    // the rank whose fields are shown
 };
 
 }  // namespace quillon::editor

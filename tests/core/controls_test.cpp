@@ -129,6 +129,49 @@ TEST(TextControl, BoundsWhatTheUserTypesInCharacters) {
     EXPECT_EQ(sample.txtName1.Text(), "longer by the program");
 }
 
+TEST(Control, TheFocusRunsRulesOfItsOwn) {
+    SampleForm sample;
+    std::string log;
+    sample.txtName1.OnEnter([&] { log += "entered;"; });
+    sample.txtName1.OnLeave([&] { log += "left;"; });
+    sample.txtName1.UserEnter();
+    sample.txtName1.UserLeave();
+    EXPECT_EQ(log, "entered;left;");
+}
+
+TEST(OptionControl, ARefusedChoiceChangesNothing) {
+    SampleForm sample;
+    sample.optValid.SetValue(true);
+    bool allows = false;
+    int edits = 0, shown = 0;
+    sample.optInvalid.OnChoosing([&] { return allows; });
+    sample.optInvalid.OnEdit([&] { ++edits; });
+    sample.optValid.Observe([&] { ++shown; });
+    EXPECT_FALSE(sample.optInvalid.UserChoose());
+    EXPECT_TRUE(sample.optValid.Value());
+    EXPECT_EQ(edits, 0);
+    EXPECT_EQ(shown, 1) << "a window shows the group as it is";
+    allows = true;
+    EXPECT_TRUE(sample.optInvalid.UserChoose());
+    EXPECT_EQ(edits, 1);
+}
+
+TEST(ComboControl, KnowsWhichOfEqualTextsWasTaken) {
+    SampleForm sample;
+    sample.cboAuth.SetChoices({{"Cetus", 6}, {"Cetus", 7}});
+    EXPECT_TRUE(sample.cboAuth.UserSetText("Cetus"));
+    EXPECT_EQ(sample.cboAuth.PickedData(), 0);
+    EXPECT_TRUE(sample.cboAuth.UserChoose(0)) << "the first one, not just its text";
+    EXPECT_EQ(sample.cboAuth.PickedData(), 6);
+    EXPECT_FALSE(sample.cboAuth.UserChoose(0));
+    EXPECT_TRUE(sample.cboAuth.UserChoose(1));
+    EXPECT_EQ(sample.cboAuth.PickedData(), 7);
+    EXPECT_TRUE(sample.cboAuth.UserSetText("Cetu"));
+    EXPECT_EQ(sample.cboAuth.PickedData(), 0);
+    sample.cboAuth.SetChoice({"Orca", 9});
+    EXPECT_EQ(sample.cboAuth.Text() + std::to_string(sample.cboAuth.PickedData()), "Orca9");
+}
+
 TEST(OptionControl, ChoosingOneClearsTheOthersOfItsGroup) {
     SampleForm sample;
     sample.optValid.SetValue(true);
