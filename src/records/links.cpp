@@ -74,20 +74,61 @@ bool IsLinkedBesides(const RecordStore& records, int qb_id, std::int64_t qb_vern
     return HasRow(others);
 }
 
-void WriteLinkTombstone(const RecordStore& records, const Link& link) {
+using Keys = std::array<std::optional<Value>, 4>;
+
+// The keys of the link's tombstone; nothing when it leaves none.
+std::optional<Keys> TombstoneKeysOf(const RecordStore& records, const Link& link) {
     const auto row = records.database.CreateSnapshot(std::string(link.readKeys) + link.condition + ";");
-    if (row->Eof()) return;
+    if (row->Eof()) return std::nullopt;
     for (const std::string_view column : link.needed) {
-        if (row->Get(column).AsLong() == 0) return;
+        if (row->Get(column).AsLong() == 0) return std::nullopt;
     }
-    std::array<std::optional<Value>, 4> keys;
+    Keys keys;
     for (std::size_t place = 0; place < link.keys.size(); ++place) keys[place] = row->Get(link.keys[place]);
-    WriteTombstone(records, link.table_name, *keys[0], keys[1], keys[2], keys[3]);
+    return keys;
+}
+
+// Runs `query`, by which the link goes. A link that stays leaves no tombstone. False when the query failed,
+// which has been reported.
+bool RemoveLink(const RecordStore& records, const Link& link, const store::QueryDef& query) {
+    const std::optional<Keys> keys = TombstoneKeysOf(records, link);
+    if (!records.RunUnit(query)) return false;
+    if (keys) WriteTombstone(records, link.table_name, *(*keys)[0], (*keys)[1], (*keys)[2], (*keys)[3]);
+    return true;
 }
 
 std::string DocumentCondition(std::string_view prefix, int docId, int qb_id) {
     return "qb_documentation_id_prefix = \"" + std::string(prefix) +
            "\" and qb_documentation_id = " + std::to_string(docId) + " and qb_id = " + std::to_string(qb_id);
+}
+
+Link ReferenceLink(int qb_id, int docId, std::string_view prefix) {
+    return {kReferenceLinkKeys,
+            DocumentCondition(prefix, docId, qb_id),
+            "reference_links",
+            {"documentation_id", "tsn"},
+            {"qb_documentation_id_prefix", "documentation_id", "tsn"}};
+}
+
+Link VernRefLink(int qb_id, int docId, std::int64_t qb_vern_id, std::string_view prefix) {
+    return {kVernRefLinkKeys,
+            DocumentCondition(prefix, docId, qb_id) + " and qb_vern_id = " + std::to_string(qb_vern_id),
+            "vern_ref_links",
+            {"documentation_id", "tsn"},
+            {"qb_documentation_id_prefix", "documentation_id", "tsn", "vern_id"}};
+}
+
+bool RemoveReference(const RecordStore& records, int qb_id, int docId, std::string_view prefix) {
+    store::QueryDef query = records.database.OpenQueryDef("Delete Reference Link");
+    query.Set("qbid", qb_id).Set("prefix", prefix).Set("docid", docId);
+    return RemoveLink(records, ReferenceLink(qb_id, docId, prefix), query);
+}
+
+bool RemoveVernReference(const RecordStore& records, int qb_id, int docId, std::int64_t qb_vern_id,
+                         std::string_view prefix) {
+    store::QueryDef query = records.database.OpenQueryDef("Delete VReference Link");
+    query.Set("qbid", qb_id).Set("prefix", prefix).Set("docid", docId).Set("qbvernid", qb_vern_id);
+    return RemoveLink(records, VernRefLink(qb_id, docId, qb_vern_id, prefix), query);
 }
 
 void WriteSynonymTombstones(const RecordStore& records, std::string_view keyColumn, int qb_id) {
@@ -107,29 +148,22 @@ void DeleteCommentLink(const RecordStore& records, int qb_id, int commentId) {
         store::QueryDef check = records.database.OpenQueryDef("Check Comment Links");
         check.Set("qbid", qb_id).Set("comID", commentId);
         if (!HasRow(check)) DeleteComment(records, commentId);
-        WriteLinkTombstone(records, {kCommentLinkKeys,
-                                     "qb_id = " + std::to_string(qb_id) +
-                                         " and qb_comment_id = " + std::to_string(commentId),
-                                     "tu_comments_link",
-                                     {"tsn", "comment_id"},
-                                     {"tsn", "comment_id"}});
         store::QueryDef query = records.database.OpenQueryDef("Delete Comment Link");
         query.Set("qbid", qb_id).Set("comID", commentId);
-        records.RunUnit(query);
+        RemoveLink(records,
+                   {kCommentLinkKeys,
+                    "qb_id = " + std::to_string(qb_id) + " and qb_comment_id = " + std::to_string(commentId),
+                    "tu_comments_link",
+                    {"tsn", "comment_id"},
+                    {"tsn", "comment_id"}},
+                   query);
     });
 }
 
 void DeleteReferenceLink(const RecordStore& records, int qb_id, int docId, std::string_view prefix) {
     records.Reporting([&] {
         if (!IsLinkedElsewhere(records, qb_id, docId, prefix)) DeleteDocument(records, prefix, docId);
-        WriteLinkTombstone(records, {kReferenceLinkKeys,
-                                     DocumentCondition(prefix, docId, qb_id),
-                                     "reference_links",
-                                     {"documentation_id", "tsn"},
-                                     {"qb_documentation_id_prefix", "documentation_id", "tsn"}});
-        store::QueryDef query = records.database.OpenQueryDef("Delete Reference Link");
-        query.Set("qbid", qb_id).Set("prefix", prefix).Set("docid", docId);
-        records.RunUnit(query);
+        RemoveReference(records, qb_id, docId, prefix);
     });
 }
 
@@ -144,16 +178,33 @@ void DeleteVernRefLink(const RecordStore& records, int qb_id, std::string_view p
         const auto docId = static_cast<int>(Value(value.substr(0, separator)).AsLong());
         const std::int64_t vernId = Value(value.substr(separator + 1)).AsLong();
         if (!IsLinkedBesides(records, qb_id, vernId, docId, prefix)) DeleteDocument(records, prefix, docId);
-        WriteLinkTombstone(
-            records, {kVernRefLinkKeys,
-                      DocumentCondition(prefix, docId, qb_id) + " and qb_vern_id = " + std::to_string(vernId),
-                      "vern_ref_links",
-                      {"documentation_id", "tsn"},
-                      {"qb_documentation_id_prefix", "documentation_id", "tsn", "vern_id"}});
-        store::QueryDef query = records.database.OpenQueryDef("Delete VReference Link");
-        query.Set("qbid", qb_id).Set("prefix", prefix).Set("docid", docId).Set("qbvernid", vernId);
-        records.RunUnit(query);
+        RemoveVernReference(records, qb_id, docId, vernId, prefix);
     });
+}
+
+bool RemoveReferenceLink(const RecordStore& records, int qb_id, int docId, std::string_view prefix) {
+    bool removed = false;
+    records.Reporting([&] { removed = RemoveReference(records, qb_id, docId, prefix); });
+    return removed;
+}
+
+bool RemoveVernRefLink(const RecordStore& records, int qb_id, int docId, std::int64_t qb_vern_id,
+                       std::string_view prefix) {
+    bool removed = false;
+    records.Reporting([&] { removed = RemoveVernReference(records, qb_id, docId, qb_vern_id, prefix); });
+    return removed;
+}
+
+bool MoveVernRefLink(const RecordStore& records, int qb_id, int docId, std::string_view prefix,
+                     std::int64_t from, std::int64_t to, std::string_view vernacular_name) {
+    bool moved = false;
+    records.Reporting([&] {
+        store::QueryDef query = records.database.OpenQueryDef("Update VVern_Ref Link");
+        query.Set("qbid", qb_id).Set("prefix", prefix).Set("qbdocid", docId);
+        query.Set("vern", vernacular_name).Set("oldqbvernid", from).Set("vernid", to);
+        moved = RemoveLink(records, VernRefLink(qb_id, docId, from, prefix), query);
+    });
+    return moved;
 }
 
 void DeleteReferenceLinks(const RecordStore& records, int qb_id) {

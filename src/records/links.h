@@ -3,6 +3,7 @@
 // Links with a key of the authority leave a tombstone. Every procedure reports its failures and returns.
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 
 #include "records/record_store.h"
@@ -15,6 +16,15 @@ void DeleteReferenceLink(const RecordStore& records, int qb_id, int docId, std::
 // `value` is the document's id, "|", and the qb_vern_id.
 void DeleteVernRefLink(const RecordStore& records, int qb_id, std::string_view prefix,
                        std::string_view value);
+
+// Remove one link, but never its document. False when that failed, which has been reported.
+bool RemoveReferenceLink(const RecordStore& records, int qb_id, int docId, std::string_view prefix);
+bool RemoveVernRefLink(const RecordStore& records, int qb_id, int docId, std::int64_t qb_vern_id,
+                       std::string_view prefix);
+// Lets the link refer to another vernacular of the taxon, under `vernacular_name`. The link that it was
+// leaves its tombstone. False when that failed, which has been reported.
+bool MoveVernRefLink(const RecordStore& records, int qb_id, int docId, std::string_view prefix,
+                     std::int64_t from, std::int64_t to, std::string_view vernacular_name);
 
 // Delete all links of the taxon. These two throw StoreError when the links cannot be read.
 void DeleteCommentLinks(const RecordStore& records, int qb_id);
