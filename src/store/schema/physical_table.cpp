@@ -36,7 +36,7 @@ struct LookupIndex {
 constexpr std::string_view kDocumentColumns = "qb_documentation_id_prefix COLLATE QLN, qb_documentation_id";
 constexpr std::string_view kHasPrefix = "qb_documentation_id_prefix IS NOT NULL";
 
-constexpr std::array<LookupIndex, 18> kLookups = {{
+constexpr std::array<LookupIndex, 21> kLookups = {{
     {"qb_taxonomic_units", "~parent", "parent_qb_id", true},
     {"qb_taxonomic_units", "~rank", "rank_id", true},
     {"qb_taxonomic_units", "~name",
@@ -56,6 +56,10 @@ constexpr std::array<LookupIndex, 18> kLookups = {{
     {"qb_publications", "~id", "qb_publication_id", true},
     {"qb_experts", "~id", "qb_expert_id", true},
     {"qb_other_sources", "~id", "qb_source_id", true},
+    {"qb_publications", "~content",
+     "reference_author COLLATE QLN, publication_name COLLATE QLN, title COLLATE QLN", true},
+    {"qb_experts", "~content", "expert COLLATE QLN", true},
+    {"qb_other_sources", "~content", "source COLLATE QLN", true},
     {"qb_change_tracks", "~taxon", "qb_id", true},
 }};
 
