@@ -23,6 +23,15 @@ void Association::Offer(const std::vector<ChoiceControl::Choice>& vernaculars) {
     picker.SetText(text);
 }
 
+int Association::IdOf(std::string_view vernacular) const {
+    return static_cast<int>(picker.ItemData(picker.FindText(vernacular)));
+}
+
+std::string Association::NameOf(int qb_vern_id) const {
+    const int index = qb_vern_id == 0 ? -1 : picker.FindItemData(qb_vern_id);
+    return index < 0 ? std::string() : picker.Choices()[static_cast<std::size_t>(index)].text;
+}
+
 void Association::ShowPicker() {
     const bool shown = words.Text() != kScientificName;
     picker.SetVisible(shown);

@@ -27,6 +27,13 @@ struct Association {
     // Replaces the vernaculars to pick from; the picker keeps its text.
     void Offer(const std::vector<ChoiceControl::Choice>& vernaculars);
 
+    // The qb_vern_id of a vernacular among those to pick from; 0 when it is not one of them, or is not stored
+    // yet.
+    int IdOf(std::string_view vernacular) const;
+    int PickedId() const { return IdOf(picker.Text()); }
+    // The vernacular with that id among those to pick from; "" when there is none, and for 0.
+    std::string NameOf(int qb_vern_id) const;
+
     ComboControl words;
     // Its text may be missing from its list: it is the vernacular that the row was loaded with.
     ComboControl picker;

@@ -31,10 +31,18 @@ constexpr std::array<Field, 12> kPublicationFields = {{
 // Author, actual date, publication, title.
 constexpr std::array<std::size_t, 4> kPublicationNarrowing = {0, 2, 4, 3};
 
+constexpr std::array<RequiredField, 3> kPublicationRequired = {{
+    {4, "A Publication is required!"},
+    {0, "An Author is required!"},
+    {2, "An Actual Date is required!"},
+}};
+
 constexpr std::array<Field, 2> kExpertFields = {{
     {"Expert",   30, "expert",      "cboExpert",      kPick, 100},
     {"Comments", 50, "exp_comment", "txtExpComments", kText, 0, "", false, true},
 }};
+
+constexpr std::array<RequiredField, 1> kExpertRequired = {{{0, "An Expert is required!"}}};
 
 constexpr std::array<Field, 5> kSourceFields = {{
     {"Source",      34, "source",           "cboSource",     kPick, 64},
@@ -43,7 +51,11 @@ constexpr std::array<Field, 5> kSourceFields = {{
     {"Acquis Date", 13, "acquisition_date", "txtADate",      kText, 10},
     {"Comments",    40, "source_comment",   "txtOSComments", kText},
 }};
+constexpr std::array<RequiredField, 1> kSourceRequired = {{{0, "A Source is required!"}}};
 // clang-format on
+
+// Author, publication, title.
+constexpr std::array<std::size_t, 3> kPublicationIndex = {0, 4, 3};
 
 // "Assocociated With" is the established spelling of that heading.
 constexpr DocumentDescription kPublicationTab = {
@@ -69,6 +81,15 @@ constexpr DocumentDescription kPublicationTab = {
     .pickQuery = "",
     .pickParameter = "",
     .narrowing = kPublicationNarrowing,
+    .required = kPublicationRequired,
+    .modifiesTracked = true,
+    .storing = {.nullMatchesAll = true,
+                .indexed = kPublicationIndex,
+                .trims = true,
+                .writesIds = true,
+                .duplicate =
+                    "You cannot update the Publications record for author = {0} because it would create "
+                    "a duplicate publications record with qb_publication_id of {2}."},
 };
 constexpr DocumentDescription kExpertTab = {
     .kind = kExperts,
@@ -93,6 +114,12 @@ constexpr DocumentDescription kExpertTab = {
     .pickQuery = "Get Expert Comment",
     .pickParameter = "exp",
     .narrowing = {},
+    .required = kExpertRequired,
+    .modifyAlwaysEnabled = true,
+    .storing = {.clears = true,
+                .duplicate =
+                    "You cannot update the Expert record for expert = {0} and comment = {1} because it "
+                    "would create a duplicate expert record with qb_expert_id of {2}."},
 };
 constexpr DocumentDescription kOtherSourceTab = {
     .kind = kOtherSources,
@@ -117,9 +144,24 @@ constexpr DocumentDescription kOtherSourceTab = {
     .pickQuery = "Get Source Data",
     .pickParameter = "src",
     .narrowing = {},
+    .required = kSourceRequired,
+    .modifyAlwaysEnabled = true,
+    .storing = {.duplicate =
+                    "You cannot update the Other Sources record for author = {0} because it would create "
+                    "a duplicate other sources record with quillon source id of {2}.",
+                .noVernacular =
+                    "in ProcessOtherSource: No record found for qb_id of {0} with vernacular[language] "
+                    "of {1}[{2}].",
+                .linkChanged = "The Reference Link has changed for qb_source_id = {0} to {1}"},
 };
 
 }  // namespace
+
+std::size_t DocumentDescription::LinkField() const {
+    for (std::size_t i = 0; i < fields.size(); ++i)
+        if (fields[i].ofLink) return i;
+    return kNoField;
+}
 
 std::vector<GridControl::Column> DocumentDescription::GridColumns() const {
     const auto text = [](std::string_view heading) { return std::string(heading); };

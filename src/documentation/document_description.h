@@ -31,6 +31,32 @@ struct DocumentField {
     bool alwaysEnabled = false;
 };
 
+// A field that a new row must fill, and the message without it.
+struct RequiredField {
+    std::size_t field;
+    std::string_view message;
+};
+
+// How documents of a kind are stored, and found again by their content.
+struct DocumentStoring {
+    // A stored Null equals any text of a new row; otherwise it equals only an empty one.
+    bool nullMatchesAll = false;
+    // The fields whose columns have an index together: candidates are found through it.
+    std::span<const std::size_t> indexed = {};
+    // Texts are stored without the blanks at their ends.
+    bool trims = false;
+    // Each save writes the prefix and the authority's id too.
+    bool writesIds = false;
+    // An emptied field is emptied in the store; otherwise it keeps what is stored.
+    bool clears = false;
+    // Messages; an empty one is not shown. {0} and {1} are the first two fields, {2} the other document's id.
+    std::string_view duplicate = {};
+    // {0} is the qb_id of the taxon, {1} the name, {2} the language.
+    std::string_view noVernacular = {};
+    // {0} and {1} are the ids of the document before and after.
+    std::string_view linkChanged = {};
+};
+
 struct DocumentDescription {
     const DocumentKind& kind;
     std::string_view grid;
@@ -49,6 +75,17 @@ struct DocumentDescription {
     std::string_view pickQuery, pickParameter;
     // Indexes of fields, in the order of their terms in a statement.
     std::span<const std::size_t> narrowing;
+    // In the order in which a new row is checked.
+    std::span<const RequiredField> required;
+    // The command that modifies stays enabled in a row that belongs to a change track.
+    bool modifyAlwaysEnabled = false;
+    // The change tracking form has the command too.
+    bool modifiesTracked = false;
+    DocumentStoring storing = {};
+
+    // The field of the link; kNoField when the kind has none.
+    std::size_t LinkField() const;
+    static constexpr std::size_t kNoField = static_cast<std::size_t>(-1);
 
     // The columns of the grid: the name, the fields, then those of DocumentColumns.
     std::vector<GridControl::Column> GridColumns() const;

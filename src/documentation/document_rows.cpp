@@ -16,16 +16,16 @@ constexpr std::string_view kUnspecified = "unspecified";
 constexpr std::string_view kLanguage =
     "PARAMETERS vernacular Long; SELECT language FROM qb_vernaculars WHERE qb_vern_id = vernacular;";
 
-// Both tables of links. The order of the first columns is that of the rows: association, document,
+// Both tables of links. The order of the first columns is that of the rows: document, association,
 // vernacular.
 constexpr std::string_view kRows =
     "PARAMETERS taxon Long; "
-    "SELECT '{scientific}' As assoc, {qbId}, {id}, 0 As qb_vern_id, vernacular_name, "
+    "SELECT {qbId}, '{scientific}' As assoc, {id}, 0 As qb_vern_id, vernacular_name, "
     "qb_change_track_id{ofName} "
     "FROM qb_reference_links INNER JOIN {table} ON qb_reference_links.qb_documentation_id = {table}.{qbId} "
     "WHERE qb_id = taxon AND qb_documentation_id_prefix = '{prefix}' "
     "UNION "
-    "SELECT '{vernacular}' As assoc, {qbId}, {id}, qb_vern_id, vernacular_name, "
+    "SELECT {qbId}, '{vernacular}' As assoc, {id}, qb_vern_id, vernacular_name, "
     "NULL As qb_change_track_id{ofVernacular} "
     "FROM qb_vern_ref_links INNER JOIN {table} ON qb_vern_ref_links.qb_documentation_id = {table}.{qbId} "
     "WHERE qb_id = taxon AND qb_documentation_id_prefix = '{prefix}';";

@@ -10,9 +10,9 @@
 
 namespace quillon::documentation {
 
-// The rows of the taxon `qb_id`: those of its name first, then those of its vernaculars, each by the key of
-// the document. The first column shows `scientificName` or "vernacular [language]"; the language of a deleted
-// vernacular is "unspecified". Throws StoreError.
+// The rows of the taxon `qb_id`, by the key of the document: for each, that of the name first, then those of
+// the vernaculars. The first column shows `scientificName` or "vernacular [language]"; the language of a
+// deleted vernacular is "unspecified". Throws StoreError.
 std::vector<GridControl::Row> ReadDocumentRows(store::Database& database,
                                                const DocumentDescription& description, int qb_id,
                                                std::string_view scientificName);

@@ -13,6 +13,7 @@ namespace quillon::documentation {
 namespace {
 
 constexpr std::string_view kYes = "Yes";
+constexpr std::size_t kSnapshotCells = 20;
 
 std::unique_ptr<Control> ControlOf(Form& form, const DocumentField& field) {
     std::string name(field.control);
@@ -61,13 +62,15 @@ DocumentationTab::DocumentationTab(Form& form, const DocumentDescription& descri
       description_(description),
       columns_(description),
       purpose_(purpose),
-      fields_(ControlsOf(form, description)) {
+      fields_(ControlsOf(form, description)),
+      fieldSnapshot_(kSnapshotCells) {
     for (TextControl* key : {&qbId, &id}) key->SetLocked(true);
-    for (ButtonControl* command : {&add, &modify, &remove}) command->SetEnabled(false);
+    if (purpose == FormPurpose::ChangeTracking) modify.SetVisible(description.modifiesTracked);
 }
 
 void DocumentationTab::Connect(ApplicationState& state, Prompter& prompter) {
     RecordTab::Connect(state, prompter);
+    ConnectCommands();
     grid.OnEdit([this] { ShowRow(grid.SelectedRow()); });
     grid.OnActivate([this] { ShowRow(grid.SelectedRow()); });
     for (std::size_t i = 0; i < fields_.size(); ++i)
@@ -88,6 +91,7 @@ void DocumentationTab::OfferLists() {
 
 void DocumentationTab::Clear() {
     const ChangeScope scope(form_);
+    pending_ = {};
     grid.ClearRows();
     ShowRow(0);
 }
@@ -96,8 +100,26 @@ void DocumentationTab::ClearForNextEntry() {
     if (!KeptForNextEntry(State().gPrefSaveReferences)) Clear();
 }
 
+void DocumentationTab::EnterMode(EditorMode mode) {
+    const ChangeScope scope(form_);
+    pending_ = {};
+    if (mode == EditorMode::Input) {
+        for (int row = 0; grid.IsDataRow(row); ++row)
+            grid.SetCell(static_cast<std::size_t>(row), columns_.changeTrack, "0");
+    }
+    hasDataSet_ = mode != EditorMode::None;
+    SetFieldsEnabled(!ShowsTracked());
+}
+
+// Whether the selected row belongs to a change track.
+bool DocumentationTab::ShowsTracked() const {
+    const GridControl::Row* cells = grid.SelectedData();
+    return cells != nullptr && (*cells)[columns_.changeTrack] != "0";
+}
+
 void DocumentationTab::Load(int qb_id) {
     const ChangeScope scope(form_);
+    pending_ = {};
     grid.ClearRows();
     if (State().gDatabase) {
         Attempt(Outside(), [&] {
@@ -105,8 +127,16 @@ void DocumentationTab::Load(int qb_id) {
                                               ScientificName(State().currentTaxon)));
         });
     }
-    grid.SetSelectedRow(0);
-    ShowRow(0);
+    SelectAndShow(0);
+}
+
+void DocumentationTab::SelectAndShow(int row) {
+    grid.SetSelectedRow(row);
+    ShowRow(row);
+}
+
+std::string DocumentationTab::NameOfTaxon() const {
+    return nameSource_ ? nameSource_() : ScientificName(State().currentTaxon);
 }
 
 void DocumentationTab::ReloadList() {
@@ -154,12 +184,16 @@ void DocumentationTab::SetText(std::size_t field, std::string_view text) {
 }
 
 void DocumentationTab::ShowCells(const GridControl::Row& cells) {
+    fieldSnapshot_ = cells;
+    fieldSnapshot_.resize(kSnapshotCells);
     for (std::size_t i = 0; i < fields_.size(); ++i) SetText(i, cells[DocumentColumns::OfField(i)]);
     qbId.SetText(cells[columns_.qbId]);
     id.SetText(cells[columns_.id]);
 }
 
 void DocumentationTab::SetFieldsEnabled(bool enabled) {
+    for (ButtonControl* command : {&add, &remove}) command->SetEnabled(hasDataSet_ && enabled);
+    modify.SetEnabled(hasDataSet_ && (enabled || description_.modifyAlwaysEnabled));
     for (std::size_t i = 0; i < fields_.size(); ++i)
         fields_[i]->SetEnabled(enabled || description_.fields[i].alwaysEnabled);
 }

@@ -1,14 +1,15 @@
 // A tab for the documents of a taxon: publications, experts or other sources. One class serves all three; a
 // description names the fields and controls of each.
 //
-// RecView has three of these tabs, and the form for change tracks will have the same three. Nothing here
-// writes to the DataSet: the commands, disabled until they exist, will change the grid, and a save will store
-// its rows.
+// RecView has three of these tabs, and the form for change tracks has the same three. The commands change
+// only the grid and the lists of what a save has to remove; they write nothing to the DataSet.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "core/entry_grid.h"
@@ -24,6 +25,20 @@ namespace quillon::documentation {
 // record and editable in the change tracking form.
 enum class FormPurpose { Record, ChangeTracking };
 
+// The links of rows that the user has deleted, for the next save.
+struct PendingDeletes {
+    std::vector<int> ofName;                 // document ids
+    std::vector<std::string> ofVernaculars;  // document id, "|", qb_vern_id
+    std::vector<int> ofChangeTrack;          // document ids; only in the change tracking form
+    bool operator==(const PendingDeletes&) const = default;
+};
+
+// The ids of the document that a save stored or found last; 0 before the first.
+struct DocumentIds {
+    int qbId = 0, id = 0;
+    bool operator==(const DocumentIds&) const = default;
+};
+
 class DocumentationTab : public RecordTab {
 public:
     // `description` outlives the tab.
@@ -38,6 +53,17 @@ public:
     void ClearForNextEntry() override;
     // Loads the rows of the taxon `qb_id`, with the name in CurrentTaxon, and selects and shows the first.
     void Load(int qb_id) override;
+    // The rows that a new record keeps belong to no change track, and nothing is pending for it.
+    void EnterMode(EditorMode mode) override;
+    bool SaveNew(const records::RecordStore& records) override { return InsertAllRows(records, 0); }
+    void SaveChanges(const records::RecordStore& records) override { SaveGrid(records, 0); }
+    void RefreshLists() override { ReloadList(); }
+
+    // What SaveNew and SaveChanges do, for links that belong to a change track. The first row that cannot be
+    // stored ends InsertAllRows with false; SaveGrid ends with false where a former link cannot be removed.
+    bool InsertAllRows(const records::RecordStore& records, int changeTrackId);
+    bool SaveGrid(const records::RecordStore& records, int changeTrackId);
+    DocumentIds LastDocIds() const { return lastDocIds_; }
 
     // Reloads all values of the first field into its list and keeps its text. For use after a save or an
     // import.
@@ -57,6 +83,28 @@ public:
     // Empties the fields but does not disable them.
     void ClearFields();
 
+    // The commands. Each makes the record a changed one, also when it is refused. A refusal is a message and
+    // changes nothing else; the field at fault takes the focus.
+    //
+    // Adds what the fields show as the last row, or the last two for "Both".
+    void Add();
+    // Replaces the selected row by what the fields show. All rows of one document show the same document.
+    // Does not require the fields that Add requires.
+    void Modify();
+    // Removes the selected row and selects the one before.
+    void Delete();
+
+    // The vernacular "name [language]" is gone: its rows leave the grid.
+    void RemoveVernacularRows(const std::string& name);
+    // A stored vernacular has another "name [language]".
+    void RenameVernacular(int qb_vern_id, const std::string& name);
+    // The name that new rows show. Without this it is that of CurrentTaxon.
+    void TakeNameFrom(std::function<std::string()> source) { nameSource_ = std::move(source); }
+
+    const PendingDeletes& Pending() const { return pending_; }
+    // The cells that were shown in the fields last, up to 20 of them; empty texts for a cleared form.
+    const GridControl::Row& FieldSnapshot() const { return fieldSnapshot_; }
+
     const DocumentDescription& Description() const { return description_; }
     // The control of a field, by its index in the description.
     Control& Field(std::size_t field) { return *fields_.at(field); }
@@ -72,6 +120,25 @@ public:
     ButtonControl add, modify, remove;
 
 private:
+    void ConnectCommands();
+    bool Refuse(std::string_view message, Control& field);
+    bool HasRequiredFields();
+    bool HasVernacular();
+    bool IsSecondOriginal(int except) const;
+    bool IsOriginalOfVernacular() const;
+    std::vector<std::string_view> ChosenAssociations() const;
+    bool EqualsFields(const GridControl::Row& cells, std::string_view word) const;
+    bool IsDuplicate(int except);
+    GridControl::Row NewRow(std::string_view word) const;
+    GridControl::Row ReplacementOf(const GridControl::Row& old, std::string_view word) const;
+    void ShareDocument(const GridControl::Row& cells);
+    void RememberDeleted(const GridControl::Row& cells);
+    void RemovePending(const records::RecordStore& records);
+    void SelectAndShow(int row);
+    bool ShowsTracked() const;
+    const GridControl::Row& CellsOf(int row) const { return grid.Rows()[static_cast<std::size_t>(row)]; }
+    std::string NameOfTaxon() const;
+
     void ShowCells(const GridControl::Row& cells);
     void SetFieldsEnabled(bool enabled);
     void TakeDocument(const store::Recordset& row, std::size_t firstField);
@@ -90,6 +157,12 @@ private:
     const DocumentColumns columns_;
     const FormPurpose purpose_;
     std::vector<std::unique_ptr<Control>> fields_;
+    std::function<std::string()> nameSource_;
+    int changeTrack_ = 0;  // of new rows
+    PendingDeletes pending_;
+    DocumentIds lastDocIds_;
+    bool hasDataSet_ = true;
+    GridControl::Row fieldSnapshot_;
 };
 
 }  // namespace quillon::documentation

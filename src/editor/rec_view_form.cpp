@@ -40,6 +40,8 @@ RecViewForm::RecViewForm() {
     vernaculars.NamesChanged.Connect([this](const auto& names) {
         for (auto* documents : {&publications, &experts, &otherSources}) documents->OfferVernaculars(names);
     });
+    for (auto* documents : {&publications, &experts, &otherSources})
+        documents->TakeNameFrom([this] { return CurrentTaxonName(); });
 }
 
 std::array<RecordTab*, 8> RecViewForm::Tabs() {

@@ -24,6 +24,26 @@ protected:
             "VALUES (2, 5, 'Killer whale', 'English', true)");
     }
     void Run(const std::string& sql) { data.db().Execute(sql); }
+    // A vernacular of the taxon 2.
+    void AddVernacular(int qb_vern_id, const std::string& name, const std::string& language = "English",
+                       const std::string& vern_id = "NULL") {
+        Run("INSERT INTO qb_vernaculars (qb_id, qb_vern_id, vern_id, vernacular_name, language, "
+            "approved_ind) "
+            "VALUES (2, " +
+            std::to_string(qb_vern_id) + ", " + vern_id + ", '" + name + "', '" + language + "', true)");
+    }
+    // Makes `control` report its requests for the focus in `focused`.
+    void WatchFocus(Form& watched) {
+        for (Control* control : watched.Controls())
+            control->OnTakeFocus([this, control] { focused = control->Name(); });
+    }
+    std::string TakeMessages() {
+        std::string text;
+        for (const std::string& message : data.prompter.messages) text += message + "\n";
+        data.prompter.messages.clear();
+        return text;
+    }
+    std::string focused;
     // The names of the controls that take no input.
     std::string Disabled() const {
         std::string names;
