@@ -101,14 +101,15 @@ bool DocumentSave::Update(const GridControl::Row& cells) const {
     return present;
 }
 
+// A row that was not loaded is new, even if a save has tried to store it before. A loaded one becomes new
+// when its document has gone with the vernacular that it belonged to.
 bool DocumentSave::Change(GridControl::Row& cells) {
-    if (QbIdOf(cells) != 0) {
+    if (Value(cells[columns_.origQbId]).AsLong() != 0) {
         if (HasDuplicate(cells)) return true;
         if (Update(cells)) return links_.Follow(cells);
     }
-    // A new row, or one whose document has gone with the vernacular that it belonged to.
     GridControl::Row stored = cells;
-    if (InsertNew(stored)) {
+    if (Insert(stored)) {
         stored[columns_.changeTrack] = "0";
         cells = std::move(stored);
     }

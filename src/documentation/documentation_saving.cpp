@@ -23,17 +23,14 @@ bool DocumentationTab::InsertAllRows(const records::RecordStore& records, int ch
 void DocumentationTab::RemovePending(const records::RecordStore& records) {
     const int qb_id = State().currentTaxon.qb_id;
     const std::string_view prefix = description_.kind.prefix;
-    const PendingDeletes pending = std::exchange(pending_, {});
-    for (const int document : pending.ofChangeTrack)
+    for (const int document : pending_.ofChangeTrack)
         records::DeleteReferenceLink(records, qb_id, document, prefix);
-    for (const int document : pending.ofName) records::DeleteReferenceLink(records, qb_id, document, prefix);
-    for (const std::string& link : pending.ofVernaculars)
+    for (const int document : pending_.ofName) records::DeleteReferenceLink(records, qb_id, document, prefix);
+    for (const std::string& link : pending_.ofVernaculars)
         records::DeleteVernRefLink(records, qb_id, prefix, link);
 }
 
-bool DocumentationTab::SaveGrid(const records::RecordStore& records, int changeTrackId) {
-    const ChangeScope scope(form_);
-    RemovePending(records);
+bool DocumentationTab::SaveRows(const records::RecordStore& records, int changeTrackId) {
     DocumentSave save(records, description_, State().currentTaxon, changeTrackId);
     for (int row = 0; grid.IsDataRow(row); ++row) {
         GridControl::Row cells = CellsOf(row);
@@ -42,6 +39,15 @@ bool DocumentationTab::SaveGrid(const records::RecordStore& records, int changeT
         lastDocIds_ = {save.LastDocument().qbId, static_cast<int>(save.LastDocument().id.AsLong())};
     }
     return true;
+}
+
+// After an error of the whole file nothing is stored: what is pending stays so for the next save.
+bool DocumentationTab::SaveGrid(const records::RecordStore& records, int changeTrackId) {
+    const ChangeScope scope(form_);
+    RemovePending(records);
+    const bool saved = SaveRows(records, changeTrackId);
+    pending_ = {};
+    return saved;
 }
 
 }  // namespace quillon::documentation

@@ -118,13 +118,28 @@ bool DocumentationTab::ShowsTracked() const {
 }
 
 void DocumentationTab::Load(int qb_id) {
+    changeTrack_ = 0;
+    ShowStored(qb_id, {});
+}
+
+void DocumentationTab::LoadOfChangeTrack(int qb_id, int changeTrackId) {
+    changeTrack_ = changeTrackId;
+    ShowStored(qb_id, changeTrackId);
+}
+
+void DocumentationTab::ShowStored(int qb_id, std::optional<int> changeTrackId) {
     const ChangeScope scope(form_);
     pending_ = {};
     grid.ClearRows();
-    if (State().gDatabase) {
+    if (State().gDatabase && changeTrackId != 0) {
         Attempt(Outside(), [&] {
-            grid.SetDataRows(ReadDocumentRows(*State().gDatabase, description_, qb_id,
-                                              ScientificName(State().currentTaxon)));
+            auto rows = ReadDocumentRows(*State().gDatabase, description_, qb_id,
+                                         ScientificName(State().currentTaxon));
+            if (changeTrackId) {
+                const std::string track = std::to_string(*changeTrackId);
+                std::erase_if(rows, [&](const auto& cells) { return cells[columns_.changeTrack] != track; });
+            }
+            grid.SetDataRows(std::move(rows));
         });
     }
     SelectAndShow(0);

@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -53,6 +54,9 @@ public:
     void ClearForNextEntry() override;
     // Loads the rows of the taxon `qb_id`, with the name in CurrentTaxon, and selects and shows the first.
     void Load(int qb_id) override;
+    // The same for the rows that belong to a change track of the taxon. Rows added later belong to it too; 0
+    // for a new track, which has none yet.
+    void LoadOfChangeTrack(int qb_id, int changeTrackId);
     // The rows that a new record keeps belong to no change track, and nothing is pending for it.
     void EnterMode(EditorMode mode) override;
     bool SaveNew(const records::RecordStore& records) override { return InsertAllRows(records, 0); }
@@ -134,11 +138,13 @@ private:
     void ShareDocument(const GridControl::Row& cells);
     void RememberDeleted(const GridControl::Row& cells);
     void RemovePending(const records::RecordStore& records);
+    bool SaveRows(const records::RecordStore& records, int changeTrackId);
     void SelectAndShow(int row);
     bool ShowsTracked() const;
     const GridControl::Row& CellsOf(int row) const { return grid.Rows()[static_cast<std::size_t>(row)]; }
     std::string NameOfTaxon() const;
 
+    void ShowStored(int qb_id, std::optional<int> changeTrackId);
     void ShowCells(const GridControl::Row& cells);
     void SetFieldsEnabled(bool enabled);
     void TakeDocument(const store::Recordset& row, std::size_t firstField);
