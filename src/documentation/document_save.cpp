@@ -31,7 +31,8 @@ void DocumentSave::SetFields(store::Recordset& document, const GridControl::Row&
 StoredDocument DocumentSave::Store(const GridControl::Row& cells) const {
     const DocumentKind& kind = description_.kind;
     store::Unit unit(records_.engine);
-    const auto documents = records_.database.OpenTable(kind.table);
+    const auto documents = records_.database.CreateDynaset(
+        fmt::format("Select * from {} where {} = 0", kind.table, kind.idColumn));
     documents->AddNew();
     documents->Set(kind.prefixColumn, kind.prefix);
     documents->Set(kind.authorityIdColumn, 0);

@@ -196,7 +196,7 @@ TEST_F(ChangeTrackFormTest, AFailedInsertLeavesTheFormOpen) {
     EXPECT_EQ(Tracks(), "");
     track->txtInitiator.SetText("Rice");
     track->cmdOK.UserClick();
-    EXPECT_EQ(Tracks(), "1\t\\N\t2\t\\N\tTaxonomic revision\tRice\t\\N\t\\N\n");
+    EXPECT_EQ(Tracks(), "2\t\\N\t2\t\\N\tTaxonomic revision\tRice\t\\N\t\\N\n");
     EXPECT_EQ(closed, 1);
 }
 
@@ -213,7 +213,7 @@ TEST_F(ChangeTrackFormTest, AFailedDocumentEndsTheSteps) {
     track->cmdOK.UserClick();
     EXPECT_EQ(closed, 1);
     EXPECT_EQ(Operations(), "1\t3\n") << "the same track";
-    EXPECT_EQ(Links(), "2\tEXP\t1\t1\n2\tPUB\t5\t1\n");
+    EXPECT_EQ(Links(), "2\tEXP\t1\t1\n2\tPUB\t6\t1\n");
     EXPECT_THAT(data.state.gNewChangeTrackIds, ElementsAre(1));
 }
 
