@@ -30,6 +30,14 @@ std::string FolderOf(const std::string& path) {
     return folder.empty() ? "." : folder;
 }
 
+// True when a run that wrote an older form of `content` can have left a file with these first bytes: nothing
+// yet, the same beginning, or the same first line.
+bool BeginsAlike(std::string_view first, std::string_view content) {
+    const std::size_t line = first.find('\n');
+    return content.starts_with(first) ||
+           (line != std::string_view::npos && content.starts_with(first.substr(0, line + 1)));
+}
+
 }  // namespace
 
 SmallFile ReadSmallFile(const std::string& path) {
@@ -58,7 +66,7 @@ std::string ReplaceFile(const std::string& path, std::string_view content) {
     fs::create_directories(FolderOf(target), failure);
     if (failure) return failure.message();
     try {
-        TemporaryFile file(target);
+        TemporaryFile file(target, [content](std::string_view first) { return BeginsAlike(first, content); });
         file.Write(content);
         file.Publish();
         return "";

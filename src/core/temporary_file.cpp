@@ -90,7 +90,7 @@ std::set<std::string>& Making() {
     return making;
 }
 
-bool IsLeftover(int descriptor, Recognise leftover) {
+bool IsLeftover(int descriptor, const Recognise& leftover) {
     struct stat info {};
     std::array<char, kFirstBytes> first{};
     if (fstat(descriptor, &info) != 0 || !S_ISREG(info.st_mode) || info.st_nlink != 1 ||
@@ -101,7 +101,7 @@ bool IsLeftover(int descriptor, Recognise leftover) {
 }
 
 // Takes the lock before it removes the file, so that it never removes a file in use.
-void RemoveUnheld(const std::string& path, Recognise leftover) noexcept {
+void RemoveUnheld(const std::string& path, const Recognise& leftover) noexcept {
     const Descriptor file(open(path.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
     if (!file.IsOpen()) return;
     if (flock(file.Number(), LOCK_EX | LOCK_NB) == 0 && LeadsTo(path, file.Number()) &&
@@ -121,7 +121,8 @@ FileError::FileError(std::string_view step, const std::string& path, int number)
     : std::runtime_error(std::string(step) + " '" + path + "' failed: " + std::strerror(number) + "."),
       number_(number) {}
 
-TemporaryFile::TemporaryFile(const std::string& target, Recognise leftover) : target_(RealPath(target)) {
+TemporaryFile::TemporaryFile(const std::string& target, const Recognise& leftover)
+    : target_(RealPath(target)) {
     RemoveLeftovers(target_, leftover);
     for (int attempt = 0; !Make(); ++attempt) {
         if (attempt == kMostAttempts) Fail("Opening", target_);
@@ -196,7 +197,7 @@ void TemporaryFile::Publish() {
 }
 
 // The folder is read with readdir: the standard iterator ends the program when memory is short.
-void RemoveLeftovers(const std::string& target, Recognise leftover) noexcept {
+void RemoveLeftovers(const std::string& target, const Recognise& leftover) noexcept {
     try {
         const std::string beginning = NameBeginning(target);
         const std::unique_ptr<DIR, int (*)(DIR*)> folder(opendir(FolderOf(target).c_str()), closedir);

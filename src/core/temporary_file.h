@@ -7,6 +7,7 @@
 // else.
 #pragma once
 
+#include <functional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -24,16 +25,13 @@ private:
 };
 
 // True when a run of this kind can have written a file that begins with these bytes.
-using Recognise = bool (*)(std::string_view firstBytes);
-inline bool AnyContent(std::string_view) {
-    return true;
-}
+using Recognise = std::function<bool(std::string_view firstBytes)>;
 
 class TemporaryFile {
 public:
     // Creates an empty file beside the file that `target` leads to, open for reading and writing, and removes
     // what killed runs left there.
-    explicit TemporaryFile(const std::string& target, Recognise leftover = AnyContent);
+    TemporaryFile(const std::string& target, const Recognise& leftover);
     // Removes the file, unless it was published.
     ~TemporaryFile();
     TemporaryFile(const TemporaryFile&) = delete;
@@ -65,7 +63,7 @@ private:
 };
 
 // Removes files that killed runs left beside the real path `target`, but none that a process holds.
-void RemoveLeftovers(const std::string& target, Recognise leftover = AnyContent) noexcept;
+void RemoveLeftovers(const std::string& target, const Recognise& leftover) noexcept;
 
 // Writes all of `bytes`; `path` is for the error text.
 void WriteAll(int descriptor, std::string_view bytes, const std::string& path);

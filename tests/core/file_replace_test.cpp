@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -38,6 +39,21 @@ TEST(FileReplace, ReplacesTheWholeFileAndKeepsItsPermissions) {
     EXPECT_EQ(testkit::ReadFile(path), "short");
     EXPECT_EQ(fs::status(path).permissions(),
               fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+}
+
+TEST(FileReplace, RemovesOnlyTheLeftoversThatBeginLikeTheContent) {
+    const testkit::TempDir dir;
+    const std::string left = dir.File("Qln.Ini~new-");
+    testkit::WriteFile(left + "aaaaaaaaaa", "");
+    testkit::WriteFile(left + "bbbbbbbbbb", "[Pref");
+    testkit::WriteFile(left + "cccccccccc", "[Preferences]\r\nKingdom=Fungi\r\n");
+    testkit::WriteFile(left + "dddddddddd", "[Preferences of mine]\r\n");
+    testkit::WriteFile(left + "eeeeeeeeee", "mine");
+    EXPECT_EQ(ReplaceFile(dir.File("Qln.Ini"), "[Preferences]\r\nKingdom=Plantae\r\n"), "");
+    std::vector<std::string> names = NamesIn(dir.path());
+    std::sort(names.begin(), names.end());
+    EXPECT_EQ(names,
+              (std::vector<std::string>{"Qln.Ini", "Qln.Ini~new-dddddddddd", "Qln.Ini~new-eeeeeeeeee"}));
 }
 
 TEST(FileReplace, ASymbolicLinkStaysOne) {

@@ -18,6 +18,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
+bool AnyContent(std::string_view) {
+    return true;
+}
+
 class TemporaryFiles : public ::testing::Test {
 protected:
     std::vector<std::string> Files() const {
@@ -45,7 +49,7 @@ using Names = std::vector<std::string>;
 
 TEST_F(TemporaryFiles, TakeTheTargetsPlaceWhenTheyArePublished) {
     testkit::WriteFile(target, "old");
-    TemporaryFile file(target);
+    TemporaryFile file(target, AnyContent);
     file.Write("new");
     EXPECT_EQ(testkit::ReadFile(target), "old");
     file.Publish();
@@ -55,7 +59,7 @@ TEST_F(TemporaryFiles, TakeTheTargetsPlaceWhenTheyArePublished) {
 
 TEST_F(TemporaryFiles, LeaveNothingWhenTheyAreNot) {
     testkit::WriteFile(target, "old");
-    { TemporaryFile(target).Write("new"); }
+    { TemporaryFile(target, AnyContent).Write("new"); }
     EXPECT_EQ(testkit::ReadFile(target), "old");
     EXPECT_EQ(Files(), Names{"target"});
 }
@@ -63,7 +67,7 @@ TEST_F(TemporaryFiles, LeaveNothingWhenTheyAreNot) {
 TEST_F(TemporaryFiles, KeepThePermissionsOfWhatTheyReplace) {
     testkit::WriteFile(target, "old");
     chmod(target.c_str(), 0604);
-    TemporaryFile file(target);
+    TemporaryFile file(target, AnyContent);
     EXPECT_EQ(ModeOf(file.Path()), 0600) << "closed to others until it is complete";
     file.Publish();
     EXPECT_EQ(ModeOf(target), 0604);
@@ -73,7 +77,7 @@ TEST_F(TemporaryFiles, OfACopyHaveThePermissionsOfTheOriginal) {
     const std::string original = dir.File("original");
     testkit::WriteFile(original, "old");
     chmod(original.c_str(), 0640);
-    TemporaryFile file(target);
+    TemporaryFile file(target, AnyContent);
     file.TakePermissionsOf(original);
     file.Publish();
     EXPECT_EQ(ModeOf(target), 0640);
@@ -82,7 +86,7 @@ TEST_F(TemporaryFiles, OfACopyHaveThePermissionsOfTheOriginal) {
 TEST_F(TemporaryFiles, AreMadeWhereADanglingLinkPoints) {
     fs::create_directory(dir.File("there"));
     fs::create_symlink("there/file", target);
-    TemporaryFile file(target);
+    TemporaryFile file(target, AnyContent);
     file.Write("new");
     file.Publish();
     EXPECT_TRUE(fs::is_symlink(target));
@@ -90,7 +94,7 @@ TEST_F(TemporaryFiles, AreMadeWhereADanglingLinkPoints) {
 }
 
 TEST_F(TemporaryFiles, OfTwoRunsOnOneTargetAreBothWhole) {
-    TemporaryFile first(target), second(target);
+    TemporaryFile first(target, AnyContent), second(target, AnyContent);
     first.Write("first");
     second.Write("second");
     second.Publish();
@@ -103,7 +107,7 @@ TEST_F(TemporaryFiles, OfTwoRunsOnOneTargetAreBothWhole) {
 TEST_F(TemporaryFiles, OfAKilledRunAreRemovedByTheNext) {
     const std::string left = Leave("half");
     testkit::WriteFile(left + "-journal", "old pages");
-    const TemporaryFile file(target);
+    const TemporaryFile file(target, AnyContent);
     EXPECT_EQ(Files(), Names{fs::path(file.Path()).filename()});
 }
 
@@ -111,7 +115,7 @@ TEST_F(TemporaryFiles, ThatAProcessHoldsStay) {
     const std::string left = Leave("half");
     const int held = open(left.c_str(), O_RDWR | O_CLOEXEC);
     ASSERT_EQ(flock(held, LOCK_EX), 0);
-    { const TemporaryFile file(target); }
+    { const TemporaryFile file(target, AnyContent); }
     EXPECT_EQ(Files(), Names{"target~new-aaaabbbb22"});
     close(held);
 }
@@ -137,7 +141,7 @@ TEST_F(TemporaryFiles, ThatAreNotOursStay) {
 }
 
 TEST_F(TemporaryFiles, NameTheTargetInAFailure) {
-    TemporaryFile file(target);
+    TemporaryFile file(target, AnyContent);
     const testkit::FilesStopAt limit(1000);
     try {
         file.Write(std::string(2000, 'x'));
