@@ -13,6 +13,7 @@
 #include <memory>
 #include <new>
 
+#include "store/engine/foreign_logs.h"
 #include "store/engine/functions.h"
 #include "store/engine/native.h"
 
@@ -121,6 +122,7 @@ void DataSetFile::Open(const std::string& path, bool create, AutoNumbers& autoNu
         realPath_ = real;
     }
     journalPath_ = realPath_ + "-journal";
+    RefuseForeignLogs(realPath_);
     const bool unclean = !create && EndedUncleanly();
     const int code =
         sqlite3_open_v2(realPath_.c_str(), &db_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);

@@ -1,0 +1,13 @@
+// Protects the files of others beside a DataSet: SQLite takes any "NAME-journal" and "NAME-wal" for its own,
+// and deletes them. Called before each opening of a DataSet.
+#pragma once
+
+#include <string>
+
+namespace quillon::store {
+
+// Throws CannotOpenFile when the journal or the log beside the DataSet at `realPath` has content that SQLite
+// never writes. Changes nothing.
+void RefuseForeignLogs(const std::string& realPath);
+
+}  // namespace quillon::store
