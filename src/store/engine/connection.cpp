@@ -7,6 +7,7 @@
 
 #include "store/dialect/parser.h"
 #include "store/engine/definitions.h"
+#include "store/engine/id_ranges.h"
 #include "store/engine/read_tables.h"
 #include "store/engine/result_set.h"
 
@@ -42,6 +43,7 @@ Connection::Connection(const EngineState& engine, const std::string& path, bool 
         if (!IsReadOnly()) BuildLookupIndexes();
         RequireOpen();
         autoNumbers_.Attach(Native());
+        RequireIdsInRange(Native(), tables_);
     } catch (...) {
         if (create) Abandon();
         throw;

@@ -154,6 +154,25 @@ std::string IndexName(std::string_view table, std::string_view index) {
     return fmt::format("{}.{}", table, index);
 }
 
+std::vector<const FieldDef*> IndexedNumbers(const PhysicalTable& table) {
+    std::vector<const FieldDef*> numbers;
+    const auto add = [&](std::string_view name) {
+        const FieldDef* field = table.def.Field(name);
+        const bool isNumber = field != nullptr && field->type == FieldType::Long && !field->autoIncrement;
+        if (isNumber && std::find(numbers.begin(), numbers.end(), field) == numbers.end())
+            numbers.push_back(field);
+    };
+    for (const IndexDef& index : table.def.indexes) {
+        const bool withoutText =
+            std::none_of(index.fields.begin(), index.fields.end(),
+                         [&](const std::string& name) { return HasText(table.def.Field(name)->type); });
+        if (index.primary || withoutText) add(index.fields.front());
+    }
+    for (const LookupIndex& lookup : kLookups)
+        if (SameWord(lookup.table, table.def.name)) add(lookup.columns);
+    return numbers;
+}
+
 std::vector<IndexSql> CreateIndexSql(const PhysicalTable& table) {
     std::vector<IndexSql> statements;
     const std::string on = QuoteName(table.def.name);

@@ -52,6 +52,9 @@ struct IndexSql {
 };
 // All indexes of a table: the key under the collation, those of the schema, and those for look-ups.
 std::vector<IndexSql> CreateIndexSql(const PhysicalTable& table);
+// The fields of type Long, besides the AutoNumber, that begin the key or an index of numbers: their smallest
+// and largest values are found without reading the table. Valid as long as `table`.
+std::vector<const FieldDef*> IndexedNumbers(const PhysicalTable& table);
 std::string IndexName(std::string_view table, std::string_view index);
 
 }  // namespace quillon::store
