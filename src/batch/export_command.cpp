@@ -1,11 +1,11 @@
 // The command export: turns its arguments into an order, asks before it overwrites, runs the job, and
 // reports the outcome.
 #include <fmt/format.h>
-#include <sys/stat.h>
 
 #include <cstdio>
 
 #include "batch/batch_job.h"
+#include "core/file_identity.h"
 #include "core/system_clock.h"
 #include "export/export_job.h"
 #include "selection/record_filter.h"
@@ -27,11 +27,6 @@ ExportOrder OrderOf(const ExportArguments& arguments) {
     order.listType = arguments.list;
     order.encoding = arguments.encoding;
     return order;
-}
-
-bool Exists(const std::string& path) {
-    struct stat info {};
-    return lstat(path.c_str(), &info) == 0;
 }
 
 // Reports the values that CP1252 cannot hold, and their number.
@@ -73,7 +68,8 @@ ExitStatus RunExport(const CommonOptions& options, const std::string& path,
         batchJob.prompter.Message(*wrong, "");
         return ExitStatus::Failed;
     }
-    if (Exists(arguments.file) && !batchJob.prompter.AskYesNo(arguments.file + " Exists.  Overwrite?", ""))
+    if (FileExists(arguments.file) &&
+        !batchJob.prompter.AskYesNo(arguments.file + " Exists.  Overwrite?", ""))
         return ExitStatus::Failed;
     ProgressLine progress(options.progress);
     const SystemClock clock;

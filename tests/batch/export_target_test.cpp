@@ -50,6 +50,15 @@ TEST_F(ExportTarget, AnotherNameOfTheDataSetIsRefused) {
     EXPECT_EQ(testkit::ReadFile(batch.dir.File("t.mdb")), before);
 }
 
+TEST_F(ExportTarget, NothingIsAskedWhereNothingExists) {
+    std::filesystem::create_symlink("there.txt", batch.dir.File("names.txt"));
+    const Ended ended = batch.Run("export t.mdb names.txt --list name");
+    EXPECT_EQ(ended.status, 0);
+    EXPECT_EQ(ended.err, "message: 259 names were written to names.txt.\n");
+    EXPECT_TRUE(std::filesystem::is_symlink(batch.dir.File("names.txt")));
+    EXPECT_TRUE(std::filesystem::exists(batch.dir.File("there.txt")));
+}
+
 TEST_F(ExportTarget, ListEndsWithTheCountOfNames) {
     const Ended ended = batch.Run("export t.mdb names.txt --list name");
     EXPECT_EQ(ended.status, 0);
