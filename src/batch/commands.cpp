@@ -2,9 +2,7 @@
 
 #include <fmt/format.h>
 
-#include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <stdexcept>
 
 #include "batch/batch_job.h"
@@ -54,7 +52,7 @@ std::string Field(const Value& value) {
 
 // Output that cannot be written is a failure of the job.
 [[noreturn]] void FailToPrint() {
-    throw std::runtime_error(std::string("Standard output cannot be written: ") + std::strerror(errno) + ".");
+    throw std::runtime_error(OutputFailure());
 }
 
 void Print(const std::string& line) {
@@ -65,12 +63,15 @@ void FlushOutput() {
     if (std::fflush(stdout) != 0) FailToPrint();
 }
 
+// False when the job is canceled.
+bool GoesOn(BatchJob& batchJob) {
+    batchJob.pump.Yield();
+    return !batchJob.state.gBatchCancel;
+}
+
 // Interrupts the running statement when the job is canceled.
 store::StatementTurns CancelableStatements(BatchJob& batchJob) {
-    return {*batchJob.state.gDatabase, [&batchJob] {
-                batchJob.pump.Yield();
-                return !batchJob.state.gBatchCancel;
-            }};
+    return {*batchJob.state.gDatabase, [&batchJob] { return GoesOn(batchJob); }};
 }
 
 ExitStatus Ended(BatchJob& batchJob) {
@@ -146,18 +147,21 @@ ExitStatus RunNew(const CommonOptions& options, const std::string& path) {
                          fmt::join(kKingdomNames, ", ")));
         return ExitStatus::Usage;
     }
+    store::RefuseSpecialFile(path);
     if (store::IsDataSetPlaceTaken(path) && options.answer != Answer::Yes) {
         Fail(fmt::format("The file {} exists; --yes overwrites it.", path));
         return ExitStatus::Failed;
     }
     store::RefuseFileInUse(batchJob.engine, path);
-    batchJob.pump.Yield();
-    if (batchJob.state.gBatchCancel) {
+    // The DataSet is not opened here, because another process may open it as soon as it exists.
+    try {
+        store::MakeDataSetFile(batchJob.engine, path, options.kingdom, batchJob.state.gVersion,
+                               [&batchJob] { return GoesOn(batchJob); });
+    } catch (const store::StoreError&) {
+        if (!batchJob.state.gBatchCancel) throw;
         Fail("Canceled.");
         return ExitStatus::Failed;
     }
-    // The DataSet is not opened here, because another process may open it as soon as it exists.
-    store::MakeDataSetFile(batchJob.engine, path, options.kingdom, batchJob.state.gVersion);
     return ExitStatus::Done;
 }
 

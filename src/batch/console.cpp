@@ -3,7 +3,9 @@
 #include <signal.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 
 #include "core/attempt.h"
 
@@ -33,6 +35,10 @@ void PrintMessage(std::string_view text, std::string_view more) {
     PrintOnOneLine(text);
     PrintOnOneLine(more);
     std::fputc('\n', stderr);
+}
+
+std::string OutputFailure() {
+    return std::string("Standard output cannot be written: ") + std::strerror(errno) + ".";
 }
 
 bool ConsolePrompter::SaidOutOfMemory() {

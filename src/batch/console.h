@@ -16,6 +16,9 @@ enum class Answer { No, Yes };
 // Prints "message: " and the text on standard error, in one line. Allocates nothing.
 void PrintMessage(std::string_view text, std::string_view more = {});
 
+// The message for a failure to write standard output, which errno describes.
+std::string OutputFailure();
+
 class ConsolePrompter : public Prompter {
 public:
     explicit ConsolePrompter(Answer answer) : answer_(answer) {}

@@ -3,7 +3,7 @@
 #include <signal.h>
 
 #include <CLI/CLI.hpp>
-#include <cstdio>
+#include <iostream>
 #include <new>
 #include <string>
 #include <vector>
@@ -31,7 +31,9 @@ void AddCommon(CLI::App& command, Arguments& arguments) {
     auto* yes = command.add_flag("--yes", arguments.yes, "Answer Yes to every question");
     command.add_flag("--no", arguments.no, "Answer No to every question")->excludes(yes);
     command.add_flag("--progress", arguments.common.progress, "Show a progress line on a terminal");
-    command.add_option("DATASET", arguments.dataSet, "The DataSet")->required();
+    command
+        .add_option("DATASET", arguments.dataSet, "The DataSet: the whole name of its file, with its ending")
+        ->required();
 }
 
 void AddKingdom(CLI::App& command, Arguments& arguments) {
@@ -96,6 +98,14 @@ ExitStatus RunGuarded(const CLI::App& app, Arguments& arguments) {
     return ExitStatus::Failed;
 }
 
+// Prints the help, the version, or what is wrong with the command line.
+ExitStatus ExplainUsage(const CLI::App& app, const CLI::ParseError& error) {
+    if (app.exit(error) != 0) return ExitStatus::Usage;
+    if (std::cout.flush()) return ExitStatus::Done;
+    PrintMessage("The job failed: ", OutputFailure());
+    return ExitStatus::Failed;
+}
+
 int Run(int argc, char** argv) {
     CLI::App app("Taxonomic Quillon without a screen", "quillon-batch");
     Arguments arguments;
@@ -135,8 +145,7 @@ int Run(int argc, char** argv) {
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
-        const int code = app.exit(error);
-        return code == 0 ? 0 : static_cast<int>(ExitStatus::Usage);
+        return static_cast<int>(ExplainUsage(app, error));
     }
     return static_cast<int>(RunGuarded(app, arguments));
 }
@@ -146,7 +155,9 @@ int Run(int argc, char** argv) {
 }  // namespace quillon::batch
 
 int main(int argc, char** argv) {
-    signal(SIGXFSZ, SIG_IGN);  // so that a write beyond the file size limit fails and is reported
+    // So that a write beyond the file size limit, or to a pipe that nobody reads, fails and is reported.
+    signal(SIGXFSZ, SIG_IGN);
+    signal(SIGPIPE, SIG_IGN);
     try {
         return quillon::batch::Run(argc, argv);
     } catch (const std::exception&) {

@@ -98,7 +98,7 @@ void Lifecycle::GoBackTo(const std::string& path, bool wasNew) {
 
 // A new DataSet gets the preferred kingdom, even if the open one has another.
 void Lifecycle::MakeDataSet(const std::string& path) {
-    store::MakeDataSetFile(engine_, path, PreferredKingdom(state_), state_.gVersion);
+    store::MakeDataSetFile(engine_, path, PreferredKingdom(state_), state_.gVersion, GoOn);
     OpenNewDataSet(path);
 }
 
@@ -131,6 +131,7 @@ bool Lifecycle::MakeInPlaceOfOpen(const std::string& path) {
     const bool wasNew = state_.gDataSetIsNew;
     prompter_.WaitCursor(true);
     try {
+        store::RefuseSpecialFile(path);
         store::RefuseFileInUse(engine_, path);
         CloseDataSet();
         MakeDataSet(path);
@@ -138,7 +139,7 @@ bool Lifecycle::MakeInPlaceOfOpen(const std::string& path) {
         return true;
     } catch (const StoreError& error) {
         prompter_.WaitCursor(false);
-        prompter_.WarningMessage("Failed " + error.Description());
+        if (!IsCanceled()) prompter_.WarningMessage("Failed " + error.Description());
         if (!state_.gDataSetOpen || state_.gDataSetPath != oldPath) GoBackTo(oldPath, wasNew);
         return false;
     }
@@ -237,15 +238,16 @@ void Lifecycle::CopyOpenTo(const std::string& path) {
     prompter_.WaitCursor(true);
     std::string failure;
     try {
+        store::RefuseSpecialFile(path);
         if (!IsSameFile(path, oldPath)) store::RefuseFileInUse(engine_, path);
         CloseDataSet();
-        store::CopyDataSetFile(oldPath, path);
+        store::CopyDataSetFile(oldPath, path, GoOn);
     } catch (const StoreError& error) {
         failure = error.Description();
     }
     if (!state_.gDataSetOpen) GoBackTo(oldPath, wasNew);
     prompter_.WaitCursor(false);
-    if (!failure.empty()) prompter_.WarningMessage("Failed " + failure, kSaveAsTitle);
+    if (!failure.empty() && !IsCanceled()) prompter_.WarningMessage("Failed " + failure, kSaveAsTitle);
 }
 
 void Lifecycle::ReadKingdomAndRanks() {

@@ -10,6 +10,7 @@
 #include "core/application_state.h"
 #include "core/outside.h"
 #include "store/engine.h"
+#include "store/lifecycle/file_copy.h"
 #include "store/lifecycle/version.h"
 
 namespace quillon::dataset {
@@ -68,10 +69,14 @@ public:
     void DiscardRecord();
     // Runs after the change tracks of a discarded record have been removed. Must not throw.
     std::function<void()> RecordDiscarded;
+    // Called while New and Save As write a file; when it returns false they end without a message, and
+    // everything is as it was. May be empty. Must not use this object.
+    store::GoOn GoOn;
     // Reads gKingdomId, gPrefRank, gRankGenus and gRankSpecies from the open DataSet and shows warnings.
     void ReadKingdomAndRanks();
 
 private:
+    bool IsCanceled() const { return GoOn && !GoOn(); }
     bool MakeInPlaceOfOpen(const std::string& path);
     void CopyOpenTo(const std::string& path);
     bool OpenChosen(const std::string& path);

@@ -1,7 +1,5 @@
 #include "export/export_file.h"
 
-#include <fmt/format.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -25,10 +23,7 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 std::string CheckedTarget(const std::string& target) {
     if (target.empty()) throw StoreError(ErrorNumber::InvalidPath, "There is no file to write.");
     std::string real = RealPath(target);
-    struct stat info {};
-    if (stat(real.c_str(), &info) == 0 && !S_ISREG(info.st_mode))
-        throw StoreError(ErrorNumber::InvalidPath,
-                         fmt::format("'{}' is not a file that can be written.", target));
+    store::RefuseSpecialFile(target);
     return real;
 }
 

@@ -39,7 +39,9 @@ int Run() {
 }  // namespace
 
 int main(int argc, char** argv) {
-    signal(SIGXFSZ, SIG_IGN);  // so that a write beyond the file size limit fails and is reported
+    // So that a write beyond the file size limit, or to a pipe that nobody reads, fails and is reported.
+    signal(SIGXFSZ, SIG_IGN);
+    signal(SIGPIPE, SIG_IGN);
     quillon::ui::Application application(argc, argv);
     QApplication::setApplicationName("taxonomic-quillon");
     int status = kFailed;

@@ -250,6 +250,7 @@ void DesktopProgram::EndOnSignals() {
         state_.gQuitRequested = true;  // stops the start
         QCoreApplication::exit(kFailed);
     });
+    lifecycle_.GoOn = [this] { return !signals_->IsWaiting(); };
 }
 
 void DesktopProgram::ShowSplash() {

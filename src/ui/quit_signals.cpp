@@ -1,6 +1,7 @@
 #include "ui/quit_signals.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <signal.h>
 #include <unistd.h>
 
@@ -49,6 +50,11 @@ QuitSignals::~QuitSignals() {
         close(end);
         end = -1;
     }
+}
+
+bool QuitSignals::IsWaiting() const {
+    pollfd end{ends[0], POLLIN, 0};
+    return notifier_ != nullptr && poll(&end, 1, 0) > 0;
 }
 
 void QuitSignals::Take() {

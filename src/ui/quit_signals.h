@@ -16,6 +16,9 @@ public:
     explicit QuitSignals(std::function<void()> quit);
     ~QuitSignals() override;
 
+    // True when a signal has come that the event loop has not handled yet. Processes no events.
+    bool IsWaiting() const;
+
 private:
     void Take();
 

@@ -37,6 +37,43 @@ TEST(BatchOutput, FailsWhenTheResultsCannotBeWritten) {
     }
 }
 
+TEST(BatchOutput, FailsWhenHelpOrVersionCannotBeWritten) {
+    const Batch batch;
+    for (const std::string words : {"--help", "--version", "new --help"}) {
+        const Ended ended = batch.Run(words, "/dev/full");
+        EXPECT_EQ(ended.status, 3) << words;
+        EXPECT_EQ(ended.err,
+                  "message: The job failed: Standard output cannot be written: No space left on device.\n");
+    }
+    EXPECT_EQ(batch.Run("--version").status, 0);
+}
+
+TEST(BatchOutput, FailsWhenNobodyReadsItsPipe) {
+    Batch batch;
+    ASSERT_EQ(batch.Run("new t.mdb --kingdom Animalia").status, 0);
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    const pid_t child = fork();
+    if (child == 0) {
+        std::filesystem::current_path(batch.dir.path());
+        freopen("err.txt", "w", stderr);
+        dup2(ends[1], STDOUT_FILENO);
+        close(ends[0]);
+        close(ends[1]);
+        signal(SIGPIPE, SIG_DFL);
+        execl(QUILLON_BATCH, "quillon-batch", "info", "t.mdb", nullptr);
+        _exit(9);
+    }
+    close(ends[0]);
+    close(ends[1]);
+    int code = 0;
+    waitpid(child, &code, 0);
+    ASSERT_TRUE(WIFEXITED(code));
+    EXPECT_EQ(WEXITSTATUS(code), 3);
+    EXPECT_EQ(testkit::ReadFile(batch.dir.File("err.txt")),
+              "message: The job failed: Standard output cannot be written: Broken pipe.\n");
+}
+
 TEST(BatchOutput, EndsAStatementThatRunsWhenInterrupted) {
     Batch batch;
     ASSERT_EQ(batch.Run("new t.mdb --kingdom Animalia").status, 0);

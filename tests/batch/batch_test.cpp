@@ -1,5 +1,6 @@
 // quillon-batch as a script meets it: standard output, standard error, exit status.
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <filesystem>
 #include <set>
@@ -123,6 +124,19 @@ TEST(Batch, TakesADataSetForFilledThatHoldsMoreThanItsSeedRows) {
             << row;
     }
     EXPECT_EQ(batch.Run("import empty.mdb in.qln").err, "message: Import Complete -- No Errors!\n");
+}
+
+TEST(Batch, MakesNoDataSetInPlaceOfAPipeOrAFolder) {
+    Batch batch;
+    ASSERT_EQ(mkfifo(batch.dir.File("pipe").c_str(), 0600), 0);
+    std::filesystem::create_directory(batch.dir.File("folder"));
+    for (const std::string name : {"pipe", "folder"}) {
+        const Ended ended = batch.Run("new " + name + " --kingdom Animalia --yes");
+        EXPECT_EQ(ended.status, 3);
+        EXPECT_EQ(ended.err, "message: '" + name + "' is not a file that can be written.\n");
+    }
+    EXPECT_TRUE(std::filesystem::is_fifo(batch.dir.File("pipe")));
+    EXPECT_EQ(batch.Files(), (std::set<std::string>{"err.txt", "folder", "out.txt", "pipe"}));
 }
 
 TEST(Batch, ReportsAMissingFileAndAFileThatIsNoDataSet) {

@@ -35,6 +35,24 @@ protected:
         waitpid(child, &code, 0);
         return {WIFEXITED(code) ? WEXITSTATUS(code) : -1, "", testkit::ReadFile(batch.dir.File("err.txt"))};
     }
+    // Sends the signal once the file that becomes the DataSet is there. Returns the exit status.
+    int SignalWhileNewWrites() const {
+        const pid_t child = fork();
+        if (child == 0) {
+            std::filesystem::current_path(batch.dir.path());
+            if (freopen("err.txt", "w", stderr) != nullptr)
+                execl(QUILLON_BATCH, "quillon-batch", "new", "t.mdb", "--kingdom", "Animalia", nullptr);
+            _exit(9);
+        }
+        int code = 0;
+        pid_t ended = 0;
+        while (Files().empty() && ended == 0) ended = waitpid(child, &code, WNOHANG);
+        if (ended == 0) {
+            kill(child, GetParam());
+            waitpid(child, &code, 0);
+        }
+        return WIFEXITED(code) ? WEXITSTATUS(code) : -1;
+    }
     std::set<std::string> Files() const {
         std::set<std::string> names;
         for (const auto& entry : std::filesystem::directory_iterator(batch.dir.path())) {
@@ -52,6 +70,21 @@ TEST_P(Signals, NewMakesNothing) {
     EXPECT_EQ(ended.status, 3);
     EXPECT_EQ(ended.err, "message: Canceled.\n");
     EXPECT_EQ(Files(), std::set<std::string>{});
+}
+
+TEST_P(Signals, NewLeavesNothingOfWhatItHasWritten) {
+    for (int attempt = 0; attempt < 50; ++attempt) {
+        const int status = SignalWhileNewWrites();
+        if (status == 0) {  // it was finished before the signal came
+            std::filesystem::remove(batch.dir.File("t.mdb"));
+            continue;
+        }
+        EXPECT_EQ(status, 3);
+        EXPECT_EQ(testkit::ReadFile(batch.dir.File("err.txt")), "message: Canceled.\n");
+        EXPECT_EQ(Files(), std::set<std::string>{});
+        return;
+    }
+    FAIL() << "no signal came in time";
 }
 
 TEST_P(Signals, ExportLeavesTheTargetAsItWas) {

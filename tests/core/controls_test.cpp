@@ -277,9 +277,9 @@ TEST(GridControl, InsertsAndReplacesRowsUnderTheSelection) {
     EXPECT_EQ(sample.grdComments.SelectedRow(), 2);
     EXPECT_EQ(sample.grdComments.Rows(),
               (std::vector<GridControl::Row>{{"first", ""}, {"second", "2"}, {"changed", ""}, {"last", ""}}));
-    const auto told = CountOf(sample.grdComments);
+    const auto notified = CountOf(sample.grdComments);
     sample.grdComments.ReplaceRow(3, {"last"});
-    EXPECT_EQ(*told, 0) << "an equal row is no change";
+    EXPECT_EQ(*notified, 0) << "an equal row is no change";
 }
 
 TEST(EntryGridControl, KeepsTheEmptyRowLast) {

@@ -1,5 +1,6 @@
 // New, Open and Save As that fail: what is reported, and that everything is as it was.
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -49,6 +50,41 @@ TEST_F(LifecycleFailure, OfSeedingLeavesTheFileThatWasToBeReplaced) {
     EXPECT_EQ(FilesInFolder(), both);
     ExpectFirstIsOpen();
     EXPECT_TRUE(f.state.gDataSetIsNew);
+}
+
+TEST_F(LifecycleFailure, SaveAsThatIsCanceledSaysNothing) {
+    const std::string before = testkit::ReadFile(second);
+    f.lifecycle.GoOn = [] { return false; };
+    f.prompter.filesToSave = {second, f.dir.File("third.mdb")};
+    f.prompter.yesNo = {true};
+    f.lifecycle.SaveDataSetAs();
+    f.lifecycle.SaveDataSetAs();
+    EXPECT_EQ(f.prompter.messages, std::vector<std::string>{});
+    EXPECT_EQ(testkit::ReadFile(second), before);
+    EXPECT_EQ(FilesInFolder(), both);
+    ExpectFirstIsOpen();
+}
+
+TEST_F(LifecycleFailure, NewThatIsCanceledSaysNothing) {
+    f.lifecycle.GoOn = [] { return false; };
+    f.prompter.filesToSave = {f.dir.File("third.mdb")};
+    EXPECT_FALSE(f.lifecycle.NewDataSet());
+    EXPECT_EQ(f.prompter.messages, std::vector<std::string>{});
+    EXPECT_EQ(FilesInFolder(), both);
+    ExpectFirstIsOpen();
+}
+
+TEST_F(LifecycleFailure, APipeIsNotReplaced) {
+    const std::string pipe = f.dir.File("pipe.mdb");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    const std::string refusal = "Failed '" + pipe + "' is not a file that can be written.";
+    f.prompter.filesToSave = {pipe, pipe};
+    f.prompter.yesNo = {true};
+    f.lifecycle.SaveDataSetAs();
+    EXPECT_FALSE(f.lifecycle.NewDataSet());
+    EXPECT_EQ(f.prompter.warnings, (std::vector<std::string>{refusal, refusal}));
+    EXPECT_TRUE(std::filesystem::is_fifo(pipe));
+    ExpectFirstIsOpen();
 }
 
 TEST_F(LifecycleFailure, OfSeedingWithoutADataSetLeavesNoneOpen) {

@@ -188,7 +188,8 @@ TEST_F(FailedWriteTest, ANewDataSetThatCannotBeMadeLeavesNoFile) {
     db().Close();
     {
         const NoLargerFiles limit(64 * 1024);
-        EXPECT_EQ(NumberOf([&] { CreateDataSetFile(f.engine, f.dir.File("new.mdb")); }), kDiskError);
+        EXPECT_EQ(NumberOf([&] { MakeDataSetFile(f.engine, f.dir.File("new.mdb"), "Animalia", "4.0.6"); }),
+                  kDiskError);
     }
     EXPECT_FALSE(std::filesystem::exists(f.dir.File("new.mdb")));
     EXPECT_FALSE(std::filesystem::exists(f.dir.File("new.mdb-journal")));

@@ -12,7 +12,7 @@ class Transactions : public StoreTest {
 protected:
     Transactions() {
         const std::string path = f.dir.File("other.mdb");
-        CreateDataSetFile(f.engine, path);
+        MakeDataSetFile(f.engine, path, "Animalia", "4.0.6");
         other = f.engine.OpenDatabase(path);
     }
     Engine& engine() { return f.engine; }

@@ -31,6 +31,18 @@ TEST_P(QuitSignalsTest, ADialogThatIsOpenClosesWithoutAQuestion) {
     EXPECT_EQ(user.messages, std::vector<std::string>{});
 }
 
+TEST_P(QuitSignalsTest, ASignalIsSeenBeforeTheEventLoopTakesIt) {
+    bool quit = false;
+    const QuitSignals signals([&] { quit = true; });
+    EXPECT_FALSE(signals.IsWaiting());
+    raise(GetParam());
+    EXPECT_TRUE(signals.IsWaiting());
+    EXPECT_FALSE(quit);
+    QApplication::processEvents();
+    EXPECT_TRUE(quit);
+    EXPECT_FALSE(signals.IsWaiting());
+}
+
 INSTANTIATE_TEST_SUITE_P(Signals, QuitSignalsTest, testing::Values(SIGHUP, SIGINT, SIGTERM));
 
 }  // namespace

@@ -1,7 +1,5 @@
 #include "store/lifecycle/create.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <array>
 
@@ -87,23 +85,19 @@ void InUnit(Engine& engine, Step step) {
     }
 }
 
-void DefineTablesAndQueries(Engine& engine, Database& database) {
+void DefineTablesAndQueries(Engine& engine, Database& database, const GoOn& goOn) {
     InUnit(engine, [&] {
-        for (const TableSpec& table : DataSetTables()) database.AppendTable(TableDefOf(table));
-        for (const NamedQuery& query : NamedQueryCatalogue()) database.CreateQueryDef(query.name, query.sql);
+        for (const TableSpec& table : DataSetTables()) {
+            RequireGoOn(goOn);
+            database.AppendTable(TableDefOf(table));
+        }
+        for (const NamedQuery& query : NamedQueryCatalogue()) {
+            RequireGoOn(goOn);
+            database.CreateQueryDef(query.name, query.sql);
+        }
         database.DeleteTable("taxunits");
         database.DeleteTable("authors");
     });
-}
-
-// The caller reports the original failure, so failures here are ignored.
-void Abandon(Database& database, const std::string& path) {
-    try {
-        database.Close();
-    } catch (const StoreError&) {
-        // The file is removed anyway.
-    }
-    for (const char* ending : {"-journal", ""}) unlink((path + ending).c_str());
 }
 
 // The tables with rows in a new DataSet, besides its root taxon.
@@ -111,17 +105,6 @@ constexpr std::array<std::string_view, 4> kSeeded = {"kingdoms", "taxonomic_unit
                                                      "change_operations_lookup"};
 
 }  // namespace
-
-void CreateDataSetFile(Engine& engine, const std::string& path) {
-    const DatabaseHandle database = engine.CreateDatabase(path);
-    try {
-        DefineTablesAndQueries(engine, *database);
-        database->Close();
-    } catch (...) {
-        Abandon(*database, path);
-        throw;
-    }
-}
 
 void SeedDataSet(Engine& engine, Database& database, std::string_view kingdomName, std::string_view version) {
     const std::string name(Trim(kingdomName));
@@ -141,15 +124,16 @@ void SeedDataSet(Engine& engine, Database& database, std::string_view kingdomNam
 }
 
 void MakeDataSetFile(Engine& engine, const std::string& path, std::string_view kingdomName,
-                     std::string_view version) {
+                     std::string_view version, const GoOn& goOn) {
+    RefuseSpecialFile(path);
     WithStoreErrors([&] {
         TemporaryFile making(path, BeginsLikeDataSet);
         const DatabaseHandle database = engine.CreateDatabaseIn(making.Path());
         WriteWithoutSyncs(*database->Shared());
-        DefineTablesAndQueries(engine, *database);
+        DefineTablesAndQueries(engine, *database, goOn);
         SeedDataSet(engine, *database, kingdomName, version);
         database->Close();
-        PublishDataSet(making);
+        PublishDataSet(making, goOn);
     });
 }
 

@@ -1,6 +1,7 @@
 #include "store/lifecycle/file_copy.h"
 
 #include <fcntl.h>
+#include <fmt/format.h>
 #include <linux/fs.h>
 #include <sys/ioctl.h>
 #include <sys/stat.h>
@@ -14,6 +15,7 @@
 
 #include "core/descriptor.h"
 #include "core/file_identity.h"
+#include "store/engine/whole_file.h"
 
 namespace quillon::store {
 
@@ -46,11 +48,14 @@ private:
 };
 
 // Shares the blocks if the file system supports that.
-void CopyBytes(const std::string& from, TemporaryFile& to) {
+void CopyBytes(const std::string& from, TemporaryFile& to, const GoOn& goOn) {
     Source source(from);
     if (ioctl(to.Descriptor(), FICLONE, source.Number()) == 0) return;
     std::array<char, 1 << 16> buffer;
-    while (const std::size_t got = source.Read(buffer.data(), buffer.size())) to.Write({buffer.data(), got});
+    while (const std::size_t got = source.Read(buffer.data(), buffer.size())) {
+        RequireGoOn(goOn);
+        to.Write({buffer.data(), got});
+    }
 }
 
 }  // namespace
@@ -85,17 +90,33 @@ bool IsDataSetPlaceTaken(const std::string& path) {
                                            [&](const char* ending) { return FileExists(real + ending); });
 }
 
-void PublishDataSet(TemporaryFile& finished) {
+void RefuseSpecialFile(const std::string& path) {
+    struct stat info {};
+    if (stat(path.c_str(), &info) == 0 && !S_ISREG(info.st_mode))
+        throw StoreError(ErrorNumber::InvalidPath,
+                         fmt::format("'{}' is not a file that can be written.", path));
+}
+
+void RequireGoOn(const GoOn& goOn) {
+    if (goOn && !goOn()) ThrowInterrupted();
+}
+
+void PublishDataSet(TemporaryFile& finished, const GoOn& goOn) {
+    if (goOn) {
+        WithStoreErrors([&] { finished.Sync(); });
+        RequireGoOn(goOn);
+    }
     for (const char* ending : kLogs) unlink((finished.Target() + ending).c_str());
     WithStoreErrors([&] { finished.Publish(); });
 }
 
-void CopyDataSetFile(const std::string& from, const std::string& to) {
+void CopyDataSetFile(const std::string& from, const std::string& to, const GoOn& goOn) {
+    RefuseSpecialFile(to);
     WithStoreErrors([&] {
         TemporaryFile copy(to, BeginsLikeDataSet);
         copy.TakePermissionsOf(from);
-        CopyBytes(from, copy);
-        PublishDataSet(copy);
+        CopyBytes(from, copy, goOn);
+        PublishDataSet(copy, goOn);
     });
 }
 

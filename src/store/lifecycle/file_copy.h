@@ -30,12 +30,21 @@ bool BeginsLikeDataSet(std::string_view firstBytes);
 // make a DataSet there, because all of them are removed.
 bool IsDataSetPlaceTaken(const std::string& path);
 
+// Throws InvalidPath when `path` leads to a device, a pipe or a folder, which no file may replace.
+void RefuseSpecialFile(const std::string& path);
+
+// Called during a long job; false cancels it.
+using GoOn = std::function<bool()>;
+// Throws the error of an interrupted statement when `goOn` returns false. An empty one never does.
+void RequireGoOn(const GoOn& goOn);
+
 // Replaces the target with a finished, closed DataSet. First removes a journal or log that another file left
 // beside the target, because SQLite would apply it to the new file.
-void PublishDataSet(TemporaryFile& finished);
+// Asks `goOn` for the last time when the file is written, before it is moved into place.
+void PublishDataSet(TemporaryFile& finished, const GoOn& goOn = {});
 
-// Copies the file. Neither file may be open in this process.
-void CopyDataSetFile(const std::string& from, const std::string& to);
+// Copies the file. Neither file may be open in this process. When it is canceled, `to` is unchanged.
+void CopyDataSetFile(const std::string& from, const std::string& to, const GoOn& goOn = {});
 
 // Throws FileInUse when `path` is a DataSet that another process has open.
 void RefuseFileInUse(Engine& engine, const std::string& path);
