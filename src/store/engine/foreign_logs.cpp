@@ -9,6 +9,7 @@
 #include <array>
 #include <string_view>
 
+#include "core/descriptor.h"
 #include "store/error.h"
 
 namespace quillon::store {
@@ -33,16 +34,15 @@ bool BeginsLikeWal(std::string_view bytes) {
                                                [&](std::string_view magic) { return bytes == magic; });
 }
 
-// Calls `isOwn` with the first bytes. A file that cannot be read is left to SQLite, which reports it.
-bool HasContent(const std::string& path, std::size_t size, bool (*isOwn)(std::string_view)) {
+// True when `isOwn` accepts the first bytes. A file that cannot be read is left to SQLite, which reports it.
+bool IsOwnOrAbsent(const std::string& path, std::size_t size, bool (*isOwn)(std::string_view)) {
     struct stat info {};
     if (stat(path.c_str(), &info) != 0) return true;
     if (!S_ISREG(info.st_mode)) return false;
-    const int file = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-    if (file < 0) return true;
+    const Descriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    if (!file.IsOpen()) return true;
     std::array<char, kJournalMagic.size()> first{};
-    const ssize_t got = read(file, first.data(), size);
-    close(file);
+    const ssize_t got = read(file.Number(), first.data(), size);
     return got < 0 || isOwn(std::string_view(first.data(), static_cast<std::size_t>(got)));
 }
 
@@ -55,8 +55,8 @@ void Refuse(const std::string& path) {
 
 void RefuseForeignLogs(const std::string& realPath) {
     const std::string journal = realPath + "-journal", wal = realPath + "-wal";
-    if (!HasContent(journal, kJournalMagic.size(), BeginsLikeJournal)) Refuse(journal);
-    if (!HasContent(wal, kWalMagics.front().size(), BeginsLikeWal)) Refuse(wal);
+    if (!IsOwnOrAbsent(journal, kJournalMagic.size(), BeginsLikeJournal)) Refuse(journal);
+    if (!IsOwnOrAbsent(wal, kWalMagics.front().size(), BeginsLikeWal)) Refuse(wal);
 }
 
 }  // namespace quillon::store
