@@ -33,14 +33,14 @@ TEST_P(QuitSignalsTest, ADialogThatIsOpenClosesWithoutAQuestion) {
 
 TEST_P(QuitSignalsTest, ASignalIsSeenBeforeTheEventLoopTakesIt) {
     bool quit = false;
-    const QuitSignals signals([&] { quit = true; });
-    EXPECT_FALSE(signals.IsWaiting());
+    const QuitSignals taken([&] { quit = true; });
+    EXPECT_FALSE(taken.IsWaiting());
     raise(GetParam());
-    EXPECT_TRUE(signals.IsWaiting());
+    EXPECT_TRUE(taken.IsWaiting());
     EXPECT_FALSE(quit);
     QApplication::processEvents();
     EXPECT_TRUE(quit);
-    EXPECT_FALSE(signals.IsWaiting());
+    EXPECT_FALSE(taken.IsWaiting());
 }
 
 INSTANTIATE_TEST_SUITE_P(Signals, QuitSignalsTest, testing::Values(SIGHUP, SIGINT, SIGTERM));
