@@ -148,20 +148,6 @@ void SynonymTab::EnterMode(EditorMode mode) {
     OfferCandidates();
 }
 
-void SynonymTab::TurnToAcceptedNames() {
-    SetAcceptedNameCaptions();
-    grdSynonyms.ClearRows();
-    ShowRow();
-    SetFieldsEnabled(true);
-}
-
-void SynonymTab::TurnToSynonyms() {
-    lblSynonyms.SetCaption("Synonyms");
-    grdSynonyms.ClearRows();
-    ShowRow();
-    SetFieldsEnabled(false);
-}
-
 void SynonymTab::ApplyPreferences(EditorMode mode) {
     const std::string heading = lblSynonyms.Caption();
     SetAcceptedNameCaptions();

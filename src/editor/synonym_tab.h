@@ -58,10 +58,6 @@ public:
     // grid holds.
     void ApplyPreferences(EditorMode mode) override;
 
-    // The user has changed the usage of the record. The grid is emptied: what it lists is no longer what the
-    // record has.
-    void TurnToAcceptedNames();
-    void TurnToSynonyms();
     // Offers the accepted names of the rank in cboSRank. They are read when the list is first used, without
     // the record that is current then. A failure is reported.
     void OfferCandidates();

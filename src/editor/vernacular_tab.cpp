@@ -169,9 +169,9 @@ void VernacularTab::Modify() {
     const bool renamed = TextOf(*row) != TextOf(*shown);
     grdVernacular.ReplaceRow(static_cast<std::size_t>(selected), *row);
     ShowRow();
-    OfferNames(true);
     const int qb_vern_id = IdOf(*row, Column::kQbVernId);
     if (renamed && qb_vern_id != 0) NameRenamed(qb_vern_id, TextOf(*row));
+    OfferNames(true);
 }
 
 std::optional<GridControl::Row> VernacularTab::CheckedRow(const GridControl::Row& from, int selected) {
@@ -208,8 +208,8 @@ void VernacularTab::Delete() {
     grdVernacular.RemoveSelectedData();
     State().RecordDirty = true;
     ShowRow();
-    OfferNames();
     NameDeleted(name);
+    OfferNames();
 }
 
 bool VernacularTab::ConfirmDelete(int qb_vern_id) {

@@ -40,6 +40,8 @@ public:
     // The names in the grid have changed. Passes them as "name [language]" with their qb_vern_id, for the
     // pickers of the documentation tabs.
     Signal<const std::vector<ChoiceControl::Choice>&> NamesChanged;
+    // These two come before NamesChanged, whose listeners still know the old names then.
+    //
     // The command has taken a name, "name [language]", from the grid.
     Signal<const std::string&> NameDeleted;
     // The stored name with this qb_vern_id reads "name [language]" now.

@@ -106,13 +106,14 @@ TEST_F(SynonymCommands, DeleteTakesTheSelectedRow) {
 
 TEST_F(SynonymCommands, AnotherUsageEmptiesTheGrid) {
     EditTaxon(2, 100, "valid");
-    tab.TurnToAcceptedNames();
+    tab.UsageChosen(true);
     EXPECT_EQ(Rows(), "||||\n");
     EXPECT_EQ(tab.lblSynonyms.Caption() + ", " + tab.lblSRName.Caption(), "Valid Names, Valid Name");
     EXPECT_TRUE(tab.cmdSAdd.Enabled() && tab.cboSRName.Enabled());
     Add("Orca alpha");
     EXPECT_EQ(Rows(), "Orca alpha||5|500|A\n||||\n");
-    tab.TurnToSynonyms();
+    data.state.currentTaxon.usage = "invalid";
+    tab.UsageChosen(false);
     EXPECT_EQ(Rows(), "||||\n");
     EXPECT_EQ(tab.lblSynonyms.Caption(), "Synonyms");
     EXPECT_EQ(tab.cboSSciName.Text(), "");

@@ -145,6 +145,36 @@ TEST_F(RecordPages, ACandidateIsChosenByKey) {
     EXPECT_EQ(Find<QComboBox>("cboSSciName")->currentText(), "Orcinus orca");
 }
 
+TEST_F(RecordPages, ANameIsTypedAndAdded) {
+    record.vernaculars.EnterMode(EditorMode::Edit);
+    auto* table = Find<QTableWidget>("grdVernacular");
+    QTest::keyClicks(Find<QLineEdit>("txtVName"), "grampus");
+    QTest::keyClicks(Find<QComboBox>("cboLanguage")->lineEdit(), "Latin");
+    QTest::keyClick(Find<QCheckBox>("chkApproved"), Qt::Key_Space);
+    QTest::mouseClick(Find<QPushButton>("cmdVAdd"), Qt::LeftButton);
+    EXPECT_EQ(RowsOf(*table), "killer whale|English|Yes\norque|French|No\ngrampus|Latin|Yes\n||\n");
+    EXPECT_EQ(table->currentRow(), 2);
+    QTest::mouseClick(Find<QPushButton>("cmdVDelete"), Qt::LeftButton);
+    EXPECT_EQ(RowsOf(*table), "killer whale|English|Yes\norque|French|No\n||\n");
+    EXPECT_EQ(table->currentRow(), 2) << "the empty row";
+    EXPECT_EQ(Find<QLineEdit>("txtVName")->text(), "");
+    EXPECT_TRUE(data.prompter.messages.empty());
+}
+
+TEST_F(RecordPages, AnEmptyFieldTakesTheFocus) {
+    record.comments.EnterMode(EditorMode::Edit);
+    pages.setCurrentIndex(3);
+    pages.activateWindow();
+    QTest::keyClicks(Find<QLineEdit>("txtCommentator"), "Jones");
+    QTest::mouseClick(Find<QPushButton>("cmdCAdd"), Qt::LeftButton);
+    EXPECT_EQ(data.prompter.messages, std::vector<std::string>{"A Comment is required!"});
+    EXPECT_EQ(pages.focusWidget(), Find<QPlainTextEdit>("txtComment"));
+    QTest::keyClicks(Find<QPlainTextEdit>("txtComment"), "In June");
+    QTest::mouseClick(Find<QPushButton>("cmdCAdd"), Qt::LeftButton);
+    EXPECT_EQ(RowsOf(*Find<QTableWidget>("grdComments")), "Smith|Seen in May\nJones|In June\n|\n");
+    EXPECT_EQ(Find<QPlainTextEdit>("txtComment")->toPlainText(), "");
+}
+
 TEST_F(RecordPages, TheDistributionIsShown) {
     pages.setCurrentIndex(2);
     for (const CheckControl* region : record.distribution.Regions()) {
