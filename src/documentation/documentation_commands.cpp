@@ -234,4 +234,14 @@ void DocumentationTab::RenameVernacular(int qb_vern_id, const std::string& name)
     }
 }
 
+void DocumentationTab::RenameNewVernacular(const std::string& old, const std::string& name) {
+    const ChangeScope scope(form_);
+    for (int row = 0; grid.IsDataRow(row); ++row) {
+        const GridControl::Row& cells = CellsOf(row);
+        if (cells[columns_.association] == kVernacular && cells[DocumentColumns::name] == old)
+            grid.SetCell(static_cast<std::size_t>(row), DocumentColumns::name, name);
+    }
+    if (association.picker.Text() == old) association.picker.SetText(name);
+}
+
 }  // namespace quillon::documentation

@@ -102,6 +102,8 @@ public:
     void RemoveVernacularRows(const std::string& name);
     // A stored vernacular has another "name [language]".
     void RenameVernacular(int qb_vern_id, const std::string& name);
+    // So has one that is not stored yet.
+    void RenameNewVernacular(const std::string& old, const std::string& name);
     // The name that new rows show. Without this it is that of CurrentTaxon.
     void TakeNameFrom(std::function<std::string()> source) { nameSource_ = std::move(source); }
 

@@ -43,10 +43,6 @@ GridControl::Row RowOf(const records::Comment& comment) {
             std::to_string(comment.comment_id), comment.timeStamp};
 }
 
-records::TaxonKey KeyOf(const CurrentTaxon& taxon) {
-    return {taxon.qb_id, taxon.tsn};
-}
-
 }  // namespace
 
 CommentTab::CommentTab(Form& form)
@@ -139,7 +135,7 @@ bool CommentTab::SaveNew(const records::RecordStore& records) {
 
 // The grid gets the id and the time stamp of a new comment: the next new record may keep the row.
 bool CommentTab::SaveRow(const records::RecordStore& records, std::size_t row) {
-    const records::TaxonKey taxon = KeyOf(State().currentTaxon);
+    const records::TaxonKey taxon = records::KeyOf(State().currentTaxon);
     records::Comment comment = CommentOf(grdComments.Rows()[row]);
     bool stored = false;
     records.Reporting([&] { stored = records::IsCommentStored(records.database, comment.qb_comment_id); });
@@ -150,7 +146,7 @@ bool CommentTab::SaveRow(const records::RecordStore& records, std::size_t row) {
 }
 
 void CommentTab::SaveChanges(const records::RecordStore& records) {
-    const records::TaxonKey taxon = KeyOf(State().currentTaxon);
+    const records::TaxonKey taxon = records::KeyOf(State().currentTaxon);
     for (const int id : removed) records::DeleteCommentLink(records, taxon.qb_id, id);
     for (std::size_t row = 0; row < grdComments.DataCount(); ++row) {
         const records::Comment comment = CommentOf(grdComments.Rows()[row]);

@@ -166,16 +166,16 @@ bool DistributionTab::SaveNew(const records::RecordStore& records) {
     CurrentTaxon& taxon = State().currentTaxon;
     if (taxon.qb_id == 0) return false;
     Collect(taxon);
-    records::AddDivisions(records, {taxon.qb_id, taxon.tsn}, taxon.divisions);
-    records::AddJurisdictions(records, {taxon.qb_id, taxon.tsn}, taxon.jurisdictions);
+    records::AddDivisions(records, records::KeyOf(taxon), taxon.divisions);
+    records::AddJurisdictions(records, records::KeyOf(taxon), taxon.jurisdictions);
     return true;
 }
 
 void DistributionTab::SaveChanges(const records::RecordStore& records) {
     CurrentTaxon& taxon = State().currentTaxon;
     Collect(taxon);
-    records::RewriteDivisions(records, {taxon.qb_id, taxon.tsn}, taxon.divisions, oldDivisions);
-    records::RewriteJurisdictions(records, {taxon.qb_id, taxon.tsn}, taxon.jurisdictions, oldJurisdictions);
+    records::RewriteDivisions(records, records::KeyOf(taxon), taxon.divisions, oldDivisions);
+    records::RewriteJurisdictions(records, records::KeyOf(taxon), taxon.jurisdictions, oldJurisdictions);
 }
 
 void DistributionTab::ResetJurisdictionLists() {

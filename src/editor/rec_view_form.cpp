@@ -40,6 +40,18 @@ RecViewForm::RecViewForm() {
     vernaculars.NamesChanged.Connect([this](const auto& names) {
         for (auto* documents : {&publications, &experts, &otherSources}) documents->OfferVernaculars(names);
     });
+    vernaculars.NameDeleted.Connect([this](const std::string& deleted) {
+        for (auto* documents : {&experts, &otherSources, &publications})
+            documents->RemoveVernacularRows(deleted);
+    });
+    vernaculars.NameRenamed.Connect([this](int qb_vern_id, const std::string& renamed) {
+        for (auto* documents : {&publications, &experts, &otherSources})
+            documents->RenameVernacular(qb_vern_id, renamed);
+    });
+    vernaculars.NewNameRenamed.Connect([this](const std::string& old, const std::string& renamed) {
+        for (auto* documents : {&publications, &experts, &otherSources})
+            documents->RenameNewVernacular(old, renamed);
+    });
     for (auto* documents : {&publications, &experts, &otherSources})
         documents->TakeNameFrom([this] { return CurrentTaxonName(); });
 }

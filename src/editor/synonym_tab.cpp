@@ -257,7 +257,7 @@ void SynonymTab::SaveChanges(const records::RecordStore& records) {
 }
 
 bool SynonymTab::SaveLinks(const records::RecordStore& records) {
-    const records::TaxonKey synonym{State().currentTaxon.qb_id, State().currentTaxon.tsn};
+    const records::TaxonKey synonym = records::KeyOf(State().currentTaxon);
     for (const GridControl::Row& row : grdSynonyms.Rows()) {
         if (row[Column::kType] != kAccepted) continue;
         const auto id = [&](std::size_t column) { return static_cast<int>(Value(row[column]).AsLong()); };

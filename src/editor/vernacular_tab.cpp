@@ -49,10 +49,6 @@ records::Vernacular VernacularOf(const GridControl::Row& row) {
             row[Column::kLanguage], row[Column::kApproved] == "Yes"};
 }
 
-records::TaxonKey KeyOf(const CurrentTaxon& taxon) {
-    return {taxon.qb_id, taxon.tsn};
-}
-
 Choices ReadLanguages(store::Database& database) {
     Choices languages;
     const auto rows = database.OpenRecordset(kLanguages, store::RecordsetType::ForwardOnly);
@@ -166,12 +162,18 @@ void VernacularTab::Modify() {
     State().RecordDirty = true;
     const auto row = CheckedRow(*shown, selected);
     if (!row) return;
-    const bool renamed = TextOf(*row) != TextOf(*shown);
+    const std::string old = TextOf(*shown), name = TextOf(*row);
     grdVernacular.ReplaceRow(static_cast<std::size_t>(selected), *row);
     ShowRow();
-    const int qb_vern_id = IdOf(*row, Column::kQbVernId);
-    if (renamed && qb_vern_id != 0) NameRenamed(qb_vern_id, TextOf(*row));
+    if (name != old) EmitRenamed(IdOf(*row, Column::kQbVernId), old, name);
     OfferNames(true);
+}
+
+void VernacularTab::EmitRenamed(int qb_vern_id, const std::string& old, const std::string& name) {
+    if (qb_vern_id == 0)
+        NewNameRenamed(old, name);
+    else
+        NameRenamed(qb_vern_id, name);
 }
 
 std::optional<GridControl::Row> VernacularTab::CheckedRow(const GridControl::Row& from, int selected) {
@@ -226,7 +228,7 @@ bool VernacularTab::ConfirmDelete(int qb_vern_id) {
 }
 
 bool VernacularTab::SaveNew(const records::RecordStore& records) {
-    const records::TaxonKey taxon = KeyOf(State().currentTaxon);
+    const records::TaxonKey taxon = records::KeyOf(State().currentTaxon);
     if (taxon.qb_id == 0) return false;
     bool saved = true;
     for (std::size_t row = 0; row < grdVernacular.DataCount(); ++row)
@@ -235,7 +237,7 @@ bool VernacularTab::SaveNew(const records::RecordStore& records) {
 }
 
 void VernacularTab::SaveChanges(const records::RecordStore& records) {
-    const records::TaxonKey taxon = KeyOf(State().currentTaxon);
+    const records::TaxonKey taxon = records::KeyOf(State().currentTaxon);
     for (const int id : removed) records::DeleteVernacular(records, taxon, id);
     for (std::size_t row = 0; row < grdVernacular.DataCount(); ++row)
         records::SaveVernacular(records, taxon, VernacularOf(grdVernacular.Rows()[row]));

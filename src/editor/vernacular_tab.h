@@ -40,12 +40,14 @@ public:
     // The names in the grid have changed. Passes them as "name [language]" with their qb_vern_id, for the
     // pickers of the documentation tabs.
     Signal<const std::vector<ChoiceControl::Choice>&> NamesChanged;
-    // These two come before NamesChanged, whose listeners still know the old names then.
+    // These three come before NamesChanged, whose listeners still know the old names then.
     //
     // The command has taken a name, "name [language]", from the grid.
     Signal<const std::string&> NameDeleted;
     // The stored name with this qb_vern_id reads "name [language]" now.
     Signal<int, const std::string&> NameRenamed;
+    // A name that is not stored yet, `old`, reads `name` now; both are "name [language]".
+    Signal<const std::string& /*old*/, const std::string& /*name*/> NewNameRenamed;
     // Emits NamesChanged with the names in the grid. With `sayWhenNone`, for the commands that add or change
     // a name, reports when there is none.
     void OfferNames(bool sayWhenNone = false);
@@ -65,6 +67,7 @@ private:
     void Add();
     void Modify();
     void Delete();
+    void EmitRenamed(int qb_vern_id, const std::string& old, const std::string& name);
     // The fields as a row with the ids of `from`. Nothing after a message when they cannot be taken.
     std::optional<GridControl::Row> CheckedRow(const GridControl::Row& from, int selected);
     bool HoldsRow(const GridControl::Row& row, int besides) const;

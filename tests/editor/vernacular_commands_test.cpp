@@ -19,6 +19,9 @@ protected:
         tab.NameRenamed.Connect([this](int id, const std::string& name) {
             events += "renamed " + std::to_string(id) + " " + name + ";";
         });
+        tab.NewNameRenamed.Connect([this](const std::string& old, const std::string& name) {
+            events += "renamed " + old + " " + name + ";";
+        });
         tab.txtVName.OnTakeFocus([this] { events += "focus;"; });
         AddName("3, 5, 77, 7001, 'orca', 'English', True, '6F726361'");
         AddName("3, 6, Null, 7001, 'orque', 'French', False, '6F72717565'");
@@ -163,13 +166,13 @@ TEST_F(VernacularCommands, ModifyWithoutARowChangesNothing) {
     EXPECT_EQ(Said(), Texts());
 }
 
-TEST_F(VernacularCommands, ANewNameIsRenamedWithoutASignal) {
+TEST_F(VernacularCommands, ANewNameIsRenamedByItsText) {
     Edit(tab, 3, 7001);
     Enter("killer whale", "English");
     tab.cmdVAdd.UserClick();
     tab.txtVName.UserSetText("grampus");
     tab.cmdVModify.UserClick();
-    EXPECT_EQ(events, "");
+    EXPECT_EQ(events, "renamed killer whale [English] grampus [English];");
     EXPECT_EQ(Rows(), both + "grampus|English|No|0|0|0\n|||||\n");
 }
 
