@@ -2,9 +2,6 @@
 
 #include <fmt/format.h>
 
-#include <cstdio>
-#include <stdexcept>
-
 #include "batch/batch_job.h"
 #include "core/text.h"
 #include "core/vocabulary.h"
@@ -50,19 +47,6 @@ std::string Field(const Value& value) {
     return value.IsBoolean() ? (value.AsBoolean() ? "1" : "0") : Escape(value.AsText());
 }
 
-// Output that cannot be written is a failure of the job.
-[[noreturn]] void FailToPrint() {
-    throw std::runtime_error(OutputFailure());
-}
-
-void Print(const std::string& line) {
-    if (std::fwrite(line.data(), 1, line.size(), stdout) != line.size()) FailToPrint();
-}
-
-void FlushOutput() {
-    if (std::fflush(stdout) != 0) FailToPrint();
-}
-
 // False when the job is canceled.
 bool GoesOn(BatchJob& batchJob) {
     batchJob.pump.Yield();
@@ -75,7 +59,7 @@ store::StatementTurns CancelableStatements(BatchJob& batchJob) {
 }
 
 ExitStatus Ended(BatchJob& batchJob) {
-    FlushOutput();
+    FlushResults();
     batchJob.lifecycle.CloseDataSet();
     return batchJob.state.gBatchCancel ? ExitStatus::Failed : ExitStatus::Done;
 }
@@ -84,12 +68,12 @@ void PrintRows(BatchJob& batchJob, store::Recordset& rows) {
     std::string line;
     for (std::size_t i = 0; i < rows.ColumnCount(); ++i)
         line += (i == 0 ? "" : "\t") + Escape(rows.ColumnName(i));
-    Print(line + "\n");
+    PrintResult(line + "\n");
     for (; !rows.Eof() && !batchJob.state.gBatchCancel; rows.MoveNext()) {
         batchJob.pump.Yield();
         line.clear();
         for (std::size_t i = 0; i < rows.ColumnCount(); ++i) line += (i == 0 ? "" : "\t") + Field(rows.At(i));
-        Print(line + "\n");
+        PrintResult(line + "\n");
     }
 }
 
@@ -118,7 +102,7 @@ bool PrintQuery(BatchJob& batchJob, const std::string& query, const std::vector<
     if (def.IsSelect()) {
         PrintRows(batchJob, *def.OpenRecordset(store::RecordsetType::ForwardOnly));
     } else {
-        Print(fmt::format("rows\n{}\n", def.Execute()));
+        PrintResult(fmt::format("rows\n{}\n", def.Execute()));
     }
     return true;
 }
@@ -127,12 +111,12 @@ void PrintInfo(BatchJob& batchJob, const std::string& path) {
     const store::StatementTurns turns = CancelableStatements(batchJob);
     std::string version;
     store::IsDataSetVersionValid(*batchJob.state.gDatabase, version);
-    Print(fmt::format("version\t{}\nkingdom\t{}\npath\t{}\n", Escape(version),
-                      Escape(batchJob.state.gKingdomName), Escape(path)));
+    PrintResult(fmt::format("version\t{}\nkingdom\t{}\npath\t{}\n", Escape(version),
+                            Escape(batchJob.state.gKingdomName), Escape(path)));
     for (const store::TableDef& table : batchJob.state.gDatabase->TableDefs()) {
         const auto count =
             batchJob.state.gDatabase->CreateSnapshot(fmt::format("SELECT count(*) FROM [{}]", table.name));
-        Print(fmt::format("{}\t{}\n", table.name, count->At(0).AsLong()));
+        PrintResult(fmt::format("{}\t{}\n", table.name, count->At(0).AsLong()));
     }
 }
 

@@ -37,6 +37,10 @@ ExitStatus RunValidate(const CommonOptions& options, const std::string& path, co
 // `parameters` are NAME=VALUE; one not given is Null.
 ExitStatus RunQuery(const CommonOptions& options, const std::string& path, const std::string& query,
                     const std::vector<std::string>& parameters);
+// Plays the actions of `file`, or of standard input for "-". `preferencesFile` is a Qln.Ini; "" for the
+// preferences of a new user.
+ExitStatus RunScript(const CommonOptions& options, const std::string& path, const std::string& file,
+                     const std::string& preferencesFile);
 ExitStatus RunInfo(const CommonOptions& options, const std::string& path);
 
 }  // namespace quillon::batch

@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <stdexcept>
 
 #include "core/attempt.h"
 
@@ -20,6 +21,11 @@ void Note(int) {
 }
 
 bool outOfMemory = false;
+
+// Output that cannot be written is a failure of the job.
+[[noreturn]] void FailToPrint() {
+    throw std::runtime_error(OutputFailure());
+}
 
 void PrintOnOneLine(std::string_view text) {
     for (std::size_t i = 0; i < text.size(); ++i) {
@@ -41,6 +47,27 @@ std::string OutputFailure() {
     return std::string("Standard output cannot be written: ") + std::strerror(errno) + ".";
 }
 
+void PrintQuestion(std::string_view text, std::string_view answer) {
+    std::fputs("question: ", stderr);
+    PrintOnOneLine(text);
+    std::fputs(" [", stderr);
+    PrintOnOneLine(answer);
+    std::fputs("]\n", stderr);
+}
+
+void PrintRemark(std::string_view line) {
+    PrintOnOneLine(line);
+    std::fputc('\n', stderr);
+}
+
+void PrintResult(const std::string& line) {
+    if (std::fwrite(line.data(), 1, line.size(), stdout) != line.size()) FailToPrint();
+}
+
+void FlushResults() {
+    if (std::fflush(stdout) != 0) FailToPrint();
+}
+
 bool ConsolePrompter::SaidOutOfMemory() {
     return outOfMemory;
 }
@@ -52,9 +79,7 @@ void ConsolePrompter::Message(std::string_view text, std::string_view) {
 
 bool ConsolePrompter::AskYesNo(std::string_view text, std::string_view) {
     const bool yes = answer_ == Answer::Yes;
-    std::fputs("question: ", stderr);
-    PrintOnOneLine(text);
-    std::fputs(yes ? " [Yes]\n" : " [No]\n", stderr);
+    PrintQuestion(text, yes ? "Yes" : "No");
     return yes;
 }
 
@@ -67,7 +92,7 @@ std::optional<std::string> ConsolePrompter::FileToSave(std::string_view, std::st
     return {};
 }
 
-SignalPump::SignalPump(ApplicationState& state) : state_(state) {
+void WatchSignals() {
     struct sigaction action {};
     action.sa_handler = Note;
     sigset_t taken;
@@ -79,8 +104,16 @@ SignalPump::SignalPump(ApplicationState& state) : state_(state) {
     sigprocmask(SIG_UNBLOCK, &taken, nullptr);  // the parent process may have blocked them
 }
 
+bool IsSignalled() {
+    return signalled != 0;
+}
+
+SignalPump::SignalPump(ApplicationState& state) : state_(state) {
+    WatchSignals();
+}
+
 void SignalPump::Yield() {
-    if (signalled != 0) state_.gBatchCancel = true;
+    if (IsSignalled()) state_.gBatchCancel = true;
 }
 
 ProgressLine::ProgressLine(bool wanted) : drawn_(wanted && isatty(STDERR_FILENO) == 1) {}

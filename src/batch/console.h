@@ -15,6 +15,14 @@ enum class Answer { No, Yes };
 
 // Prints "message: " and the text on standard error, in one line. Allocates nothing.
 void PrintMessage(std::string_view text, std::string_view more = {});
+// Prints "question: ", the text, and the answer in brackets.
+void PrintQuestion(std::string_view text, std::string_view answer);
+// Prints a line about the command's own input.
+void PrintRemark(std::string_view line);
+
+// Write results on standard output. Throw std::runtime_error when that fails.
+void PrintResult(const std::string& line);
+void FlushResults();
 
 // The message for a failure to write standard output, which errno describes.
 std::string OutputFailure();
@@ -27,7 +35,7 @@ public:
     static bool SaidOutOfMemory();
 
     void Message(std::string_view text, std::string_view title) override;
-    // Prints "question: ", the text, and the chosen answer in brackets.
+    // Prints the question with the answer of the command line.
     bool AskYesNo(std::string_view text, std::string_view title) override;
     // Without a screen there are no dialogs: the answer is always Cancel.
     std::optional<std::string> FileToOpen(std::string_view title, std::string_view filter) override;
@@ -40,7 +48,11 @@ private:
     Answer answer_;
 };
 
-// Sets gBatchCancel on SIGHUP, SIGINT and SIGTERM, including signals that were pending at the start.
+// From WatchSignals() on, SIGHUP, SIGINT and SIGTERM are noted, including those that were pending.
+void WatchSignals();
+bool IsSignalled();
+
+// Watches the signals, and sets gBatchCancel after one of them.
 class SignalPump : public EventPump {
 public:
     explicit SignalPump(ApplicationState& state);

@@ -17,10 +17,28 @@ namespace quillon::batch {
 
 namespace {
 
+constexpr const char* kScriptActions =
+    R"(Actions:
+  select QB_ID | last            choose a taxon, or the new record saved last
+  expand QB_ID, collapse QB_ID   open or close a branch of the hierarchy
+  drop QB_ID QB_ID               drag the first node onto the second
+  tab KEY                        bring up a tab
+  set CONTROL TEXT               enter or choose a text; \n, \t and \\ in it
+  check CONTROL on | off         a check box
+  option CONTROL                 one of a group of options
+  row GRID N, item LIST N        select a row or an item, from 1
+  click CONTROL                  a button, a key of the toolbar or a menu item
+  enter CONTROL, leave CONTROL   move the focus
+  answer WORD                    for the next question: Yes, No, OK or Cancel
+  file PATH                      for the next file dialog
+  show [CONTROL ...]             print controls: name, value, disabled, hidden, locked
+  current                        print qb_id and name of the record
+Lines that are empty or begin with # are skipped.)";
+
 struct Arguments {
     CommonOptions common;
     bool yes = false, no = false;
-    std::string dataSet, file, query, format = "tagged", filter = "none", logFormat = "log";
+    std::string dataSet, file, query, format = "tagged", filter = "none", logFormat = "log", preferences;
     std::vector<std::string> parameters;
     ExportArguments exported;
 };
@@ -69,6 +87,16 @@ void AddExport(CLI::App& app, Arguments& arguments) {
         ->check(CLI::IsMember({"cp1252", "utf-8"}));
 }
 
+void AddScript(CLI::App& app, Arguments& arguments) {
+    CLI::App* command = app.add_subcommand("script", "Play a file of actions on the forms of the program");
+    AddCommon(*command, arguments);
+    AddKingdom(*command, arguments);
+    command->add_option("FILE", arguments.file, "The actions, one a line; - for standard input")->required();
+    command->add_option("--preferences", arguments.preferences,
+                        "A Qln.Ini; without it the preferences are those of a new user");
+    command->footer(kScriptActions);
+}
+
 ExitStatus Dispatch(const CLI::App& app, Arguments& arguments) {
     arguments.common.answer = arguments.yes ? Answer::Yes : Answer::No;
     if (app.got_subcommand("new")) return RunNew(arguments.common, arguments.dataSet);
@@ -78,6 +106,8 @@ ExitStatus Dispatch(const CLI::App& app, Arguments& arguments) {
                            arguments.logFormat == "tsv");
     if (app.got_subcommand("export"))
         return RunExport(arguments.common, arguments.dataSet, arguments.exported);
+    if (app.got_subcommand("script"))
+        return RunScript(arguments.common, arguments.dataSet, arguments.file, arguments.preferences);
     if (app.got_subcommand("query"))
         return RunQuery(arguments.common, arguments.dataSet, arguments.query, arguments.parameters);
     return RunInfo(arguments.common, arguments.dataSet);
@@ -132,6 +162,7 @@ int Run(int argc, char** argv) {
                      "log, or tsv for the findings as rows in validate.tsv too")
         ->check(CLI::IsMember({"log", "tsv"}));
     AddExport(app, arguments);
+    AddScript(app, arguments);
     CLI::App* query = app.add_subcommand("query", "Run a stored query, or a text beginning with select");
     AddCommon(*query, arguments);
     AddKingdom(*query, arguments);

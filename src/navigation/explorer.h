@@ -96,6 +96,8 @@ public:
     // kDeepestPath. Loads everything at once.
     static constexpr std::size_t kDeepestPath = 5000;
     TreeNode* ExpandContainingSubtree(int id, std::optional<int> accepted = {});
+    // The taxa under which a synonym has its nodes. Throws StoreError.
+    std::vector<int> AcceptedNamesOf(int id) const;
     // Selects a node and scrolls to it.
     void HiliteNode(TreeNode* node);
 
@@ -279,7 +281,6 @@ private:
     void MoveList(int id);
     void SearchTyped(bool onlyBefore);
     void EndSearch();
-    std::vector<int> AcceptedNamesOf(int id) const;
     std::vector<int> SynonymsOf(int id) const;
     std::vector<int> SynonymsUnder(int qb_id) const;
     Item NewItem(int qb_id) const;

@@ -64,6 +64,7 @@ void WriteLastDataSet(const std::string& file, const std::string& path) {
 }
 
 bool WritePreferences(const ApplicationState& state, IniProfile& profile, const std::string& file) {
+    if (file.empty()) return true;
     profile.IniSetTarget(kPreferencesSection, file);
     for (const Preference& preference : kPreferences)
         profile.IniWriteValue(kPreferencesSection, file, preference.key, state.*preference.variable);

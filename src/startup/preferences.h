@@ -30,7 +30,7 @@ int ReadPreferences(ApplicationState& state, IniProfile& profile, const std::str
 std::string LastDataSet(const std::string& file);
 void WriteLastDataSet(const std::string& file, const std::string& path);
 
-// Writes all ten in one step; false, with a message, when that fails.
+// Writes all ten in one step; false, with a message, when that fails. Does nothing without a file.
 bool WritePreferences(const ApplicationState& state, IniProfile& profile, const std::string& file);
 
 }  // namespace quillon::startup

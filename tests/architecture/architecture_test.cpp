@@ -196,7 +196,7 @@ TEST(Architecture, TheLowerFoldersReachNothingAbove) {
             EXPECT_TRUE(reached == folder || store.count(reached) != 0) << folder << " reaches " << reached;
     }
     EXPECT_EQ(ReachOf("documentation", links), (Names{"core", "store", "records", "documentation"}));
-    for (const std::string folder : {"import", "export", "validation", "batch"})
+    for (const std::string folder : {"import", "export", "validation"})
         EXPECT_EQ(ReachOf(folder, links).count("editor"), 0U) << folder;
 }
 
