@@ -58,8 +58,11 @@ void ScriptProgram::ConnectCommands() {
 }
 
 void ScriptProgram::TakePreferences() {
-    if (!options_.preferencesFile.empty())
+    if (options_.preferencesFile.empty()) {
+        state_.gPrefRank = "Species";
+    } else {
         startup::ReadPreferences(state_, profile_, options_.preferencesFile);
+    }
     if (!options_.kingdom.empty()) state_.gKingdomName = options_.kingdom;
     if (!state_.gKingdomName.empty()) return;
     const auto kingdom = state_.gDatabase->CreateSnapshot("SELECT * FROM kingdoms;");
