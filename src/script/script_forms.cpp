@@ -45,8 +45,8 @@ void ScriptProgram::RegisterCleanUp() {
         curation::CleanUp form(state_, engine_, prompter_);
         form.TURecsModified.Connect([this](const std::vector<int>& taxa) { recView_.TaxaModified(taxa); });
         form.Changed.Connect([this] { recView_.ShowModified(); });
+        while (form.Continue()) continue;
         formWork_ = [&form] { return form.Continue(); };
-        while (formWork_()) continue;
         player_->PlayModal(form.form);
         formWork_ = nullptr;
     });
