@@ -166,6 +166,15 @@ void RecView::ShowTab(int tab) {
     });
 }
 
+void RecView::GoToName() {
+    const ChangeScope scope(controls_.form);
+    TaxonTab& tab = controls_.taxon;
+    if (tab.cboName1.Visible())
+        tab.cboName1.TakeFocus();
+    else
+        tab.txtName1.TakeFocus();
+}
+
 void RecView::TabClicked() {
     const int clicked = controls_.TabStrip1.SelectedIndex();
     if (clicked == tabOnShow_) return;

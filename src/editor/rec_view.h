@@ -66,6 +66,8 @@ public:
     // The command of mnuEDelete: asks, deletes the record and everything that belongs to it, and shows an
     // empty form for a new one. The node above it is selected then, but not loaded.
     void RecordDelete();
+    // Moves the focus to the first unit of the name.
+    void GoToName();
     // Taxa that the author clean-up changes: they join the journal, within the command that is open. Throws
     // StoreError.
     void TaxaModified(const std::vector<int>& taxa);

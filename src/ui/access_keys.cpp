@@ -2,6 +2,7 @@
 
 #include <QtWidgets>
 #include <algorithm>
+#include <string_view>
 #include <vector>
 
 namespace quillon::ui {
@@ -92,7 +93,9 @@ private:
         const QWidget* page;
     };
     void FindDigit(QAbstractButton& button, const QWidget* page) {
-        for (char digit = '1'; digit <= '9'; ++digit) {
+        // In a window of pages the other digits are for its tabs.
+        const std::string_view digits = page == nullptr ? "123456789" : "90";
+        for (const char digit : digits) {
             if (!IsFree(QChar(digit), page)) continue;
             Give(QChar(digit), page);
             button.setShortcut(QKeySequence(Qt::ALT | static_cast<Qt::Key>(digit)));

@@ -34,6 +34,7 @@ constexpr KeyPage kKeyPages[] = {
     {"frmNoDB", "starting.md"},
     {"FrmKingdom", "starting.md"},
     {"FrmPreferences", "preferences.md"},
+    {"CleanUp", "authors.md"},
     {"FrmImport", "importing.md"},
     {"FrmIError", "import-log.md"},
     {"frmValidate", "validating.md"},

@@ -16,7 +16,7 @@ struct MenuSpec {
 };
 
 constexpr CommandSpec kCommands[] = {
-    {"mnuFNew", "new", "new", "Ctrl+N"},
+    {"mnuFNew", "new", "new", "Ctrl+Shift+N"},
     {"mnuFOpen", "open", "open", "Ctrl+O"},
     {"mnuFSaveAs", "", "", "Ctrl+Shift+S"},
     {"mnuSave", "save", "save", "Ctrl+S"},
@@ -31,7 +31,7 @@ constexpr CommandSpec kCommands[] = {
     {"mnuCopy", "copy", "copy", "Ctrl+Shift+C"},
     {"mnuPaste", "paste", "paste", "Ctrl+Shift+V"},
     {"mnuEUndo", "undo", "undo", "Ctrl+Shift+Z"},
-    {"mnuEDelete", "delete", "delete", "Ctrl+Del"},
+    {"mnuEDelete", "delete", "delete", "Del"},
     {"mnuAuth", "", "", ""},
     {"mnuMerge", "", "", ""},
     {"mnuSplit", "", "", ""},
@@ -40,7 +40,7 @@ constexpr CommandSpec kCommands[] = {
     {"mnuPrev", "moveprev", "moveprev", "Alt+PgUp"},
     {"mnuNext", "movenext", "movenext", "Alt+PgDown"},
     {"mnuLast", "movelast", "movelast", "Alt+End"},
-    {"mnuAdd", "addnew", "addnew", "Ctrl+Shift+N"},
+    {"mnuAdd", "addnew", "addnew", "Ctrl+N"},
     {"mnuHContents", "", "", ""},
     {"mnuHSearch", "help", "help", "F1"},
     {"mnuHAbout", "", "", ""},

@@ -148,13 +148,14 @@ QWidget* RecViewWindow::BuildEditor() {
     tabs_->setAccessibleName(tr("Record"));
     tabs_->setDrawBase(false);
     tabs_->setExpanding(false);
-    auto* save = new QPushButton(editor);
+    QWidget* pages = BuildPages();
+    auto* save = new QPushButton(editor);  // after the pages, as in the order of the Tab key
     save->setObjectName("cmdOK");
     auto* layout = new QVBoxLayout(editor);
     layout->setContentsMargins(4, 4, 4, 4);
     layout->setSpacing(0);
     layout->addWidget(tabs_);
-    layout->addWidget(BuildPages(), 1);
+    layout->addWidget(pages, 1);
     layout->addSpacing(4);
     layout->addWidget(save, 0, Qt::AlignRight);
     return editor;
@@ -204,6 +205,10 @@ void RecViewWindow::ConnectKeys() {
         Connect(new QShortcut(keys, this), &QShortcut::activated, this, run);
     };
     key(Qt::Key_F6, [this] { MoveFocus(); });
+    key(Qt::Key_F2, [this] { Guard([this] { recView_.GoToName(); }); });
+    for (int tab = 0; tab < tabs_->count(); ++tab)
+        key(QKeySequence(Qt::ALT | static_cast<Qt::Key>(Qt::Key_1 + tab)),
+            [this, tab] { tabs_->setCurrentIndex(tab); });
     key(Qt::CTRL | Qt::Key_PageUp, [this] { TurnTab(-1); });
     key(Qt::CTRL | Qt::Key_PageDown, [this] { TurnTab(1); });
 }
