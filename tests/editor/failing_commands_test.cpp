@@ -47,10 +47,10 @@ TEST_F(FailingCommands, AQuestionThatFailsIsReported) {
     failing.Attach(explorer);
     failing.ShowDataSet();
     failing.SelectExplorerItem(3, false);
-    EXPECT_EQ(
-        CommandsThatSay("Not enough memory.", failing, prompter, data.state),
-        "mnuFNew mnuFOpen mnuFSaveAs mnuFQuit mnuCopy mnuAuth mnuParent mnuFirst mnuPrev mnuNext mnuLast mnuAdd "
-        "mnuHAbout ");
+    EXPECT_EQ(CommandsThatSay("Not enough memory.", failing, prompter, data.state),
+              "mnuFNew mnuFOpen mnuFSaveAs mnuFQuit mnuCopy mnuAuth mnuParent mnuFirst mnuPrev mnuNext "
+              "mnuLast mnuAdd "
+              "mnuHAbout ");
     failing.Controls().form.UserClose();
     EXPECT_EQ(prompter.messages, Messages{"Not enough memory."});
     data.state.RecordDirty = false;
