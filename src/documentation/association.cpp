@@ -19,6 +19,7 @@ void Association::Show(std::string_view word, std::string_view vernacular) {
 
 void Association::Offer(const std::vector<ChoiceControl::Choice>& vernaculars) {
     const std::string text = picker.Text();
+    former_ = picker.Choices();
     picker.SetChoices(vernaculars);
     picker.SetText(text);
 }
@@ -27,9 +28,17 @@ int Association::IdOf(std::string_view vernacular) const {
     return static_cast<int>(picker.ItemData(picker.FindText(vernacular)));
 }
 
-std::string Association::NameOf(int qb_vern_id) const {
-    const int index = qb_vern_id == 0 ? -1 : picker.FindItemData(qb_vern_id);
-    return index < 0 ? std::string() : picker.Choices()[static_cast<std::size_t>(index)].text;
+int Association::KnownId(std::string_view vernacular) const {
+    if (picker.FindText(vernacular) >= 0) return IdOf(vernacular);
+    for (const auto& former : former_)
+        if (former.text == vernacular) return static_cast<int>(former.itemData);
+    return 0;
+}
+
+std::string Association::FormerName(int qb_vern_id) const {
+    for (const auto& former : former_)
+        if (qb_vern_id != 0 && former.itemData == qb_vern_id) return former.text;
+    return {};
 }
 
 void Association::ShowPicker() {

@@ -24,15 +24,18 @@ struct Association {
 
     // "Scientific Name" empties the picker; any other word sets it to `vernacular`.
     void Show(std::string_view word, std::string_view vernacular);
-    // Replaces the vernaculars to pick from; the picker keeps its text.
+    // Replaces the vernaculars to pick from; the picker keeps its text. The former ones stay known to
+    // FormerName and KnownId until the next call.
     void Offer(const std::vector<ChoiceControl::Choice>& vernaculars);
 
     // The qb_vern_id of a vernacular among those to pick from; 0 when it is not one of them, or is not stored
     // yet.
     int IdOf(std::string_view vernacular) const;
     int PickedId() const { return IdOf(picker.Text()); }
-    // The vernacular with that id among those to pick from; "" when there is none, and for 0.
-    std::string NameOf(int qb_vern_id) const;
+    // The same among the former ones too.
+    int KnownId(std::string_view vernacular) const;
+    // The vernacular that had that id among the former ones; "" when there is none, and for 0.
+    std::string FormerName(int qb_vern_id) const;
 
     ComboControl words;
     // Its text may be missing from its list: it is the vernacular that the row was loaded with.
@@ -41,6 +44,7 @@ struct Association {
 
 private:
     void ShowPicker();
+    std::vector<ChoiceControl::Choice> former_;
 };
 
 }  // namespace quillon::documentation

@@ -202,35 +202,39 @@ void DocumentationTab::Delete() {
     SelectAndShow(std::max(row - 1, 0));
 }
 
+// The links of the vernacular go with it. A row that was modified to it is stored otherwise.
 void DocumentationTab::RemoveVernacularRows(const std::string& name) {
     const ChangeScope scope(form_);
     if (association.picker.Text() == name) association.picker.SetText("");
-    const std::string qb_vern_id = std::to_string(association.IdOf(name));
+    const int qb_vern_id = association.KnownId(name);
     for (int row = static_cast<int>(grid.DataCount()) - 1; row >= 0; --row) {
         const GridControl::Row& cells = CellsOf(row);
         if (cells[columns_.association] != kVernacular || cells[DocumentColumns::name] != name) continue;
-        // The links of the vernacular go with it. A row that was modified to it is stored otherwise.
-        if (IdOf(cells[columns_.qbId]) != 0 && cells[columns_.qbVernId] != qb_vern_id) RememberDeleted(cells);
+        const bool goesWithIt = qb_vern_id != 0 && IdOf(cells[columns_.qbVernId]) == qb_vern_id;
+        if (IdOf(cells[columns_.qbId]) != 0 && !goesWithIt) RememberDeleted(cells);
         grid.RemoveRow(static_cast<std::size_t>(row));
     }
     if (grid.SelectedRow() < 0) SelectAndShow(0);
+}
+
+void DocumentationTab::RenameRow(int row, const std::string& name) {
+    const std::string old = CellsOf(row)[DocumentColumns::name];
+    grid.SetCell(static_cast<std::size_t>(row), DocumentColumns::name, name);
+    if (row == grid.SelectedRow() && association.picker.Text() == old) association.picker.SetText(name);
 }
 
 // A row shows a vernacular by its name: the id in it is that of the stored link, which may be of another one
 // since the row was modified.
 void DocumentationTab::RenameVernacular(int qb_vern_id, const std::string& name) {
     const ChangeScope scope(form_);
-    const std::string offered = association.NameOf(qb_vern_id);
-    const std::string renamed = std::to_string(qb_vern_id);
+    const std::string former = association.FormerName(qb_vern_id);
     for (int row = 0; grid.IsDataRow(row); ++row) {
         const GridControl::Row& cells = CellsOf(row);
-        const std::string old = cells[DocumentColumns::name];
         if (cells[columns_.association] != kVernacular) continue;
-        const int shown = association.IdOf(old);
-        const bool ofAnother = shown != 0 && shown != qb_vern_id;
-        if (old != offered && (cells[columns_.qbVernId] != renamed || ofAnother)) continue;
-        grid.SetCell(static_cast<std::size_t>(row), DocumentColumns::name, name);
-        if (row == grid.SelectedRow() && association.picker.Text() == old) association.picker.SetText(name);
+        const int shown = association.KnownId(cells[DocumentColumns::name]);
+        const bool isShown = shown == qb_vern_id || cells[DocumentColumns::name] == former;
+        const bool isLoaded = shown == 0 && IdOf(cells[columns_.qbVernId]) == qb_vern_id;
+        if (isShown || isLoaded) RenameRow(row, name);
     }
 }
 

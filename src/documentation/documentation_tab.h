@@ -72,7 +72,8 @@ public:
     // Reloads all values of the first field into its list and keeps its text. For use after a save or an
     // import.
     void ReloadList();
-    // Sets the vernaculars to choose from, as "name [language]" with their ids. The picker keeps its text.
+    // Sets the vernaculars to choose from, as "name [language]" with their ids, 0 for one that is not stored
+    // yet. The picker keeps its text.
     void OfferVernaculars(const std::vector<ChoiceControl::Choice>& vernaculars) {
         association.Offer(vernaculars);
     }
@@ -98,7 +99,8 @@ public:
     // Removes the selected row and selects the one before.
     void Delete();
 
-    // The vernacular "name [language]" is gone: its rows leave the grid.
+    // The vernacular "name [language]" is gone: its rows leave the grid. For this and the next,
+    // OfferVernaculars may have been called before or not.
     void RemoveVernacularRows(const std::string& name);
     // A stored vernacular has another "name [language]".
     void RenameVernacular(int qb_vern_id, const std::string& name);
@@ -139,6 +141,7 @@ private:
     GridControl::Row ReplacementOf(const GridControl::Row& old, std::string_view word) const;
     void ShareDocument(const GridControl::Row& cells);
     void RememberDeleted(const GridControl::Row& cells);
+    void RenameRow(int row, const std::string& name);
     void RemovePending(const records::RecordStore& records);
     bool SaveRows(const records::RecordStore& records, int changeTrackId);
     void SelectAndShow(int row);

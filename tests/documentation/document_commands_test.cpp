@@ -301,6 +301,7 @@ TEST_F(DocumentCommandsTest, ADeletedVernacularTakesItsRowsOutOfTheGrid) {
     LinkVernacular(4);
     publications.Load(2);
     publications.grid.UserSelectRow(2);
+    publications.OfferVernaculars({{"Orque [French]", 6}});
     publications.RemoveVernacularRows("Killer whale [English]");
     EXPECT_EQ(Rows(), "Orcinus  orca|Linnaeus|No|1758|Systema|3|17|0|Scientific Name|0|3\n");
     EXPECT_EQ(publications.grid.SelectedRow(), 0);
@@ -330,9 +331,23 @@ TEST_F(DocumentCommandsTest, ARenamedVernacularIsRenamedWhereItIsShown) {
     EXPECT_EQ(Rows(),
               "Orque [French]|Linnaeus|No|1758|Systema|3|17|0|Vernacular|5|3\n"
               "Grampus [English]|Gray|No|1846|Notes|4|18|0|Vernacular|5|4\n");
+    publications.OfferVernaculars({{"Grampus [English]", 5}, {"Epaulard [French]", 6}});
     publications.RenameVernacular(6, "Epaulard [French]");
     EXPECT_EQ(publications.grid.Cell(0, 0), "Epaulard [French]");
     EXPECT_EQ(publications.cboVernPub.Text(), "Epaulard [French]");
+}
+
+TEST_F(DocumentCommandsTest, ARenamedVernacularThatIsNotStoredKeepsItsRows) {
+    publications.OfferVernaculars({{"Killer whale [English]", 5}, {"Orka [German]", 0}});
+    Type("Gray", "1846", "Notes");
+    Associate("Vernacular", "Orka [German]");
+    Add();
+    publications.RenameNewVernacular("Orka [German]", "Orca [German]");
+    EXPECT_EQ(publications.grid.Cell(0, 0), "Orca [German]");
+    EXPECT_EQ(publications.cboVernPub.Text(), "Orca [German]");
+    publications.OfferVernaculars({{"Killer whale [English]", 5}});
+    publications.RemoveVernacularRows("Orca [German]");
+    EXPECT_EQ(Rows(), "");
 }
 
 TEST_F(DocumentCommandsTest, ExpertsAndOtherSourcesRequireTheirFirstField) {
