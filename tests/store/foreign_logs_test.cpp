@@ -4,6 +4,7 @@
 
 #include <filesystem>
 
+#include "store/lifecycle/create.h"
 #include "store_fixture.h"
 
 namespace quillon::store {
@@ -42,6 +43,18 @@ TEST_F(ForeignLogs, RefuseTheDataSetAndStay) {
         fs::remove(path + ending);
     }
     EXPECT_EQ(Open(), Failure());
+}
+
+TEST_F(ForeignLogs, AreNotRemovedByANewDataSetOrACopy) {
+    const std::string before = testkit::ReadFile(path);
+    const std::string journal = path + "-journal";
+    testkit::WriteFile(journal, "mine");
+    f.Make("Animalia", "other.mdb");
+    f.lifecycle.CloseDataSet();
+    EXPECT_EQ(FailureOf([&] { MakeDataSetFile(f.engine, path, "Fungi", "4.0.6"); }), InTheWay("-journal"));
+    EXPECT_EQ(FailureOf([&] { CopyDataSetFile(f.dir.File("other.mdb"), path); }), InTheWay("-journal"));
+    EXPECT_EQ(testkit::ReadFile(journal), "mine");
+    EXPECT_EQ(testkit::ReadFile(path), before);
 }
 
 TEST_F(ForeignLogs, AreNotReadWhenTheyAreNoFiles) {

@@ -1,5 +1,5 @@
 // Protects the files of others beside a DataSet: SQLite takes any "NAME-journal" and "NAME-wal" for its own,
-// and deletes them. Called before each opening of a DataSet.
+// and deletes them. Called before a DataSet is opened or made.
 #pragma once
 
 #include <string>

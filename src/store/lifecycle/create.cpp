@@ -125,7 +125,7 @@ void SeedDataSet(Engine& engine, Database& database, std::string_view kingdomNam
 
 void MakeDataSetFile(Engine& engine, const std::string& path, std::string_view kingdomName,
                      std::string_view version, const GoOn& goOn) {
-    RefuseSpecialFile(path);
+    RefuseOccupiedPlace(path);
     WithStoreErrors([&] {
         TemporaryFile making(path, BeginsLikeDataSet);
         const DatabaseHandle database = engine.CreateDatabaseIn(making.Path());

@@ -15,6 +15,7 @@
 
 #include "core/descriptor.h"
 #include "core/file_identity.h"
+#include "store/engine/foreign_logs.h"
 #include "store/engine/whole_file.h"
 
 namespace quillon::store {
@@ -97,6 +98,11 @@ void RefuseSpecialFile(const std::string& path) {
                          fmt::format("'{}' is not a file that can be written.", path));
 }
 
+void RefuseOccupiedPlace(const std::string& path) {
+    RefuseSpecialFile(path);
+    RefuseForeignLogs(RealPath(path));
+}
+
 void RequireGoOn(const GoOn& goOn) {
     if (goOn && !goOn()) ThrowInterrupted();
 }
@@ -111,7 +117,7 @@ void PublishDataSet(TemporaryFile& finished, const GoOn& goOn) {
 }
 
 void CopyDataSetFile(const std::string& from, const std::string& to, const GoOn& goOn) {
-    RefuseSpecialFile(to);
+    RefuseOccupiedPlace(to);
     WithStoreErrors([&] {
         TemporaryFile copy(to, BeginsLikeDataSet);
         copy.TakePermissionsOf(from);

@@ -33,6 +33,10 @@ bool IsDataSetPlaceTaken(const std::string& path);
 // Throws InvalidPath when `path` leads to a device, a pipe or a folder, which no file may replace.
 void RefuseSpecialFile(const std::string& path);
 
+// The same, and CannotOpenFile when a file of another program is where the journal or the log of a DataSet
+// at `path` would be.
+void RefuseOccupiedPlace(const std::string& path);
+
 // Called during a long job; false cancels it.
 using GoOn = std::function<bool()>;
 // Throws the error of an interrupted statement when `goOn` returns false. An empty one never does.
