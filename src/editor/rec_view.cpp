@@ -70,6 +70,10 @@ void RecView::ConnectCommands() {
     onDataSet(controls_.mnuPrev, [this] { MoveBy(&navigation::cExplorer::MovePrev); });
     onDataSet(controls_.mnuNext, [this] { MoveBy(&navigation::cExplorer::MoveNext); });
     onDataSet(controls_.mnuLast, [this] { MoveBy(&navigation::cExplorer::MoveLast); });
+    onDataSet(controls_.mnuRankFirst, [this] { MoveByRank(RankStep::First); });
+    onDataSet(controls_.mnuRankPrev, [this] { MoveByRank(RankStep::Previous); });
+    onDataSet(controls_.mnuRankNext, [this] { MoveByRank(RankStep::Next); });
+    onDataSet(controls_.mnuRankLast, [this] { MoveByRank(RankStep::Last); });
     on(controls_.mnuHContents, [this] { Run(HelpContentsCommand); });
     on(controls_.mnuHSearch, [this] { Run(HelpSearchCommand); });
     on(controls_.mnuHAbout, [this] { prompter_.ShowModal("FrmAbout"); });

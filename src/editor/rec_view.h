@@ -18,6 +18,7 @@
 #include "dataset/lifecycle.h"
 #include "editor/editor_state.h"
 #include "editor/focus_groups.h"
+#include "editor/rank_step.h"
 #include "editor/rec_view_form.h"
 #include "editor/record_checks.h"
 #include "editor/record_move.h"
@@ -150,6 +151,7 @@ private:
 
     // The explorer.
     void MoveBy(Move move);
+    void MoveByRank(RankStep step);
     void Cut();
     void Paste();
     void Undo();

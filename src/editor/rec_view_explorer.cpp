@@ -44,6 +44,18 @@ void RecView::MoveBy(Move move) {
     (explorer_->*move)();
 }
 
+void RecView::MoveByRank(RankStep step) {
+    if (controls_.taxon.txtKingdom.Text().empty())
+        return prompter_.Message("Current Record is not complete (kingdom)");
+    const std::string& rank = controls_.taxon.cboRank.Text();
+    if (rank.empty()) return prompter_.Message("Current Record is not complete (rank)");
+    const int found = StepByRank(*state_.gDatabase, state_.currentTaxon, rank, step);
+    if (found == 0 || found == state_.currentTaxon.qb_id) return;
+    if (explorer_ == nullptr || AskLoseChanges()) return;
+    const Raised asked(asked_);
+    explorer_->ListDblClick(found);
+}
+
 void RecView::Cut() {
     if (explorer_ == nullptr) return;
     explorer_->Cut();

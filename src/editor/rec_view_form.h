@@ -48,6 +48,10 @@ struct RecViewForm {
     ButtonControl mnuPrev{form, "mnuPrev", "Go To Previous Name"};
     ButtonControl mnuNext{form, "mnuNext", "Go To Next Name"};
     ButtonControl mnuLast{form, "mnuLast", "Go To Last Name"};
+    ButtonControl mnuRankFirst{form, "mnuRankFirst", "First of the Same Rank"};
+    ButtonControl mnuRankPrev{form, "mnuRankPrev", "Previous of the Same Rank"};
+    ButtonControl mnuRankNext{form, "mnuRankNext", "Next of the Same Rank"};
+    ButtonControl mnuRankLast{form, "mnuRankLast", "Last of the Same Rank"};
     ButtonControl mnuAdd{form, "mnuAdd", "Add New Name"};
 
     ButtonControl mnuHContents{form, "mnuHContents", "&Contents"};

@@ -40,6 +40,10 @@ constexpr CommandSpec kCommands[] = {
     {"mnuPrev", "moveprev", "moveprev", "Alt+PgUp"},
     {"mnuNext", "movenext", "movenext", "Alt+PgDown"},
     {"mnuLast", "movelast", "movelast", "Alt+End"},
+    {"mnuRankFirst", "", "", "Alt+Shift+Home"},
+    {"mnuRankPrev", "", "", "Alt+Shift+PgUp"},
+    {"mnuRankNext", "", "", "Alt+Shift+PgDown"},
+    {"mnuRankLast", "", "", "Alt+Shift+End"},
     {"mnuAdd", "addnew", "addnew", "Ctrl+N"},
     {"mnuHContents", "", "", ""},
     {"mnuHSearch", "help", "help", "F1"},
@@ -68,8 +72,9 @@ constexpr const char* kFileMenu[] = {"mnuFNew",
                                      "mnuFQuit"};
 constexpr const char* kEditMenu[] = {"mnuEUndo",   "-", "mnuECut", "mnuCopy",  "mnuPaste", "-",
                                      "mnuEDelete", "-", "mnuAuth", "mnuMerge", "mnuSplit"};
-constexpr const char* kRecordMenu[] = {"mnuAdd",  "-",       "mnuParent", "mnuFirst",
-                                       "mnuPrev", "mnuNext", "mnuLast"};
+constexpr const char* kRecordMenu[] = {"mnuAdd",       "-",           "mnuParent",   "mnuFirst",
+                                       "mnuPrev",      "mnuNext",     "mnuLast",     "-",
+                                       "mnuRankFirst", "mnuRankPrev", "mnuRankNext", "mnuRankLast"};
 constexpr const char* kViewMenu[] = {"hierarchy", "alpha"};
 constexpr const char* kHelpMenu[] = {"mnuHContents", "mnuHSearch", "-", "mnuHAbout"};
 constexpr MenuSpec kMenus[] = {{"&File", kFileMenu},
