@@ -72,11 +72,11 @@ void DocumentLinks::RemoveTombstone(std::string_view table_name, const GridContr
 
 // Finds the vernacular by what the row shows, because it may be new or renamed. Of two with one name and
 // language it is the one that the row was loaded with.
-std::optional<DocumentLinks::Vernacular> DocumentLinks::FindVernacular(const GridControl::Row& cells) const {
+bool DocumentLinks::FindVernacular(const GridControl::Row& cells, std::optional<Vernacular>& found) const {
     std::string shown = cells[DocumentColumns::name];
     if (shown.find('[') == std::string::npos) shown += fmt::format(" [{}]", kUnspecified);
-    std::optional<Vernacular> found;
-    records_.Reporting([&] {
+    found.reset();
+    return records_.Reporting([&] {
         const auto rows = records_.database.CreateSnapshot(fmt::format(
             "SELECT qb_vern_id, vern_id, vernacular_name, language FROM qb_vernaculars WHERE qb_id = {} "
             "ORDER BY qb_vern_id;",
@@ -89,7 +89,6 @@ std::optional<DocumentLinks::Vernacular> DocumentLinks::FindVernacular(const Gri
                 found = Vernacular{qb_vern_id, name, rows->Get("vern_id")};
         }
     });
-    return found;
 }
 
 void DocumentLinks::ReportNoVernacular(const std::string& shown) const {
@@ -102,7 +101,9 @@ void DocumentLinks::ReportNoVernacular(const std::string& shown) const {
 
 bool DocumentLinks::Add(const GridControl::Row& cells) const {
     if (cells[columns_.association] != kVernacular) return AddReference(cells);
-    if (const auto vernacular = FindVernacular(cells)) return AddVernReference(cells, *vernacular);
+    std::optional<Vernacular> vernacular;
+    if (!FindVernacular(cells, vernacular)) return false;
+    if (vernacular) return AddVernReference(cells, *vernacular);
     ReportNoVernacular(cells[DocumentColumns::name]);
     return true;
 }
@@ -209,7 +210,8 @@ bool DocumentLinks::FollowVernacular(const GridControl::Row& cells) const {
     const std::string_view prefix = description_.kind.prefix;
     const int docId = Id(cells, columns_.qbId);
     const int linked = Id(cells, columns_.qbVernId);
-    const auto vernacular = FindVernacular(cells);
+    std::optional<Vernacular> vernacular;
+    if (!FindVernacular(cells, vernacular)) return true;  // the link stays as it is
     if (!vernacular) return records::RemoveVernRefLink(records_, taxon_.qb_id, docId, linked, prefix);
     if (linked == 0) {
         if (!records::RemoveReferenceLink(records_, taxon_.qb_id, docId, prefix)) return false;
@@ -227,12 +229,13 @@ bool DocumentLinks::FollowVernacular(const GridControl::Row& cells) const {
 void DocumentLinks::Move(const GridControl::Row& cells, const Vernacular& to) const {
     const int docId = Id(cells, columns_.qbId), from = Id(cells, columns_.qbVernId);
     bool stored = false;
-    records_.Reporting([&] {
+    const bool read = records_.Reporting([&] {
         stored = !records_.database
                       .CreateSnapshot(SelectLinks(kVernReferences, docId) +
                                       fmt::format(" and qb_vern_id = {}", from))
                       ->Eof();
     });
+    if (!read) return;
     if (!stored) {
         AddVernReference(cells, to);
         return;

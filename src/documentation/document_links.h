@@ -34,7 +34,9 @@ private:
         std::string vernacular_name;
         Value vern_id;
     };
-    std::optional<Vernacular> FindVernacular(const GridControl::Row& cells) const;
+    // Nothing in `found` when the taxon has no such vernacular. False when that could not be read, which has
+    // been reported.
+    bool FindVernacular(const GridControl::Row& cells, std::optional<Vernacular>& found) const;
     void ReportNoVernacular(const std::string& shown) const;
 
     bool AddReference(const GridControl::Row& cells) const;
