@@ -20,7 +20,7 @@ void LoadTaxon(ApplicationState& state, Prompter& prompter, int qb_id);
 std::string GetRankName(store::Database& database, int rank_id);
 // 0 for a taxon that has none or does not exist.
 int GetTSN(store::Database& database, int qb_id);
-// The qb_id of the kingdom record; 0 when the DataSet has none. The checks of a save will call it.
+// The qb_id of the kingdom record; 0 when the DataSet has none.
 int GetKingdomId(store::Database& database);
 
 }  // namespace quillon::editor

@@ -1,5 +1,5 @@
-// Deletes a taxon with everything that belongs to it. The editor's delete command will call it, and the
-// closing pass of an import calls it for taxa that a file only refers to.
+// Deletes a taxon with everything that belongs to it. The editor's delete command calls it, and so does the
+// closing pass of an import, for taxa that a file only refers to.
 //
 // Each statement runs in its own unit: what was deleted before a failure stays deleted. Rows whose key the
 // authority assigned leave a tombstone.
