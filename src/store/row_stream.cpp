@@ -81,7 +81,7 @@ bool RowStream::IsNull(std::size_t column) const {
 }
 
 std::int64_t RowStream::Long(std::size_t column) const {
-    return LongIn(statement_, static_cast<int>(column));
+    return FieldLongIn(statement_, static_cast<int>(column));
 }
 
 std::string_view RowStream::Text(std::size_t column) const {

@@ -46,8 +46,8 @@ public:
     // Moves to the next row; false after the last one.
     bool Next();
 
-    // Columns count from 0. For Null a number is 0 and a text ""; a Boolean is 0 or 1. A text is valid until
-    // Next().
+    // Columns count from 0. A stored number beyond 32 bits throws CorruptFile. For Null a number is 0 and a
+    // text ""; a Boolean is 0 or 1. A text is valid until Next().
     bool IsNull(std::size_t column) const;
     std::int64_t Long(std::size_t column) const;
     std::string_view Text(std::size_t column) const;

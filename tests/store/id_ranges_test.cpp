@@ -2,6 +2,7 @@
 #include "stock_client.h"
 #include "store/engine/connection.h"
 #include "store/engine/native.h"
+#include "store/row_stream.h"
 #include "store_fixture.h"
 
 namespace quillon::store {
@@ -47,6 +48,20 @@ TEST_F(IdRanges, BothEndsOfASynonymLinkAreChecked) {
 
 TEST_F(IdRanges, AnEntryOfTheJournalIsChecked) {
     EXPECT_EQ(OpenAfter("INSERT INTO journal (qb_id) VALUES (4294967297)"), OutOfRange("qb_id", "journal"));
+}
+
+// No index begins with the tsn.
+TEST_F(IdRanges, AnyOtherFieldIsCheckedWhenItIsRead) {
+    Execute("UPDATE qb_taxonomic_units SET tsn = 5;");
+    EXPECT_EQ(OpenAfter("UPDATE qb_taxonomic_units SET tsn = 4294967301"), Failure());
+    const Failure damaged{3049, "The DataSet is damaged: no field can have the number 4294967301."};
+    const auto rows = db().CreateSnapshot("SELECT qb_id, tsn FROM qb_taxonomic_units");
+    EXPECT_EQ(rows->Get("qb_id").AsLong(), 1);
+    EXPECT_EQ(FailureOf([&] { rows->Get("tsn"); }), damaged);
+    RowStream stream(db(), "qb_taxonomic_units", {"qb_id", "tsn"});
+    ASSERT_TRUE(stream.Next());
+    EXPECT_EQ(stream.Long(0), 1);
+    EXPECT_EQ(FailureOf([&] { stream.Long(1); }), damaged);
 }
 
 TEST_F(IdRanges, BothEndsAreFoundWithoutReadingTheTable) {

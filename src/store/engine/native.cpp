@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstdio>
+#include <limits>
 #include <new>
 #include <utility>
 
@@ -136,6 +137,22 @@ void BindNative(sqlite3_stmt* statement, int place, const Value& value) {
 
 bool IsNullIn(sqlite3_stmt* statement, int column) {
     return sqlite3_column_type(statement, column) == SQLITE_NULL;
+}
+
+void RequireFieldRange(std::int64_t number) {
+    if (number >= std::numeric_limits<std::int32_t>::min() &&
+        number <= std::numeric_limits<std::int32_t>::max())
+        return;
+    throw StoreError(ErrorNumber::CorruptFile,
+                     fmt::format("The DataSet is damaged: no field can have the number {}.", number));
+}
+
+std::int64_t FieldLongIn(sqlite3_stmt* statement, int column) {
+    // A text may contain a larger number.
+    const int type = sqlite3_column_type(statement, column);
+    const std::int64_t number = LongIn(statement, column);
+    if (type == SQLITE_INTEGER || type == SQLITE_FLOAT) RequireFieldRange(number);
+    return number;
 }
 
 std::int64_t LongIn(sqlite3_stmt* statement, int column) {

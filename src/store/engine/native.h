@@ -35,6 +35,9 @@ bool StepNative(sqlite3_stmt* statement);
 void BindNative(sqlite3_stmt* statement, int place, const Value& value);
 bool IsNullIn(sqlite3_stmt* statement, int column);
 std::int64_t LongIn(sqlite3_stmt* statement, int column);
+// The same for a field: throws CorruptFile for a stored number beyond 32 bits, which no field can have.
+std::int64_t FieldLongIn(sqlite3_stmt* statement, int column);
+void RequireFieldRange(std::int64_t number);
 // "" for Null; valid until the next step.
 std::string_view TextIn(sqlite3_stmt* statement, int column);
 Value ValueIn(sqlite3_stmt* statement, int column);

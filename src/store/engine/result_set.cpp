@@ -125,7 +125,12 @@ Value ResultSet::Live(std::size_t column) const {
 Value ResultSet::At(std::size_t row, std::size_t column) {
     if (!Has(row) || row < dropped_) throw StoreError(ErrorNumber::NoCurrentRecord, "No current record.");
     const std::size_t kept = row - dropped_;
-    return kept < rows_.size() ? rows_[kept].values.At(column) : Live(column);
+    Value value = kept < rows_.size() ? rows_[kept].values.At(column) : Live(column);
+    // Callers keep ids in 32 bits: a larger one would become that of another row.
+    const bool number = value.IsInteger() || value.IsReal();
+    if (number && column < Columns().size() && !Columns()[column].field.empty())
+        RequireFieldRange(value.AsLong());
+    return value;
 }
 
 bool ResultSet::IsDeleted(std::size_t row) const {
