@@ -40,13 +40,14 @@ public:
     // The names in the grid have changed. Passes them as "name [language]" with their qb_vern_id, for the
     // pickers of the documentation tabs.
     Signal<const std::vector<ChoiceControl::Choice>&> NamesChanged;
-    // These three come before NamesChanged, whose listeners still know the old names then.
+    // The next three are emitted before NamesChanged, while listeners still have the old list. Names are
+    // passed as "name [language]".
     //
-    // The command has taken a name, "name [language]", from the grid.
+    // A name has been deleted from the grid.
     Signal<const std::string&> NameDeleted;
-    // The stored name with this qb_vern_id reads "name [language]" now.
+    // The stored name with this qb_vern_id has been renamed.
     Signal<int, const std::string&> NameRenamed;
-    // A name that is not stored yet, `old`, reads `name` now; both are "name [language]".
+    // A name that is not stored yet has been renamed.
     Signal<const std::string& /*old*/, const std::string& /*name*/> NewNameRenamed;
     // Emits NamesChanged with the names in the grid. With `sayWhenNone`, for the commands that add or change
     // a name, reports when there is none.
