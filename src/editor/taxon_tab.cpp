@@ -30,6 +30,7 @@ void TaxonTab::ConnectFields() {
     chkQuad.OnEdit([this] { Attempt(Outside(), [this] { QuadrinomialClicked(); }); });
     // A name of the rank before is not chosen any more, though it stays as a text.
     cboDPRank.OnEdit([this] { cboParentName.SetChoice({cboParentName.Text(), 0}); });
+    cboDPRank.OnDropDown([this] { OfferParentRanks(); });
     cboDPRank.OnPick([this] { ParentRankPicked(); });
     cboParentName.OnEnter([this] { RefuseWithoutParentRank(); });
     cmdParen.OnClick([this] {
@@ -68,6 +69,12 @@ void TaxonTab::RefuseWithoutParentRank() {
     Outside().Message(
         "Rank of the Direct Parent must be entered before a pick list of Parent names can be supplied!");
     cboDPRank.TakeFocus();
+}
+
+// The list is empty for a new record; the rank that the form already shows is not chosen again.
+void TaxonTab::OfferParentRanks() {
+    if (cboDPRank.ListCount() != 0) return;
+    Attempt(Outside(), [this] { lists_->SetPRankList(cboRank.Text()); });
 }
 
 void TaxonTab::ParentRankPicked() {

@@ -67,6 +67,7 @@ private:
     void RankChosen();
     void QuadrinomialClicked();
     void RefuseWithoutParentRank();
+    void OfferParentRanks();
     void ParentRankPicked();
     void RefreshParents();
     void ShowPreferredRank();

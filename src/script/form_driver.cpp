@@ -70,9 +70,12 @@ Model& FormDriver::ReadyAs(const std::string& name, std::string_view purpose) co
     return *control;
 }
 
-// The form brings up the control's tab when the control takes the focus.
-void FormDriver::MoveFocusTo(Control& control) {
-    if (TakesFocus(control)) control.TakeFocus();
+// The form brings up the control's tab when the control takes the focus. False when a rule has moved the
+// focus on: what a person does then does not reach the control.
+bool FormDriver::MoveFocusTo(Control& control) {
+    if (!TakesFocus(control)) return true;
+    control.TakeFocus();
+    return shown_.back().focus == &control;
 }
 
 // The focus moves at the wish of the script or of the program, in any form that is shown.
@@ -92,11 +95,9 @@ void FormDriver::LeaveFocus() {
 void FormDriver::Set(const std::string& name, const std::string& text) {
     Control& control = Ready(name);
     if (auto* field = dynamic_cast<TextControl*>(&control)) {
-        MoveFocusTo(control);
-        field->UserSetText(text);
+        if (MoveFocusTo(control)) field->UserSetText(text);
     } else if (auto* combo = dynamic_cast<ComboControl*>(&control)) {
-        MoveFocusTo(control);
-        if (combo->Text() != text) SetCombo(*combo, text);
+        if (MoveFocusTo(control) && combo->Text() != text) SetCombo(*combo, text);
     } else {
         throw CannotPlay(name + " takes no text");
     }
@@ -120,14 +121,12 @@ void FormDriver::SetCombo(ComboControl& combo, const std::string& text) {
 
 void FormDriver::Check(const std::string& name, bool on) {
     auto& box = ReadyAs<CheckControl>(name, "check box");
-    MoveFocusTo(box);
-    box.UserSetValue(on);
+    if (MoveFocusTo(box)) box.UserSetValue(on);
 }
 
 void FormDriver::Option(const std::string& name) {
     auto& option = ReadyAs<OptionControl>(name, "option");
-    MoveFocusTo(option);
-    option.UserChoose();
+    if (MoveFocusTo(option)) option.UserChoose();
 }
 
 void FormDriver::Tab(const std::string& key) {
@@ -147,14 +146,13 @@ void FormDriver::Row(const std::string& name, int row) {
     auto& grid = ReadyAs<GridControl>(name, "grid");
     if (static_cast<std::size_t>(row) > grid.Rows().size())
         throw CannotPlay(fmt::format("{} has no row {}", name, row));
-    MoveFocusTo(grid);
-    grid.UserSelectRow(row - 1);
+    if (MoveFocusTo(grid)) grid.UserSelectRow(row - 1);
 }
 
 void FormDriver::Item(const std::string& name, int item) {
     auto& choices = ReadyAs<ChoiceControl>(name, "list");
     auto* pickList = dynamic_cast<PickListControl*>(&choices);
-    MoveFocusTo(choices);
+    if (!MoveFocusTo(choices)) return;
     if (pickList != nullptr) pickList->UserDropDown();
     if (static_cast<std::size_t>(item) > choices.ListCount())
         throw CannotPlay(fmt::format("{} has no item {}", name, item));
@@ -176,14 +174,12 @@ void FormDriver::Items(const std::string& name, std::vector<int> items) {
             throw CannotPlay(fmt::format("{} has no item {}", name, item));
         --item;
     }
-    MoveFocusTo(list);
-    list.UserSelect(std::move(items));
+    if (MoveFocusTo(list)) list.UserSelect(std::move(items));
 }
 
 void FormDriver::Click(const std::string& name) {
     auto& button = ReadyAs<ButtonControl>(name, "button");
-    MoveFocusTo(button);
-    button.UserClick();
+    if (MoveFocusTo(button)) button.UserClick();
 }
 
 void FormDriver::Enter(const std::string& name) {

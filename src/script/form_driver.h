@@ -51,7 +51,7 @@ private:
     Control& Ready(const std::string& name) const;
     template <typename Model>
     Model& ReadyAs(const std::string& name, std::string_view purpose) const;
-    void MoveFocusTo(Control& control);
+    bool MoveFocusTo(Control& control);
     void FocusMoved(const Form& form, Control& control);
     void LeaveFocus();
     void SetCombo(ComboControl& combo, const std::string& text);

@@ -51,6 +51,19 @@ TEST_F(UsageAndParent, AnInvalidNameHasNoParent) {
     EXPECT_EQ(data.Dump("SELECT parent_qb_id FROM qb_taxonomic_units WHERE qb_id = 4"), "3\n");
 }
 
+TEST_F(UsageAndParent, TheRanksOfAParentAreOfferedAgainAfterAddNew) {
+    data.state.gPrefRank = "Family";
+    Make();
+    form.mnuAdd.UserClick();
+    EXPECT_EQ(tab.cboRank.Text(), "Family");
+    EXPECT_EQ(tab.cboDPRank.ListCount(), 0U);
+    tab.cboDPRank.UserDropDown();
+    EXPECT_GE(tab.cboDPRank.FindText("Order"), 0);
+    EXPECT_EQ(tab.cboDPRank.FindText("Family"), -1);
+    EXPECT_EQ(tab.cboDPRank.Text(), "");
+    EXPECT_FALSE(data.state.RecordDirty);
+}
+
 TEST_F(UsageAndParent, PlantsAreAccepted) {
     data.state.gPrefRank = "Kingdom";
     data.Make("Plantae");

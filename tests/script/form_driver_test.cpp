@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "core/entry_grid.h"
+#include "core/multi_list.h"
 #include "documentation/pick_list.h"
 #include "script/script_line.h"
 
@@ -200,6 +201,39 @@ TEST_F(FormDriverTest, APickListKnowsThatItWasLeft) {
     f.pickList.Refilled();
     driver.Leave("pickList");
     EXPECT_TRUE(f.pickList.LeftSinceRefill());
+}
+
+TEST_F(FormDriverTest, EnterAndLeaveRunTheirRules) {
+    for (Control* control : std::initializer_list<Control*>{&f.text, &f.check}) {
+        control->OnEnter([this, control] { f.events += "enter " + control->Name() + ";"; });
+        control->OnLeave([this, control] { f.events += "leave " + control->Name() + ";"; });
+    }
+    driver.Set("text", "a");
+    driver.Set("text", "b");
+    driver.Check("check", true);
+    driver.Leave("check");
+    driver.Enter("text");
+    driver.Tab("two");
+    EXPECT_EQ(Events(),
+              "enter text;text;text;leave text;enter check;check;leave check;enter text;leave text;strip;");
+}
+
+TEST_F(FormDriverTest, ARuleThatMovesTheFocusOnKeepsTheInputAway) {
+    f.editable.OnEnter([this] { f.text.TakeFocus(); });
+    driver.Set("editable", "Genus");
+    EXPECT_EQ(f.editable.Text(), "");
+    EXPECT_EQ(Events(), "");
+}
+
+TEST_F(FormDriverTest, SelectsSeveralItems) {
+    MultiListControl several(f.form, "several");
+    several.Refill({{"a"}, {"b"}, {"c"}});
+    driver.Items("several", {3, 1});
+    EXPECT_EQ(Shown({"several"}), "several\ta; c\n");
+    EXPECT_EQ(Refusal([&] { driver.Items("several", {1, 4}); }), "several has no item 4");
+    EXPECT_EQ(Refusal([&] { driver.Items("list", {1}); }), "list is no list of several items");
+    driver.Item("several", 2);
+    EXPECT_EQ(Shown({"several"}), "several\tb\n");
 }
 
 TEST_F(FormDriverTest, WorksOnTheFormInFront) {
