@@ -21,6 +21,7 @@ struct SmallForm {
     CheckControl check{form, "check", "&Check"};
     OptionControl first{form, "first", "group"}, second{form, "second", "group"};
     ListControl list{form, "list"};
+    MultiListControl several{form, "several"};
     EntryGridControl grid{form, "grid", {{"Id", true}, {"Name"}, {"Year"}}};
     ButtonControl button{form, "button", "&Go && Stop"};
     ButtonControl mnuItem{form, "mnuItem", "&Item"};
@@ -226,8 +227,7 @@ TEST_F(FormDriverTest, ARuleThatMovesTheFocusOnKeepsTheInputAway) {
 }
 
 TEST_F(FormDriverTest, SelectsSeveralItems) {
-    MultiListControl several(f.form, "several");
-    several.Refill({{"a"}, {"b"}, {"c"}});
+    f.several.Refill({{"a"}, {"b"}, {"c"}});
     driver.Items("several", {3, 1});
     EXPECT_EQ(Shown({"several"}), "several\ta; c\n");
     EXPECT_EQ(Refusal([&] { driver.Items("several", {1, 4}); }), "several has no item 4");
