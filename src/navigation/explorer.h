@@ -281,6 +281,7 @@ private:
     void MoveList(int id);
     void SearchTyped(bool onlyBefore);
     void EndSearch();
+    void HiliteAgain(int qb_id);
     std::vector<int> SynonymsOf(int id) const;
     std::vector<int> SynonymsUnder(int qb_id) const;
     Item NewItem(int qb_id) const;

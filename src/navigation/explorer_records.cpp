@@ -77,7 +77,16 @@ void cExplorer::RecordChanged(int qb_id) {
     for (const int synonym : SynonymsUnder(qb_id)) ReflectRealNodePosition(synonym);
     ReflectRealNodePosition(qb_id);
     cut_.moved = wasMoved;
-    if (shown == qb_id && tree_.Selected() == nullptr) HiliteNode(FindNodeWithId(qb_id));
+    if (shown == qb_id && tree_.Selected() == nullptr) HiliteAgain(qb_id);
+}
+
+// Its node may now be in a branch that was never opened.
+void cExplorer::HiliteAgain(int qb_id) {
+    if (TreeNode* node = FindNodeWithId(qb_id)) return HiliteNode(node);
+    Quest quest{qb_id, {std::nullopt}, true};
+    const std::vector<int> accepted = AcceptedNamesOf(qb_id);
+    quest.ways.insert(quest.ways.end(), accepted.rbegin(), accepted.rend());
+    BeginQuest(std::move(quest));
 }
 
 // The synonyms whose nodes are below those of the taxon.
