@@ -52,8 +52,8 @@ TEST_F(UsageAndParent, AnInvalidNameHasNoParent) {
 }
 
 TEST_F(UsageAndParent, TheRanksOfAParentAreOfferedAgainAfterAddNew) {
-    data.state.gPrefRank = "Family";
     Make();
+    data.state.gPrefRank = "Family";
     form.mnuAdd.UserClick();
     EXPECT_EQ(tab.cboRank.Text(), "Family");
     EXPECT_EQ(tab.cboDPRank.ListCount(), 0U);
