@@ -13,11 +13,13 @@
 #include <cstdint>
 #include <functional>
 #include <initializer_list>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "core/choice_source.h"
 #include "core/signal.h"
 
 namespace quillon {
@@ -226,11 +228,7 @@ public:
 // The common part of combo boxes and lists: their choices, with indexes from 0.
 class ChoiceControl : public Control {
 public:
-    struct Choice {
-        std::string text;
-        std::int64_t itemData = 0;
-        bool operator==(const Choice&) const = default;
-    };
+    using Choice = quillon::Choice;
 
     const std::vector<Choice>& Choices() const {
         Fetch();
@@ -255,6 +253,10 @@ public:
     // Replaces all choices with choices that are slow to read: `fetch` runs once, when they are first needed.
     // The choice that equals the text of a combo is then chosen. `fetch` must not throw.
     void SetChoicesLater(std::function<std::vector<Choice>()> fetch);
+    // Replaces all choices by those of a source, which a window reads in slices. Choices() still reads all.
+    void SetSource(std::shared_ptr<ChoiceSource> source);
+    // nullptr when the choices are not read in slices.
+    ChoiceSource* Source() const { return source_.get(); }
     // True until they have been fetched.
     bool ChoicesPending() const { return fetch_ != nullptr; }
     // Changes with each change of the choices.
@@ -279,6 +281,7 @@ private:
     void Fetch() const;
 
     mutable std::function<std::vector<Choice>()> fetch_;
+    std::shared_ptr<ChoiceSource> source_;
     std::uint64_t revision_ = 0;
 };
 
@@ -297,6 +300,8 @@ public:
     // -1 empties the text.
     void SetListIndex(int index);
     bool UserChoose(int index);
+    // Takes a choice that was read from the source.
+    bool UserTake(const Choice& choice);
     bool UserSetText(std::string_view text);
     // Shows a choice that need not be in the list.
     void SetChoice(const Choice& choice);

@@ -27,6 +27,7 @@ void ChoiceControl::Fetch() const {
 
 void ChoiceControl::AddItem(std::string_view text, std::int64_t itemData) {
     Fetch();
+    source_ = nullptr;
     choices_.push_back({std::string(text), itemData});
     ++revision_;
     Touch();
@@ -35,6 +36,7 @@ void ChoiceControl::AddItem(std::string_view text, std::int64_t itemData) {
 void ChoiceControl::SetChoices(std::vector<Choice> choices) {
     ChangeScope scope(form_);
     fetch_ = nullptr;
+    source_ = nullptr;
     if (Assign(choices_, std::move(choices))) ++revision_;
     if (Assign(listIndex_, -1)) ChoiceLost();
 }
@@ -49,6 +51,7 @@ void ChoiceControl::SetTexts(const std::vector<std::string>& texts) {
 void ChoiceControl::SetChoicesLater(std::function<std::vector<Choice>()> fetch) {
     ChangeScope scope(form_);
     fetch_ = nullptr;
+    source_ = nullptr;
     choices_.clear();
     if (Assign(listIndex_, -1)) ChoiceLost();
     fetch_ = std::move(fetch);
@@ -56,9 +59,16 @@ void ChoiceControl::SetChoicesLater(std::function<std::vector<Choice>()> fetch) 
     Touch();
 }
 
+void ChoiceControl::SetSource(std::shared_ptr<ChoiceSource> source) {
+    ChangeScope scope(form_);
+    SetChoicesLater([source] { return source->From({}, ChoiceSource::kAll); });
+    source_ = std::move(source);
+}
+
 void ChoiceControl::RemoveItem(int index) {
     if (!Has(index)) return;
     ChangeScope scope(form_);
+    source_ = nullptr;
     choices_.erase(choices_.begin() + index);
     ++revision_;
     Touch();
@@ -115,6 +125,14 @@ bool ComboControl::UserChoose(int index) {
     return ByUser([&] {
         if (!Has(index) || (index == listIndex_ && IsPicked(At(index)))) return false;
         SetListIndex(index);
+        return true;
+    });
+}
+
+bool ComboControl::UserTake(const Choice& choice) {
+    return ByUser([&] {
+        if (IsPicked(choice)) return false;
+        SetChoice(choice);
         return true;
     });
 }

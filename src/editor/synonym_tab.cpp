@@ -23,7 +23,8 @@ namespace {
 
 constexpr std::string_view kAccepted = "A", kSynonym = "S";
 constexpr std::string_view kRanks =
-    "SELECT rank_name FROM taxonomic_unit_types WHERE kingdom_id IN (SELECT kingdom_id FROM kingdoms) "
+    "SELECT rank_name, rank_id FROM taxonomic_unit_types WHERE kingdom_id IN (SELECT kingdom_id FROM "
+    "kingdoms) "
     "ORDER BY rank_id";
 
 std::string NameOfRow(const Recordset& row) {
@@ -36,31 +37,15 @@ std::unique_ptr<Recordset> RowsOf(store::Database& database, std::string_view qu
 }
 
 // The stored query ends in rank 0, its first "0"; `rank_id` replaces it.
-std::string AcceptedNamesSql(store::Database& database, int rank_id) {
+NamesOfRank AcceptedNamesOf(store::Database& database, int rank_id) {
     const std::string sql = database.OpenQueryDef("Get Accepted Names").SQL();
-    return fmt::format("{}{} ORDER BY t.unit_name1, t.unit_name2;", sql.substr(0, sql.find('0')), rank_id);
-}
-
-std::vector<Choice> ReadAcceptedNames(store::Database& database, int rank_id) {
-    std::vector<Choice> names;
-    const auto rows = database.OpenRecordset(AcceptedNamesSql(database, rank_id), RecordsetType::ForwardOnly);
-    for (; !rows->Eof(); rows->MoveNext()) names.push_back({rows->At(2).AsText(), rows->At(1).AsLong()});
-    return names;
-}
-
-int RankIdOf(store::Database& database, std::string_view rankName) {
-    const auto rank = database.OpenQueryDef("Get Rank ID").Set("rank", rankName).CreateSnapshot();
-    return rank->Eof() ? 0 : static_cast<int>(rank->At(0).AsLong());
-}
-
-void Refresh(AcceptedNames& names, const std::shared_ptr<store::Database>& database, int rank_id) {
-    const std::int64_t writeCount = store::WriteCount(*database);
-    if (names.database.lock() == database && names.writeCount == writeCount && names.rank_id == rank_id)
-        return;
-    names.names = ReadAcceptedNames(*database, rank_id);
-    names.database = database;
-    names.writeCount = writeCount;
-    names.rank_id = rank_id;
+    const std::string select = fmt::format("{}{}", sql.substr(0, sql.find('0')), rank_id);
+    return {rank_id,
+            fmt::format("{} ORDER BY t.unit_name1, t.unit_name2;", select),
+            fmt::format("PARAMETERS theId Long; {} AND t.qb_id = [theId]", select),
+            2,
+            false,
+            2};
 }
 
 // -1 when the grid has no row of that taxon.
@@ -191,30 +176,22 @@ void SynonymTab::SetFieldsEnabled(bool enabled) {
 void SynonymTab::FillRankList(std::string_view rankName) {
     std::vector<Choice> ranks;
     const auto rows = State().gDatabase->OpenRecordset(kRanks, RecordsetType::ForwardOnly);
-    for (; !rows->Eof(); rows->MoveNext()) ranks.push_back({rows->At(0).AsText(), 0});
+    for (; !rows->Eof(); rows->MoveNext()) ranks.push_back({rows->At(0).AsText(), rows->At(1).AsLong()});
     cboSRank.SetChoices(std::move(ranks));
     cboSRank.SetText(rankName);
 }
 
 void SynonymTab::OfferCandidates() {
-    cboSRName.SetChoicesLater([this, rank = cboSRank.Text()] {
-        std::vector<Choice> candidates;
-        if (!State().gDatabase || rank.empty()) return candidates;
-        const WaitCursor waiting(Outside());
-        Attempt(Outside(), [&] { candidates = ReadCandidates(rank); });
-        return candidates;
+    cboSRName.Clear();
+    const auto rank_id = static_cast<int>(cboSRank.ItemData(cboSRank.ListIndex()));
+    if (!State().gDatabase || rank_id == 0) return;
+    Attempt(Outside(), [&] {
+        NamesOfRank names = AcceptedNamesOf(*State().gDatabase, rank_id);
+        if (!candidates_ || candidates_->Names() != names)
+            candidates_ = std::make_shared<NameSource>(State(), Outside(), std::move(names));
+        candidates_->LeaveOut([this] { return State().currentTaxon.qb_id; });
+        cboSRName.SetSource(candidates_);
     });
-}
-
-std::vector<Choice> SynonymTab::ReadCandidates(const std::string& rankName) {
-    const auto& database = State().gDatabase;
-    const int own = State().currentTaxon.qb_id;
-    const int rank_id = RankIdOf(*database, rankName);
-    if (rank_id == 0) return {};
-    Refresh(acceptedNames_, database, rank_id);
-    std::vector<Choice> candidates = acceptedNames_.names;
-    if (own != 0) std::erase_if(candidates, [own](const Choice& name) { return name.itemData == own; });
-    return candidates;
 }
 
 void SynonymTab::ReplaceAccepted(int oldQbId, const Accepted* name) {

@@ -12,6 +12,7 @@
 
 #include "core/entry_grid.h"
 #include "core/record_tab.h"
+#include "editor/name_source.h"
 #include "store/engine.h"
 
 namespace quillon::editor {
@@ -21,15 +22,6 @@ namespace quillon::editor {
 struct SynonymColumn {
     static constexpr std::size_t kName = 0, kReason = 1;
     static constexpr std::size_t kQbId = 2, kTsn = 3, kType = 4;
-};
-
-// The accepted names of the rank that was read last. They are kept because reading them for every record is
-// slow on a million names.
-struct AcceptedNames {
-    std::weak_ptr<store::Database> database;
-    std::int64_t writeCount = 0;
-    int rank_id = 0;
-    std::vector<ChoiceControl::Choice> names;  // name and author, with the qb_id
 };
 
 class SynonymTab : public RecordTab {
@@ -96,13 +88,12 @@ private:
     void SetAcceptedNameCaptions();
     void SetFieldsEnabled(bool enabled);
     void FillRankList(std::string_view rankName);
-    std::vector<ChoiceControl::Choice> ReadCandidates(const std::string& rankName);
     void ShowRow();
     void SetSciName(const std::string& name, std::int64_t qb_id);
     void ClearSciName();
     void TakeCandidate();
 
-    AcceptedNames acceptedNames_;
+    std::shared_ptr<NameSource> candidates_;  // kept, because a short list is read as a whole
 };
 
 // Name and author as the grid shows them; `author` may be empty.

@@ -8,7 +8,6 @@
 #include "core/text.h"
 #include "core/vocabulary.h"
 #include "store/engine.h"
-#include "store/write_count.h"
 
 namespace quillon::editor {
 
@@ -16,9 +15,11 @@ using store::RecordsetType;
 
 namespace {
 
-constexpr std::string_view kAuthors = "SELECT DISTINCT taxon_author FROM qb_taxon_authors_lookup";
 constexpr std::string_view kMayBeParent =
     "(t.usage Is Null Or t.usage='valid' Or t.usage='accepted') AND (t.rank_id= {})";
+// The same, but found by the genus and not by the rank, which nearly all names of a DataSet may have.
+constexpr std::string_view kMayBeParentOfGenus =
+    "(t.usage Is Null Or t.usage='valid' Or t.usage='accepted') AND (t.rank_id + 0 = {})";
 constexpr std::array<std::string_view, 3> kLines = {
     R"(trim(unit_ind1 & " " & trim (unit_name1)))",
     R"(trim(unit_ind1 & " " & trim (unit_name1)) & " " & trim(unit_ind2 & " " & trim (unit_name2)))",
@@ -29,6 +30,9 @@ constexpr std::array<std::string_view, 3> kOrders = {"t.unit_name1", "t.unit_nam
                                                      "t.unit_name1, t.unit_name2, t.unit_name3"};
 constexpr std::string_view kNoFourthUnit =
     R"( AND (unit_ind4 IS NULL or unit_ind4 = "") AND (t.unit_name4 IS NULL or t.unit_name4 = ""))";
+
+// Enough choices from a text on to have the one of that text among them.
+constexpr std::size_t kNamesake = 20;
 
 // The number of units in the name of a parent of this rank: two for a subgenus, one for all other ranks above
 // Species.
@@ -61,7 +65,7 @@ std::vector<std::string> TaxonLists::Texts(const std::string& sql) const {
 }
 
 // The first column is the text, an optional second one the item data.
-TaxonLists::Choices TaxonLists::Read(const std::string& sql) const {
+Choices TaxonLists::Read(const std::string& sql) const {
     Choices choices;
     if (!state_.gDatabase) return choices;
     const auto rows = state_.gDatabase->OpenRecordset(sql, RecordsetType::ForwardOnly);
@@ -73,7 +77,7 @@ TaxonLists::Choices TaxonLists::Read(const std::string& sql) const {
     return choices;
 }
 
-TaxonLists::Choices TaxonLists::ReadOrReport(const std::function<Choices()>& read) const {
+Choices TaxonLists::ReadOrReport(const std::function<Choices()>& read) const {
     Choices choices;
     Attempt(prompter_, [&] { choices = read(); });
     return choices;
@@ -84,19 +88,11 @@ void TaxonLists::FillLater(ComboControl& combo, std::string sql) {
         [this, statement = std::move(sql)] { return ReadOrReport([&] { return Read(statement); }); });
 }
 
-TaxonLists::Choices TaxonLists::ReadKept(Kept& kept, const std::string& sql) const {
-    if (!state_.gDatabase) return {};
-    const std::int64_t writeCount = store::WriteCount(*state_.gDatabase);
-    const bool stands =
-        kept.sql == sql && kept.writeCount == writeCount && kept.database.lock() == state_.gDatabase;
-    if (!stands) kept = {sql, state_.gDatabase, writeCount, Read(sql)};
-    return kept.choices;
-}
-
-void TaxonLists::FillLater(ComboControl& combo, std::string sql, Kept& kept) {
-    combo.SetChoicesLater([this, statement = std::move(sql), &kept] {
-        return ReadOrReport([&] { return ReadKept(kept, statement); });
-    });
+// The list of one rank in slices.
+void TaxonLists::Offer(ComboControl& combo, std::shared_ptr<NameSource>& source, NamesOfRank names) {
+    if (!source || source->Names() != names)
+        source = std::make_shared<NameSource>(state_, prompter_, std::move(names));
+    combo.SetSource(source);
 }
 
 int TaxonLists::RankIdOf(std::string_view rank) const {
@@ -122,19 +118,20 @@ void TaxonLists::FillReasonList() {
 
 void TaxonLists::FillAuthorLists() {
     if (!state_.gDatabase) return prompter_.Message("No DataSet is Open");
-    FillLater(tab_.cboAuth, std::string(kAuthors), authors_);
-    FillLater(tab_.cboAuth2, std::string(kAuthors), authors_);
+    tab_.cboAuth.SetSource(std::make_shared<AuthorSource>(state_, prompter_));
+    tab_.cboAuth2.SetSource(std::make_shared<AuthorSource>(state_, prompter_));
 }
 
 void TaxonLists::FillGenusList() {
     if (!state_.gDatabase) return;
     const bool isKingdom = EqualText(state_.currentTaxon.rank_name, "Kingdom");
     const int rank = isKingdom ? RankIdOf("Kingdom") : state_.gRankGenus;
-    FillLater(tab_.cboName1,
-              fmt::format("SELECT DISTINCT unit_name1 FROM qb_taxonomic_units WHERE rank_id = {} AND "
-                          "kingdom_id = {}",
-                          rank, state_.gKingdomId),
-              genera_);
+    const std::string genera = fmt::format("rank_id = {} AND kingdom_id = {}", rank, state_.gKingdomId);
+    Offer(tab_.cboName1, genera_,
+          {rank, "SELECT DISTINCT unit_name1 FROM qb_taxonomic_units WHERE " + genera,
+           "PARAMETERS theId Long; SELECT unit_name1 FROM qb_taxonomic_units WHERE qb_id = [theId] AND " +
+               genera,
+           1, true});
 }
 
 void TaxonLists::FillSpeciesList() {
@@ -150,7 +147,7 @@ void TaxonLists::FillSpeciesList() {
     if (RankIdOf(rank) >= species) {
         FillLater(tab_.cboName2,
                   fmt::format("SELECT unit_name2 FROM qb_taxonomic_units WHERE unit_name1 = '{}' AND "
-                              "parent_qb_id Is Not Null AND rank_id = {}",
+                              "parent_qb_id Is Not Null AND rank_id + 0 = {}",
                               QuoteSQL(genus), species));
     }
     if (!tab_.cboDPRank.Text().empty()) FillParentNameList();
@@ -200,7 +197,9 @@ void TaxonLists::RefreshParents() {
 
 int TaxonLists::FindParent(std::string_view name) {
     RefreshParents();
-    for (const auto& parent : tab_.cboParentName.Choices())
+    ChoiceSource* source = tab_.cboParentName.Source();
+    const Choices parents = source == nullptr ? tab_.cboParentName.Choices() : source->From(name, kNamesake);
+    for (const Choice& parent : parents)
         if (EqualText(parent.text, name)) return static_cast<int>(parent.itemData);
     return 0;
 }
@@ -219,18 +218,26 @@ void TaxonLists::OfferParents() {
     if (state_.gDatabase && !rank.empty()) FillParents(RankIdOf(rank));
 }
 
+// The parents of Species and below are those of one genus, and few.
 void TaxonLists::FillParents(int rank_id) {
     const std::string& rank = tab_.cboDPRank.Text();
     const std::size_t units = UnitsOf(rank);
-    std::string condition = fmt::format(fmt::runtime(kMayBeParent), rank_id);
-    if (HasGenusAndEpithet(rank))
-        condition += fmt::format(" AND t.unit_name1 = \"{}\"", QuoteDoubleQuotes(GenusOnForm()));
+    const bool isOfGenus = HasGenusAndEpithet(rank);
+    std::string condition =
+        fmt::format(fmt::runtime(isOfGenus ? kMayBeParentOfGenus : kMayBeParent), rank_id);
+    if (isOfGenus) condition += fmt::format(" AND t.unit_name1 = \"{}\"", QuoteDoubleQuotes(GenusOnForm()));
     if (units == 3) condition += kNoFourthUnit;
     if (recordInEdit_ != 0) condition += fmt::format(" AND  qb_id <> {}", recordInEdit_);
-    FillLater(tab_.cboParentName,
-              fmt::format("SELECT DISTINCTROW {} as Line, qb_id, tsn FROM qb_taxonomic_units as t WHERE "
-                          "({}) ORDER BY {};",
-                          kLines.at(units - 1), condition, kOrders.at(units - 1)));
+    std::string all = fmt::format(
+        "SELECT DISTINCTROW {} as Line, qb_id, tsn FROM qb_taxonomic_units as t WHERE ({}) ORDER BY {};",
+        kLines.at(units - 1), condition, kOrders.at(units - 1));
+    if (isOfGenus) return FillLater(tab_.cboParentName, std::move(all));
+    std::string one = fmt::format(
+        "PARAMETERS theId Long; SELECT {} as Line, qb_id FROM qb_taxonomic_units as t WHERE t.qb_id = "
+        "[theId] "
+        "AND ({})",
+        kLines.at(units - 1), condition);
+    Offer(tab_.cboParentName, parents_, {rank_id, std::move(all), std::move(one), units, false});
 }
 
 std::vector<std::string> TaxonLists::GetRanksBetween(std::string_view lowRank,

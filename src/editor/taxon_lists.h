@@ -16,6 +16,7 @@
 
 #include "core/application_state.h"
 #include "core/outside.h"
+#include "editor/name_source.h"
 #include "editor/taxon_controls.h"
 
 namespace quillon::editor {
@@ -62,32 +63,22 @@ public:
     int RankIdOf(std::string_view rank) const;
 
 private:
-    using Choices = std::vector<ChoiceControl::Choice>;
-    // The last result of a select.
-    struct Kept {
-        std::string sql;
-        std::weak_ptr<store::Database> database;
-        std::int64_t writeCount = 0;
-        Choices choices;
-    };
-
     std::string GenusOnForm() const;
     std::string ParentsWanted() const;
     Choices Read(const std::string& sql) const;
-    Choices ReadKept(Kept& kept, const std::string& sql) const;
     // The result of `read`; empty when it fails, which is reported.
     Choices ReadOrReport(const std::function<Choices()>& read) const;
     void FillParents(int rank_id);
     void FillLater(ComboControl& combo, std::string sql);
-    void FillLater(ComboControl& combo, std::string sql, Kept& kept);
+    void Offer(ComboControl& combo, std::shared_ptr<NameSource>& source, NamesOfRank names);
     std::vector<std::string> Texts(const std::string& sql) const;
 
     ApplicationState& state_;
     Prompter& prompter_;
     TaxonControls& tab_;
     int recordInEdit_ = 0;
-    std::string parentsOffered_;  // what ParentsWanted() was when the parents were offered
-    Kept authors_, genera_;
+    std::string parentsOffered_;                    // what ParentsWanted() was when the parents were offered
+    std::shared_ptr<NameSource> genera_, parents_;  // kept, because a short list is read as a whole
 };
 
 }  // namespace quillon::editor

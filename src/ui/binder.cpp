@@ -179,10 +179,36 @@ void BindOne(Control& control, const QWidget& window) {
     if (auto* tabs = dynamic_cast<TabStripControl*>(&control)) return BindTabs(*tabs, window);
 }
 
+// Passes on that the user has moved the focus into a field or out of it. Rules may show a message, so
+// entering waits until the toolkit has finished with the focus.
+class FocusWatch : public QObject {
+public:
+    FocusWatch(Control& control, QWidget* widget) : QObject(widget), control_(control) {
+        widget->installEventFilter(this);
+    }
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::FocusIn && MovesFocus(*event))
+            Later(this, [this] { control_.UserEnter(); });
+        // A combo box passes on itself that it has been left.
+        const bool isCombo = dynamic_cast<ComboControl*>(&control_) != nullptr;
+        if (!isCombo && LeavesField(*event)) Guard([this] { control_.UserLeave(); });
+        return false;
+    }
+
+private:
+    Control& control_;
+};
+
+bool TakesFocus(const QWidget& widget) {
+    return qobject_cast<const QComboBox*>(&widget) || qobject_cast<const QLineEdit*>(&widget) ||
+           qobject_cast<const QAbstractButton*>(&widget) || qobject_cast<const QPlainTextEdit*>(&widget);
+}
+
 // A field on a hidden page cannot take the focus: the form brings up its tab first.
 void BindFocus(Control& control, const QWidget& window) {
     auto* widget = Partner<QWidget>(window, control);
     if (widget == nullptr) return;
+    if (TakesFocus(*widget)) new FocusWatch(control, widget);
     control.OnTakeFocus([guard = QPointer<QWidget>(widget)] {
         if (guard) guard->setFocus(Qt::OtherFocusReason);
     });

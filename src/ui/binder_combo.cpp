@@ -1,9 +1,11 @@
 // Binds combo boxes and pick lists to their controls: when choices are read, what typing and picking report,
 // and how the text of an editable combo survives a change of its list.
 #include <optional>
+#include <utility>
 
 #include "documentation/pick_list.h"
 #include "ui/binder_parts.h"
+#include "ui/choice_slice.h"
 #include "ui/guard.h"
 
 namespace quillon::ui {
@@ -67,6 +69,9 @@ public:
 private:
     void PrepareList();
     void ConnectLine();
+    void Activated(int index);
+    void Scrolled(int place);
+    void CompleteFrom(QStringListModel* texts);
     void Fill();
     void ShowText();
     void DropDown();
@@ -77,8 +82,12 @@ private:
     documentation::PickListControl* pickList_;
     QComboBox& combo_;
     QStringListModel* offered_;
+    QStringListModel* completions_;  // of a control whose choices are read in slices
+    ChoiceSlice slice_;
     std::optional<std::uint64_t> filled_;  // the revision of the choices in the box
     bool typing_ = false, completing_ = false;
+    bool completed_ = false;  // the end of the line is a completion that was not typed
+    bool growing_ = false;
 };
 
 ComboBinding::ComboBinding(ComboControl& control, QComboBox& combo)
@@ -86,20 +95,27 @@ ComboBinding::ComboBinding(ComboControl& control, QComboBox& combo)
       control_(control),
       pickList_(dynamic_cast<documentation::PickListControl*>(&control)),
       combo_(combo),
-      offered_(new QStringListModel(this)) {
+      offered_(new QStringListModel(this)),
+      completions_(new QStringListModel(this)),
+      slice_(control, *offered_) {
     combo_.setEditable(control_.GetStyle() == ComboControl::Style::Editable);
     combo_.setInsertPolicy(QComboBox::NoInsert);
     combo_.setFocusPolicy(Qt::StrongFocus);  // so that the wheel neither focuses nor changes it
     SetAccessibleName(combo_, combo_.accessibleName());
     PrepareList();
     combo_.installEventFilter(this);
-    Connect(&combo_, &QComboBox::activated, this, [this](int index) {
-        if (pickList_ != nullptr)
-            pickList_->UserPick(index);
-        else
-            control_.UserChoose(index);
-    });
+    Connect(&combo_, &QComboBox::activated, this, &ComboBinding::Activated);
     if (combo_.lineEdit() != nullptr) ConnectLine();
+}
+
+void ComboBinding::Activated(int index) {
+    if (control_.Source() != nullptr) {
+        if (slice_.Has(index)) control_.UserTake(slice_.At(index));
+    } else if (pickList_ != nullptr) {
+        pickList_->UserPick(index);
+    } else {
+        control_.UserChoose(index);
+    }
 }
 
 // Keeps the list fast with a hundred thousand names.
@@ -108,6 +124,7 @@ void ComboBinding::PrepareList() {
     if (auto* list = qobject_cast<QListView*>(combo_.view())) {
         list->setUniformItemSizes(true);
         list->setLayoutMode(QListView::Batched);
+        Connect(list->verticalScrollBar(), &QScrollBar::valueChanged, this, &ComboBinding::Scrolled);
     }
     // The layout sets the width, not the longest name of the DataSet.
     if (!combo_.isEditable()) return;
@@ -125,7 +142,14 @@ void ComboBinding::ConnectLine() {
 void ComboBinding::Show() {
     ShowCommon(control_, combo_);
     combo_.setEnabled(control_.Enabled() && !control_.Locked());
-    if (control_.ChoicesPending()) {
+    if (control_.Source() != nullptr) {
+        if (filled_ && filled_ != control_.ChoicesRevision()) {
+            const KeepLine line(combo_.lineEdit());
+            slice_.Clear();
+            filled_.reset();
+        }
+        CompleteFrom(completions_);
+    } else if (control_.ChoicesPending()) {
         if (filled_) offered_->setStringList({});
         filled_.reset();
     } else if (filled_ != control_.ChoicesRevision()) {
@@ -137,6 +161,13 @@ void ComboBinding::Show() {
 void ComboBinding::Fill() {
     const QSignalBlocker quiet(&combo_);
     const KeepLine line(combo_.lineEdit());
+    if (control_.Source() != nullptr) {
+        slice_.Load();
+        combo_.setCurrentIndex(slice_.Current());
+        filled_ = control_.ChoicesRevision();
+        return;
+    }
+    CompleteFrom(offered_);
     QStringList texts;
     texts.reserve(static_cast<qsizetype>(control_.ListCount()));
     for (const auto& choice : control_.Choices()) texts << ToQt(choice.text);
@@ -147,7 +178,8 @@ void ComboBinding::Fill() {
 
 void ComboBinding::ShowText() {
     QLineEdit* line = combo_.lineEdit();
-    const int index = filled_ ? control_.ListIndex() : -1;
+    const bool inSlices = control_.Source() != nullptr;
+    const int index = !filled_ ? -1 : inSlices ? slice_.Current() : control_.ListIndex();
     if (line == nullptr) return combo_.setCurrentIndex(index);
     const QString text = ToQt(control_.Text());
     if (line->text() == text) {
@@ -164,15 +196,43 @@ void ComboBinding::ShowText() {
 void ComboBinding::DropDown() {
     Guard([this] {
         if (pickList_ != nullptr) pickList_->UserDropDown();
-        if (filled_ != control_.ChoicesRevision()) Fill();
+        if (control_.Source() != nullptr || filled_ != control_.ChoicesRevision()) Fill();
+    });
+}
+
+void ComboBinding::CompleteFrom(QStringListModel* texts) {
+    QCompleter* completer = combo_.completer();
+    if (completer != nullptr && completer->model() != texts) completer->setModel(texts);
+}
+
+// The list grows when the user comes to one of its ends; what is on show stays in its place.
+void ComboBinding::Scrolled(int place) {
+    if (control_.Source() == nullptr || growing_ || !combo_.view()->isVisible()) return;
+    const QScrollBar* bar = combo_.view()->verticalScrollBar();
+    if (place != bar->minimum() && place != bar->maximum()) return;
+    growing_ = true;
+    Later(this, [this, up = place == bar->minimum()] {
+        const QSignalBlocker quiet(&combo_);
+        const KeepLine line(combo_.lineEdit());
+        auto* list = qobject_cast<QListView*>(combo_.view());
+        const QModelIndex top = list->indexAt(QPoint(1, 1));
+        const int row = top.row() + (up ? slice_.GrowUp() : 0);
+        if (!up) slice_.GrowDown();
+        list->doItemsLayout();
+        if (up) list->scrollTo(offered_->index(row, 0), QAbstractItemView::PositionAtTop);
+        growing_ = false;
     });
 }
 
 void ComboBinding::Typed(const QString& text) {
     const QSignalBlocker quiet(&combo_);
     typing_ = true;
+    completed_ = false;
     control_.UserSetText(FromQt(text));
+    if (control_.Text() != FromQt(text)) QApplication::beep();
     ShowText();  // the model may have taken less than was typed
+    if (control_.Source() != nullptr)
+        Guard([&] { completions_->setStringList(slice_.Completions(combo_.lineEdit()->text())); });
     typing_ = false;
 }
 
@@ -181,7 +241,7 @@ void ComboBinding::Completed(const QString& completion) {
     const QLineEdit* line = combo_.lineEdit();
     if (!line->hasFocus()) return;
     const int typed = line->cursorPosition();
-    completing_ = true;
+    completing_ = completed_ = true;
     control_.UserSetText(FromQt(line->text().left(typed) + completion.mid(typed)));
     completing_ = false;
     Later(this, [this] {
@@ -206,7 +266,13 @@ bool ComboBinding::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::KeyPress: {
             const auto& key = dynamic_cast<QKeyEvent&>(*event);
             if (isCombo && OpensList(key.key())) DropDown();
-            if (!key.text().trimmed().isEmpty() && filled_ != control_.ChoicesRevision())
+            const bool isReturn = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+            if (isReturn && std::exchange(completed_, false)) {
+                combo_.lineEdit()->end(false);  // takes the completion; the default button waits
+                return true;
+            }
+            if (!key.text().trimmed().isEmpty() && control_.Source() == nullptr &&
+                filled_ != control_.ChoicesRevision())
                 Guard([this] { Fill(); });
             return false;
         }
@@ -214,7 +280,8 @@ bool ComboBinding::eventFilter(QObject* watched, QEvent* event) {
             // A combo loses the focus during its destruction, when it is no longer a combo.
             if (qobject_cast<QComboBox*>(parent()) == nullptr) return false;
             if (combo_.lineEdit() != nullptr && LeavesField(*event)) combo_.lineEdit()->setCursorPosition(0);
-            if (pickList_ != nullptr && IsLeft(combo_)) Guard([this] { pickList_->UserLeave(); });
+            completed_ = false;
+            if (IsLeft(combo_)) Guard([this] { control_.UserLeave(); });
             return false;
         default:
             return false;

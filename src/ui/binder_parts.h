@@ -17,9 +17,22 @@ Target* Partner(const QWidget& window, const Control& control) {
     return window.findChild<Target*>(ToQt(control.Name()));
 }
 
+// Takes a widget out of the tab order, or puts it back.
+inline void ShowTabStop(const Control& control, QWidget& widget) {
+    constexpr const char* kPolicy = "quillonFocusPolicy";
+    const QVariant kept = widget.property(kPolicy);
+    if (control.TabStop()) {
+        if (kept.isValid()) widget.setFocusPolicy(static_cast<Qt::FocusPolicy>(kept.toInt()));
+        return;
+    }
+    if (!kept.isValid()) widget.setProperty(kPolicy, static_cast<int>(widget.focusPolicy()));
+    widget.setFocusPolicy(Qt::ClickFocus);
+}
+
 inline void ShowCommon(const Control& control, QWidget& widget) {
     widget.setEnabled(control.Enabled());
     widget.setVisible(control.Visible());
+    ShowTabStop(control, widget);
 }
 
 // Shows the control now and after each change, as long as the widget lives. A widget's signals are blocked
@@ -43,11 +56,14 @@ inline void SetAccessibleName(QWidget& widget, const QString& name) {
     if (combo != nullptr && combo->lineEdit() != nullptr) combo->lineEdit()->setAccessibleName(name);
 }
 
-// True when the focus moves to another field. A popup or another program does not count.
-inline bool LeavesField(const QEvent& event) {
-    if (event.type() != QEvent::FocusOut) return false;
+// True when the focus moves between fields. A popup or another program does not count.
+inline bool MovesFocus(const QEvent& event) {
     const Qt::FocusReason reason = static_cast<const QFocusEvent&>(event).reason();
     return reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason;
+}
+
+inline bool LeavesField(const QEvent& event) {
+    return event.type() == QEvent::FocusOut && MovesFocus(event);
 }
 
 // Controls whose binding takes more than a few lines.

@@ -36,13 +36,14 @@ struct LookupIndex {
 constexpr std::string_view kDocumentColumns = "qb_documentation_id_prefix COLLATE QLN, qb_documentation_id";
 constexpr std::string_view kHasPrefix = "qb_documentation_id_prefix IS NOT NULL";
 
-constexpr std::array<LookupIndex, 21> kLookups = {{
+constexpr std::array<LookupIndex, 22> kLookups = {{
     {"qb_taxonomic_units", "~parent", "parent_qb_id", true},
     {"qb_taxonomic_units", "~rank", "rank_id", true},
     {"qb_taxonomic_units", "~name",
      "unit_name1 COLLATE QLN, unit_name2 COLLATE QLN, unit_name3 COLLATE QLN, unit_name4 COLLATE QLN", true},
     {"qb_taxonomic_units", "~hybrid", "hybrid_author_id", true, "hybrid_author_id IS NOT NULL"},
     {"qb_taxon_authors_lookup", "~author", "taxon_author", true},
+    {"qb_taxon_authors_lookup", "~order", "taxon_author COLLATE QLN", true, "taxon_author IS NOT NULL"},
     {"qb_synonym_links", "~accepted", "qb_id_accepted", true},
     {"qb_vernaculars", "~taxon", "qb_id", true},
     {"qb_vernaculars", "~vern_id", "vern_id", true},
