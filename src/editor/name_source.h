@@ -69,7 +69,7 @@ public:
     std::size_t RowsRead() const { return rowsRead_; }
 
 private:
-    static constexpr std::size_t kFew = 10'000;
+    static constexpr std::size_t kFew = 5'000;
     using Direction = navigation::NameWalk::Direction;
     using Units = navigation::NameWalk::Units;
 

@@ -6,8 +6,8 @@ namespace quillon::ui {
 
 namespace {
 
-constexpr std::size_t kRowsBefore = 40;
-constexpr std::size_t kRowsBehind = 120;
+constexpr std::size_t kRowsBefore = 20;
+constexpr std::size_t kRowsBehind = 60;
 constexpr std::size_t kCompletions = 8;
 
 QStringList TextsOf(const Choices& choices) {

@@ -339,6 +339,14 @@ TEST(PickListBinding, ReportsDropDownPickAndLeaving) {
     EXPECT_TRUE(cboTitle.LeftSinceRefill());
 }
 
+TEST_F(BinderTest, ARefusedOptionGoesBack) {
+    sample.optValid.SetValue(true);
+    sample.optInvalid.OnChoosing([] { return false; });
+    QTest::mouseClick(invalid, Qt::LeftButton);
+    EXPECT_TRUE(valid->isChecked());
+    EXPECT_FALSE(invalid->isChecked());
+}
+
 TEST_F(BinderTest, AControlTakesTheFocus) {
     QApplication::setActiveWindow(&window);
     name->setFocus();
