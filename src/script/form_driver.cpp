@@ -17,6 +17,9 @@ namespace {
 
 using documentation::PickListControl;
 
+// Enough choices from a text on to have all of that text among them.
+constexpr std::size_t kNamesakes = 50;
+
 template <typename Model>
 bool Is(const Control& control) {
     return dynamic_cast<const Model*>(&control) != nullptr;
@@ -28,6 +31,25 @@ bool TakesFocus(const Control& control) {
     if (const auto* option = dynamic_cast<const OptionControl*>(&control))
         return option->Group().compare(0, 4, "TBar") != 0;
     return !(Is<ButtonControl>(control) && control.Name().compare(0, 3, "mnu") == 0);
+}
+
+// Takes the choice of this text from a list that is read in slices. False when it has none, or the list is
+// read as a whole.
+template <typename Combo>
+bool TakeFromSource(Combo& combo, const std::string& text) {
+    if constexpr (requires { combo.Source()->From(text, kNamesakes); }) {
+        if (combo.Source() == nullptr || text.empty()) return false;
+        const auto choices = combo.Source()->From(text, kNamesakes);
+        const std::string wanted = UpperCase(text);
+        const auto isExact = [&](const auto& choice) { return choice.text == text; };
+        const auto isAlike = [&](const auto& choice) { return UpperCase(choice.text) == wanted; };
+        auto found = std::find_if(choices.begin(), choices.end(), isExact);
+        if (found == choices.end()) found = std::find_if(choices.begin(), choices.end(), isAlike);
+        if (found != choices.end()) combo.UserTake(*found);
+        if (found == choices.end()) combo.UserSetText(text);
+        return true;
+    }
+    return false;
 }
 
 // The choice of exactly this text, or else of this text in another letter case; -1 for none.
@@ -42,8 +64,8 @@ int ChoiceOf(const ComboControl& combo, const std::string& text) {
 
 }  // namespace
 
-void FormDriver::Push(Form& form) {
-    shown_.push_back({&form, nullptr});
+void FormDriver::Push(Form& form, OfKey ofKey) {
+    shown_.push_back({&form, nullptr, std::move(ofKey)});
     for (Control* control : form.Controls())
         control->OnTakeFocus([this, &form, control] { FocusMoved(form, *control); });
 }
@@ -51,6 +73,7 @@ void FormDriver::Push(Form& form) {
 Control& FormDriver::Find(const std::string& name) const {
     const Form& form = *shown_.back().form;
     Control* control = form.Find(name);
+    if (control == nullptr && shown_.back().ofKey) control = shown_.back().ofKey(name);
     if (control == nullptr) throw CannotPlay(fmt::format("{} has no control '{}'", form.Name(), name));
     return *control;
 }
@@ -103,10 +126,10 @@ void FormDriver::Set(const std::string& name, const std::string& text) {
     }
 }
 
-// A person who empties an editable combo does not look for an empty choice.
 void FormDriver::SetCombo(ComboControl& combo, const std::string& text) {
     auto* pickList = dynamic_cast<PickListControl*>(&combo);
     if (pickList != nullptr) pickList->UserDropDown();
+    if (TakeFromSource(combo, text)) return;
     const int choice = ChoiceOf(combo, text);
     if (choice >= 0 && pickList != nullptr) {
         pickList->UserPick(choice);
@@ -178,6 +201,7 @@ void FormDriver::Items(const std::string& name, std::vector<int> items) {
 }
 
 void FormDriver::Click(const std::string& name) {
+    if (Is<OptionControl>(Ready(name))) return Option(name);
     auto& button = ReadyAs<ButtonControl>(name, "button");
     if (MoveFocusTo(button)) button.UserClick();
 }

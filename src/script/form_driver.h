@@ -5,6 +5,7 @@
 // use it. Before it acts, it moves the keyboard focus to the control, as a mouse does.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,8 +20,11 @@ public:
     FormDriver(const FormDriver&) = delete;
     FormDriver& operator=(const FormDriver&) = delete;
 
+    // The button of a key of the form's toolbar; nullptr when there is none.
+    using OfKey = std::function<Control*(std::string_view key)>;
+
     // Puts a form in front of the others. The driver must outlive it. A form is shown only once.
-    void Push(Form& form);
+    void Push(Form& form, OfKey ofKey = {});
     // Removes the form in front.
     void Pop() { shown_.pop_back(); }
 
@@ -35,6 +39,7 @@ public:
     void Item(const std::string& name, int item);
     // Selects exactly these items of a list that allows several.
     void Items(const std::string& name, std::vector<int> items);
+    // A button, an option, a menu item, or a key of the toolbar.
     void Click(const std::string& name);
     void Enter(const std::string& name);
     void Leave(const std::string& name);
@@ -45,6 +50,7 @@ private:
     struct Shown {
         Form* form = nullptr;
         Control* focus = nullptr;
+        OfKey ofKey = {};
     };
 
     Control& Find(const std::string& name) const;

@@ -106,7 +106,7 @@ void ScriptPlayer::AddAnswerActions() {
 
 void ScriptPlayer::Play(Form& form) {
     const auto closing = form.OnClosed([this] { closed_ = true; });
-    stage_.forms.Push(form);
+    stage_.forms.Push(form, stage_.ofKey);
     while (PlayNext()) continue;
     stage_.forms.Pop();
     form.RemoveClosedObserver(closing);

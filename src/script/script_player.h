@@ -29,6 +29,7 @@ struct Stage {
     std::function<int()> lastSaved;        // for "select last"; 0 for none
     std::function<std::string()> current;  // the line of the action current
     std::function<void()> settle;          // what a window does when it is idle; runs after each action
+    FormDriver::OfKey ofKey;               // the toolbar of the main form
     std::function<bool()> interrupted;     // true when no further line is to be played
 };
 

@@ -83,9 +83,10 @@ void ScriptProgram::Open(const std::string& path) {
 
 bool ScriptProgram::Play(std::istream& script) {
     player_ = std::make_unique<ScriptPlayer>(
-        script,
-        Stage{forms_, tree_, prompter_, transcript_, [this] { return recView_.LastSaved(); },
-              [this] { return Current(); }, [this] { Settle(); }, [this] { return pump_.IsCanceled(); }});
+        script, Stage{forms_, tree_, prompter_, transcript_, [this] { return recView_.LastSaved(); },
+                      [this] { return Current(); }, [this] { Settle(); },
+                      [this](std::string_view key) { return recView_.Controls().OfKey(key); },
+                      [this] { return pump_.IsCanceled(); }});
     player_->Play(recView_.Controls().form);
     if (player_->Failed() || player_->Interrupted()) return false;
     Quit();

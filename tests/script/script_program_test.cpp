@@ -78,6 +78,12 @@ TEST_F(ScriptProgramTest, OpensAndClosesBranches) {
     EXPECT_FALSE(played);
 }
 
+TEST_F(ScriptProgramTest, ClicksKeysOfTheToolbar) {
+    EXPECT_EQ(Play("select 3\nclick moveparent\ncurrent\nclick addnew\nshow mode\nclick alpha\nshow alpha\n"
+                   "click paste\n"),
+              "2\tOrcidae\nmode\tINPUT\nalpha\ton\nline 8: paste is not enabled\n");
+}
+
 TEST_F(ScriptProgramTest, RefusesUnknownTaxa) {
     EXPECT_EQ(Play("select 99"), "line 1: there is no taxon 99\n");
     EXPECT_EQ(Play("expand 99"), "line 1: taxon 99 is not in the tree\n");
