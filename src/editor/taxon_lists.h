@@ -1,7 +1,7 @@
 // What the combo boxes of the taxon tab offer. TaxonTab fills them when a DataSet is opened and with each
-// record that it shows. The lists that grow with the DataSet (authors, genera, species, parents) are read
-// when they are first used, so that showing a record costs the same in a large DataSet as in a small one;
-// those of authors and genera are kept until something is written.
+// record that it shows. The lists that grow with the DataSet (authors, genera, species, parents) are not read
+// before they are used, so that showing a record costs the same in a large DataSet as in a small one. Those
+// of authors, genera, and parents above Species are read in slices (name_source.h).
 //
 // Filling a list changes neither the text of an editable combo nor RecordDirty. Without a DataSet nothing is
 // filled. Throws StoreError, except that a list that is read later reports its failure and stays empty.
