@@ -33,23 +33,21 @@ bool TakesFocus(const Control& control) {
     return !(Is<ButtonControl>(control) && control.Name().compare(0, 3, "mnu") == 0);
 }
 
-// Takes the choice of this text from a list that is read in slices. False when it has none, or the list is
-// read as a whole.
-template <typename Combo>
-bool TakeFromSource(Combo& combo, const std::string& text) {
-    if constexpr (requires { combo.Source()->From(text, kNamesakes); }) {
-        if (combo.Source() == nullptr || text.empty()) return false;
-        const auto choices = combo.Source()->From(text, kNamesakes);
-        const std::string wanted = UpperCase(text);
-        const auto isExact = [&](const auto& choice) { return choice.text == text; };
-        const auto isAlike = [&](const auto& choice) { return UpperCase(choice.text) == wanted; };
-        auto found = std::find_if(choices.begin(), choices.end(), isExact);
-        if (found == choices.end()) found = std::find_if(choices.begin(), choices.end(), isAlike);
-        if (found != choices.end()) combo.UserTake(*found);
-        if (found == choices.end()) combo.UserSetText(text);
-        return true;
+// Enters a text in a combo whose list is read in slices. False for any other combo.
+bool SetWithSource(ComboControl& combo, const std::string& text) {
+    if (combo.Source() == nullptr || combo.GetStyle() == ComboControl::Style::ListOnly) return false;
+    const Choices choices = combo.Source()->From(text, kNamesakes);
+    const std::string wanted = UpperCase(text);
+    const auto isExact = [&](const Choice& choice) { return choice.text == text; };
+    const auto isAlike = [&](const Choice& choice) { return UpperCase(choice.text) == wanted; };
+    auto found = std::find_if(choices.begin(), choices.end(), isExact);
+    if (found == choices.end()) found = std::find_if(choices.begin(), choices.end(), isAlike);
+    if (found != choices.end()) {
+        combo.UserTake(*found);
+    } else {
+        combo.UserSetText(text);
     }
-    return false;
+    return true;
 }
 
 // The choice of exactly this text, or else of this text in another letter case; -1 for none.
@@ -129,7 +127,7 @@ void FormDriver::Set(const std::string& name, const std::string& text) {
 void FormDriver::SetCombo(ComboControl& combo, const std::string& text) {
     auto* pickList = dynamic_cast<PickListControl*>(&combo);
     if (pickList != nullptr) pickList->UserDropDown();
-    if (TakeFromSource(combo, text)) return;
+    if (SetWithSource(combo, text)) return;
     const int choice = ChoiceOf(combo, text);
     if (choice >= 0 && pickList != nullptr) {
         pickList->UserPick(choice);
