@@ -86,6 +86,7 @@ protected:
         return marks;
     }
     // The middle of the first link on the page with that text.
+    // Scrolls to the link.
     QPoint LinkAt(const QString& text) {
         for (QTextBlock block = page->document()->begin(); block.isValid(); block = block.next()) {
             for (auto part = block.begin(); !part.atEnd(); ++part) {
@@ -93,6 +94,8 @@ protected:
                 if (!fragment.charFormat().isAnchor() || fragment.text() != text) continue;
                 QTextCursor cursor(page->document());
                 cursor.setPosition(fragment.position() + fragment.length() / 2);
+                QScrollBar& bar = *page->verticalScrollBar();
+                bar.setValue(bar.value() + page->cursorRect(cursor).y() - page->viewport()->height() / 2);
                 return page->cursorRect(cursor).center();
             }
         }

@@ -36,7 +36,8 @@ TEST_F(MainWindow, HasTheCommandsInTheirMenus) {
         "&Reports, &Preferences, &Quit\n"
         "&Edit: &Undo, Cu&t Name, &Copy Name, &Paste Name, &Delete Name, &Author Edit, &Merge, &Split\n"
         "&Record: &Add New Name, Go To &Parent, &Go To First Name, Go &To Previous Name, Go To &Next Name, "
-        "Go To &Last Name\n"
+        "Go To &Last Name, &First of the Same Rank, Previous &of the Same Rank, Next of the &Same Rank, "
+        "Last of the Same &Rank\n"
         "&View: &Hierarchy, &Alphabetical List\n"
         "&Help: &Contents, &Search For Help On..., &About Taxonomic Quillon");
 }
