@@ -20,6 +20,10 @@ void KillWriters(std::size_t count, const Folder& folder, Random& random, Violat
 void KillExports(std::size_t count, const std::string& program, const Folder& folder, Random& random,
                  Violations& violations);
 
+// `count` scripts of saves, deletions and author clean-ups, played by the quillon-batch at `program`.
+void KillScripts(std::size_t count, const std::string& program, const Folder& folder, Random& random,
+                 Violations& violations);
+
 // What a killed child left under `path`, opened through the store; nothing when it does not open or is not
 // whole, which is a violation. Removes nothing.
 bool OpenLeftBehind(Session& session, const std::string& path, const std::string& what,

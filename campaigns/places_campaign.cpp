@@ -140,7 +140,7 @@ std::string NewOnFullDisk(const Fixture& fixture) {
     mkdir(disk.c_str(), 0777);
     BecomeFullAt(disk, 1);
     const std::string path = disk + "/set.mdb";
-    WriteFile(path, fixture.text.substr(0, 960 * 1024));
+    WriteFile(path, fixture.text.substr(0, std::size_t{960} * 1024));
     const std::string before = ReadFile(path);
     Session session;
     try {
@@ -160,8 +160,8 @@ std::string CopyOnFullDisk(const Fixture& fixture) {
     const std::string path = disk + "/set.mdb";
     WriteFile(path, "what stood here before");
     WriteFile(fixture.folder.File("large.mdb"), "");
-    if (truncate(fixture.folder.File("large.mdb").c_str(), 900 * 1024) != 0) return "cannot make the file";
-    WriteFile(disk + "/other", std::string(300 * 1024, 'x'));
+    if (truncate(fixture.folder.File("large.mdb").c_str(), off_t{900} * 1024) != 0) return "cannot make the file";
+    WriteFile(disk + "/other", std::string(std::size_t{300} * 1024, 'x'));
     try {
         store::CopyDataSetFile(fixture.folder.File("large.mdb"), path);
         return HasUnfinishedFile(path) ? "left its half-made file" : "was copied";
