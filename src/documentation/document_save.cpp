@@ -37,7 +37,7 @@ StoredDocument DocumentSave::Store(const GridControl::Row& cells) const {
     documents->Set(kind.prefixColumn, kind.prefix);
     documents->Set(kind.authorityIdColumn, 0);
     SetFields(*documents, cells, false);
-    const StoredDocument stored{static_cast<int>(documents->Get(kind.idColumn).AsLong()), 0};
+    StoredDocument stored{static_cast<int>(documents->Get(kind.idColumn).AsLong()), 0};
     documents->Update();
     unit.Commit();
     return stored;

@@ -218,6 +218,7 @@ void FormDriver::Leave(const std::string& name) {
 
 std::vector<std::string> FormDriver::Show(const std::vector<std::string>& names) const {
     std::vector<Control*> controls;
+    controls.reserve(names.size());
     for (const std::string& name : names) controls.push_back(&Find(name));
     if (names.empty()) controls = shown_.back().form->Controls();
     std::vector<std::string> lines;
