@@ -56,6 +56,8 @@ CleanUpWindow::CleanUpWindow(curation::CleanUp& form, QWidget* parent) : FormDia
     layout->addLayout(lists, 1);
     layout->addLayout(bottom);
     layout->addLayout(buttons);
+    // Return in the pattern presses nothing.
+    for (QPushButton* button : findChildren<QPushButton*>()) button->setAutoDefault(false);
     BindAll();
     auto* idle = new QTimer(this);
     Connect(idle, &QTimer::timeout, this, [&form, idle] {
