@@ -54,6 +54,8 @@ void TaxonFields::SetNameFieldsForRankChange() {
         if (!mark->Visible()) mark->SetValue(false);
     if (hadFormula) tab_.chkHybrid3.SetValue(tab_.chkHybrid3.Visible());
     if (tab_.chkHybrid3.Value()) SetHybridFormula(true);
+    // The second genus of a formula is no epithet of the new rank.
+    if (hadFormula && !tab_.chkHybrid3.Value() && tab_.txtName3.Visible()) tab_.txtName3.SetText("");
     ShowLabels();
     DropHidden(before);
 }

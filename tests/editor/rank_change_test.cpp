@@ -174,7 +174,7 @@ TEST_F(RankChange, AFormulaShowsItsFieldsAndHidesThemAgain) {
     EXPECT_EQ(Entered(), "Orca,alpha,Cetus,beta");
     Choose("Subspecies");
     EXPECT_FALSE(tab.chkHybrid3.Value());
-    EXPECT_EQ(Entered() + "|" + tab.EnteredHybridAuthor(), "Orca,alpha,Cetus,|");
+    EXPECT_EQ(Entered() + "|" + tab.EnteredHybridAuthor(), "Orca,alpha,,|");
 }
 
 TEST_F(RankChange, AQuadrinomialTakesTheThirdUnitAndGivesItBack) {

@@ -41,6 +41,19 @@ protected:
     std::string Journal() { return data.Dump("SELECT qb_id FROM journal ORDER BY qb_id"); }
 };
 
+TEST_F(RecordSaveTest, TheSecondGenusOfAFormulaIsNoSubspecies) {
+    EnterSpecies("beta");
+    tab.chkHybrid3.UserSetValue(true);
+    tab.txtName3.UserSetText("Cetus");
+    tab.txtName4.UserSetText("gamma");
+    tab.cboRank.UserSetText("Subspecies");
+    EXPECT_EQ(tab.txtName3.Text(), "");
+    tab.cboName2.UserSetText("beta");
+    Save();
+    EXPECT_EQ(data.prompter.messages, (Messages{"The Subspecies is a required field!"}));
+    EXPECT_EQ(Journal(), "");
+}
+
 TEST_F(RecordSaveTest, StoresANewSpeciesWithItsAuthor) {
     EnterSpecies("beta");
     tab.cboAuth.UserSetText("Dall, 1877");
