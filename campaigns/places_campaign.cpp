@@ -160,7 +160,8 @@ std::string CopyOnFullDisk(const Fixture& fixture) {
     const std::string path = disk + "/set.mdb";
     WriteFile(path, "what stood here before");
     WriteFile(fixture.folder.File("large.mdb"), "");
-    if (truncate(fixture.folder.File("large.mdb").c_str(), off_t{900} * 1024) != 0) return "cannot make the file";
+    if (truncate(fixture.folder.File("large.mdb").c_str(), off_t{900} * 1024) != 0)
+        return "cannot make the file";
     WriteFile(disk + "/other", std::string(std::size_t{300} * 1024, 'x'));
     try {
         store::CopyDataSetFile(fixture.folder.File("large.mdb"), path);
