@@ -38,18 +38,19 @@ public:
     // The number of rows visited so far: 0 when empty, otherwise at least 1, and all of them after
     // MoveLast(). Rows added here count as visited, deleted ones do not.
     std::size_t RecordCount() const;
-    // From 0; -1 without a current row.
+    // From 0; -1 without a current row. The merge will walk by it.
     std::ptrdiff_t AbsolutePosition() const;
     RowBookmark Bookmark() const;
     void SetBookmark(RowBookmark bookmark);
     // A second position on the same rows, without a current row until moved; it shows later Update()s.
+    // For the merge, which walks two positions of one table.
     std::unique_ptr<Recordset> Clone() const;
 
     // Criteria in the dialect, as after WHERE. NoMatch() returns the result; without a match the position is
     // unchanged.
     void FindFirst(std::string_view criteria);
     void FindNext(std::string_view criteria);
-    void FindPrevious(std::string_view criteria);
+    void FindPrevious(std::string_view criteria);  // for a list that is bound to a recordset
     // Tables only. Seek("=", ...) also takes "<", "<=", ">", ">=".
     void SetIndex(std::string_view indexName);
     void Seek(std::string_view comparison, const std::vector<Value>& key);
@@ -69,7 +70,7 @@ public:
     void Edit();
     void Set(std::string_view column, const Value& value);
     void Update();
-    void CancelUpdate();
+    void CancelUpdate();  // for the merge, which gives up rows that turn out to be duplicates
     void Delete();
     void Requery();
     // Every other call fails with 3420 afterwards; clones stay open.

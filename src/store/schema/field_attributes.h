@@ -9,7 +9,8 @@ namespace quillon::store {
 // The documented values of DAO, which can be added.
 enum class FieldAttribute : int { Fixed = 1, Variable = 2, AutoIncrement = 16 };
 
-// Fixed or Variable, plus AutoIncrement.
+// For the upgrade of older DataSets, which compares the fields of a file with these. Fixed or Variable, plus
+// AutoIncrement.
 int AttributesOf(const FieldDef& field);
 inline bool Has(int attributes, FieldAttribute attribute) {
     return (attributes & static_cast<int>(attribute)) != 0;
