@@ -111,7 +111,7 @@ bool DocumentSave::Change(GridControl::Row& cells) {
     }
     GridControl::Row stored = cells;
     if (Insert(stored)) {
-        stored[columns_.changeTrack] = "0";
+        stored[columns_.changeTrack].assign(1, '0');
         cells = std::move(stored);
     }
     return true;
